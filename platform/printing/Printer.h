@@ -1,0 +1,86 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QImage>
+#include <QString>
+#include <memory>
+#include <vector>
+
+class QPagedPaintDevice;
+class QPainter;
+
+/// Where a finished print job goes: the system's printer, a PDF file, a test's file.
+class PrintTarget {
+public:
+    virtual ~PrintTarget() = default;
+    /// A device of the target, for the metrics of text and then for the pages. Raises 482 if
+    /// there is none.
+    virtual std::unique_ptr<QPagedPaintDevice> Open() = 0;
+    /// Called after the pages have been painted on the device and the device has been closed.
+    virtual void Sent() = 0;
+};
+
+/// The program's printer: pages on a logical grid.
+///
+/// All coordinates are grid units, ScaleWidth of them across the printable width and ScaleHeight
+/// down the printable height, on any paper. A job is kept in memory and sent at EndDoc, so that
+/// one that fails half-way prints nothing.
+class PrinterObject {
+public:
+    explicit PrinterObject(PrintTarget& target);
+    ~PrinterObject();
+    PrinterObject(const PrinterObject&) = delete;
+    PrinterObject& operator=(const PrinterObject&) = delete;
+
+    void SetScaleWidth(double units);
+    void SetScaleHeight(double units);
+
+    /// The drawing position, single precision.
+    float CurrentX() const { return currentX_; }
+    float CurrentY() const { return currentY_; }
+    void SetCurrentX(double units) { currentX_ = static_cast<float>(units); }
+    void SetCurrentY(double units) { currentY_ = static_cast<float>(units); }
+
+    /// Size in points of the text that follows.
+    void SetFontSize(int points);
+    /// Colour of the text that follows: red in the low byte.
+    void SetForeColor(qint32 color);
+    /// Width in device dots of the lines that follow.
+    void SetDrawWidth(int dots);
+
+    /// Draws one line of text with its top left corner at the drawing position; afterwards
+    /// CurrentX is 0 and CurrentY one line of the current font lower. The text of the one
+    /// character U+0019 is drawn as an empty square of about the font's height.
+    void Print(const QString& text);
+    void Line(double x1, double y1, double x2, double y2, qint32 color);
+    /// The outline of a box, nothing filled.
+    void Box(double x1, double y1, double x2, double y2, qint32 color);
+    void PaintPicture(const QImage& picture, double left, double top, double width, double height);
+    void NewPage();
+
+    /// Ends the job, sends it and makes ready for the next. Raises 482 if the device refuses; the
+    /// job is gone then.
+    void EndDoc();
+
+    /// Forgets the job under way.
+    void KillDoc();
+};
+
+/// Drops an unfinished job when it goes out of scope; a job ended by EndDoc is not touched.
+class PrintJobGuard {
+public:
+    explicit PrintJobGuard(PrinterObject& printer) : printer_(printer) { printer_.KillDoc(); }
+    ~PrintJobGuard() { printer_.KillDoc(); }
+    PrintJobGuard(const PrintJobGuard&) = delete;
+    PrintJobGuard& operator=(const PrintJobGuard&) = delete;
+
+private:
+    PrinterObject& printer_;
+};
+
+/// The system's default printer. Raises 482 if no target has been set.
+PrinterObject& Printer();
+
+/// Sets where the printer's jobs go; must outlive its use.
+void SetPrintTarget(PrintTarget* target);

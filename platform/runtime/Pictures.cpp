@@ -1,0 +1,26 @@
+#include "platform/runtime/Pictures.h"
+
+#include "platform/runtime/RuntimeError.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+
+QImage LoadPicture(const QString& path) {
+    if (path.isEmpty())
+        return {};
+    const QFileInfo info(path);
+    if (!info.exists())
+        throw RuntimeError(ErrorNumber::FileNotFound);
+    QFile file(path);
+    if (!info.isFile() || !file.open(QIODevice::ReadOnly))
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
+    // By content, not by name: a scratch picture has no extension.
+    QImageReader reader(&file);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true);
+    const QImage picture = reader.read();
+    if (picture.isNull())
+        throw RuntimeError(ErrorNumber::InvalidPicture);
+    return picture;
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+/// The folder that holds everything the program reads and writes; without a slash at its end.
+QString ProgramFolder();
+
+/// Sets the program folder, by default the folder of the executable.
+void SetProgramFolder(const QString& folder);
+
+/// A path beneath the program folder: InProgramFolder("Database/Charts.mdb").
+QString InProgramFolder(const QString& tail);

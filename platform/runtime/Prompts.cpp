@@ -1,0 +1,52 @@
+#include "platform/runtime/Prompts.h"
+
+#include "platform/runtime/Actions.h"
+
+#include <QDebug>
+
+namespace {
+
+Prompts*& ActivePrompts() {
+    static Prompts* prompts = nullptr;
+    return prompts;
+}
+
+} // namespace
+
+void SetPrompts(Prompts* prompts) {
+    ActivePrompts() = prompts;
+}
+
+PromptAnswer ShowPrompt(const Prompt& prompt) {
+    if (ActivePrompts() == nullptr)
+        throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
+    const WaitScope wait;
+    return ActivePrompts()->Show(prompt);
+}
+
+void Tell(const QString& text, PromptIcon icon) {
+    Prompt prompt;
+    prompt.Text = text;
+    prompt.Icon = icon;
+    ShowPrompt(prompt);
+}
+
+bool Ask(const QString& text) {
+    Prompt prompt;
+    prompt.Text = text;
+    prompt.Buttons = PromptButtons::YesNo;
+    return ShowPrompt(prompt) == PromptAnswer::Yes;
+}
+
+void ShowRuntimeError(const RuntimeError& error) noexcept {
+    try {
+        Prompt prompt;
+        prompt.Text = error.Report();
+        prompt.Icon = PromptIcon::Critical;
+        ShowPrompt(prompt);
+    } catch (const std::exception& failure) {
+        // The commit before the box failed, or there is nothing to show it with: the console is
+        // the last place left.
+        qCritical() << error.what() << failure.what();
+    }
+}

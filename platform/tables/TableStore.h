@@ -1,0 +1,72 @@
+#pragma once
+
+#include "platform/tables/Recordset.h"
+
+#include <QList>
+#include <QString>
+#include <memory>
+
+/// The types of a field; the numbers are those of the table format.
+enum class FieldType {
+    Boolean = 1,     ///< true or false, stored as -1 and 0; never Null
+    Long = 4,        ///< 32-bit whole number
+    Date = 8,        ///< a day without time, stored as YYYY-MM-DD
+    Text = 10,       ///< up to `Size` characters
+    LongBinary = 11, ///< bytes, read and written in pieces
+    Memo = 12        ///< text of any length
+};
+
+struct FieldDefinition {
+    QString Name;
+    FieldType Type = FieldType::Memo;
+    /// Characters a Text field holds; nothing to other types.
+    int Size = 255;
+};
+
+/// Tables of typed, ordered fields in one SQLite file.
+///
+/// The first write begins an immediate transaction and Commit ends it: whatever is written
+/// between two commits becomes durable as a whole or not at all. Faults of the engine are raised
+/// as RuntimeError 3000 with the engine's own words.
+///
+/// Table names ignore case by full Unicode rules and may hold any character.
+class TableStore {
+public:
+    /// Opens an existing file. Raises 3000 for a file that is no database, for a database of
+    /// another program and for one that a newer version of this program made; none of these is
+    /// written to.
+    static std::unique_ptr<TableStore> OpenDatabase(const QString& path);
+
+    /// Makes a new database without tables. `locale` is kept with the database for the record.
+    /// Raises 3000 if the folder is missing or cannot be written.
+    static std::unique_ptr<TableStore> CreateDatabase(const QString& path, const QString& locale);
+
+    /// Rolls back what has not been committed. Recordsets still open become unusable.
+    ~TableStore();
+    TableStore(const TableStore&) = delete;
+    TableStore& operator=(const TableStore&) = delete;
+
+    /// Number of tables. Sees what another process has made or dropped since.
+    int TableCount();
+
+    /// Name of the table at `index`, 0 to TableCount() - 1, in the order of the tables' making;
+    /// dropping a table moves those behind it one down. Raises 9 outside.
+    QString TableName(int index) const;
+
+    /// Makes a table. Raises 3000 if one of that name exists or the engine reserves the name.
+    void CreateTable(const QString& name, const QList<FieldDefinition>& fields);
+
+    /// Drops a table. Raises 3078 if there is none of that name.
+    void DeleteTable(const QString& name);
+
+    /// A cursor on the table, at its first row. Raises 3078 if there is none of that name.
+    Recordset OpenRecordset(const QString& name);
+
+    /// Makes what has been written since the last commit durable. If the engine refuses, all of
+    /// it is rolled back and 3000 raised.
+    void Commit();
+
+private:
+    explicit TableStore(std::shared_ptr<TableEngine> engine);
+    std::shared_ptr<TableEngine> engine_;
+};

@@ -1,0 +1,167 @@
+#pragma once
+
+#include "platform/tables/TableStore.h"
+#include "store/FormViews.h"
+
+#include <QDate>
+#include <QString>
+#include <QStringList>
+#include <memory>
+
+/// The store: every read and write of the program's lasting data.
+///
+/// Each operation opens the tables it needs afresh and keeps nothing between calls but the
+/// members named here. A failure of the engine, a missing table or a bad value is raised as the
+/// RuntimeError of the failing call; what was written until then stands.
+class DatabaseCls {
+public:
+    explicit DatabaseCls(ChartForms& forms);
+    ~DatabaseCls();
+    DatabaseCls(const DatabaseCls&) = delete;
+    DatabaseCls& operator=(const DatabaseCls&) = delete;
+
+    /// The results of ReadDates: the chart's first and last date as short date text and as eight
+    /// digits, year, month, day. They keep their values until the next ReadDates.
+    QString FirstDateText;
+    QString LastDateText;
+    QString FirstDateKey;
+    QString LastDateKey;
+
+    /// Opens Database/Charts.mdb beneath the program folder, or makes an empty one where there is
+    /// none. Each call opens the file anew and lets go of the former one. Raises 3000.
+    void InitDatabse();
+
+    // Chart tables
+
+    /// Makes the empty chart table `Name`, in the place of one of that name.
+    void CreateChart(const QString& Name);
+
+    /// With `UpdateTicks` false replaces the table `Name` by the rows of the chart editor in slot
+    /// `FormIndex`; a day range becomes one row a day. With true stores the marks of the chart
+    /// viewer in that slot in the rows of the day last read; the other arguments are unused then.
+    void WriteInfoToChart(const QString& Name, qint16 FormIndex, bool UpdateTicks,
+                          const QString& UserName, const QDate& FirstDate, const QDate& LastDate,
+                          bool AutoCreate);
+
+    /// Fills the chart viewer (`ToViewer`) with the rows of `Day` ("Sun" to "Sat"), or the chart
+    /// editor with all rows. Raises 91 if no table has exactly that name.
+    void ReadInfoFromChart(const QString& Name, qint16 FormIndex, bool ToViewer,
+                           const QString& Day);
+
+    /// Reads the chart's week into the four members; an empty chart leaves them as they are.
+    void ReadDates(const QString& Name);
+
+    /// True if a table of that name exists in any case.
+    bool ChartExist(const QString& Name);
+
+    /// The number of the chart's rows that fall on the day; 0 for "". Raises 3021 for an empty
+    /// chart.
+    qint16 PrintReturnNr_Articles(const QString& DayAbbreviation, const QString& ChartName);
+
+    // Account records
+
+    /// Adds an account with 0 points, a child's with an incentive cost of 500. `ImagePath` ""
+    /// stores no picture. Raises 53 or 75 for an unreadable picture file and stores nothing then.
+    void AddUser(const QString& Name, const QString& Password, const QString& State,
+                 const QString& ImagePath);
+    void ChangePicture(const QString& Name, const QString& ImagePath);
+    /// "" if there is no such account; of several the last one's.
+    QString RetrevePassword(const QString& Name);
+    void ChangePassword(const QString& Name, const QString& NewPassword);
+    /// "" if there is no such account.
+    QString RetreveState(const QString& Name);
+    /// Loads the account's picture into `Target`, which is emptied first.
+    void RetrevePicture(const QString& Name, PictureTarget& Target);
+    /// Adds the adults to `Teachers` and the children to `Students`; without `Teachers` the
+    /// children alone. The lists are not cleared.
+    void PopulateUserList(NameList* Teachers, NameList& Students);
+    void AddUsersImages(ImageList& Images, IconList& People, const QString& State,
+                        PictureTarget& Scratch);
+    /// True if a row has both this name and this password.
+    bool CheckForUserDuplicates(const QString& Name, const QString& Password);
+    /// Removes the account and then, walking forward while deleting, its tables.
+    void DeleteAccount(const QString& Name);
+
+    // Points and incentives
+
+    /// Adds `Delta` points to the account, or sets them to 0 (`Reset`). A balance that would fall
+    /// below 0 stays as it is, with a message. Raises 6 beyond 16 bits, 94 for Null points.
+    void AddPoints(const QString& UserName, qint16 Delta, bool Reset);
+    void RetrievePoints(const QString& UserName, CaptionTarget& Target);
+    /// Replaces the account's incentive; "" and 0 store Null.
+    void AddToy(const QString& UserName, const QString& ToyName, const QString& PicturePath,
+                qint16 Cost);
+    void RetrieveToy(const QString& UserName, CaptionTarget& NameLabel, PictureTarget& Picture,
+                     CaptionTarget& CostLabel);
+    /// True if every row of the chart is completed, also if it has none.
+    bool AllChecked(const QString& Name);
+    /// Unticks every row of the chart.
+    void ClearChartPoints(const QString& Name);
+
+    // Catalogue
+
+    /// Drops the chart. Raises 3078 if there is none of that name.
+    void DeleteChart(const QString& Name);
+    /// True if a table of exactly that name exists, case included.
+    bool CheckForDuplicates(const QString& Name);
+    /// Adds all charts (`OwnOnly` false), or rolls every auto-create chart of the week just past
+    /// on and adds the current user's charts of the week that holds today. Not cleared first.
+    void PopulateChartList(NameList& List, bool OwnOnly);
+    /// The chart's owner. Raises 3021 for an empty chart.
+    QString ReturnExistingKidName(const QString& Name);
+    /// False also for a missing or empty chart.
+    bool ReturnAutoCreate(const QString& Name);
+    /// Lists the account's charts, or its history tables, whose first date lies in a month of
+    /// today's number.
+    void RetreveChartsAvailable(const QString& UserName, NameList& List);
+    void RetreveHistoryChartsAvailable(const QString& UserName, NameList& List);
+    /// Collects the account's history tables that begin within the dates; leaves `Names` as it is
+    /// if there are none.
+    void CreateChartNames(const QString& UserName, QStringList& Names, const QDate& StartDate,
+                          const QDate& EndDate);
+
+    // History
+
+    /// Copies the chart, ticks and all, into its history table of the same first date, in the
+    /// place of a former copy. Raises 3021 for an empty chart.
+    void DuplicateChartHistory(const QString& Name);
+
+    // Paper
+
+    /// Prints one chart. `OpenMark`: the text in the mark cell of a row that is not completed,
+    /// when `BlankBoxes` is false. Raises 3021 for an empty chart, 482 for a printer fault.
+    void PrintChart(const QString& ChartName, bool BlankBoxes, const QString& KidName,
+                    const QString& OpenMark);
+    /// Prints every account with its password.
+    void PrintUsersPasswords();
+
+    /// Makes durable what the action under way has written. Raises 3000.
+    void Commit();
+
+private:
+    static void EmptyRecordset(Recordset* Rows);
+    QString DayCaption(Recordset& Rows, const QString& Day);
+    qint32 ReturnRandomColor() const;
+
+    TableStore& Tables() const;
+    static bool FallsOnDay(const QString& dayOfWeek, const QString& day);
+    static bool IsChartName(const QString& tableName);
+    bool SpanHolds(const QString& key) const;
+    void WriteEditorRows(const QString& name, ChartEditorRows& form, const QString& userName,
+                         const QDate& firstDate, const QDate& lastDate, bool autoCreate);
+    void WriteTicks(const QString& name, ChartViewerRows& form);
+    void ReadIntoEditor(Recordset& rows, ChartEditorRows& form);
+    void ReadIntoViewer(Recordset& rows, const QString& name, qint16 formIndex, const QString& day);
+    void RollOn(const QString& name);
+    static void StorePicture(Recordset& rows, const QString& field, const QString& path);
+    template <class RowAction>
+    void TakeOutPicture(const QString& account, const QString& field, PictureTarget& target,
+                        RowAction&& beforePicture);
+    template <class RowAction>
+    void ForEachAccount(const QString& name, RowAction&& action);
+    void ListByOwnerAndMonth(const QString& userName, NameList& list, bool history);
+
+    ChartForms& forms_;
+    QString CurrentDay;
+    std::unique_ptr<TableStore> ChartDb;
+};

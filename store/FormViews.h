@@ -1,0 +1,98 @@
+#pragma once
+
+#include <QImage>
+#include <QString>
+
+/// What the store needs of the windows: rows by index, lists to add to, captions and pictures to
+/// set. The forms implement these; the store knows no form.
+
+/// A label: something with a caption.
+class CaptionTarget {
+public:
+    virtual ~CaptionTarget() = default;
+    virtual void SetCaption(const QString& caption) = 0;
+};
+
+/// A control with a picture; a null image is the empty picture.
+class PictureTarget {
+public:
+    virtual ~PictureTarget() = default;
+    virtual QImage Picture() const = 0;
+    virtual void SetPicture(const QImage& picture) = 0;
+};
+
+/// A list, combo box or one-column list view that names are added to.
+class NameList {
+public:
+    virtual ~NameList() = default;
+    virtual void Clear() = 0;
+    virtual void AddItem(const QString& text) = 0;
+};
+
+/// An image list: pictures that list items show by index.
+class ImageList {
+public:
+    virtual ~ImageList() = default;
+    /// Adds a picture and returns the count of pictures then.
+    virtual int AddPicture(const QImage& picture) = 0;
+};
+
+/// A list view that may show its items as large icons.
+class IconList : public NameList {
+public:
+    /// 0 large icons; any other value a view without them.
+    virtual int View() const = 0;
+    virtual void SetIcons(ImageList& images) = 0;
+    /// `icon`: index in the image list, 1 the first.
+    virtual void AddItemWithIcon(const QString& text, int icon) = 0;
+};
+
+/// The texts of one row of a chart editor.
+struct EditorRow {
+    QString Instructions;
+    QString DayOfWeek;
+    QString AdultResponsable;
+    QString Difficulty;
+    QString Points;
+};
+
+/// The rows of a chart editor. Row 0 always exists; an index outside raises 9.
+class ChartEditorRows {
+public:
+    virtual ~ChartEditorRows() = default;
+    virtual int RowCount() const = 0;
+    virtual EditorRow Row(int index) const = 0;
+    virtual void SetRow(int index, const EditorRow& row) = 0;
+    /// Adds one empty row at the end.
+    virtual void NewTask_Click() = 0;
+};
+
+/// What one row of a chart viewer shows.
+struct ViewerRow {
+    QString Instructions;
+    QString Difficulty;
+    QString Points;
+    QString AdultResponsable;
+    bool Completed = false;
+};
+
+/// The rows of a chart viewer: one day's jobs with their marks. An index outside raises 9.
+class ChartViewerRows {
+public:
+    virtual ~ChartViewerRows() = default;
+    virtual void SetRow(int index, const ViewerRow& row) = 0;
+    /// The mark of row `index`: whether its ticked picture is the visible one.
+    virtual bool CheckVisible(int index) const = 0;
+    virtual void CreateNewTask(int index) = 0;
+    virtual void SetDayCaption(const QString& caption) = 0;
+};
+
+/// The session as the store sees it.
+class ChartForms {
+public:
+    virtual ~ChartForms() = default;
+    /// The form in a slot; one that holds none yet is made. Raises 9 outside the slots.
+    virtual ChartEditorRows& Editor(qint16 formIndex) = 0;
+    virtual ChartViewerRows& Viewer(qint16 formIndex) = 0;
+    virtual QString CurrentUserName() const = 0;
+};

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/forms/DefaultForms.h"
+#include "tests/common/TestWorld.h"
+
+#include <QWidget>
+#include <functional>
+
+/// A fixture for windows: all forms of the program registered, none shown, the activation tracker
+/// at work. Needs a display with a window manager.
+class FormTest : public ProgramTest {
+protected:
+    FormTest();
+    ~FormTest() override;
+
+    /// Lets events run until the windows have come to rest and activations have been delivered.
+    static void Settle();
+
+    /// Adds an account with a picture straight to the store. State: "Teacher" or "Student".
+    static void MakeAccount(const QString& name, const QString& password, const QString& state);
+
+    /// Opens a session without the log-in windows: sets the session's account and shows MainForm.
+    static void StartSession(const QString& user, const QString& state);
+
+    /// The control of that object name on a form. Fails the test hard if there is none.
+    template <class Control = QWidget>
+    static Control& Find(const QWidget& form, const QString& name) {
+        auto* control = form.findChild<Control*>(name);
+        if (control == nullptr)
+            throw std::runtime_error("no control " + name.toStdString());
+        return *control;
+    }
+
+    /// A click in the middle of a control by the mouse, then Settle.
+    static void Click(QWidget& control);
+    static void DoubleClick(QWidget& control);
+    /// A click or double click in the middle of a list's row.
+    static void ClickRow(QWidget& list, int row);
+    static void DoubleClickRow(QWidget& list, int row);
+    /// Replaces a text box's or combo box's text by typed keys.
+    static void Type(QWidget& control, const QString& text);
+    /// A key press and release on a control.
+    static void Press(QWidget& control, Qt::Key key);
+
+    /// Saves a picture of a form to the folder named by DUTYGRID_SHOTS, if that is set.
+    static void Shoot(QWidget& form, const QString& name);
+
+    /// The exit codes with which the process would have ended.
+    QList<int> Ends;
+};

@@ -1,0 +1,79 @@
+#include "tests/common/Scripted.h"
+
+#include <QPdfWriter>
+#include <QProcess>
+#include <gtest/gtest.h>
+
+ScriptedPrompts::~ScriptedPrompts() {
+    VerifyAllShown();
+}
+
+void ScriptedPrompts::Expect(const QString& text, PromptAnswer answer,
+                             std::function<void()> during) {
+    expected_.append({text, answer, std::move(during)});
+}
+
+void ScriptedPrompts::VerifyAllShown() {
+    for (const Expected& left : expected_)
+        ADD_FAILURE() << "A box did not come: " << left.text.toStdString();
+    expected_.clear();
+}
+
+PromptAnswer ScriptedPrompts::Show(const Prompt& prompt) {
+    shown_.append(prompt);
+    if (expected_.isEmpty()) {
+        ADD_FAILURE() << "Unexpected box: " << prompt.Text.toStdString();
+        return prompt.Buttons == PromptButtons::Ok ? PromptAnswer::Ok : PromptAnswer::No;
+    }
+    const Expected next = expected_.takeFirst();
+    EXPECT_EQ(prompt.Text.toStdString(), next.text.toStdString());
+    if (prompt.Buttons == PromptButtons::Ok)
+        EXPECT_EQ(next.answer, PromptAnswer::Ok) << "the box has an Ok button only";
+    else
+        EXPECT_NE(next.answer, PromptAnswer::Ok) << "the box has Yes and No";
+    if (next.during)
+        next.during();
+    return next.answer;
+}
+
+std::optional<QString> ScriptedDesktop::OpenFile(const QString& initialFolder) {
+    FileFolders += initialFolder;
+    if (FileAnswers.isEmpty()) {
+        ADD_FAILURE() << "Unexpected open-file dialog";
+        return std::nullopt;
+    }
+    return FileAnswers.takeFirst();
+}
+
+std::optional<qint32> ScriptedDesktop::ChooseColor(qint32) {
+    if (ColorAnswers.isEmpty()) {
+        ADD_FAILURE() << "Unexpected colour dialog";
+        return std::nullopt;
+    }
+    return ColorAnswers.takeFirst();
+}
+
+void ScriptedDesktop::ShellExecute(const QString& verb, const QString& target, int showState) {
+    Opened += QStringLiteral("%1 %2 %3").arg(verb, target).arg(showState);
+}
+
+void ScriptedDesktop::ShowHelp(const QString& helpFile, int command) {
+    Helped += QStringLiteral("%1 %2").arg(helpFile).arg(command);
+}
+
+void ScriptedDesktop::PlaySoundA(const QString& waveFile, quint32 flags) {
+    Sounds += QStringLiteral("%1 %2").arg(waveFile).arg(flags);
+}
+
+std::unique_ptr<QPagedPaintDevice> PdfPrintTarget::Open() {
+    pending_ = QStringLiteral("%1/Job%2.pdf").arg(folder_).arg(files_.size() + 1);
+    return std::make_unique<QPdfWriter>(pending_);
+}
+
+QString PdfPrintTarget::TextOf(const QString& file) {
+    QProcess reader;
+    reader.start(QStringLiteral("pdftotext"),
+                 {QStringLiteral("-layout"), file, QStringLiteral("-")});
+    reader.waitForFinished();
+    return QString::fromUtf8(reader.readAllStandardOutput());
+}

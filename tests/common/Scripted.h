@@ -1,0 +1,73 @@
+#pragma once
+
+#include "platform/printing/Printer.h"
+#include "platform/runtime/Desktop.h"
+#include "platform/runtime/Prompts.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <functional>
+
+/// Message boxes with scripted answers. Each box must be the next expected one; an unexpected or a
+/// left-over one fails the test.
+class ScriptedPrompts : public Prompts {
+public:
+    ~ScriptedPrompts() override;
+
+    /// The next box shows `text` and is answered so. `during` runs while the box stands.
+    void Expect(const QString& text, PromptAnswer answer = PromptAnswer::Ok,
+                std::function<void()> during = {});
+
+    /// Fails the test if expected boxes have not come.
+    void VerifyAllShown();
+
+    /// The boxes shown so far.
+    const QList<Prompt>& Shown() const { return shown_; }
+
+    PromptAnswer Show(const Prompt& prompt) override;
+
+private:
+    struct Expected {
+        QString text;
+        PromptAnswer answer;
+        std::function<void()> during;
+    };
+    QList<Expected> expected_;
+    QList<Prompt> shown_;
+};
+
+/// A desktop that answers from queues and keeps what it was asked.
+class ScriptedDesktop : public Desktop {
+public:
+    QList<std::optional<QString>> FileAnswers;
+    QList<std::optional<qint32>> ColorAnswers;
+    QStringList FileFolders;
+    QStringList Opened; ///< "verb target showState"
+    QStringList Helped; ///< "file command"
+    QStringList Sounds; ///< "file flags"
+
+    std::optional<QString> OpenFile(const QString& initialFolder) override;
+    std::optional<qint32> ChooseColor(qint32 initial) override;
+    void ShellExecute(const QString& verb, const QString& target, int showState) override;
+    void ShowHelp(const QString& helpFile, int command) override;
+    void PlaySoundA(const QString& waveFile, quint32 flags) override;
+};
+
+/// Print jobs into PDF files of a folder: Job1.pdf, Job2.pdf, ...
+class PdfPrintTarget : public PrintTarget {
+public:
+    explicit PdfPrintTarget(QString folder) : folder_(std::move(folder)) {}
+    std::unique_ptr<QPagedPaintDevice> Open() override;
+    void Sent() override { files_ += pending_; }
+
+    /// The files of the jobs sent so far.
+    const QStringList& Files() const { return files_; }
+    /// The text of a job's pages, by pdftotext -layout; pages end in a form feed.
+    static QString TextOf(const QString& file);
+
+private:
+    QString folder_;
+    QString pending_;
+    QStringList files_;
+};

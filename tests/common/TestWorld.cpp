@@ -1,0 +1,128 @@
+#include "tests/common/TestWorld.h"
+
+#include "platform/runtime/Actions.h"
+#include "platform/runtime/Dates.h"
+#include "platform/runtime/ProgramFolder.h"
+#include "store/TableNames.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QLocale>
+
+namespace {
+
+void CopyTree(const QString& from, const QString& to) {
+    QDir().mkpath(to);
+    const QFileInfoList entries = QDir(from).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot);
+    for (const QFileInfo& entry : entries) {
+        const QString target = to + QLatin1Char('/') + entry.fileName();
+        if (entry.isDir())
+            CopyTree(entry.filePath(), target);
+        else
+            QFile::copy(entry.filePath(), target);
+    }
+}
+
+QString FieldText(const QVariant& value) {
+    if (value.isNull())
+        return QStringLiteral("<null>");
+    switch (value.metaType().id()) {
+    case QMetaType::Bool:
+        return value.toBool() ? QStringLiteral("-1") : QStringLiteral("0");
+    case QMetaType::QDate:
+        return value.toDate().toString(Qt::ISODate);
+    default:
+        return value.toString();
+    }
+}
+
+} // namespace
+
+ProgramTest::ProgramTest() : Paper(folder_.path()) {
+    QLocale::setDefault(QLocale::c());
+    SetToday(QDate(2001, 3, 7));
+    SetProgramFolder(folder_.path());
+    CopyTree(QStringLiteral(DUTYGRID_ASSETS_DIR), folder_.path());
+    QDir(folder_.path()).mkpath(QStringLiteral("Database"));
+    QFile::remove(Path(QStringLiteral("Database/Charts.mdb")));
+    {
+        const auto seed = TableStore::CreateDatabase(Path(QStringLiteral("Database/Charts.mdb")),
+                                                     QStringLiteral(";LANGID=0x0409"));
+        seed->CreateTable(UsersTable, UsersTableFields());
+        seed->Commit();
+    }
+    SetPrompts(&Boxes);
+    SetDesktop(&DesktopCalls);
+    SetPrintTarget(&Paper);
+    ResetSession();
+    Database().InitDatabse();
+}
+
+ProgramTest::~ProgramTest() {
+    Boxes.VerifyAllShown();
+    ResetSession();
+    SetPrintTarget(nullptr);
+    SetDesktop(nullptr);
+    SetPrompts(nullptr);
+    SetEndProcess({});
+    SetProgramFolder(QString());
+    SetToday(QDate());
+}
+
+void ProgramTest::Restart() {
+    Database().Commit();
+    ResetSession();
+    Database().InitDatabse();
+}
+
+QString ProgramTest::Path(const QString& tail) {
+    return InProgramFolder(tail);
+}
+
+QString ProgramTest::PictureFile(const QString& name, QRgb color) {
+    const QString path = Path(name);
+    if (!QFile::exists(path)) {
+        QImage picture(24, 24, QImage::Format_RGB32);
+        picture.fill(color);
+        EXPECT_TRUE(picture.save(path));
+    }
+    return path;
+}
+
+QStringList ProgramTest::Rows(const QString& table) {
+    Database().Commit();
+    const auto tables = TableStore::OpenDatabase(Path(QStringLiteral("Database/Charts.mdb")));
+    Recordset rows = tables->OpenRecordset(table);
+    const bool accounts = table == UsersTable;
+    QStringList result;
+    while (!rows.Eof()) {
+        QStringList fields;
+        for (int field = 0; field < rows.FieldCount(); ++field)
+            if (!accounts || (field != 0 && field != 7))
+                fields += FieldText(rows.Value(field));
+        result += fields.join(QLatin1Char('|'));
+        rows.MoveNext();
+    }
+    return result;
+}
+
+QStringList ProgramTest::TableNames() {
+    Database().Commit();
+    const auto tables = TableStore::OpenDatabase(Path(QStringLiteral("Database/Charts.mdb")));
+    QStringList names;
+    for (int index = 0; index < tables->TableCount(); ++index)
+        if (tables->TableName(index) != UsersTable)
+            names += tables->TableName(index);
+    return names;
+}
+
+FakeEditor::FakeEditor() {
+    ChartEditors.SetMaker([this] { return FormSlots<ChartEditorRows>::Slot{this, this}; });
+    ChartEditors.RedimPreserve(0);
+}
+
+FakeViewer::FakeViewer() {
+    ChartViewers.SetMaker([this] { return FormSlots<ChartViewerRows>::Slot{this, this}; });
+    ChartViewers.RedimPreserve(0);
+}

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "shell/session/Session.h"
+#include "tests/common/Scripted.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+/// Readable text in failed expectations.
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
+
+/// A fixture with a program folder of its own: an empty database with its accounts' table,
+/// settings, job lists, pictures and sounds as delivered; a fixed clock (Wednesday 7 March 2001),
+/// the C locale, scripted prompts, desktop and printer, an empty session. The store is open.
+class ProgramTest : public testing::Test {
+protected:
+    ProgramTest();
+    ~ProgramTest() override;
+
+    /// Opens the store anew on the same file, as another start of the program would.
+    static void Restart();
+
+    /// A path in the test's program folder.
+    static QString Path(const QString& tail);
+
+    /// A small valid picture file of the given colour, made if it is not there.
+    static QString PictureFile(const QString& name = QStringLiteral("picture.png"),
+                               QRgb color = 0xff2266aa);
+
+    /// All rows of a table, each as its fields' texts joined by "|"; Null as "<null>", true as
+    /// "-1" and false as "0".
+    static QStringList Rows(const QString& table);
+
+    /// Names of all tables but USERS, in order.
+    static QStringList TableNames();
+
+    ScriptedPrompts Boxes;
+    ScriptedDesktop DesktopCalls;
+
+private:
+    QTemporaryDir folder_;
+
+protected:
+    PdfPrintTarget Paper;
+};
+
+/// Rows of a chart editor without a form, for tests of the store. In slot 0 of ChartEditors while
+/// it lives.
+class FakeEditor : public QObject, public ChartEditorRows {
+public:
+    FakeEditor();
+    QList<EditorRow> rows{EditorRow{}};
+
+    int RowCount() const override { return static_cast<int>(rows.size()); }
+    EditorRow Row(int index) const override { return rows.at(index); }
+    void SetRow(int index, const EditorRow& row) override { rows[index] = row; }
+    void NewTask_Click() override { rows.append(EditorRow{}); }
+};
+
+/// Rows of a chart viewer without a form, in slot 0 of ChartViewers while it lives.
+class FakeViewer : public QObject, public ChartViewerRows {
+public:
+    FakeViewer();
+    QList<ViewerRow> rows{ViewerRow{}};
+    QString dayCaption;
+
+    void SetRow(int index, const ViewerRow& row) override { rows[index] = row; }
+    bool CheckVisible(int index) const override {
+        if (index >= rows.size())
+            throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+        return rows.at(index).Completed;
+    }
+    void CreateNewTask(int) override { rows.append(ViewerRow{}); }
+    void SetDayCaption(const QString& caption) override { dayCaption = caption; }
+};
