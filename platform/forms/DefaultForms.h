@@ -21,6 +21,9 @@ Form& DefaultForm(const QString& name);
 /// The default instance if there is one, else null. Makes nothing.
 Form* ExistingForm(const QString& name);
 
+/// Forgets an instance that is being unloaded; the next naming makes a fresh one.
+void ForgetDefaultForm(const Form& form);
+
 /// Unloads nothing, forgets all instances and deletes them; for the end of a test.
 void DropDefaultForms();
 

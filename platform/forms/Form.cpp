@@ -1,0 +1,174 @@
+#include "platform/forms/Form.h"
+
+#include "platform/forms/ActivationTracker.h"
+#include "platform/forms/DefaultForms.h"
+#include "platform/forms/FormFrame.h"
+#include "platform/forms/MainWindowArea.h"
+#include "platform/forms/Twips.h"
+#include "platform/runtime/Actions.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMdiArea>
+
+namespace {
+
+/// Hands the front to the sub-window used last among those still shown.
+void ActivateNextInMainWindow(QMdiArea& area) {
+    const QList<QMdiSubWindow*> frames = area.subWindowList(QMdiArea::ActivationHistoryOrder);
+    for (auto frame = frames.crbegin(); frame != frames.crend(); ++frame) {
+        if (!(*frame)->isHidden()) {
+            area.setActiveSubWindow(*frame);
+            return;
+        }
+    }
+    area.setActiveSubWindow(nullptr);
+}
+
+/// Window managers differ in whom they hand the focus to when a window goes; the program's other
+/// window is what its user means.
+void ActivateNextTopLevel() {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (dynamic_cast<Form*>(widget) != nullptr && widget->isVisible()) {
+            widget->raise();
+            widget->activateWindow();
+            return;
+        }
+    }
+}
+
+} // namespace
+
+FormFrame::FormFrame(Form& form) : form_(form) {
+    setWidget(&form.Widget());
+    setAttribute(Qt::WA_DeleteOnClose, false);
+}
+
+void FormFrame::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    RunAction([this] { form_.Unload(); });
+}
+
+Form::Form(QWidget& widget, Place place) : widget_(widget), place_(place) {}
+
+Form::~Form() = default;
+
+void Form::EnsureLoaded() {
+    if (loaded_)
+        return;
+    loaded_ = true;
+    Load();
+}
+
+void Form::Show() {
+    EnsureLoaded();
+    if (unloaded_)
+        return;
+    if (place_ == Place::InMainWindow && frame_.isNull()) {
+        if (MainWindowArea() == nullptr)
+            DefaultForm(QStringLiteral("MainForm"));
+        QMdiArea* area = MainWindowArea();
+        if (area == nullptr)
+            throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
+        auto* frame = new FormFrame(*this);
+        area->addSubWindow(frame);
+        frame_ = frame;
+    }
+    widget_.show();
+    if (!frame_.isNull())
+        frame_->show();
+    SetFocus();
+    ActivationTracker::Instance().Schedule();
+}
+
+void Form::SetFocus() {
+    QWidget& frame = Frame();
+    if (frame.isMinimized())
+        frame.showNormal();
+    if (place_ == Place::InMainWindow) {
+        if (MainWindowArea() != nullptr && !frame_.isNull())
+            MainWindowArea()->setActiveSubWindow(static_cast<FormFrame*>(frame_.data()));
+    } else {
+        frame.raise();
+        frame.activateWindow();
+    }
+}
+
+void Form::Hide() {
+    if (place_ == Place::InMainWindow) {
+        if (frame_.isNull())
+            return;
+        frame_->hide();
+        if (MainWindowArea() != nullptr)
+            ActivateNextInMainWindow(*MainWindowArea());
+    } else {
+        widget_.hide();
+        ActivateNextTopLevel();
+    }
+    ActivationTracker::Instance().Schedule();
+}
+
+bool Form::Unload() {
+    if (unloaded_)
+        return true;
+    if (!QueryUnload())
+        return false;
+    // The question may have let other events run, and one of them may have ended the form.
+    if (unloaded_)
+        return true;
+    unloaded_ = true;
+    ForgetDefaultForm(*this);
+    Unloaded();
+    const bool wasShown = Frame().isVisible() || (!frame_.isNull() && !frame_->isHidden());
+    if (wasShown)
+        Hide();
+    Frame().deleteLater();
+    return true;
+}
+
+QString Form::Caption() const {
+    return widget_.windowTitle();
+}
+
+void Form::SetCaption(const QString& caption) {
+    widget_.setWindowTitle(caption);
+}
+
+void Form::SetMousePointer(int pointer) {
+    if (pointer == 11)
+        widget_.setCursor(Qt::WaitCursor);
+    else
+        widget_.unsetCursor();
+}
+
+QWidget& Form::Frame() const {
+    return frame_.isNull() ? widget_ : *frame_;
+}
+
+int Form::Left() const {
+    return TwipsOf(Frame().x());
+}
+
+int Form::Top() const {
+    return TwipsOf(Frame().y());
+}
+
+void Form::Move(int left, int top) {
+    Frame().move(PixelsOf(left), PixelsOf(top));
+}
+
+void Form::SetHeight(int twips) {
+    const int change = PixelsOf(twips) - widget_.height();
+    Frame().resize(Frame().width(), Frame().height() + change);
+}
+
+void Form::HandleClose(QCloseEvent& event) {
+    event.ignore();
+    RunAction([this] { Unload(); });
+}
+
+FormWidget::FormWidget(Place place) : Form(*static_cast<QWidget*>(this), place) {}
+
+void FormWidget::closeEvent(QCloseEvent* event) {
+    HandleClose(*event);
+}

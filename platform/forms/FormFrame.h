@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QMdiSubWindow>
+
+class Form;
+
+/// The frame of a form inside the main window. Closing it unloads the form, which may refuse.
+class FormFrame : public QMdiSubWindow {
+    Q_OBJECT
+
+public:
+    explicit FormFrame(Form& form);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    Form& form_;
+};

@@ -1,0 +1,7 @@
+#pragma once
+
+class QApplication;
+
+/// The look of the whole program: style, palette and style sheet. Forms mark their widgets by the
+/// dynamic property "role": "heading", "primary" (the button that goes on), "card", "hint".
+void ApplyProgramStyle(QApplication& application);

@@ -1,0 +1,63 @@
+#include "platform/forms/SystemDesktop.h"
+
+#include "platform/forms/Colors.h"
+#include "platform/forms/HelpWindow.h"
+#include "platform/runtime/Prompts.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QSoundEffect>
+#include <QUrl>
+
+SystemDesktop::SystemDesktop() = default;
+SystemDesktop::~SystemDesktop() = default;
+
+std::optional<QString> SystemDesktop::OpenFile(const QString& initialFolder) {
+    const QString filter =
+        initialFolder.isEmpty()
+            ? QString()
+            : QStringLiteral("Pictures (*.png *.jpg *.jpeg *.gif *.bmp *.ico);;All files (*)");
+    const QString file = QFileDialog::getOpenFileName(
+        QApplication::activeWindow(), QStringLiteral("Open"), initialFolder, filter);
+    if (file.isEmpty())
+        return std::nullopt;
+    return file;
+}
+
+std::optional<qint32> SystemDesktop::ChooseColor(qint32 initial) {
+    const QColor color =
+        QColorDialog::getColor(ColorFromValue(initial), QApplication::activeWindow());
+    if (!color.isValid())
+        return std::nullopt;
+    return ValueFromColor(color);
+}
+
+void SystemDesktop::ShellExecute(const QString&, const QString& target, int) {
+    // The verb is always "open", and the show state is a wish that no desktop here takes.
+    QDesktopServices::openUrl(QFileInfo(target).isAbsolute() ? QUrl::fromLocalFile(target)
+                                                             : QUrl(target));
+}
+
+void SystemDesktop::ShowHelp(const QString& helpFile, int) {
+    if (!QFileInfo(helpFile).isFile()) {
+        Tell(QStringLiteral("The help file cannot be found:\n%1").arg(helpFile),
+             PromptIcon::Exclamation);
+        return;
+    }
+    if (!help_)
+        help_ = std::make_unique<HelpWindow>();
+    help_->Open(helpFile);
+}
+
+void SystemDesktop::PlaySoundA(const QString& waveFile, quint32) {
+    if (!sound_)
+        sound_ = std::make_unique<QSoundEffect>();
+    sound_->stop();
+    if (!QFileInfo::exists(waveFile))
+        return;
+    sound_->setSource(QUrl::fromLocalFile(waveFile));
+    sound_->play();
+}

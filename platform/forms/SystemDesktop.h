@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/runtime/Desktop.h"
+
+#include <QObject>
+#include <memory>
+
+class HelpWindow;
+class QSoundEffect;
+
+/// The desktop that the program runs on.
+class SystemDesktop : public Desktop {
+public:
+    SystemDesktop();
+    ~SystemDesktop() override;
+
+    std::optional<QString> OpenFile(const QString& initialFolder) override;
+    std::optional<qint32> ChooseColor(qint32 initial) override;
+    void ShellExecute(const QString& verb, const QString& target, int showState) override;
+    void ShowHelp(const QString& helpFile, int command) override;
+    void PlaySoundA(const QString& waveFile, quint32 flags) override;
+
+private:
+    std::unique_ptr<QSoundEffect> sound_;
+    std::unique_ptr<HelpWindow> help_;
+};

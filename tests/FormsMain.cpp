@@ -1,0 +1,13 @@
+#include "platform/forms/ProgramStyle.h"
+
+#include <QApplication>
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 10));
+    QApplication::setQuitOnLastWindowClosed(false);
+    ApplyProgramStyle(application);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,107 @@
+#include "tests/common/FormTest.h"
+
+#include "authoring/RegisterForms.h"
+#include "filling/RegisterForms.h"
+#include "platform/forms/ActivationTracker.h"
+#include "platform/runtime/Actions.h"
+#include "shell/RegisterForms.h"
+#include "support/clsRegistry.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QLineEdit>
+#include <QTest>
+
+FormTest::FormTest() {
+    qputenv("XDG_CONFIG_HOME", Path(QStringLiteral("config")).toLocal8Bit());
+    clsRegistry registry;
+    const QString key = QStringLiteral("Dutygrid");
+    registry.CreateKey(HKEY_CURRENT_USER, key);
+    registry.SetValue(HKEY_CURRENT_USER, key, QStringLiteral("RunningTimes2"), 1);
+    RegisterShellForms();
+    RegisterAuthoringForms();
+    RegisterFillingForms();
+    SetEndProcess([this](int exitCode) { Ends += exitCode; });
+}
+
+FormTest::~FormTest() {
+    DropDefaultForms();
+    // Deferred deletions belong to this test, not to the next.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void FormTest::Settle() {
+    // Focus travels through the window manager: wait until nothing has changed for a while.
+    for (int quiet = 0; quiet < 3; ++quiet) {
+        QTest::qWait(15);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
+void FormTest::MakeAccount(const QString& name, const QString& password, const QString& state) {
+    Database().AddUser(name, password, state, PictureFile());
+    Database().Commit();
+}
+
+void FormTest::StartSession(const QString& user, const QString& state) {
+    CurrentUser = user;
+    CurrentState = state;
+    Form& mainForm = DefaultForm(QStringLiteral("MainForm"));
+    mainForm.Show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&mainForm.Widget()));
+    Settle();
+}
+
+void FormTest::Click(QWidget& control) {
+    QTest::mouseClick(&control, Qt::LeftButton);
+    Settle();
+}
+
+void FormTest::DoubleClick(QWidget& control) {
+    QTest::mouseClick(&control, Qt::LeftButton);
+    QTest::mouseDClick(&control, Qt::LeftButton);
+    Settle();
+}
+
+namespace {
+
+QPoint RowMiddle(const QAbstractItemView& view, int row) {
+    return view.visualRect(view.model()->index(row, 0)).center();
+}
+
+} // namespace
+
+void FormTest::ClickRow(QWidget& list, int row) {
+    auto& view = dynamic_cast<QAbstractItemView&>(list);
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, RowMiddle(view, row));
+    Settle();
+}
+
+void FormTest::DoubleClickRow(QWidget& list, int row) {
+    auto& view = dynamic_cast<QAbstractItemView&>(list);
+    const QPoint middle = RowMiddle(view, row);
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, middle);
+    QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, middle);
+    Settle();
+}
+
+void FormTest::Type(QWidget& control, const QString& text) {
+    QWidget* box = &control;
+    if (auto* combo = qobject_cast<QComboBox*>(box))
+        box = combo->lineEdit();
+    QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(box, Qt::Key_Delete);
+    QTest::keyClicks(box, text);
+}
+
+void FormTest::Press(QWidget& control, Qt::Key key) {
+    QTest::keyClick(&control, key);
+}
+
+void FormTest::Shoot(QWidget& form, const QString& name) {
+    const QString folder = qEnvironmentVariable("DUTYGRID_SHOTS");
+    if (!folder.isEmpty())
+        form.grab().save(QDir(folder).filePath(name + QStringLiteral(".png")));
+}
