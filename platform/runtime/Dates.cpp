@@ -22,6 +22,14 @@ QString ShortPattern() {
     return pattern;
 }
 
+const std::array<QString, 7>& DayNames() {
+    static const std::array<QString, 7> names = {
+        QStringLiteral("Sunday"),    QStringLiteral("Monday"),   QStringLiteral("Tuesday"),
+        QStringLiteral("Wednesday"), QStringLiteral("Thursday"), QStringLiteral("Friday"),
+        QStringLiteral("Saturday")};
+    return names;
+}
+
 } // namespace
 
 QDate Today() {
@@ -60,10 +68,14 @@ QString AbbreviatedWeekdayName(const QDate& date) {
 }
 
 QString DayAbbreviation(int day) {
-    static const std::array<QString, 7> days = {
-        QStringLiteral("Sun"), QStringLiteral("Mon"), QStringLiteral("Tue"), QStringLiteral("Wed"),
-        QStringLiteral("Thu"), QStringLiteral("Fri"), QStringLiteral("Sat")};
     if (day < 1 || day > 7)
         throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
-    return days.at(static_cast<std::size_t>(day - 1));
+    return DayNames().at(static_cast<std::size_t>(day - 1)).left(3);
+}
+
+QString FullDayName(const QString& abbreviation) {
+    for (const QString& name : DayNames())
+        if (name.left(3) == abbreviation)
+            return name;
+    return {};
 }

@@ -27,3 +27,6 @@ QString AbbreviatedWeekdayName(const QDate& date);
 
 /// "Sun" to "Sat" for the days 1 to 7, whatever the system's language. Raises 9 for other numbers.
 QString DayAbbreviation(int day);
+
+/// "Sunday" to "Saturday" for "Sun" to "Sat", whatever the system's language; "" for other texts.
+QString FullDayName(const QString& abbreviation);

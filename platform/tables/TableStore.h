@@ -53,6 +53,9 @@ public:
     /// dropping a table moves those behind it one down. Raises 9 outside.
     QString TableName(int index) const;
 
+    /// True if a table of that name exists in any case.
+    bool HasTable(const QString& name);
+
     /// Makes a table. Raises 3000 if one of that name exists or the engine reserves the name.
     void CreateTable(const QString& name, const QList<FieldDefinition>& fields);
 
