@@ -1,3 +1,4 @@
+#include <QFont>
 #include <QGuiApplication>
 #include <gtest/gtest.h>
 

@@ -48,8 +48,8 @@ RuntimeError::RuntimeError(ErrorNumber number) : RuntimeError(number, StandardTe
 RuntimeError::RuntimeError(ErrorNumber number, const QString& text)
     : RuntimeError(static_cast<int>(number), text) {}
 
-RuntimeError::RuntimeError(int number, const QString& text)
-    : number_(number), text_(text), what_(Report().toUtf8()) {}
+RuntimeError::RuntimeError(int number, const QString& text, const QString& source)
+    : number_(number), text_(text), source_(source), what_(Report().toUtf8()) {}
 
 QString RuntimeError::Report() const {
     return QStringLiteral("Run-time error '%1':\n\n%2").arg(number_).arg(text_);

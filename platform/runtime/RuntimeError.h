@@ -30,10 +30,12 @@ public:
     /// The standard text of `number`.
     explicit RuntimeError(ErrorNumber number);
     RuntimeError(ErrorNumber number, const QString& text);
-    RuntimeError(int number, const QString& text);
+    RuntimeError(int number, const QString& text, const QString& source = QString());
 
     int Number() const { return number_; }
     const QString& Text() const { return text_; }
+    /// The class that raised the error by a number of its own; "" for all others.
+    const QString& Source() const { return source_; }
     /// What the user is shown: "Run-time error '6':", an empty line and the text.
     QString Report() const;
     const char* what() const noexcept override { return what_.constData(); }
@@ -45,6 +47,7 @@ public:
 private:
     int number_;
     QString text_;
+    QString source_;
     QByteArray what_;
     bool endsRun_ = false;
 };

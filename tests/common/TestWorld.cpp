@@ -43,6 +43,8 @@ ProgramTest::ProgramTest() : Paper(folder_.path()) {
     QLocale::setDefault(QLocale::c());
     SetToday(QDate(2001, 3, 7));
     SetProgramFolder(folder_.path());
+    // A user of the machine who has never run the program.
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(folder_.filePath(QStringLiteral("UserConfig"))));
     CopyTree(QStringLiteral(DUTYGRID_ASSETS_DIR), folder_.path());
     QDir(folder_.path()).mkpath(QStringLiteral("Database"));
     QFile::remove(Path(QStringLiteral("Database/Charts.mdb")));

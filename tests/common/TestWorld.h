@@ -1,15 +1,11 @@
 #pragma once
 
 #include "shell/session/Session.h"
+#include "tests/common/Readable.h"
 #include "tests/common/Scripted.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
-
-/// Readable text in failed expectations.
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
 
 /// A fixture with a program folder of its own: an empty database with its accounts' table,
 /// settings, job lists, pictures and sounds as delivered; a fixed clock (Wednesday 7 March 2001),

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+
+/// Plays a sound by its name ("Stack", "Shuffle", "DrawCard", "DrawStack", "InitAnimation",
+/// "Applause"; exact) and returns at once. Any other name, and every name while the sound switch
+/// is off, plays nothing.
+void PlaySoundEffect(const QString& SoundName);
+
+/// Sets what tells whether the main window's sound entry has its check mark. Without one no sound
+/// is played.
+void SetSoundSwitch(std::function<bool()> isOn);

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "platform/runtime/Actions.h"
+#include "platform/runtime/Dates.h"
+#include "platform/runtime/ProgramFolder.h"
+#include "tests/common/Readable.h"
+#include "tests/common/Scripted.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLocale>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+/// `statement` raises the run-time error of that number.
+#define EXPECT_ERROR(number, statement)                                                            \
+    try {                                                                                          \
+        statement;                                                                                 \
+        ADD_FAILURE() << "no run-time error";                                                      \
+    } catch (const RuntimeError& error) {                                                          \
+        EXPECT_EQ(error.Number(), number) << error.what();                                         \
+    }
+
+/// A fixture for what needs no database: an empty program folder and user of its own, a fixed
+/// clock (Wednesday 7 March 2001), the C locale, scripted prompts and desktop.
+class RuntimeTest : public testing::Test {
+protected:
+    RuntimeTest() {
+        QLocale::setDefault(QLocale::c());
+        SetToday(QDate(2001, 3, 7));
+        SetProgramFolder(folder_.path());
+        qputenv("XDG_CONFIG_HOME",
+                QFile::encodeName(folder_.filePath(QStringLiteral("UserConfig"))));
+        SetPrompts(&Boxes);
+        SetDesktop(&DesktopCalls);
+    }
+    ~RuntimeTest() override {
+        Boxes.VerifyAllShown();
+        SetCommitHook({});
+        SetEndProcess({});
+        SetDesktop(nullptr);
+        SetPrompts(nullptr);
+        SetProgramFolder(QString());
+        SetToday(QDate());
+        QLocale::setDefault(QLocale::c());
+    }
+
+    /// A path in the test's program folder.
+    static QString Path(const QString& tail) { return InProgramFolder(tail); }
+
+    /// Writes a file as it stands; makes its folder.
+    static void WriteFile(const QString& path, const QByteArray& content) {
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
+        file.write(content);
+    }
+
+    static QByteArray ReadFile(const QString& path) {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+        return file.readAll();
+    }
+
+    ScriptedPrompts Boxes;
+    ScriptedDesktop DesktopCalls;
+
+private:
+    QTemporaryDir folder_;
+};

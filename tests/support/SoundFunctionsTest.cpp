@@ -1,0 +1,64 @@
+#include "support/SoundFunctions.h"
+
+#include "tests/common/RuntimeTest.h"
+
+namespace {
+
+class SoundFunctionsTest : public RuntimeTest {
+protected:
+    SoundFunctionsTest() {
+        SetSoundSwitch([this] { return mark; });
+    }
+    ~SoundFunctionsTest() override { SetSoundSwitch({}); }
+
+    static QString Call(const QString& tail, int flags) {
+        return QStringLiteral("%1 %2").arg(Path(tail)).arg(flags);
+    }
+
+    bool mark = true;
+};
+
+TEST_F(SoundFunctionsTest, EachNamePlaysItsFileWithItsFlags) {
+    for (const char* name :
+         {"Stack", "Shuffle", "DrawCard", "DrawStack", "InitAnimation", "Applause"})
+        PlaySoundEffect(QLatin1String(name));
+    EXPECT_EQ(DesktopCalls.Sounds, QStringList({
+                                       Call(QStringLiteral("sounds/stack.wav"), 1),
+                                       Call(QStringLiteral("sounds/shuffle.wav"), 1),
+                                       Call(QStringLiteral("sounds/turn.wav"), 0x20001),
+                                       Call(QStringLiteral("sounds/Draw.wav"), 1),
+                                       Call(QStringLiteral("sounds/Draw.wav"), 1),
+                                       Call(QStringLiteral("sounds/applause.wav"), 0x20001),
+                                   }));
+}
+
+TEST_F(SoundFunctionsTest, SwitchedOffNoCallIsMade) {
+    mark = false;
+    PlaySoundEffect(QStringLiteral("DrawCard"));
+    EXPECT_TRUE(DesktopCalls.Sounds.isEmpty());
+}
+
+TEST_F(SoundFunctionsTest, SwitchIsReadAtEachCall) {
+    mark = false;
+    PlaySoundEffect(QStringLiteral("Stack"));
+    mark = true;
+    PlaySoundEffect(QStringLiteral("Applause"));
+    mark = false;
+    PlaySoundEffect(QStringLiteral("Shuffle"));
+    EXPECT_EQ(DesktopCalls.Sounds,
+              QStringList(Call(QStringLiteral("sounds/applause.wav"), 0x20001)));
+}
+
+TEST_F(SoundFunctionsTest, UnknownNameMakesNoCall) {
+    for (const char* name : {"", "applause", "Applause ", "Win"})
+        PlaySoundEffect(QLatin1String(name));
+    EXPECT_TRUE(DesktopCalls.Sounds.isEmpty());
+}
+
+TEST_F(SoundFunctionsTest, WithoutASwitchNothingIsPlayed) {
+    SetSoundSwitch({});
+    PlaySoundEffect(QStringLiteral("Applause"));
+    EXPECT_TRUE(DesktopCalls.Sounds.isEmpty());
+}
+
+} // namespace
