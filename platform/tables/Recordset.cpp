@@ -1,0 +1,450 @@
+#include "platform/tables/Recordset.h"
+
+#include "platform/tables/TableEngine.h"
+
+#include <algorithm>
+#include <limits>
+#include <map>
+
+namespace {
+
+/// Rows read at once on a walk, while nobody else writes to the table.
+constexpr int BatchSize = 64;
+
+constexpr qint64 FirstPossibleRow = std::numeric_limits<qint64>::min();
+constexpr qint64 LastPossibleRow = std::numeric_limits<qint64>::max();
+
+struct Row {
+    qint64 Id = 0;
+    std::vector<Cell> Cells;
+};
+
+} // namespace
+
+class Recordset::Cursor {
+public:
+    Cursor(std::shared_ptr<TableEngine> engine, const QString& tableName);
+
+    TableEngine& Engine() { return *engine_; }
+    QString Name() const { return table_->Name; }
+    bool Eof() const { return place_ == Place::Behind; }
+    bool Bof() { return Eof() && Count() == 0; }
+    int Count();
+    void MoveFirst();
+    void MoveNext();
+    int FieldCount() const { return static_cast<int>(table_->Fields.size()); }
+    int Checked(int position) const;
+    int PositionOf(const QString& field) const;
+    int LongBinaryPosition(const QString& field) const;
+    QVariant Value(int position);
+    void SetValue(int position, const QVariant& value);
+    void AddNew();
+    void Edit();
+    void Update();
+    void Delete();
+    qint64 FieldSize(const QString& field);
+    QByteArray GetChunk(const QString& field, qint64 offset, qint64 size);
+    void AppendChunk(const QString& field, const QByteArray& bytes);
+
+private:
+    enum class Place { OnRow, OnDeletedRow, Behind };
+    enum class Pending { Nothing, NewRow, ChangedRow };
+
+    const FieldDefinition& Field(int position) const {
+        return table_->Fields[static_cast<std::size_t>(position)];
+    }
+    void RefuseDropped() const;
+    void Read(qint64 firstRow, int count);
+    void MoveTo(qint64 firstRow, int count);
+    void LeaveRow();
+    Row& CurrentRow();
+    const Cell& CurrentCell(int position) { return CurrentRow().Cells[std::size_t(position)]; }
+    bool IsUndisturbed() const { return stamp_ == engine_->StampOf(*table_); }
+    void CountOwnWrite(bool wasUndisturbed);
+    void InsertRow();
+    void UpdateRow();
+
+    std::shared_ptr<TableEngine> engine_;
+    std::shared_ptr<Table> table_;
+    Place place_ = Place::Behind;
+    /// The current row, also when it has been deleted.
+    qint64 row_ = 0;
+    /// Rows as they were at `stamp_`, the current one among them if it exists.
+    std::vector<Row> rows_;
+    std::size_t index_ = 0;
+    bool startTable_ = false; ///< The first of them is the table's first row.
+    bool endTable_ = false;   ///< The last of them is the table's last row.
+    quint64 stamp_ = 0;
+
+    Pending pending_ = Pending::Nothing;
+    /// Cells set since AddNew or Edit, by position.
+    std::map<int, Cell> pendingCells_;
+
+    /// The long binary value of the current row that pieces are being taken of.
+    std::string bytes_;
+    int bytesPosition_ = -1;
+    quint64 bytesStamp_ = 0;
+};
+
+Recordset::Cursor::Cursor(std::shared_ptr<TableEngine> engine, const QString& tableName)
+    : engine_(std::move(engine)), table_(engine_->Find(tableName)) {
+    MoveTo(FirstPossibleRow, 1);
+}
+
+void Recordset::Cursor::RefuseDropped() const {
+    if (table_->Dropped)
+        throw NoSuchTable(table_->Name);
+}
+
+int Recordset::Cursor::Count() {
+    RefuseDropped();
+    Query query(*engine_, "SELECT count(*) FROM " + Quoted(table_->Name));
+    query.Step();
+    return static_cast<int>(query.Number(0));
+}
+
+void Recordset::Cursor::Read(qint64 firstRow, int count) {
+    RefuseDropped();
+    std::vector<Row> rows;
+    Query query(*engine_, table_->SelectSql);
+    query.Bind(1, firstRow);
+    query.Bind(2, count);
+    while (query.Step()) {
+        Row& row = rows.emplace_back();
+        row.Id = query.Number(0);
+        row.Cells.reserve(table_->Fields.size());
+        for (int position = 0; position < FieldCount(); ++position)
+            row.Cells.push_back(query.Read(position + 1));
+    }
+    rows_ = std::move(rows);
+    index_ = 0;
+    startTable_ = firstRow == FirstPossibleRow;
+    endTable_ = rows_.size() < static_cast<std::size_t>(count);
+    stamp_ = engine_->StampOf(*table_);
+}
+
+void Recordset::Cursor::LeaveRow() {
+    pending_ = Pending::Nothing;
+    pendingCells_.clear();
+    bytes_ = {};
+    bytesPosition_ = -1;
+}
+
+void Recordset::Cursor::MoveTo(qint64 firstRow, int count) {
+    Read(firstRow, count);
+    place_ = rows_.empty() ? Place::Behind : Place::OnRow;
+    if (!rows_.empty())
+        row_ = rows_.front().Id;
+}
+
+void Recordset::Cursor::MoveFirst() {
+    LeaveRow();
+    if (!IsUndisturbed() || !startTable_ || rows_.empty())
+        MoveTo(FirstPossibleRow, 1);
+    if (rows_.empty()) {
+        place_ = Place::Behind;
+        throw RuntimeError(ErrorNumber::NoCurrentRecord);
+    }
+    RefuseDropped();
+    index_ = 0;
+    row_ = rows_.front().Id;
+    place_ = Place::OnRow;
+}
+
+void Recordset::Cursor::MoveNext() {
+    RefuseDropped();
+    if (place_ == Place::Behind)
+        throw RuntimeError(ErrorNumber::NoCurrentRecord);
+    LeaveRow();
+    const bool isUndisturbed = IsUndisturbed();
+    // A deleted row has left its place among the rows to the next one.
+    const std::size_t next = place_ == Place::OnRow ? index_ + 1 : index_;
+    if (isUndisturbed && next < rows_.size()) {
+        index_ = next;
+        row_ = rows_[next].Id;
+        place_ = Place::OnRow;
+    } else if ((isUndisturbed && endTable_) || row_ == LastPossibleRow) {
+        place_ = Place::Behind;
+    } else {
+        // While others write, rows read ahead would only be read again.
+        MoveTo(row_ + 1, isUndisturbed ? BatchSize : 1);
+    }
+}
+
+Row& Recordset::Cursor::CurrentRow() {
+    RefuseDropped();
+    if (place_ != Place::OnRow)
+        throw RuntimeError(ErrorNumber::NoCurrentRecord);
+    if (!IsUndisturbed()) {
+        Read(row_, 1);
+        startTable_ = false;
+        if (!rows_.empty() && rows_.front().Id != row_)
+            rows_.clear();
+        endTable_ = false;
+    }
+    if (rows_.empty())
+        throw RuntimeError(ErrorNumber::NoCurrentRecord);
+    return rows_[index_];
+}
+
+int Recordset::Cursor::Checked(int position) const {
+    if (position < 0 || position >= FieldCount())
+        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+    return position;
+}
+
+int Recordset::Cursor::PositionOf(const QString& field) const {
+    const auto& fields = table_->Fields;
+    const auto found = std::find_if(fields.begin(), fields.end(), [&](const auto& candidate) {
+        return candidate.Name.compare(field, Qt::CaseInsensitive) == 0;
+    });
+    return Checked(found == fields.end() ? -1 : static_cast<int>(found - fields.begin()));
+}
+
+int Recordset::Cursor::LongBinaryPosition(const QString& field) const {
+    const int position = PositionOf(field);
+    if (Field(position).Type != FieldType::LongBinary)
+        throw RuntimeError(ErrorNumber::TypeMismatch);
+    return position;
+}
+
+QVariant Recordset::Cursor::Value(int position) {
+    return ValueOf(Field(Checked(position)), CurrentCell(position));
+}
+
+void Recordset::Cursor::SetValue(int position, const QVariant& value) {
+    if (pending_ == Pending::Nothing)
+        throw RuntimeError(ErrorNumber::NoCurrentRecord);
+    pendingCells_[position] = CellFor(Field(Checked(position)), value);
+}
+
+void Recordset::Cursor::AppendChunk(const QString& field, const QByteArray& bytes) {
+    const int position = LongBinaryPosition(field);
+    if (pending_ == Pending::Nothing)
+        throw RuntimeError(ErrorNumber::NoCurrentRecord);
+    Cell& cell = pendingCells_[position];
+    if (!std::holds_alternative<std::string>(cell))
+        cell = std::string();
+    std::get<std::string>(cell).append(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+}
+
+void Recordset::Cursor::AddNew() {
+    RefuseDropped();
+    pendingCells_.clear();
+    pending_ = Pending::NewRow;
+}
+
+void Recordset::Cursor::Edit() {
+    CurrentRow();
+    pendingCells_.clear();
+    pending_ = Pending::ChangedRow;
+}
+
+void Recordset::Cursor::Update() {
+    if (pending_ == Pending::Nothing)
+        throw RuntimeError(ErrorNumber::NoCurrentRecord);
+    RefuseDropped();
+    if (pending_ == Pending::NewRow)
+        InsertRow();
+    else
+        UpdateRow();
+    pending_ = Pending::Nothing;
+    pendingCells_.clear();
+}
+
+void Recordset::Cursor::CountOwnWrite(bool wasUndisturbed) {
+    ++table_->Changes;
+    if (wasUndisturbed)
+        stamp_ = engine_->StampOf(*table_);
+}
+
+void Recordset::Cursor::InsertRow() {
+    engine_->BeginWrite();
+    RefuseDropped();
+    std::vector<Cell> cells;
+    for (int position = 0; position < FieldCount(); ++position) {
+        const auto pending = pendingCells_.find(position);
+        cells.push_back(pending == pendingCells_.end() ? InitialCell(Field(position))
+                                                       : pending->second);
+    }
+    Query query(*engine_, table_->InsertSql);
+    query.Bind(1, table_->NextRow);
+    for (int position = 0; position < FieldCount(); ++position)
+        query.Bind(position + 2, Field(position), cells[static_cast<std::size_t>(position)]);
+    query.Run();
+    const bool wasUndisturbed = IsUndisturbed();
+    endTable_ = false;
+    CountOwnWrite(wasUndisturbed);
+}
+
+void Recordset::Cursor::UpdateRow() {
+    if (pendingCells_.empty()) {
+        CurrentRow();
+        return;
+    }
+    engine_->BeginWrite();
+    RefuseDropped();
+    std::string sql = "UPDATE " + Quoted(table_->Name) + " SET ";
+    int parameter = 1;
+    for (const auto& [position, cell] : pendingCells_) {
+        sql += (parameter > 1 ? ", " : "") + Quoted(Field(position).Name) + " = ?" +
+               std::to_string(parameter);
+        ++parameter;
+    }
+    Query query(*engine_, sql + " WHERE rowid = ?" + std::to_string(parameter));
+    query.Bind(parameter, row_);
+    parameter = 1;
+    for (const auto& [position, cell] : pendingCells_)
+        query.Bind(parameter++, Field(position), cell);
+    if (query.Run() == 0) {
+        LeaveRow();
+        throw RuntimeError(ErrorNumber::NoCurrentRecord);
+    }
+    const bool wasUndisturbed = IsUndisturbed();
+    if (wasUndisturbed) {
+        for (const auto& [position, cell] : pendingCells_) {
+            const std::string* bytes = std::get_if<std::string>(&cell);
+            const bool isLength = bytes && Field(position).Type == FieldType::LongBinary;
+            rows_[index_].Cells[static_cast<std::size_t>(position)] =
+                isLength ? Cell(static_cast<qint64>(bytes->size())) : cell;
+        }
+    }
+    CountOwnWrite(wasUndisturbed);
+}
+
+void Recordset::Cursor::Delete() {
+    CurrentRow();
+    LeaveRow();
+    engine_->BeginWrite();
+    RefuseDropped();
+    Query query(*engine_, "DELETE FROM " + Quoted(table_->Name) + " WHERE rowid = ?1");
+    query.Bind(1, row_);
+    if (query.Run() == 0)
+        throw RuntimeError(ErrorNumber::NoCurrentRecord);
+    const bool wasUndisturbed = IsUndisturbed();
+    if (wasUndisturbed)
+        rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(index_));
+    place_ = Place::OnDeletedRow;
+    if (row_ < LastPossibleRow)
+        table_->NextRow = std::max(table_->NextRow, row_ + 1);
+    CountOwnWrite(wasUndisturbed);
+}
+
+qint64 Recordset::Cursor::FieldSize(const QString& field) {
+    const qint64* length = std::get_if<qint64>(&CurrentCell(LongBinaryPosition(field)));
+    return length ? *length : 0;
+}
+
+QByteArray Recordset::Cursor::GetChunk(const QString& field, qint64 offset, qint64 size) {
+    const int position = LongBinaryPosition(field);
+    CurrentRow();
+    if (bytesPosition_ != position || bytesStamp_ != stamp_) {
+        Query query(*engine_, "SELECT " + Quoted(Field(position).Name) + " FROM " +
+                                  Quoted(table_->Name) + " WHERE rowid = ?1");
+        query.Bind(1, row_);
+        bytes_ = query.Step() ? query.Bytes(0) : std::string();
+        bytesPosition_ = position;
+        bytesStamp_ = stamp_;
+    }
+    const qint64 length = static_cast<qint64>(bytes_.size());
+    const qint64 from = std::clamp<qint64>(offset, 0, length);
+    return {bytes_.data() + from, std::clamp<qint64>(size, 0, length - from)};
+}
+
+namespace {
+
+/// Runs one operation of a cursor that is open.
+template <class Cursor, class Operation>
+auto Use(const std::unique_ptr<Cursor>& cursor, Operation&& operation) {
+    if (!cursor)
+        throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
+    return cursor->Engine().Guard([&] { return operation(*cursor); });
+}
+
+} // namespace
+
+Recordset::Recordset(std::shared_ptr<TableEngine> engine, const QString& tableName) {
+    cursor_ = engine->Guard([&] { return std::make_unique<Cursor>(engine, tableName); });
+}
+
+Recordset::~Recordset() = default;
+Recordset::Recordset(Recordset&&) noexcept = default;
+Recordset& Recordset::operator=(Recordset&&) noexcept = default;
+
+QString Recordset::Name() const {
+    return Use(cursor_, [](Cursor& cursor) { return cursor.Name(); });
+}
+
+bool Recordset::Eof() const {
+    return Use(cursor_, [](Cursor& cursor) { return cursor.Eof(); });
+}
+
+bool Recordset::Bof() const {
+    return Use(cursor_, [](Cursor& cursor) { return cursor.Bof(); });
+}
+
+int Recordset::RecordCount() const {
+    return Use(cursor_, [](Cursor& cursor) { return cursor.Count(); });
+}
+
+void Recordset::MoveFirst() {
+    Use(cursor_, [](Cursor& cursor) { cursor.MoveFirst(); });
+}
+
+void Recordset::MoveNext() {
+    Use(cursor_, [](Cursor& cursor) { cursor.MoveNext(); });
+}
+
+int Recordset::FieldCount() const {
+    return Use(cursor_, [](Cursor& cursor) { return cursor.FieldCount(); });
+}
+
+QVariant Recordset::Value(int position) const {
+    return Use(cursor_, [&](Cursor& cursor) { return cursor.Value(position); });
+}
+
+QVariant Recordset::Value(const QString& field) const {
+    return Use(cursor_, [&](Cursor& cursor) { return cursor.Value(cursor.PositionOf(field)); });
+}
+
+void Recordset::SetValue(int position, const QVariant& value) {
+    Use(cursor_, [&](Cursor& cursor) { cursor.SetValue(position, value); });
+}
+
+void Recordset::SetValue(const QString& field, const QVariant& value) {
+    Use(cursor_, [&](Cursor& cursor) { cursor.SetValue(cursor.PositionOf(field), value); });
+}
+
+void Recordset::AddNew() {
+    Use(cursor_, [](Cursor& cursor) { cursor.AddNew(); });
+}
+
+void Recordset::Edit() {
+    Use(cursor_, [](Cursor& cursor) { cursor.Edit(); });
+}
+
+void Recordset::Update() {
+    Use(cursor_, [](Cursor& cursor) { cursor.Update(); });
+}
+
+void Recordset::Delete() {
+    Use(cursor_, [](Cursor& cursor) { cursor.Delete(); });
+}
+
+qint64 Recordset::FieldSize(const QString& field) const {
+    return Use(cursor_, [&](Cursor& cursor) { return cursor.FieldSize(field); });
+}
+
+QByteArray Recordset::GetChunk(const QString& field, qint64 offset, qint64 size) const {
+    return Use(cursor_, [&](Cursor& cursor) { return cursor.GetChunk(field, offset, size); });
+}
+
+void Recordset::AppendChunk(const QString& field, const QByteArray& bytes) {
+    Use(cursor_, [&](Cursor& cursor) { cursor.AppendChunk(field, bytes); });
+}
+
+void Recordset::Close() {
+    if (!cursor_)
+        throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
+    cursor_.reset();
+}

@@ -1,0 +1,375 @@
+#include "platform/tables/TableEngine.h"
+
+#include <QFileInfo>
+#include <algorithm>
+#include <array>
+#include <sqlite3.h>
+
+namespace {
+
+constexpr int FormatVersion = 1;
+constexpr int BusyTimeoutMs = 5000;
+constexpr std::size_t KeptStatements = 16;
+
+/// The engine's own table, which the catalogue leaves out.
+const QString LocaleTable = QStringLiteral("MSysLocale");
+
+[[noreturn]] void RefuseForeign() {
+    throw RuntimeError(ErrorNumber::EngineFault,
+                       QStringLiteral("This file is a database of another program. Sparkit "
+                                      "Dutygrid cannot use it and has left it as it is."));
+}
+
+[[noreturn]] void RefuseNewer() {
+    throw RuntimeError(ErrorNumber::EngineFault,
+                       QStringLiteral("This database was made by a newer version of Sparkit "
+                                      "Dutygrid. Please install the newer version to open it."));
+}
+
+std::string Declaration(const QString& name, const QList<FieldDefinition>& fields) {
+    std::string sql = "CREATE TABLE " + Quoted(name) + " (";
+    for (qsizetype i = 0; i < fields.size(); ++i)
+        sql += (i ? ", " : "") + Quoted(fields[i].Name) + ' ' + DeclaredType(fields[i]);
+    return sql + ')';
+}
+
+} // namespace
+
+RuntimeError NoSuchTable(const QString& name) {
+    return {ErrorNumber::NoSuchTable,
+            QStringLiteral("The database cannot find the table '%1'.").arg(name)};
+}
+
+std::string Quoted(const QString& name) {
+    if (name.contains(QChar(0)))
+        throw RuntimeError(ErrorNumber::EngineFault,
+                           QStringLiteral("A name cannot hold the character with the number 0."));
+    QString quoted = name;
+    quoted.replace(QLatin1Char('"'), QLatin1String("\"\""));
+    return '"' + quoted.toStdString() + '"';
+}
+
+Query::~Query() {
+    statement_->tryReset();
+    // Cells bound without a copy do not outlive the use.
+    statement_->clearBindings();
+}
+
+void Query::Bind(int parameter, const FieldDefinition& field, const Cell& cell) {
+    if (const std::string* bytes = std::get_if<std::string>(&cell)) {
+        if (field.Type == FieldType::LongBinary)
+            statement_->bindNoCopy(parameter, bytes->data(), static_cast<int>(bytes->size()));
+        else
+            statement_->bindNoCopy(parameter, *bytes);
+    } else if (const qint64* number = std::get_if<qint64>(&cell)) {
+        Bind(parameter, *number);
+    } else {
+        statement_->bind(parameter);
+    }
+}
+
+Cell Query::Read(int column) const {
+    const SQLite::Column value = statement_->getColumn(column);
+    if (value.isInteger())
+        return qint64{value.getInt64()};
+    if (value.isNull())
+        return {};
+    if (value.isFloat())
+        return value.getDouble();
+    return value.getString();
+}
+
+TableEngine::TableEngine(const QString& path, int flags) {
+    // Absolute, for the engine reads a meaning into names that begin with "file:" or ":".
+    const QByteArray file = QFileInfo(path).absoluteFilePath().toUtf8();
+    try {
+        database_ = std::make_unique<SQLite::Database>(file.constData(), flags, BusyTimeoutMs);
+    } catch (const SQLite::Exception& fault) {
+        throw RuntimeError(ErrorNumber::EngineFault, QString::fromUtf8(fault.what()));
+    }
+}
+
+std::shared_ptr<TableEngine> TableEngine::Open(const QString& path) {
+    std::shared_ptr<TableEngine> engine(new TableEngine(path, SQLite::OPEN_READWRITE));
+    engine->Guard([&] {
+        engine->RefuseByHeader();
+        engine->Configure();
+        engine->RefuseByContent();
+    });
+    return engine;
+}
+
+std::shared_ptr<TableEngine> TableEngine::Make(const QString& path, const QString& locale) {
+    if (QFileInfo::exists(path))
+        throw RuntimeError(ErrorNumber::EngineFault,
+                           QStringLiteral("There is a file '%1' already.").arg(path));
+    std::shared_ptr<TableEngine> engine(
+        new TableEngine(path, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE));
+    engine->Guard([&] {
+        engine->Configure();
+        engine->BeginWrite();
+        const FieldDefinition field{QStringLiteral("Locale"), FieldType::Memo};
+        engine->Execute(Declaration(LocaleTable, {field}));
+        const Cell cell = CellFor(field, locale);
+        {
+            Query insert(*engine, "INSERT INTO " + Quoted(LocaleTable) + " VALUES(?)");
+            insert.Bind(1, field, cell);
+            insert.Run();
+        }
+        engine->Commit();
+    });
+    return engine;
+}
+
+void TableEngine::Configure() {
+    sqlite3* handle = database_->getHandle();
+    // What a file brings along (triggers, views, functions in its schema) is never run.
+    for (const auto& [option, value] : {std::pair{SQLITE_DBCONFIG_DQS_DML, 0},
+                                        {SQLITE_DBCONFIG_DQS_DDL, 0},
+                                        {SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},
+                                        {SQLITE_DBCONFIG_ENABLE_TRIGGER, 0},
+                                        {SQLITE_DBCONFIG_ENABLE_VIEW, 0},
+                                        {SQLITE_DBCONFIG_DEFENSIVE, 1}})
+        sqlite3_db_config(handle, option, value, nullptr);
+    Execute("PRAGMA cell_size_check=ON");
+    // A commit survives a power cut: the journal's folder is synchronised as well.
+    Execute("PRAGMA synchronous=EXTRA");
+}
+
+void TableEngine::RefuseByHeader() const {
+    // Reading a database in write-ahead mode writes to it, so that such a one is told by its
+    // header. The bytes are read through the engine's own file: closing another descriptor of
+    // the file would let go of the locks that this process holds on it.
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(database_->getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    std::array<unsigned char, 100> header{};
+    if (!file || !file->pMethods ||
+        file->pMethods->xRead(file, header.data(), static_cast<int>(header.size()), 0) !=
+            SQLITE_OK ||
+        !std::equal(header.begin(), header.begin() + 16, "SQLite format 3"))
+        return;
+    const int version = header[60] << 24 | header[61] << 16 | header[62] << 8 | header[63];
+    if (version > FormatVersion)
+        RefuseNewer();
+    const bool isWriteAhead = header[18] > 1 || header[19] > 1;
+    if (isWriteAhead && version != FormatVersion)
+        RefuseForeign();
+}
+
+void TableEngine::RefuseByContent() {
+    const int version = Pragma("user_version");
+    if (version > FormatVersion)
+        RefuseNewer();
+    formatIsMarked_ = version == FormatVersion;
+    if (!formatIsMarked_ && (version != 0 || Pragma("schema_version") != 0))
+        RefuseForeign();
+    NoticeOthers();
+}
+
+void TableEngine::Close() {
+    statements_.clear();
+    tables_.clear();
+    tablesByName_.clear();
+    // The engine rolls back by itself what is under way.
+    database_.reset();
+}
+
+std::shared_ptr<SQLite::Statement> TableEngine::Prepared(const std::string& sql) {
+    const auto kept =
+        std::find_if(statements_.begin(), statements_.end(), [&](const auto& statement) {
+            return statement->getQuery() == sql && statement.use_count() == 1;
+        });
+    if (kept != statements_.end()) {
+        statements_.splice(statements_.begin(), statements_, kept);
+        return statements_.front();
+    }
+    statements_.push_front(std::make_shared<SQLite::Statement>(*database_, sql));
+    if (statements_.size() > KeptStatements)
+        statements_.pop_back();
+    return statements_.front();
+}
+
+int TableEngine::Pragma(const std::string& name) {
+    Query query(*this, "PRAGMA " + name);
+    return query.Step() ? static_cast<int>(query.Number(0)) : 0;
+}
+
+void TableEngine::NoticeOthers() {
+    const int version = Pragma("data_version");
+    if (version == dataVersion_ && catalogueIsRead_)
+        return;
+    ++epoch_;
+    if (!catalogueIsRead_ || Pragma("schema_version") != schemaVersion_)
+        ReadCatalogue();
+    dataVersion_ = version;
+}
+
+void TableEngine::ReadCatalogue() {
+    std::vector<std::shared_ptr<Table>> tables;
+    QHash<QString, std::shared_ptr<Table>> tablesByName;
+    {
+        Query query(*this, "SELECT name, sql FROM sqlite_master WHERE type = 'table' "
+                           "AND lower(substr(name, 1, 7)) <> 'sqlite_' ORDER BY rowid");
+        while (query.Step()) {
+            const QString name = query.Text(0);
+            if (name == LocaleTable)
+                continue;
+            const std::string sql = query.Bytes(1);
+            std::shared_ptr<Table> table = Known(name);
+            if (!table || table->Name != name || table->CreateSql != sql) {
+                table = std::make_shared<Table>();
+                table->Name = name;
+                table->CreateSql = sql;
+            }
+            tables.push_back(table);
+            tablesByName.insert(name.toCaseFolded(), table);
+        }
+    }
+    for (const std::shared_ptr<Table>& table : tables_)
+        table->Dropped = tablesByName.value(table->Name.toCaseFolded()) != table;
+    tables_ = std::move(tables);
+    tablesByName_ = std::move(tablesByName);
+    statements_.clear();
+    schemaVersion_ = Pragma("schema_version");
+    catalogueIsRead_ = true;
+}
+
+std::shared_ptr<Table> TableEngine::Known(const QString& name) const {
+    return tablesByName_.value(name.toCaseFolded());
+}
+
+std::shared_ptr<Table> TableEngine::Find(const QString& name) {
+    NoticeOthers();
+    std::shared_ptr<Table> table = Known(name);
+    if (!table)
+        throw NoSuchTable(name);
+    if (table->SelectSql.empty())
+        ReadFields(*table);
+    return table;
+}
+
+void TableEngine::ReadFields(Table& table) {
+    const std::string source =
+        " FROM " + Quoted(table.Name) + " WHERE rowid >= ?1 ORDER BY rowid LIMIT ?2";
+    std::string sql = "SELECT rowid, *" + source;
+    const std::shared_ptr<SQLite::Statement> statement = Prepared(sql);
+    std::vector<FieldDefinition> fields;
+    std::string columns = "SELECT rowid";
+    std::string names = "(rowid";
+    std::string values =
+        "(max(?1, ifnull((SELECT max(rowid) FROM " + Quoted(table.Name) + "), 0) + 1)";
+    bool hasLongBinary = false;
+    for (int column = 1; column < statement->getColumnCount(); ++column) {
+        const QString name = QString::fromUtf8(statement->getColumnName(column));
+        const std::optional<FieldDefinition> field =
+            DeclaredField(name, QString::fromUtf8(statement->getColumnDeclaredType(column)));
+        if (!field)
+            throw RuntimeError(
+                ErrorNumber::EngineFault,
+                QStringLiteral("The field '%1' of the table '%2' is of an unknown type.")
+                    .arg(name, table.Name));
+        fields.push_back(*field);
+        const bool isLongBinary = field->Type == FieldType::LongBinary;
+        columns += isLongBinary ? ", length(" + Quoted(name) + ')' : ", " + Quoted(name);
+        hasLongBinary = hasLongBinary || isLongBinary;
+        names += ", " + Quoted(name);
+        values += ", ?" + std::to_string(column + 1);
+    }
+    if (hasLongBinary)
+        sql = columns + source;
+    table.Fields = std::move(fields);
+    table.SelectSql = std::move(sql);
+    table.InsertSql = "INSERT INTO " + Quoted(table.Name) + names + ") VALUES" + values + ')';
+}
+
+void TableEngine::Create(const QString& name, const QList<FieldDefinition>& fields) {
+    // As the engine will have it: half a surrogate pair cannot be stored.
+    const QString stored = QString::fromStdString(name.toStdString());
+    const std::string sql = Declaration(stored, fields);
+    const auto refuseDuplicate = [&] {
+        const std::shared_ptr<Table> present = Known(stored);
+        if (present || stored.toCaseFolded() == LocaleTable.toCaseFolded())
+            throw RuntimeError(ErrorNumber::EngineFault,
+                               QStringLiteral("table %1 already exists")
+                                   .arg(present ? present->Name : LocaleTable));
+    };
+    NoticeOthers();
+    refuseDuplicate();
+    // Prepared before the transaction begins: a name that the engine reserves begins none.
+    SQLite::Statement statement(*database_, sql);
+    BeginWrite();
+    refuseDuplicate();
+    statement.exec();
+    auto table = std::make_shared<Table>();
+    table->Name = stored;
+    table->CreateSql = sql;
+    table->Uncommitted = true;
+    tables_.push_back(table);
+    tablesByName_.insert(stored.toCaseFolded(), table);
+    schemaVersion_ = Pragma("schema_version");
+}
+
+void TableEngine::Drop(const QString& name) {
+    NoticeOthers();
+    if (!Known(name))
+        throw NoSuchTable(name);
+    BeginWrite();
+    const std::shared_ptr<Table> table = Known(name);
+    if (!table)
+        throw NoSuchTable(name);
+    Execute("DROP TABLE " + Quoted(table->Name));
+    table->Dropped = true;
+    tablesByName_.remove(table->Name.toCaseFolded());
+    tables_.erase(std::find(tables_.begin(), tables_.end(), table));
+    statements_.clear();
+    schemaVersion_ = Pragma("schema_version");
+}
+
+void TableEngine::BeginWrite() {
+    if (inTransaction_)
+        return;
+    Execute("BEGIN IMMEDIATE");
+    inTransaction_ = true;
+    NoticeOthers();
+    if (!formatIsMarked_)
+        Execute("PRAGMA user_version=" + std::to_string(FormatVersion));
+}
+
+void TableEngine::Commit() {
+    if (!inTransaction_)
+        return;
+    try {
+        Execute("COMMIT");
+    } catch (const SQLite::Exception&) {
+        if (!sqlite3_get_autocommit(database_->getHandle()))
+            database_->tryExec("ROLLBACK");
+        throw;
+    }
+    inTransaction_ = false;
+    formatIsMarked_ = true;
+    for (const std::shared_ptr<Table>& table : tables_)
+        table->Uncommitted = false;
+}
+
+void TableEngine::AfterFault() {
+    if (!inTransaction_ || !sqlite3_get_autocommit(database_->getHandle()))
+        return;
+    inTransaction_ = false;
+    AfterRollback();
+}
+
+void TableEngine::AfterRollback() {
+    ++epoch_;
+    catalogueIsRead_ = false;
+    for (const std::shared_ptr<Table>& table : tables_)
+        table->Dropped = table->Uncommitted;
+    std::erase_if(tables_, [](const auto& table) { return table->Dropped; });
+    tablesByName_.removeIf([](const auto& entry) { return entry.value()->Dropped; });
+    try {
+        ReadCatalogue();
+    } catch (const SQLite::Exception&) {
+        // The fault that led here is the one to report; the next look at the catalogue tries
+        // again.
+        statements_.clear();
+    }
+}
