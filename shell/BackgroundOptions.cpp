@@ -1,0 +1,57 @@
+#include "shell/BackgroundOptions.h"
+
+#include "platform/forms/Colors.h"
+#include "platform/forms/DefaultForms.h"
+#include "platform/forms/FormViewAdapters.h"
+#include "platform/forms/Handlers.h"
+#include "platform/runtime/Desktop.h"
+#include "platform/runtime/Pictures.h"
+#include "shell/MainForm.h"
+#include "shell/Settings.h"
+#include "shell/session/Session.h"
+#include "ui_BackgroundOptions.h"
+
+BackgroundOptions::BackgroundOptions()
+    : FormWidget(Place::InMainWindow), ui(std::make_unique<Ui::BackgroundOptions>()) {
+    ui->setupUi(this);
+    // With no dialog used, Ok makes the background black, and so the swatch begins.
+    PaintSwatch();
+    On(ui->BrowseButton, &QPushButton::clicked, this, [this] { BrowseButton_Click(); });
+    On(ui->SetColorbtn, &QPushButton::clicked, this, [this] { SetColorbtn_Click(); });
+    On(ui->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
+    On(ui->Cancel, &QPushButton::clicked, this, [this] { Unload(); });
+}
+
+BackgroundOptions::~BackgroundOptions() = default;
+
+void BackgroundOptions::BrowseButton_Click() {
+    if (const auto chosen = AskForFile(QString()))
+        browseFileName_ = *chosen;
+    LabelPicture(*ui->Image1).SetPicture(LoadPicture(browseFileName_));
+    ui->Picture1->hide();
+}
+
+void BackgroundOptions::SetColorbtn_Click() {
+    if (const auto chosen = AskForColor(dialogColor_))
+        dialogColor_ = *chosen;
+    PaintSwatch();
+    ui->Picture1->show();
+    ui->Picture1->raise();
+}
+
+void BackgroundOptions::PaintSwatch() {
+    // One pixel, spread over the whole swatch.
+    QPixmap color(1, 1);
+    color.fill(ColorFromValue(dialogColor_));
+    ui->Picture1->setPixmap(color);
+}
+
+void BackgroundOptions::Ok_Click() {
+    auto& window = Default<MainForm>();
+    window.SetPicture(LoadPicture(browseFileName_));
+    window.SetBackColor(dialogColor_);
+    BackgroundPicture = browseFileName_;
+    BackgroundColor = browseFileName_.isEmpty() ? dialogColor_ : 0;
+    WriteSettings();
+    Unload();
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/forms/Form.h"
+
+#include <memory>
+
+namespace Ui {
+class BackgroundOptions;
+}
+
+/// Sets the main window's background colour and picture.
+class BackgroundOptions : public FormWidget {
+    Q_OBJECT
+
+public:
+    static inline const QString FormName = QStringLiteral("BackgroundOptions");
+
+    BackgroundOptions();
+    ~BackgroundOptions() override;
+
+private:
+    void BrowseButton_Click();
+    void SetColorbtn_Click();
+    void Ok_Click();
+    void PaintSwatch();
+
+    std::unique_ptr<Ui::BackgroundOptions> ui;
+    /// What the two dialogs hold; cancelling one keeps what it held.
+    QString browseFileName_;
+    qint32 dialogColor_ = 0;
+};

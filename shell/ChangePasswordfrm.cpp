@@ -1,0 +1,46 @@
+#include "shell/ChangePasswordfrm.h"
+
+#include "platform/forms/FormViewAdapters.h"
+#include "platform/forms/Handlers.h"
+#include "platform/runtime/Desktop.h"
+#include "platform/runtime/Pictures.h"
+#include "platform/runtime/ProgramFolder.h"
+#include "platform/runtime/Prompts.h"
+#include "shell/session/Session.h"
+#include "ui_ChangePasswordfrm.h"
+
+ChangePasswordfrm::ChangePasswordfrm()
+    : FormWidget(Place::TopLevel), ui(std::make_unique<Ui::ChangePasswordfrm>()) {
+    ui->setupUi(this);
+    On(ui->Command2, &QPushButton::clicked, this, [this] { BrowsePicture(); });
+    On(ui->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
+    On(ui->Command1, &QPushButton::clicked, this, [this] { Unload(); });
+}
+
+ChangePasswordfrm::~ChangePasswordfrm() = default;
+
+void ChangePasswordfrm::Activate() {
+    // The log-in form loses its selection whenever it is refreshed, so the name stands here.
+    ui->Heading->setText(AccountName);
+}
+
+void ChangePasswordfrm::BrowsePicture() {
+    if (const auto chosen = AskForFile(InProgramFolder(QStringLiteral("UsersPictures"))))
+        opFileName_ = *chosen;
+    LabelPicture(*ui->Image1).SetPicture(LoadPicture(opFileName_));
+}
+
+void ChangePasswordfrm::Ok_Click() {
+    if (Database().RetrevePassword(AccountName) == ui->OldPAss->text()) {
+        const QString newPassword = ui->NewPass->text();
+        Database().ChangePassword(AccountName, newPassword);
+        Tell(QStringLiteral("Your new password is: ") + newPassword);
+        Unload();
+    } else if (!opFileName_.isEmpty()) {
+        // A new picture takes no password.
+        Database().ChangePicture(AccountName, opFileName_);
+        Unload();
+    } else {
+        Tell(QStringLiteral("Please make a change or click on the 'Cancel' button."));
+    }
+}

@@ -1,0 +1,176 @@
+#include "shell/LogIn.h"
+
+#include "platform/forms/DefaultForms.h"
+#include "platform/forms/FormViewAdapters.h"
+#include "platform/forms/Handlers.h"
+#include "platform/runtime/Actions.h"
+#include "platform/runtime/Desktop.h"
+#include "platform/runtime/Numbers.h"
+#include "platform/runtime/ProgramFolder.h"
+#include "platform/runtime/Prompts.h"
+#include "platform/runtime/WebPage.h"
+#include "shell/ChangePasswordfrm.h"
+#include "shell/LoginWindow.h"
+#include "shell/NewUser.h"
+#include "shell/Settings.h"
+#include "shell/session/Session.h"
+#include "support/clsRegistry.h"
+#include "ui_LogIn.h"
+
+#include <QCloseEvent>
+#include <QPixmap>
+
+namespace {
+
+const QString PleaseSelect = QStringLiteral("Please select a user or create a new one.");
+
+const QString Welcome = QStringLiteral(
+    "You have to set up at least two accounts before you can begin, one for you and one for the "
+    "child.  Click on the 'New User' button and select either Parent or Teacher.  Enter a "
+    "username and password and select a picture for yourself and click the 'OK' button.  Then, "
+    "click on the 'New User' button again and select Sparkit.  You will be creating accounts for "
+    "the child or children that will be using the application.  Please be sure to create "
+    "usernames and passwords that will be easy for them to remember.  Then, login as the Parent "
+    "or Teacher and create your first Dutygrid.  Click the Help button on the login screen for "
+    "further assistance.  Thank you for trying Sparkit Dutygrid.");
+
+} // namespace
+
+LogIn::LogIn() : FormWidget(Place::TopLevel), ui(std::make_unique<Ui::LogIn>()) {
+    ui->setupUi(this);
+    ui->Logo->setPixmap(QPixmap(QStringLiteral(":/art/Logo.png")));
+    ui->TeachersList->SetHeading(ui->TeachersList->Heading());
+    ui->StudentsList->SetHeading(ui->StudentsList->Heading());
+
+    On(ui->TeachersList, &AccountList::Chosen, this, [this] { List_Click(1); });
+    On(ui->StudentsList, &AccountList::Chosen, this, [this] { List_Click(2); });
+    On(ui->TeachersList, &AccountList::Opened, this, [this] {
+        ActiveList = 1;
+        LogInbtn_Click();
+    });
+    On(ui->StudentsList, &AccountList::Opened, this, [this] {
+        ActiveList = 2;
+        LogInbtn_Click();
+    });
+    On(ui->LogInbtn, &QPushButton::clicked, this, [this] { LogInbtn_Click(); });
+    On(ui->NewUserbtn, &QPushButton::clicked, this, [] { Default<NewUser>().Show(); });
+    On(ui->ChangeP, &QPushButton::clicked, this, [this] { ChangeP_Click(); });
+    // Selecting an option counts as its click, by hand or by the settings read.
+    On(ui->ForSchool, &QRadioButton::toggled, this, [this](bool selected) {
+        if (selected)
+            Version_Click(true);
+    });
+    On(ui->ForHome, &QRadioButton::toggled, this, [this](bool selected) {
+        if (selected)
+            Version_Click(false);
+    });
+    On(ui->cmdHelp, &QPushButton::clicked, this, [] {
+        CurrentDesktop().ShowHelp(InProgramFolder(QStringLiteral("HelpFile/DutygridHlp.hlp")), 9);
+    });
+    On(ui->cmdWebSite, &QPushButton::clicked, this,
+       [] { CurrentDesktop().ShellExecute(QStringLiteral("open"), ProductWebPage, 3); });
+    On(ui->Exitbtn, &QPushButton::clicked, this, [this] {
+        Unload();
+        EndProcess();
+    });
+}
+
+LogIn::~LogIn() = default;
+
+void LogIn::SelectVersion(bool school) {
+    ui->ForSchool->setChecked(school);
+    ui->ForHome->setChecked(!school);
+}
+
+void LogIn::Load() {
+    WithErrorsEndingTheRun([] { Database().InitDatabse(); });
+    ActiveList = 0;
+}
+
+void LogIn::Activate() {
+    ReadSettings();
+    ui->TeachersList->Clear();
+    ui->StudentsList->Clear();
+    Database().PopulateUserList(ui->TeachersList, *ui->StudentsList);
+    SelectVersion(SchoolMode != 0);
+    WithErrorsEndingTheRun([this] { WelcomeOnFirstRun(); });
+}
+
+void LogIn::WelcomeOnFirstRun() {
+    const QString key = QStringLiteral("Dutygrid");
+    const QString value = QStringLiteral("RunningTimes2");
+    clsRegistry registry;
+    const QVariant shown = registry.GetValue(HKEY_CURRENT_USER, key, value);
+    if (!shown.isNull() && IntegerOf(shown) != 0)
+        return;
+    Tell(Welcome);
+    registry.CreateKey(HKEY_CURRENT_USER, key);
+    registry.SetValue(HKEY_CURRENT_USER, key, value, QVariant::fromValue(qint16{0}));
+    registry.SetValue(HKEY_CURRENT_USER, key, value, QVariant::fromValue(qint16{1}));
+}
+
+void LogIn::SetListHeaders() {
+    ui->TeachersList->SetHeading(ui->ForSchool->isChecked() ? QStringLiteral("Teachers")
+                                                            : QStringLiteral("Parents"));
+    ui->StudentsList->SetHeading(QStringLiteral("Sparkits"));
+    ui->TeachersList->viewport()->update();
+    ui->StudentsList->viewport()->update();
+}
+
+LogIn::SelectedUser LogIn::ReturnSelectedUser() const {
+    SelectedUser user;
+    // The list decides the kind, not what is stored with the account.
+    if (ActiveList == 1)
+        user = {ui->TeachersList->SelectedName(), QStringLiteral("Teacher")};
+    else if (ActiveList == 2)
+        user = {ui->StudentsList->SelectedName(), QStringLiteral("Student")};
+    return user.Name.isEmpty() ? SelectedUser() : user;
+}
+
+void LogIn::List_Click(qint16 list) {
+    ActiveList = list;
+    const SelectedUser user = ReturnSelectedUser();
+    if (user.Name.isEmpty()) {
+        Tell(PleaseSelect);
+        return;
+    }
+    LabelPicture picture(*ui->Image1);
+    Database().RetrevePicture(user.Name, picture);
+}
+
+void LogIn::LogInbtn_Click() {
+    const SelectedUser user = ReturnSelectedUser();
+    if (user.Name.isEmpty()) {
+        Tell(PleaseSelect);
+        return;
+    }
+    auto& window = Default<LoginWindow>();
+    window.LoginName = user.Name;
+    window.LoginState = user.State;
+    window.Show();
+    Unload();
+}
+
+void LogIn::ChangeP_Click() {
+    const SelectedUser user = ReturnSelectedUser();
+    if (user.Name.isEmpty())
+        return;
+    auto& form = Default<ChangePasswordfrm>();
+    form.AccountName = user.Name;
+    form.Show();
+}
+
+void LogIn::Version_Click(bool school) {
+    SetListHeaders();
+    SchoolMode = school ? -1 : 0;
+    SchoolFlag = school ? 1 : 0;
+    WriteSettings();
+}
+
+void LogIn::closeEvent(QCloseEvent* event) {
+    FormWidget::closeEvent(event);
+    // The window's own close button leaves the program as the Exit button does; otherwise the
+    // process would go on with no window at all.
+    if (IsUnloaded())
+        EndProcess();
+}

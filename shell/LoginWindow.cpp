@@ -1,0 +1,63 @@
+#include "shell/LoginWindow.h"
+
+#include "platform/forms/DefaultForms.h"
+#include "platform/forms/Handlers.h"
+#include "platform/runtime/Prompts.h"
+#include "shell/LogIn.h"
+#include "shell/MainForm.h"
+#include "shell/Settings.h"
+#include "shell/session/Session.h"
+#include "ui_LoginWindow.h"
+
+#include <QCloseEvent>
+
+LoginWindow::LoginWindow() : FormWidget(Place::TopLevel), ui(std::make_unique<Ui::LoginWindow>()) {
+    ui->setupUi(this);
+    // The name is filled in; what is left to type is the password.
+    ui->Password->setFocus();
+
+    On(ui->UserName, &QLineEdit::returnPressed, this, [this] { Ok_Click(); });
+    On(ui->Password, &QLineEdit::returnPressed, this, [this] { Ok_Click(); });
+    On(ui->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
+    On(ui->Cancel, &QPushButton::clicked, this, [this] {
+        Default<LogIn>().Show();
+        Unload();
+    });
+}
+
+LoginWindow::~LoginWindow() = default;
+
+void LoginWindow::Activate() {
+    ui->UserName->setText(LoginName);
+}
+
+void LoginWindow::Ok_Click() {
+    const QString name = ui->UserName->text();
+    if (Database().RetrevePassword(name) != ui->Password->text()) {
+        Tell(QStringLiteral("Sorry, incorect password, please try again"));
+        ui->Password->clear();
+        return;
+    }
+    if (Database().RetrevePassword(name) == ui->Password->text() && !name.isEmpty())
+        OpenSession(name);
+    else if (name.isEmpty())
+        Tell(QStringLiteral("Please choose a username from the list, or create a new one"));
+}
+
+void LoginWindow::OpenSession(const QString& user) {
+    // The kind comes from the list that was clicked, whatever name has been typed since.
+    CurrentState = LoginState;
+    CurrentUser = user;
+    auto& window = Default<MainForm>();
+    window.SetCaption(QStringLiteral("Sparkit Dutygrid - Hi ") + CurrentUser);
+    ReadSettings();
+    window.Show();
+    Unload();
+}
+
+void LoginWindow::closeEvent(QCloseEvent* event) {
+    FormWidget::closeEvent(event);
+    // The window's own close button goes back as Cancel does; otherwise no window would be left.
+    if (IsUnloaded())
+        RunAction([] { Default<LogIn>().Show(); });
+}

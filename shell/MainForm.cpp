@@ -1,0 +1,214 @@
+#include "shell/MainForm.h"
+
+#include "platform/forms/DefaultForms.h"
+#include "platform/forms/Handlers.h"
+#include "platform/forms/MainWindowArea.h"
+#include "platform/runtime/Actions.h"
+#include "platform/runtime/Desktop.h"
+#include "platform/runtime/ProgramFolder.h"
+#include "platform/runtime/WebPage.h"
+#include "shell/InitValues.h"
+#include "shell/LogIn.h"
+#include "shell/Settings.h"
+#include "shell/session/Session.h"
+#include "ui_MainForm.h"
+
+#include <QGuiApplication>
+#include <QMdiSubWindow>
+#include <QScreen>
+#include <QToolBar>
+#include <algorithm>
+#include <array>
+
+namespace {
+
+struct ToolbarEntry {
+    QLatin1String key;
+    QLatin1String caption;
+    QLatin1String tip;
+    /// The form that the button opens; empty for the buttons that do something else.
+    QLatin1String form;
+};
+
+constexpr std::array ToolbarEntries = {
+    ToolbarEntry{QLatin1String("New"), QLatin1String("New"), QLatin1String("New Dutygrid"),
+                 QLatin1String("Newfrm")},
+    ToolbarEntry{QLatin1String("Open"), QLatin1String("Open"), QLatin1String("Open Dutygrid"),
+                 QLatin1String("Openfrm")},
+    ToolbarEntry{QLatin1String("OpenKid"), QLatin1String("Open"), QLatin1String("Open Dutygrid"),
+                 QLatin1String("OpenFillfrm")},
+    ToolbarEntry{QLatin1String("Review"), QLatin1String("Review"), QLatin1String("Review Dutygrid"),
+                 QLatin1String("WeekChartRepresentation")},
+    ToolbarEntry{QLatin1String("Print"), QLatin1String("Print"), QLatin1String("Print Reports"),
+                 QLatin1String("Reportfrm")},
+    ToolbarEntry{QLatin1String("View"), QLatin1String("Accounts"), QLatin1String("View Accounts"),
+                 QLatin1String("DisplayAccount")},
+    ToolbarEntry{QLatin1String("Options"), QLatin1String("Options"),
+                 QLatin1String("Background Options"), QLatin1String("BackgroundOptions")},
+    ToolbarEntry{QLatin1String("Website"), QLatin1String("Website"),
+                 QLatin1String("Sparkit Dutygrid Website"), QLatin1String("")},
+    ToolbarEntry{QLatin1String("About"), QLatin1String("About"),
+                 QLatin1String("About Larkfen Press"), QLatin1String("frmAboutDutygrid")},
+    ToolbarEntry{QLatin1String("Help"), QLatin1String("Help"), QLatin1String("Help"),
+                 QLatin1String("")},
+    ToolbarEntry{QLatin1String("LogOff"), QLatin1String("Log Off"), QLatin1String("Log Off"),
+                 QLatin1String("")},
+    ToolbarEntry{QLatin1String("Exit"), QLatin1String("Exit"), QLatin1String("Exit"),
+                 QLatin1String("")}};
+
+QString ButtonName(QLatin1String key) {
+    return QLatin1String("KidToolbar.") + key;
+}
+
+} // namespace
+
+MainForm::MainForm() : Form(*this, Place::TopLevel), ui(std::make_unique<Ui::MainForm>()) {
+    ui->setupUi(this);
+    BuildToolbar();
+    ConnectMenus();
+    SetMainWindowArea(ui->Area);
+
+    const QSize room = QGuiApplication::primaryScreen()->availableSize();
+    resize(QSize(1180, 760).boundedTo(room - QSize(40, 60)));
+}
+
+MainForm::~MainForm() {
+    if (MainWindowArea() == ui->Area)
+        SetMainWindowArea(nullptr);
+}
+
+void MainForm::BuildToolbar() {
+    for (const ToolbarEntry& entry : ToolbarEntries) {
+        const QString picture = QStringLiteral(":/art/toolbar/%1.png").arg(entry.key);
+        QAction* button = ui->KidToolbar->addAction(QIcon(picture), entry.caption);
+        button->setObjectName(ButtonName(entry.key));
+        button->setToolTip(entry.tip);
+        button->setData(QString(entry.key));
+        button->setEnabled(entry.form.isEmpty() || IsFormRegistered(entry.form));
+    }
+    On(ui->KidToolbar, &QToolBar::actionTriggered, this,
+       [this](const QAction* button) { KidToolbar_ButtonClick(button->data().toString()); });
+}
+
+void MainForm::ConnectMenus() {
+    OpenWith(ui->NewChart, QStringLiteral("Newfrm"));
+    OpenWith(ui->OpenChart, QStringLiteral("Openfrm"));
+    OpenWith(ui->FillChart, QStringLiteral("OpenFillfrm"));
+    OpenWith(ui->mnuReviewDutygrid, QStringLiteral("WeekChartRepresentation"));
+    OpenWith(ui->JobReport, QStringLiteral("Reportfrm"));
+    OpenWith(ui->VicewAccount, QStringLiteral("DisplayAccount"));
+    OpenWith(ui->BackOptions, QStringLiteral("BackgroundOptions"));
+    OpenWith(ui->OtherOp, QStringLiteral("OtherOptions"));
+    OpenWith(ui->About, QStringLiteral("frmAboutDutygrid"));
+    On(ui->LogOff, &QAction::triggered, this, [this] { LogOffNow(); });
+    On(ui->Exit, &QAction::triggered, this, [this] {
+        Unload();
+        // Also if a form within refused: this way out ends the process whatever the answer.
+        EndProcess();
+    });
+    On(ui->SoundOnOff, &QAction::triggered, this,
+       [this](bool nowChecked) { SoundOnOff_Click(nowChecked); });
+    On(ui->Contents, &QAction::triggered, this, [this] { ShowHelpFile(); });
+    On(ui->WebSite, &QAction::triggered, this, [this] { OpenWebPage(); });
+}
+
+void MainForm::OpenWith(QAction* entry, const QString& form) {
+    entry->setEnabled(IsFormRegistered(form));
+    On(entry, &QAction::triggered, this, [form] { DefaultForm(form).Show(); });
+}
+
+void MainForm::KidToolbar_ButtonClick(const QString& Key) {
+    for (const ToolbarEntry& entry : ToolbarEntries) {
+        if (Key != entry.key)
+            continue;
+        if (!entry.form.isEmpty())
+            DefaultForm(entry.form).Show();
+        else if (Key == QLatin1String("Website"))
+            OpenWebPage();
+        else if (Key == QLatin1String("Help"))
+            ShowHelpFile();
+        else if (Key == QLatin1String("LogOff"))
+            LogOffNow();
+        else
+            Unload();
+        return;
+    }
+}
+
+void MainForm::SoundOnOff_Click(bool nowChecked) {
+    SoundOn = nowChecked ? 1 : 0;
+    WriteSettings();
+}
+
+void MainForm::ShowHelpFile() {
+    CurrentDesktop().ShowHelp(InProgramFolder(QStringLiteral("HelpFile/DutygridHlp.hlp")), 9);
+}
+
+void MainForm::OpenWebPage() {
+    CurrentDesktop().ShellExecute(QStringLiteral("open"), ProductWebPage, 0);
+}
+
+void MainForm::LogOffNow() {
+    Hide();
+    Default<LogIn>().Show();
+}
+
+void MainForm::Activate() {
+    SetAccountRights();
+}
+
+bool MainForm::QueryUnload() {
+    RemoveDeleteMe();
+    // Nothing is refused here; a form within may refuse to go, and then the window stays.
+    const QList<QMdiSubWindow*> frames = ui->Area->subWindowList();
+    return std::all_of(frames.begin(), frames.end(), [](const QMdiSubWindow* frame) {
+        auto* form = dynamic_cast<Form*>(frame->widget());
+        return form == nullptr || frame->isHidden() || form->Unload();
+    });
+}
+
+void MainForm::Unloaded() {
+    EndProcess();
+}
+
+void MainForm::closeEvent(QCloseEvent* event) {
+    HandleClose(*event);
+}
+
+qint32 MainForm::BackColor() const {
+    return ui->Area->BackColor();
+}
+
+void MainForm::SetBackColor(qint32 color) {
+    ui->Area->SetBackColor(color);
+}
+
+QImage MainForm::Picture() const {
+    return ui->Area->Picture();
+}
+
+void MainForm::SetPicture(const QImage& picture) {
+    ui->Area->SetPicture(picture);
+}
+
+bool MainForm::SoundMark() const {
+    return ui->SoundOnOff->isChecked();
+}
+
+void MainForm::SetSoundMark(bool on) {
+    ui->SoundOnOff->setChecked(on);
+}
+
+QAction& MainForm::MenuEntry(QLatin1String name) const {
+    auto* entry = findChild<QAction*>(name);
+    if (entry == nullptr)
+        throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
+    return *entry;
+}
+
+QAction& MainForm::ToolbarButton(QLatin1String key) const {
+    auto* button = ui->KidToolbar->findChild<QAction*>(ButtonName(key));
+    if (button == nullptr)
+        throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
+    return *button;
+}

@@ -1,0 +1,61 @@
+#include "shell/NewUser.h"
+
+#include "platform/forms/FormViewAdapters.h"
+#include "platform/forms/Handlers.h"
+#include "platform/runtime/Desktop.h"
+#include "platform/runtime/Pictures.h"
+#include "platform/runtime/ProgramFolder.h"
+#include "platform/runtime/Prompts.h"
+#include "shell/session/Session.h"
+#include "ui_NewUser.h"
+
+NewUser::NewUser() : FormWidget(Place::TopLevel), ui(std::make_unique<Ui::NewUser>()) {
+    ui->setupUi(this);
+    On(ui->Command1, &QPushButton::clicked, this, [this] { BrowsePicture(); });
+    On(ui->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
+    On(ui->Cancel, &QPushButton::clicked, this, [this] { Unload(); });
+}
+
+NewUser::~NewUser() = default;
+
+void NewUser::Activate() {
+    PictureFile.clear();
+    ui->StudentOp->setText(QStringLiteral("Sparkit"));
+    ui->TeacherOp->setText(SchoolMode != 0 ? QStringLiteral("Teacher") : QStringLiteral("Parent"));
+}
+
+void NewUser::BrowsePicture() {
+    if (const auto chosen = AskForFile(InProgramFolder(QStringLiteral("UsersPictures"))))
+        browseFileName_ = *chosen;
+    PictureFile = browseFileName_;
+    LabelPicture(*ui->Image1).SetPicture(LoadPicture(PictureFile));
+}
+
+void NewUser::Ok_Click() {
+    const QString name = ui->UserName->text();
+    const QString password = ui->Password->text();
+    const bool complete = !password.isEmpty() && !name.isEmpty() && !PictureFile.isEmpty();
+    if (!Database().CheckForUserDuplicates(name, password) && complete) {
+        // The stored kind is the same in both versions; "Parent" is a caption only.
+        const QString state =
+            ui->TeacherOp->isChecked() ? QStringLiteral("Teacher") : QStringLiteral("Student");
+        Database().AddUser(name, password, state, PictureFile);
+        Unload();
+    } else {
+        TellWhatIsMissing(name, password);
+    }
+}
+
+void NewUser::TellWhatIsMissing(const QString& name, const QString& password) {
+    if (Database().CheckForUserDuplicates(name, password)) {
+        Tell(QStringLiteral("Please try again, this user already exist"));
+        ui->UserName->clear();
+        ui->Password->clear();
+    } else if (password.isEmpty()) {
+        Tell(QStringLiteral("Please enter your password"));
+    } else if (name.isEmpty()) {
+        Tell(QStringLiteral("Please enter your username"));
+    } else if (PictureFile.isEmpty()) {
+        Tell(QStringLiteral("You have to select a picture for your account"));
+    }
+}

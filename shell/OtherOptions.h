@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/forms/Form.h"
+
+#include <memory>
+
+namespace Ui {
+class OtherOptions;
+}
+
+/// Sets whether a child may look at the other children's accounts.
+class OtherOptions : public FormWidget {
+    Q_OBJECT
+
+public:
+    static inline const QString FormName = QStringLiteral("OtherOptions");
+
+    OtherOptions();
+    ~OtherOptions() override;
+
+protected:
+    void Activate() override;
+
+private:
+    void Ok_Click();
+
+    std::unique_ptr<Ui::OtherOptions> ui;
+};

@@ -1,0 +1,24 @@
+#include "shell/RegisterForms.h"
+
+#include "platform/forms/DefaultForms.h"
+#include "shell/BackgroundOptions.h"
+#include "shell/ChangePasswordfrm.h"
+#include "shell/LogIn.h"
+#include "shell/LoginWindow.h"
+#include "shell/MainForm.h"
+#include "shell/NewUser.h"
+#include "shell/OtherOptions.h"
+#include "shell/frmAboutDutygrid.h"
+#include "support/SoundFunctions.h"
+
+void RegisterShellForms() {
+    RegisterFormClass<LogIn>();
+    RegisterFormClass<LoginWindow>();
+    RegisterFormClass<MainForm>();
+    RegisterFormClass<NewUser>();
+    RegisterFormClass<ChangePasswordfrm>();
+    RegisterFormClass<BackgroundOptions>();
+    RegisterFormClass<OtherOptions>();
+    RegisterFormClass<frmAboutDutygrid>();
+    SetSoundSwitch([] { return Default<MainForm>().SoundMark(); });
+}

@@ -1,0 +1,4 @@
+#pragma once
+
+/// Makes the forms of this room known, and ties the sounds to the main window's switch.
+void RegisterShellForms();

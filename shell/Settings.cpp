@@ -1,0 +1,59 @@
+#include "shell/Settings.h"
+
+#include "platform/forms/DefaultForms.h"
+#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Pictures.h"
+#include "platform/runtime/ProgramFolder.h"
+#include "platform/runtime/RuntimeError.h"
+#include "platform/runtime/TextFiles.h"
+#include "shell/LogIn.h"
+#include "shell/MainForm.h"
+#include "shell/session/Session.h"
+
+namespace {
+
+QString SettingsFile() {
+    return InProgramFolder(QStringLiteral("Settings/Settings.txt"));
+}
+
+void ReadVariables() {
+    InputFile file(SettingsFile());
+    SeeOtherAccounts = ToInteger(file.InputNumber());
+    BackgroundPicture = file.InputText();
+    BackgroundColor = ToLong(file.InputNumber());
+    SchoolFlag = ToInteger(file.InputNumber());
+    SoundOn = ToInteger(file.InputNumber());
+}
+
+void ApplyVariables() {
+    // The version before the colour: the option's handler may write the file here, and it is to
+    // write the colour that the main window had until now.
+    const bool school = SchoolFlag != 0;
+    SchoolMode = school ? -1 : 0;
+    Default<LogIn>().SelectVersion(school);
+
+    auto& window = Default<MainForm>();
+    window.SetBackColor(BackgroundColor);
+    window.SetPicture(LoadPicture(BackgroundPicture));
+    window.SetSoundMark(SoundOn == 1);
+}
+
+} // namespace
+
+void ReadSettings() {
+    WithErrorsEndingTheRun([] {
+        ReadVariables();
+        ApplyVariables();
+    });
+}
+
+void WriteSettings() {
+    const qint32 color = Default<MainForm>().BackColor();
+    OutputFile file(SettingsFile());
+    file.PrintNumber(SeeOtherAccounts);
+    file.PrintText(BackgroundPicture);
+    file.PrintNumber(color);
+    file.PrintNumber(SchoolFlag);
+    file.PrintNumber(SoundOn);
+    file.Close();
+}

@@ -1,0 +1,23 @@
+#include "shell/frmAboutDutygrid.h"
+
+#include "platform/forms/Handlers.h"
+#include "platform/runtime/Desktop.h"
+#include "platform/runtime/WebPage.h"
+#include "ui_frmAboutDutygrid.h"
+
+frmAboutDutygrid::frmAboutDutygrid()
+    : FormWidget(Place::InMainWindow), ui(std::make_unique<Ui::frmAboutDutygrid>()) {
+    ui->setupUi(this);
+    ui->Picture1->setPixmap(QPixmap(QStringLiteral(":/art/Logo.png")));
+
+    const auto openWebPage = [] {
+        CurrentDesktop().ShellExecute(QStringLiteral("open"), ProductWebPage, 3);
+    };
+    On(ui->cmdContact, &QPushButton::clicked, this, openWebPage);
+    On(ui->cmdWeb, &QPushButton::clicked, this, openWebPage);
+    On(ui->Label7, &LinkLabel::Clicked, this, openWebPage);
+    On(ui->Label8, &LinkLabel::Clicked, this, openWebPage);
+    On(ui->cmdExit, &QPushButton::clicked, this, [this] { Unload(); });
+}
+
+frmAboutDutygrid::~frmAboutDutygrid() = default;

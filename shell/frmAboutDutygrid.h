@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/forms/Form.h"
+
+#include <memory>
+
+namespace Ui {
+class frmAboutDutygrid;
+}
+
+/// Tells what the program is and who makes it, and opens the product's web page.
+class frmAboutDutygrid : public FormWidget {
+    Q_OBJECT
+
+public:
+    static inline const QString FormName = QStringLiteral("frmAboutDutygrid");
+
+    frmAboutDutygrid();
+    ~frmAboutDutygrid() override;
+
+private:
+    std::unique_ptr<Ui::frmAboutDutygrid> ui;
+};
