@@ -1,0 +1,19 @@
+#include "filling/BoxOutline.h"
+
+#include <QPainter>
+
+BoxOutline::BoxOutline(QWidget* parent) : QWidget(parent) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void BoxOutline::SetBorderColor(const QColor& color) {
+    borderColor_ = color;
+    update();
+}
+
+void BoxOutline::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(borderColor_, 1));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 5, 5);
+}

@@ -1,0 +1,142 @@
+#include "filling/ChartViewer.h"
+
+#include "filling/MouseWatch.h"
+#include "filling/ViewerLayout.h"
+#include "platform/forms/FormViewAdapters.h"
+#include "platform/forms/Handlers.h"
+#include "platform/runtime/Dates.h"
+#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Prompts.h"
+#include "shell/session/Session.h"
+#include "support/SoundFunctions.h"
+#include "ui_ChartViewer.h"
+
+#include <QStyle>
+#include <QWheelEvent>
+
+ChartViewer::ChartViewer()
+    : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::ChartViewer>()) {
+    ui_->setupUi(this);
+    ui_->Shape2->setAutoFillBackground(true);
+    ui_->Shape2->setBackgroundRole(QPalette::AlternateBase);
+    ui_->DoneColumn->setPixmap(QPixmap(QStringLiteral(":/art/Tick.png")));
+    ui_->PreviousDay->setIcon(style()->standardIcon(QStyle::SP_ArrowBack));
+    ui_->NextDay->setIcon(style()->standardIcon(QStyle::SP_ArrowForward));
+    DesignRows();
+    ShowResponsible(false);
+    On(ui_->NextDay, &QPushButton::clicked, this, [this] { NextDay_Click(); });
+    On(ui_->PreviousDay, &QPushButton::clicked, this, [this] { PreviousDay_Click(); });
+    On(ui_->Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
+    On(ui_->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
+    On(ui_->VScroll, &QScrollBar::valueChanged, this, [this](int value) { ScrollTo(value); });
+    WatchMouseOn(*this);
+    WatchMouseOn(*ui_->CleanUpList);
+}
+
+ChartViewer::~ChartViewer() = default;
+
+// Each activation turns the page and arms the goal again, also on a return to the form.
+void ChartViewer::Activate() {
+    LabelPicture userPicture(*ui_->Image2);
+    LabelPicture toyPicture(*ui_->Image3);
+    LabelCaption toyName(*ui_->ToyName);
+    LabelCaption pointsLabel(*ui_->Label3);
+
+    NextDay_Click();
+    ui_->UsersName->setText(CurrentUser);
+    Database().RetrevePicture(CurrentUser, userPicture);
+    // Label3 shows the cost of the incentive for a moment, then the account's points.
+    Database().RetrieveToy(CurrentUser, toyName, toyPicture, pointsLabel);
+    ui_->ToyName->setText(ui_->ToyName->text() + QLatin1Char(' ') + ui_->Label3->text() +
+                          QStringLiteral(" Points"));
+    GoalPoints = ToInteger(Val(ui_->Label3->text()));
+    Database().RetrievePoints(CurrentUser, pointsLabel);
+    ShowPointsNeeded();
+    ui_->ChartNamelbl->setText(CurrentUser + QStringLiteral("'s ") + FirstWord(ChartName) +
+                               QStringLiteral(" Dutygrid"));
+    SetCaption(ui_->ChartNamelbl->text());
+    ui_->Label4->setText(QStringLiteral("Today is ") + WeekdayName(Today()) +
+                         QStringLiteral(" - ") + DateText(Today()));
+}
+
+void ChartViewer::Unloaded() {
+    ChartViewers.Forget(this);
+}
+
+QString ChartViewer::FirstWord(const QString& text) {
+    return text.section(QLatin1Char(' '), 0, 0);
+}
+
+void ChartViewer::StoreMarks() {
+    Database().WriteInfoToChart(ChartName, FormIndex, true, QString(), QDate(), QDate(), false);
+}
+
+void ChartViewer::NextDay_Click() {
+    TurnPage(1);
+}
+
+void ChartViewer::PreviousDay_Click() {
+    TurnPage(-1);
+}
+
+/// `step`: 1 or -1. The week is a ring.
+void ChartViewer::TurnPage(int step) {
+    AllRowsBlack();
+    SetHeight(ViewerLayout::FormHeight);
+    ShowResponsible(false);
+    StoreMarks();
+    RemoveRows();
+    QString day;
+    while (Database().PrintReturnNr_Articles(day, ChartName) == 0) {
+        DayNumber = AddIntegers(DayNumber, static_cast<qint16>(step));
+        if (DayNumber > 7)
+            DayNumber = 1;
+        else if (DayNumber < 1)
+            DayNumber = 7;
+        day = DayAbbreviation(DayNumber);
+    }
+    Database().ReadInfoFromChart(ChartName, FormIndex, true, day);
+    PlaySoundEffect(QStringLiteral("InitAnimation"));
+}
+
+void ChartViewer::Ok_Click() {
+    StoreMarks();
+    if (Database().AllChecked(ChartName))
+        PlaySoundEffect(QStringLiteral("Applause"));
+    Tag.clear();
+    Unload();
+}
+
+// What is printed is the table: marks of the day on display that were not stored yet are not on it.
+void ChartViewer::Command1_Click() {
+    if (Ask(QStringLiteral(
+            "Please click the 'Yes' button to print your Sparkit Dutygrid showing check marks for "
+            "those jobs that have been completed for the week."))) {
+        Database().PrintChart(ChartName, false, CurrentUser, QString());
+        return;
+    }
+    Tell(QStringLiteral(
+        "Please click 'Ok' to print out your Sparkit Dutygrid with checkboxes to be filled in by "
+        "you as you complete the jobs."));
+    Database().PrintChart(ChartName, false, CurrentUser, QString(QChar(25)));
+}
+
+void ChartViewer::WatchMouseOn(QWidget& widget) {
+    auto* watch = new MouseWatch(&widget);
+    On(watch, &MouseWatch::Pressed, this, [this](int x, int y) { StoreMousePlace(x, y); });
+    On(watch, &MouseWatch::Dragged, this, [this](int x, int y) { Drag(x, y); });
+}
+
+void ChartViewer::StoreMousePlace(int x, int y) {
+    MouseX = ToInteger(x);
+    MouseY = ToInteger(y);
+}
+
+void ChartViewer::Drag(int x, int y) {
+    if (MouseX != 0 && MouseY != 0)
+        Move(Left() - MouseX + x, Top() - MouseY + y);
+}
+
+void ChartViewer::wheelEvent(QWheelEvent* event) {
+    QCoreApplication::sendEvent(ui_->VScroll, event);
+}

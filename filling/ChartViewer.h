@@ -1,0 +1,106 @@
+#pragma once
+
+#include "filling/BoxOutline.h"
+#include "filling/FittingLabel.h"
+#include "filling/MarkImage.h"
+#include "platform/forms/ControlArray.h"
+#include "platform/forms/Form.h"
+#include "store/FormViews.h"
+
+#include <QColor>
+#include <QLabel>
+#include <memory>
+
+namespace Ui {
+class ChartViewer;
+}
+
+/// Where a child works through a chart: one day at a time, one row a job, with a box to tick.
+///
+/// The row controls are the data: the store fills them and reads the marks back from them. Every
+/// activation stores the marks and moves on to the next day with jobs.
+class ChartViewer : public FormWidget, public ChartViewerRows {
+    Q_OBJECT
+
+public:
+    static inline const QString FormName = QStringLiteral("ChartViewer");
+
+    ChartViewer();
+    ~ChartViewer() override;
+
+    /// The chart table shown, and this form's slot in ChartViewers.
+    QString ChartName;
+    qint16 FormIndex = 0;
+    /// The day on display, 1 Sunday to 7 Saturday; at first the day before today.
+    qint16 DayNumber = 0;
+    /// Where the mouse went down, in twips of the control under it.
+    qint16 MouseX = 0;
+    qint16 MouseY = 0;
+    /// The points that the incentive costs; 0 once the goal message has been shown.
+    qint16 GoalPoints = 0;
+
+    ControlArray<FittingLabel> Number;
+    ControlArray<FittingLabel> Instructions;
+    ControlArray<FittingLabel> Difficulty;
+    ControlArray<FittingLabel> Points;
+    /// Never shown: holds the name of the row's adult.
+    ControlArray<QLabel> AdultResponsable;
+    ControlArray<BoxOutline> RectCheck;
+    /// The two pictures of a mark; exactly one of them is visible. CheckImg's flag is the mark.
+    ControlArray<MarkImage> ClearImg;
+    ControlArray<MarkImage> CheckImg;
+
+    void SetRow(int index, const ViewerRow& row) override;
+    bool CheckVisible(int index) const override;
+    void CreateNewTask(int index) override;
+    void SetDayCaption(const QString& caption) override;
+
+    /// Puts all rows where the scroll bar says.
+    void SetTextsPosition();
+    /// Unloads all rows but row 0.
+    void RemoveRows();
+    /// Marks a row in blue and shows its adult below the list.
+    void HighlightRow(int index);
+    /// The text up to the first blank.
+    static QString FirstWord(const QString& text);
+
+    /// Store the marks and go to the next or the former day with jobs, round the week. A chart
+    /// without any day has none: the search goes on for ever.
+    void NextDay_Click();
+    void PreviousDay_Click();
+
+protected:
+    void Activate() override;
+    void Unloaded() override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    void DesignRows();
+    void WatchRow(QWidget& text, int index);
+    void WatchMouseOn(QWidget& widget);
+    void StoreMousePlace(int x, int y);
+    void Drag(int x, int y);
+    void ColourRow(int index, const QColor& color);
+    void AllRowsBlack();
+    void ShowResponsible(bool visible);
+    void BringToFront(QWidget& control);
+    void NameMarks(int index);
+    void BringRowIntoView(int index);
+    void ScrollTo(int value);
+
+    void StoreMarks();
+    void TurnPage(int step);
+
+    void ClearImg_Click(int index);
+    void CheckImg_Click(int index);
+    void Flip(ControlArray<MarkImage>& from, ControlArray<MarkImage>& to, int index);
+    qint16 PointsOf(int index) const;
+    void ShowPointsNeeded();
+    void ShowPointsAndGoal();
+
+    void Ok_Click();
+    void Command1_Click();
+
+    std::unique_ptr<Ui::ChartViewer> ui_;
+    int scrollValue_ = 0;
+};

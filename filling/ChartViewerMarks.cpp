@@ -1,0 +1,62 @@
+#include "filling/ChartViewer.h"
+
+#include "platform/forms/FormViewAdapters.h"
+#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Prompts.h"
+#include "shell/session/Session.h"
+#include "support/SoundFunctions.h"
+#include "ui_ChartViewer.h"
+
+/// A screen reader says which job a picture belongs to, and what pressing it does.
+void ChartViewer::NameMarks(int index) {
+    const QString job =
+        QStringLiteral("job %1: %2").arg(QString::number(index + 1), Instructions[index].text());
+    ClearImg[index].setAccessibleName(QStringLiteral("Tick ") + job);
+    CheckImg[index].setAccessibleName(QStringLiteral("Untick ") + job);
+}
+
+// Points move at once; the mark reaches the table at the next change of day or at Ok. The mark is
+// flipped first and stays so, also if the account's points refuse to follow.
+void ChartViewer::ClearImg_Click(int index) {
+    Flip(ClearImg, CheckImg, index);
+    Database().AddPoints(CurrentUser, PointsOf(index), false);
+    ShowPointsAndGoal();
+}
+
+void ChartViewer::CheckImg_Click(int index) {
+    Flip(CheckImg, ClearImg, index);
+    Database().AddPoints(CurrentUser, ToInteger(-PointsOf(index)), false);
+    ShowPointsAndGoal();
+}
+
+void ChartViewer::Flip(ControlArray<MarkImage>& from, ControlArray<MarkImage>& to, int index) {
+    const bool hadKeyboard = from[index].hasFocus();
+    // Hiding a control with the keyboard would hand it to the next row.
+    from[index].clearFocus();
+    from.SetVisible(index, false);
+    to.SetVisible(index, true);
+    BringToFront(to[index]);
+    if (hadKeyboard)
+        to[index].setFocus();
+}
+
+qint16 ChartViewer::PointsOf(int index) const {
+    return ToInteger(Val(Points[index].text()));
+}
+
+void ChartViewer::ShowPointsNeeded() {
+    const double needed = GoalPoints - Val(ui_->Label3->text());
+    ui_->Label5->setText(needed <= 0 ? QStringLiteral("0") : NumberText(needed));
+}
+
+void ChartViewer::ShowPointsAndGoal() {
+    LabelCaption pointsLabel(*ui_->Label3);
+    Database().RetrievePoints(CurrentUser, pointsLabel);
+    ShowPointsNeeded();
+    if (GoalPoints != 0 && Val(ui_->Label3->text()) > GoalPoints) {
+        Tell(QStringLiteral(
+            "Your goal has been reached, check with your parent to receive your reward."));
+        GoalPoints = 0;
+    }
+    PlaySoundEffect(QStringLiteral("DrawCard"));
+}

@@ -1,0 +1,236 @@
+#include "filling/ChartViewer.h"
+
+#include "filling/MouseWatch.h"
+#include "filling/ViewerLayout.h"
+#include "platform/forms/FormViewAdapters.h"
+#include "platform/forms/Handlers.h"
+#include "shell/session/Session.h"
+#include "ui_ChartViewer.h"
+
+#include <QSignalBlocker>
+
+using namespace ViewerLayout;
+
+namespace {
+
+FittingLabel* NewText(QWidget* parent, Qt::Alignment alignment = Qt::AlignLeft) {
+    auto* label = new FittingLabel(parent);
+    label->setAlignment(alignment | Qt::AlignVCenter);
+    return label;
+}
+
+template <class Control>
+void PlaceBelow(ControlArray<Control>& controls, int index) {
+    controls.SetLeft(index, controls.Left(index - 1));
+    controls.SetTop(index, controls.Top(index - 1) + controls.Height(index) + RowGap);
+}
+
+} // namespace
+
+/// Row 0, as it stands until it is first filled.
+void ChartViewer::DesignRows() {
+    QWidget* list = ui_->CleanUpList;
+    const auto design = [](auto& controls, const QString& name, int left, int width, auto make) {
+        controls.Design(name, make(), {left, FirstRowTop, width, RowHeight}, make);
+    };
+    design(Number, QStringLiteral("Number"), 120, 375,
+           [list] { return NewText(list, Qt::AlignRight); });
+    design(Instructions, QStringLiteral("Instructions"), 840, 3855, [this, list] {
+        FittingLabel* text = NewText(list);
+        WatchRow(*text, Instructions.Count());
+        return text;
+    });
+    design(Difficulty, QStringLiteral("Difficulty"), 5160, 1815, [this, list] {
+        FittingLabel* text = NewText(list);
+        WatchRow(*text, Difficulty.Count());
+        return text;
+    });
+    design(Points, QStringLiteral("Points"), 7680, 1215, [this, list] {
+        FittingLabel* text = NewText(list);
+        WatchRow(*text, Points.Count());
+        return text;
+    });
+    design(AdultResponsable, QStringLiteral("AdultResponsable"), 0, 0,
+           [list] { return new QLabel(list); });
+    design(RectCheck, QStringLiteral("RectCheck"), 9480, 375,
+           [list] { return new BoxOutline(list); });
+    const auto makeMark = [this, list](const QString& picture, int index,
+                                       void (ChartViewer::*click)(int)) {
+        auto* mark = new MarkImage(picture, PixelsOf(ListTop), list);
+        On(mark, &MarkImage::clicked, this, [this, index, click] { (this->*click)(index); });
+        On(mark, &MarkImage::ReachedByTab, this, [this, index] { BringRowIntoView(index); });
+        return mark;
+    };
+    design(ClearImg, QStringLiteral("ClearImg"), 9480, 375, [this, makeMark] {
+        return makeMark(QStringLiteral(":/art/Box.png"), ClearImg.Count(),
+                        &ChartViewer::ClearImg_Click);
+    });
+    design(CheckImg, QStringLiteral("CheckImg"), 9480, 375, [this, makeMark] {
+        return makeMark(QStringLiteral(":/art/Tick.png"), CheckImg.Count(),
+                        &ChartViewer::CheckImg_Click);
+    });
+
+    Number[0].setText(QStringLiteral("1:"));
+    Instructions[0].setText(QStringLiteral("zzz"));
+    Difficulty[0].setText(QStringLiteral("zzz"));
+    Points[0].setText(QStringLiteral("zzz"));
+    AdultResponsable[0].setText(QStringLiteral("AdultResponsable"));
+    AdultResponsable.SetVisible(0, false);
+    CheckImg.SetVisible(0, false);
+    NameMarks(0);
+    ui_->Picture1->raise();
+    setTabOrder(&CheckImg[0], &ClearImg[0]);
+    setTabOrder(&ClearImg[0], ui_->PreviousDay);
+}
+
+void ChartViewer::WatchRow(QWidget& text, int index) {
+    auto* watch = new MouseWatch(&text);
+    On(watch, &MouseWatch::Pressed, this, [this, index](int x, int y) {
+        StoreMousePlace(x, y);
+        HighlightRow(index);
+    });
+    On(watch, &MouseWatch::Dragged, this, [this](int x, int y) { Drag(x, y); });
+}
+
+void ChartViewer::SetRow(int index, const ViewerRow& row) {
+    Instructions[index].setText(row.Instructions);
+    Difficulty[index].setText(row.Difficulty);
+    Points[index].setText(row.Points);
+    AdultResponsable[index].setText(row.AdultResponsable);
+    CheckImg.SetVisible(index, row.Completed);
+    ClearImg.SetVisible(index, !row.Completed);
+    CheckImg[index].lower();
+    ClearImg[index].lower();
+    BringToFront(row.Completed ? CheckImg[index] : ClearImg[index]);
+    NameMarks(index);
+}
+
+bool ChartViewer::CheckVisible(int index) const {
+    return CheckImg.Visible(index);
+}
+
+void ChartViewer::SetDayCaption(const QString& caption) {
+    ui_->DayLbl->setText(caption);
+}
+
+void ChartViewer::CreateNewTask(int index) {
+    Instructions.LoadElement();
+    Difficulty.LoadElement();
+    Points.LoadElement();
+    AdultResponsable.LoadElement();
+    CheckImg.LoadElement();
+    ClearImg.LoadElement();
+    RectCheck.LoadElement();
+    Number.LoadElement();
+    PlaceBelow(Instructions, index);
+    PlaceBelow(Difficulty, index);
+    PlaceBelow(Points, index);
+    PlaceBelow(Number, index);
+    PlaceBelow(RectCheck, index);
+    PlaceBelow(CheckImg, index);
+    PlaceBelow(ClearImg, index);
+    Instructions.SetVisible(index, true);
+    Difficulty.SetVisible(index, true);
+    Points.SetVisible(index, true);
+    ClearImg.SetVisible(index, true);
+    RectCheck.SetVisible(index, true);
+    BringToFront(RectCheck[index]);
+    Number.SetVisible(index, true);
+    Number[index].setText(QString::number(index + 1) + QLatin1Char(':'));
+    NameMarks(index);
+    setTabOrder(&ClearImg[index - 1], &CheckImg[index]);
+    setTabOrder(&CheckImg[index], &ClearImg[index]);
+    // A change of day moves nothing by itself: the place that the user scrolled to outlasts the
+    // smaller ranges that the bar passes through while the rows are made.
+    const QSignalBlocker quiet(ui_->VScroll);
+    ui_->VScroll->setMaximum(Instructions.Count() - 1);
+    ui_->VScroll->setValue(scrollValue_);
+}
+
+void ChartViewer::RemoveRows() {
+    while (Instructions.Count() > 1) {
+        Instructions.UnloadLast();
+        Difficulty.UnloadLast();
+        Points.UnloadLast();
+        AdultResponsable.UnloadLast();
+        CheckImg.UnloadLast();
+        ClearImg.UnloadLast();
+        RectCheck.UnloadLast();
+        Number.UnloadLast();
+    }
+}
+
+void ChartViewer::ScrollTo(int value) {
+    scrollValue_ = value;
+    SetTextsPosition();
+}
+
+void ChartViewer::SetTextsPosition() {
+    const int pitch = Instructions.Height(0) + RowGap;
+    for (int row = 0; row < Instructions.Count(); ++row) {
+        const int top = pitch * row + FirstRowTop - ui_->VScroll->value() * pitch;
+        Instructions.SetTop(row, top);
+        Difficulty.SetTop(row, top);
+        Points.SetTop(row, top);
+        Number.SetTop(row, top);
+        CheckImg.SetTop(row, top);
+        ClearImg.SetTop(row, top);
+        RectCheck.SetTop(row, top);
+        // The marks are not hidden: which of the two is visible is the mark. They slide under
+        // Picture1 instead.
+        const bool shown = Instructions.Top(row) >= ListTop;
+        Instructions.SetVisible(row, shown);
+        Difficulty.SetVisible(row, shown);
+        Points.SetVisible(row, shown);
+        Number.SetVisible(row, shown);
+        RectCheck.SetVisible(row, shown);
+    }
+}
+
+/// The keyboard may reach a mark that is scrolled away.
+void ChartViewer::BringRowIntoView(int index) {
+    if (index >= CheckImg.Count())
+        return;
+    const int pitch = Instructions.Height(0) + RowGap;
+    const int rowsInView = (ListBottom - ListTop) / pitch;
+    if (CheckImg.Top(index) < ListTop)
+        ui_->VScroll->setValue(index);
+    else if (CheckImg.Top(index) + RowHeight > ListBottom)
+        ui_->VScroll->setValue(index - rowsInView + 1);
+}
+
+void ChartViewer::HighlightRow(int index) {
+    LabelPicture picture(*ui_->Image1);
+    AllRowsBlack();
+    ColourRow(index, Qt::blue);
+    ShowResponsible(true);
+    SetHeight(FormHeightWithResponsible);
+    ui_->Namelbl->setText(AdultResponsable[index].text());
+    Database().RetrevePicture(AdultResponsable[index].text(), picture);
+}
+
+void ChartViewer::ColourRow(int index, const QColor& color) {
+    Instructions[index].SetForeColor(color);
+    Difficulty[index].SetForeColor(color);
+    Points[index].SetForeColor(color);
+    Number[index].SetForeColor(color);
+    RectCheck[index].SetBorderColor(color);
+}
+
+void ChartViewer::AllRowsBlack() {
+    for (int row = 0; row < Instructions.Count(); ++row)
+        ColourRow(row, Qt::black);
+}
+
+void ChartViewer::ShowResponsible(bool visible) {
+    ui_->Label1->setVisible(visible);
+    ui_->Namelbl->setVisible(visible);
+    ui_->Image1->setVisible(visible);
+    ui_->Shape6->setVisible(visible);
+}
+
+/// In front of the other controls of the list, but behind the cover of the column of boxes.
+void ChartViewer::BringToFront(QWidget& control) {
+    control.raise();
+    ui_->Picture1->raise();
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QPixmap>
+
+/// One of the two pictures of a mark: clicked with the mouse, or with Space or Enter when it has
+/// the keyboard.
+class MarkImage : public QAbstractButton {
+    Q_OBJECT
+
+public:
+    /// `picture`: resource path. `coveredAbove`: pixels in the parent; a mark that has been
+    /// scrolled above that line is neither painted nor clicked.
+    MarkImage(const QString& picture, int coveredAbove, QWidget* parent);
+
+    QSize sizeHint() const override;
+
+signals:
+    /// The keyboard has come here by Tab.
+    void ReachedByTab();
+
+protected:
+    bool hitButton(const QPoint& place) const override;
+    void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    bool IsCovered() const { return y() < coveredAbove_; }
+
+    QPixmap picture_;
+    int coveredAbove_;
+};

@@ -1,0 +1,29 @@
+#include "filling/MouseWatch.h"
+
+#include "platform/forms/Twips.h"
+
+#include <QMouseEvent>
+
+MouseWatch::MouseWatch(QWidget* watched) : QObject(watched) {
+    watched->installEventFilter(this);
+}
+
+bool MouseWatch::eventFilter(QObject*, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick: {
+        const QPoint place = static_cast<QMouseEvent*>(event)->position().toPoint();
+        emit Pressed(TwipsOf(place.x()), TwipsOf(place.y()));
+        return true;
+    }
+    case QEvent::MouseMove: {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        const QPoint place = mouse->position().toPoint();
+        if (mouse->buttons() == Qt::LeftButton)
+            emit Dragged(TwipsOf(place.x()), TwipsOf(place.y()));
+        return true;
+    }
+    default:
+        return false;
+    }
+}

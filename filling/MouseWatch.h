@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QObject>
+#include <QWidget>
+
+/// Watches the mouse on one widget and tells where it is in twips of that widget. The events end
+/// here, so that a press is the watched widget's alone and not its parents' as well.
+class MouseWatch : public QObject {
+    Q_OBJECT
+
+public:
+    explicit MouseWatch(QWidget* watched);
+
+signals:
+    /// Any button went down.
+    void Pressed(int x, int y);
+    /// The mouse moved with the left button, and no other, held.
+    void Dragged(int x, int y);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+};

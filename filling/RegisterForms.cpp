@@ -1,0 +1,15 @@
+#include "filling/RegisterForms.h"
+
+#include "filling/ChartViewer.h"
+#include "filling/OpenFillfrm.h"
+#include "platform/forms/DefaultForms.h"
+#include "shell/session/Session.h"
+
+void RegisterFillingForms() {
+    RegisterFormClass<OpenFillfrm>();
+    RegisterFormClass<ChartViewer>();
+    ChartViewers.SetMaker([] {
+        auto* viewer = new ChartViewer;
+        return FormSlots<ChartViewerRows>::Slot{viewer, viewer};
+    });
+}

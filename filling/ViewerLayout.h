@@ -1,0 +1,16 @@
+#pragma once
+
+/// The chart viewer's measures, in twips.
+namespace ViewerLayout {
+
+inline constexpr int RowHeight = 375;
+inline constexpr int RowGap = 50;
+/// The line above which a row is hidden, and the first row's place when nothing is scrolled.
+inline constexpr int ListTop = 1200;
+inline constexpr int FirstRowTop = ListTop + RowGap;
+inline constexpr int ListBottom = 4200;
+
+inline constexpr int FormHeight = 8700;
+inline constexpr int FormHeightWithResponsible = 9800;
+
+} // namespace ViewerLayout
