@@ -1,0 +1,303 @@
+#include "authoring/ChartEditor.h"
+
+#include "authoring/ComboLists.h"
+#include "authoring/EnterKey.h"
+#include "platform/forms/Handlers.h"
+#include "platform/runtime/Dates.h"
+#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Prompts.h"
+#include "shell/session/Session.h"
+#include "support/DateCls.h"
+#include "ui_ChartEditor.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QStringList>
+#include <array>
+
+namespace {
+
+// Geometry of the rows within the frame, in twips.
+constexpr int RowHeight = 330;
+constexpr int RowGap = 50;
+constexpr int ListTop = 600;
+
+constexpr int TextFieldLength = 255;
+constexpr int DaysInWeek = 7;
+
+TwipRect Column(int left, int width) {
+    return {left, ListTop + RowGap, width, RowHeight};
+}
+
+QString ModeName() {
+    if (SchoolMode == -1)
+        return QStringLiteral("School");
+    return SchoolMode == 0 ? QStringLiteral("Home") : QString();
+}
+
+QStringList DaysOf(const QString& mode) {
+    const QStringList weekdays = {QStringLiteral("Mon"), QStringLiteral("Tue"),
+                                  QStringLiteral("Wed"), QStringLiteral("Thu"),
+                                  QStringLiteral("Fri")};
+    if (mode == QLatin1String("School"))
+        return weekdays + QStringList{QStringLiteral("Mon-Fri")};
+    if (mode == QLatin1String("Home"))
+        return QStringList{QStringLiteral("Sun")} + weekdays +
+               QStringList{QStringLiteral("Sat"), QStringLiteral("Mon-Fri"),
+                           QStringLiteral("Sun-Sat")};
+    return {};
+}
+
+} // namespace
+
+ChartEditor::ChartEditor()
+    : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::ChartEditor>()) {
+    ui_->setupUi(this);
+    DesignRows();
+    ui_->EditChartFrame->installEventFilter(this);
+
+    On(ui_->VScroll, &QScrollBar::valueChanged, this, [this] { SetTextsPosition(); });
+    On(ui_->NewTask, &QPushButton::clicked, this, [this] { NewTask_Click(); });
+    On(ui_->CreateChart, &QPushButton::clicked, this, [this] { CreateChart_Click(); });
+    On(ui_->Print, &QPushButton::clicked, this, [this] { Print_Click(); });
+    On(ui_->ResetTime, &QPushButton::clicked, this, [this] { ResetTime_Click(); });
+    On(ui_->DeleteChart, &QPushButton::clicked, this, [this] { DeleteChart_Click(); });
+    On(ui_->Close, &QPushButton::clicked, this, [this] { Unload(); });
+}
+
+ChartEditor::~ChartEditor() = default;
+
+void ChartEditor::DesignRows() {
+    Instructions.Design(QStringLiteral("Instructions"), MakeInstructions(0), Column(600, 2655),
+                        [this] { return MakeInstructions(Instructions.Count()); });
+    const QString day = QStringLiteral("DayOfWeek");
+    const QString dayName = ui_->DayOfWeeklbl->text();
+    DayOfWeek.Design(day, MakeCombo(dayName, 0), Column(3360, 1695),
+                     [this, dayName] { return MakeCombo(dayName, DayOfWeek.Count()); });
+    const QString adult = QStringLiteral("AdultResponsable");
+    const QString adultName = ui_->AdultResponsablelbl->text();
+    AdultResponsable.Design(
+        adult, MakeBox(adultName, 0), Column(5160, 2535),
+        [this, adultName] { return MakeBox(adultName, AdultResponsable.Count()); });
+    const QString difficultyName = ui_->difficultylbl->text();
+    Difficulty.Design(
+        QStringLiteral("Difficulty"), MakeCombo(difficultyName, 0), Column(7800, 1575),
+        [this, difficultyName] { return MakeCombo(difficultyName, Difficulty.Count()); });
+    Points.Design(QStringLiteral("Points"), MakePoints(0), Column(9480, 1335),
+                  [this] { return MakePoints(Points.Count()); });
+    JobDelete.Design(QStringLiteral("JobDelete"), MakeDelete(0), Column(10920, 975),
+                     [this] { return MakeDelete(JobDelete.Count()); });
+    const auto makeNumber = [this] {
+        auto* label = new QLabel(ui_->Rows);
+        label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        return label;
+    };
+    Number.Design(QStringLiteral("Number"), makeNumber(), Column(120, 375), makeNumber);
+    Number[0].setText(QStringLiteral("1:"));
+
+    QWidget::setTabOrder(&Instructions[0], &DayOfWeek[0]);
+    PutRowInTabOrder(0);
+    QWidget::setTabOrder(&JobDelete[0], ui_->VScroll);
+}
+
+void ChartEditor::PutRowInTabOrder(int index) {
+    if (index > 0)
+        QWidget::setTabOrder(&JobDelete[index - 1], &Instructions[index]);
+    QWidget::setTabOrder(&Instructions[index], &DayOfWeek[index]);
+    QWidget::setTabOrder(&DayOfWeek[index], &AdultResponsable[index]);
+    QWidget::setTabOrder(&AdultResponsable[index], &Difficulty[index]);
+    QWidget::setTabOrder(&Difficulty[index], &Points[index]);
+    QWidget::setTabOrder(&Points[index], &JobDelete[index]);
+}
+
+DropDownCombo* ChartEditor::MakeCombo(const QString& column, int index) {
+    auto* combo = new DropDownCombo(ui_->Rows);
+    combo->setAccessibleName(QStringLiteral("%1, job %2").arg(column).arg(index + 1));
+    combo->lineEdit()->setMaxLength(TextFieldLength);
+    On(new EnterKey(combo), &EnterKey::Pressed, this, [this] { NewTask_Click(); });
+    return combo;
+}
+
+QLineEdit* ChartEditor::MakeBox(const QString& column, int index) {
+    auto* box = new QLineEdit(ui_->Rows);
+    box->setAccessibleName(QStringLiteral("%1, job %2").arg(column).arg(index + 1));
+    box->setMaxLength(TextFieldLength);
+    On(new EnterKey(box), &EnterKey::Pressed, this, [this] { NewTask_Click(); });
+    return box;
+}
+
+QLineEdit* ChartEditor::MakePoints(int index) {
+    QLineEdit* box = MakeBox(ui_->Pointslbl->text(), index);
+    On(box, &QLineEdit::textChanged, this, [this, index] { Points_Change(index); });
+    return box;
+}
+
+DropDownCombo* ChartEditor::MakeInstructions(int index) {
+    auto* combo = new DropDownCombo(ui_->Rows);
+    combo->setAccessibleName(
+        QStringLiteral("%1, job %2").arg(ui_->InstructionsLbl->text()).arg(index + 1));
+    On(combo, &DropDownCombo::AboutToDrop, this, [this, index] { Instructions_DropDown(index); });
+    On(combo, &QComboBox::activated, this, [this](int entry) { LastListIndex = ToInteger(entry); });
+    On(new EnterKey(combo), &EnterKey::Pressed, this, [this, index] { Instructions_Enter(index); });
+    return combo;
+}
+
+QPushButton* ChartEditor::MakeDelete(int index) {
+    auto* button = new QPushButton(QStringLiteral("Delete"), ui_->Rows);
+    button->setAccessibleName(QStringLiteral("Delete job %1").arg(index + 1));
+    button->setAutoDefault(true);
+    On(button, &QPushButton::clicked, this, [this, index] { JobDelete_Click(index); });
+    return button;
+}
+
+QLabel& ChartEditor::StartingFrom() {
+    EnsureLoaded();
+    return *ui_->StartingFrom;
+}
+
+QPushButton& ChartEditor::ResetTime() {
+    EnsureLoaded();
+    return *ui_->ResetTime;
+}
+
+QPushButton& ChartEditor::DeleteChart() {
+    EnsureLoaded();
+    return *ui_->DeleteChart;
+}
+
+void ChartEditor::Load() {
+    DayOfWeek[0].clear();
+    Difficulty[0].clear();
+    ui_->StartingFrom->setText(Title(QStringLiteral("Home")));
+    AdultResponsable[0].setText(CurrentUser);
+    FillAllDayLists();
+    FillDifficultyList(0);
+    ui_->AutoCreatechk->setChecked(IsNewChart || Database().ReturnAutoCreate(ChartName));
+}
+
+template <class Action> void ChartEditor::ForEachColumn(Action&& action) {
+    action(Instructions);
+    action(DayOfWeek);
+    action(AdultResponsable);
+    action(Difficulty);
+    action(Points);
+    action(JobDelete);
+    action(Number);
+}
+
+void ChartEditor::CreateNewTask() {
+    const qint16 index = ToInteger(Instructions.Count());
+    ForEachColumn([](auto& column) { column.LoadElement(); });
+    ForEachColumn([index](auto& column) {
+        column.SetLeft(index, column.Left(index - 1));
+        column.SetTop(index, column.Top(index - 1) + column.Height(index - 1) + RowGap);
+        column.SetVisible(index, true);
+    });
+    Instructions[index].SetText(QString());
+    DayOfWeek[index].SetText(QString());
+    AdultResponsable[index].setText(CurrentUser);
+    FillDifficultyList(index);
+    Difficulty[index].SetText(QString());
+    Points[index].setText(QString());
+    Number[index].setText(QStringLiteral("%1:").arg(index + 1));
+    ui_->VScroll->setMaximum(Instructions.Count() - 1);
+    PutRowInTabOrder(index);
+}
+
+void ChartEditor::SetTextsPosition() {
+    const int pitch = Instructions.Height(0) + RowGap;
+    for (int index = 0; index < Instructions.Count(); ++index) {
+        const int top = pitch * index + ListTop + RowGap - ui_->VScroll->value() * pitch;
+        ForEachColumn([index, top](auto& column) {
+            column.SetTop(index, top);
+            column.SetVisible(index, top >= ListTop);
+        });
+    }
+}
+
+void ChartEditor::FillDifficultyList(int Index) {
+    DropDownCombo& combo = Difficulty[Index];
+    const KeptText kept(combo);
+    combo.addItems({QStringLiteral("Very Easy"), QStringLiteral("Easy"), QStringLiteral("Medium"),
+                    QStringLiteral("Hard"), QStringLiteral("Very Hard")});
+}
+
+void ChartEditor::FillDayList(int Index, const QString& Mode) {
+    DropDownCombo& combo = DayOfWeek[Index];
+    const KeptText kept(combo);
+    combo.clear();
+    combo.addItems(DaysOf(Mode));
+}
+
+void ChartEditor::FillAllDayLists() {
+    const QString mode = ModeName();
+    if (mode.isEmpty())
+        return;
+    for (int index = 0; index < DayOfWeek.Count(); ++index)
+        FillDayList(index, mode);
+}
+
+ChartWeek ChartEditor::ChartWeekDates(bool nextWeek) const {
+    QString startDay;
+    qint16 length = 0;
+    if (SchoolMode == -1) {
+        startDay = QStringLiteral("Monday");
+        length = 5;
+    } else if (SchoolMode == 0) {
+        startDay = QStringLiteral("Sunday");
+        length = 7;
+    } else {
+        return {};
+    }
+    DateCls date;
+    for (int step = 0; WeekdayName(date.Value()) != startDay; ++step) {
+        // Weekday names come from the system: in another language none is ever the start day's.
+        if (step == DaysInWeek)
+            throw RuntimeError(
+                ErrorNumber::TypeMismatch,
+                QStringLiteral("No day of this system's week is called %1").arg(startDay));
+        if (nextWeek)
+            date.Add(1, DateUnits::Days);
+        else
+            date.Subtract(1, DateUnits::Days);
+    }
+    const QDate first = date.Value();
+    date.Add(static_cast<qint16>(length - 1), DateUnits::Days);
+    return {first, date.Value()};
+}
+
+QString ChartEditor::Title(const QString& Mode) {
+    if (IsNewChart) {
+        FirstDate = ChartWeekDates(NextWeek).First;
+        LastDate = ChartWeekDates(NextWeek).Last;
+    } else {
+        Database().ReadDates(ChartName);
+        FirstDate = DateFromText(Database().FirstDateText);
+        LastDate = DateFromText(Database().LastDateText);
+    }
+    if (Mode != QLatin1String("School") && Mode != QLatin1String("Home"))
+        return {};
+    const QLatin1Char blank(' ');
+    return QLatin1String("Starting from: ") + WeekdayName(FirstDate) + blank + DateText(FirstDate) +
+           QLatin1String(" to ") + WeekdayName(LastDate) + blank + DateText(LastDate);
+}
+
+EditorRow ChartEditor::Row(int index) const {
+    return {Instructions[index].Text(), DayOfWeek[index].Text(), AdultResponsable[index].text(),
+            Difficulty[index].Text(), Points[index].text()};
+}
+
+void ChartEditor::SetRow(int index, const EditorRow& row) {
+    Instructions[index].SetText(row.Instructions);
+    DayOfWeek[index].SetText(row.DayOfWeek);
+    AdultResponsable[index].setText(row.AdultResponsable);
+    Difficulty[index].SetText(row.Difficulty);
+    Points[index].setText(row.Points);
+}
+
+bool ChartEditor::eventFilter(QObject* watched, QEvent* event) {
+    // The wheel over the rows scrolls them, as it does over the scroll bar itself.
+    if (watched == ui_->EditChartFrame && event->type() == QEvent::Wheel)
+        return QCoreApplication::sendEvent(ui_->VScroll, event);
+    return FormWidget::eventFilter(watched, event);
+}

@@ -1,0 +1,24 @@
+#include "authoring/DeleteChartForm.h"
+
+#include "authoring/ChartEditor.h"
+#include "authoring/EditorSlots.h"
+#include "platform/forms/Handlers.h"
+#include "shell/session/Session.h"
+#include "ui_DeleteChartForm.h"
+
+DeleteChartForm::DeleteChartForm()
+    : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::DeleteChartForm>()) {
+    ui_->setupUi(this);
+    On(ui_->Yes, &QPushButton::clicked, this, [this] { Yes_Click(); });
+    On(ui_->No, &QPushButton::clicked, this, [this] { Unload(); });
+}
+
+DeleteChartForm::~DeleteChartForm() = default;
+
+void DeleteChartForm::Yes_Click() {
+    Database().DeleteChart(ChartName);
+    // Hidden, not unloaded: an unload would ask whether to go without saving.
+    if (ChartEditor* editor = EditorInSlot(FormIndex))
+        editor->Hide();
+    Unload();
+}

@@ -1,0 +1,141 @@
+#include "authoring/DisplayAllPeople.h"
+
+#include "platform/forms/DefaultForms.h"
+#include "platform/forms/FormViewAdapters.h"
+#include "platform/forms/Handlers.h"
+#include "platform/runtime/Prompts.h"
+#include "shell/session/Session.h"
+#include "ui_DisplayAllPeople.h"
+
+#include <QIcon>
+#include <QPainter>
+#include <QPixmap>
+#include <QTextDocument>
+
+/// Pictures scaled once to the size in which the list shows them.
+class DisplayAllPeople::PictureList : public ImageList {
+public:
+    explicit PictureList(const QSize& size) : size_(size) {}
+
+    int AddPicture(const QImage& picture) override {
+        icons_.append(QIcon(QPixmap::fromImage(Fitted(picture))));
+        return static_cast<int>(icons_.size());
+    }
+
+    const QIcon& Icon(int number) const { return icons_.at(number - 1); }
+
+private:
+    /// All pictures get one size, so that names stand in line; what is over stays transparent.
+    QImage Fitted(const QImage& picture) const {
+        QImage fitted(size_ * 2, QImage::Format_ARGB32_Premultiplied);
+        fitted.fill(Qt::transparent);
+        if (!picture.isNull()) {
+            const QImage scaled =
+                picture.scaled(fitted.size(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
+            QPainter(&fitted).drawImage(
+                QPoint((fitted.width() - scaled.width()) / 2, (fitted.height() - scaled.height()) / 2),
+                scaled);
+        }
+        return fitted;
+    }
+
+    QSize size_;
+    QList<QIcon> icons_;
+};
+
+class DisplayAllPeople::PeopleList : public IconList {
+public:
+    explicit PeopleList(QListWidget& list) : list_(list) {}
+
+    void Clear() override { list_.clear(); }
+    void AddItem(const QString& text) override { AddNamed(text); }
+    int View() const override { return list_.viewMode() == QListView::IconMode ? 0 : 1; }
+    void SetIcons(ImageList& images) override { icons_ = dynamic_cast<PictureList*>(&images); }
+    void AddItemWithIcon(const QString& text, int icon) override {
+        QListWidgetItem* item = AddNamed(text);
+        if (icons_ != nullptr)
+            item->setIcon(icons_->Icon(icon));
+    }
+
+private:
+    QListWidgetItem* AddNamed(const QString& text) {
+        auto* item = new QListWidgetItem(text, &list_);
+        item->setToolTip(Qt::convertFromPlainText(text));
+        item->setTextAlignment(Qt::AlignHCenter | Qt::AlignTop);
+        return item;
+    }
+
+    QListWidget& list_;
+    const PictureList* icons_ = nullptr;
+};
+
+DisplayAllPeople::DisplayAllPeople()
+    : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::DisplayAllPeople>()) {
+    ui_->setupUi(this);
+    Images = std::make_unique<PictureList>(ui_->ListView1->iconSize());
+    On(ui_->ListView1, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) {
+        // The first of the two clicks may just have taken the item out of the selection.
+        item->setSelected(true);
+        Ok_Click();
+    });
+    On(ui_->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
+    On(ui_->Cancel, &QPushButton::clicked, this, [this] { Unload(); });
+}
+
+DisplayAllPeople::~DisplayAllPeople() = default;
+
+void DisplayAllPeople::Load() {
+    PeopleList people(*ui_->ListView1);
+    LabelPicture scratch(*ui_->Image1);
+    Database().AddUsersImages(*Images, people, QStringLiteral("Student"), scratch);
+}
+
+bool DisplayAllPeople::AnySelected() const {
+    return SelectedCount() > 0;
+}
+
+int DisplayAllPeople::SelectedCount() const {
+    return static_cast<int>(ui_->ListView1->selectedItems().size());
+}
+
+QString DisplayAllPeople::FirstWord(const QString& Text) {
+    return Text.section(QLatin1Char(' '), 0, 0);
+}
+
+void DisplayAllPeople::Save(const QString& newOwner, const QString& existingOwner) {
+    DatabaseCls& store = Database();
+    if (store.ChartExist(ChartName)) {
+        // History takes the old rows before they are replaced.
+        store.DuplicateChartHistory(ChartName);
+        store.ClearChartPoints(ChartName);
+        store.WriteInfoToChart(ChartName, FormIndex, false, existingOwner, FirstDate, LastDate,
+                               AutoCreate);
+    } else {
+        store.WriteInfoToChart(ChartName, FormIndex, false, newOwner, FirstDate, LastDate,
+                               AutoCreate);
+        store.DuplicateChartHistory(ChartName);
+    }
+}
+
+void DisplayAllPeople::Ok_Click() {
+    const QString base = FirstWord(ChartName);
+    if (!AnySelected()) {
+        Save(QString(), QStringLiteral("Nobody"));
+    } else {
+        for (int index = 0; index < ui_->ListView1->count(); ++index) {
+            const QListWidgetItem* item = ui_->ListView1->item(index);
+            if (!item->isSelected())
+                continue;
+            const QString kid = item->text();
+            ChartName = base + QLatin1Char(' ') + kid;
+            Save(kid, kid);
+            if (SelectedCount() < 2)
+                Tell(kid + QLatin1String("'s Sparkit Dutygrid has been created"));
+        }
+    }
+    if (SelectedCount() >= 2)
+        Tell(QStringLiteral("All charts have been created"));
+    Unload();
+    if (Form* editor = ExistingForm(QStringLiteral("ChartEditor")))
+        editor->Unload();
+}

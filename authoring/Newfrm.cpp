@@ -1,0 +1,57 @@
+#include "authoring/Newfrm.h"
+
+#include "authoring/ChartEditor.h"
+#include "authoring/EditorSlots.h"
+#include "authoring/EnterKey.h"
+#include "platform/forms/Handlers.h"
+#include "platform/runtime/Prompts.h"
+#include "shell/session/Session.h"
+#include "ui_Newfrm.h"
+
+Newfrm::Newfrm() : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::Newfrm>()) {
+    ui_->setupUi(this);
+    On(new EnterKey(ui_->NameOfNewChart), &EnterKey::Pressed, this, [this] { Ok_Click(); });
+    On(ui_->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
+    On(ui_->Cancel, &QPushButton::clicked, this, [this] { Unload(); });
+}
+
+Newfrm::~Newfrm() = default;
+
+void Newfrm::Activate() {
+    ui_->NameOfNewChart->setText(QString());
+}
+
+void Newfrm::Ok_Click() {
+    // The form can be reached while the message stands, this button too.
+    if (insisting_)
+        return;
+    const QPointer<Newfrm> self(this);
+    Prompt taken;
+    taken.Text = QStringLiteral("Please try another name, this one already exists.");
+    taken.LeavesFormsReachable = true;
+    bool foundDuplicate = false;
+    while (Database().CheckForDuplicates(ui_->NameOfNewChart->text())) {
+        foundDuplicate = true;
+        insisting_ = true;
+        ShowPrompt(taken);
+        DoEvents();
+        if (self.isNull() || IsUnloaded())
+            return;
+        insisting_ = false;
+    }
+    const QString name = ui_->NameOfNewChart->text();
+    if (foundDuplicate || name.isEmpty())
+        return;
+
+    OpenEditorInNextSlot([this, &name](ChartEditor& editor) {
+        editor.ChartName = name;
+        editor.FormIndex = ChartFormIndex;
+        editor.IsNewChart = true;
+        editor.NextWeek = false;
+        editor.ResetTime().hide();
+        editor.DeleteChart().hide();
+        Hide();
+        editor.SetCaption(QLatin1String("Editing ") + name + QLatin1String(" chart"));
+        editor.Show();
+    });
+}

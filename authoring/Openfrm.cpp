@@ -1,0 +1,48 @@
+#include "authoring/Openfrm.h"
+
+#include "authoring/ChartEditor.h"
+#include "authoring/EditorSlots.h"
+#include "platform/forms/FormViewAdapters.h"
+#include "platform/forms/Handlers.h"
+#include "platform/runtime/Prompts.h"
+#include "shell/session/Session.h"
+#include "ui_Openfrm.h"
+
+Openfrm::Openfrm() : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::Openfrm>()) {
+    ui_->setupUi(this);
+    On(ui_->ChartList, &QListWidget::itemDoubleClicked, this, [this] { Ok_Click(); });
+    On(ui_->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
+    On(ui_->Cancel, &QPushButton::clicked, this, [this] { Unload(); });
+}
+
+Openfrm::~Openfrm() = default;
+
+QString Openfrm::SelectedChart() const {
+    return SelectedEntry(*ui_->ChartList);
+}
+
+void Openfrm::Activate() {
+    ListNames names(*ui_->ChartList);
+    Database().PopulateChartList(names, false);
+    ui_->Ok->setHidden(ui_->ChartList->count() == 0);
+}
+
+void Openfrm::Ok_Click() {
+    const QString name = SelectedChart();
+    if (name.isEmpty()) {
+        Tell(QStringLiteral("Please select a Dutygrid to open"));
+        return;
+    }
+    OpenEditorInNextSlot([&name](ChartEditor& editor) {
+        editor.ChartName = name;
+        editor.FormIndex = ChartFormIndex;
+        editor.IsNewChart = false;
+        editor.KidName = Database().ReturnExistingKidName(name);
+        editor.ResetTime().show();
+        editor.DeleteChart().show();
+        editor.NextWeek = false;
+        editor.Show();
+        Database().ReadInfoFromChart(name, ChartFormIndex, false, QString());
+    });
+    Unload();
+}
