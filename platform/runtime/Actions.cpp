@@ -9,6 +9,7 @@ namespace {
 
 struct ActionState {
     int depth = 0;
+    bool ending = false;
     std::function<void()> commit;
     std::function<void(int)> end;
 };
@@ -49,14 +50,20 @@ void EndProcess(int exitCode) {
     } catch (const RuntimeError& error) {
         ShowRuntimeError(error);
     }
+    State().ending = true;
     if (State().end)
         State().end(exitCode);
     else
         QCoreApplication::exit(exitCode);
 }
 
+bool IsProcessEnding() {
+    return State().ending;
+}
+
 void SetEndProcess(std::function<void(int)> end) {
     State().end = std::move(end);
+    State().ending = false;
 }
 
 void Detail::EnterAction() {

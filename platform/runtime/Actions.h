@@ -34,6 +34,9 @@ void DoEvents();
 /// own runs after it: a caller returns at once.
 void EndProcess(int exitCode = 0);
 
+/// True once the process has been told to end: a loop that waits for the user must stop then.
+bool IsProcessEnding();
+
 /// Puts something else in the place of ending the process; for tests. Empty restores.
 void SetEndProcess(std::function<void(int)> end);
 
