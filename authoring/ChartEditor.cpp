@@ -76,9 +76,9 @@ void ChartEditor::DesignRows() {
                      [this, dayName] { return MakeCombo(dayName, DayOfWeek.Count()); });
     const QString adult = QStringLiteral("AdultResponsable");
     const QString adultName = ui_->AdultResponsablelbl->text();
-    AdultResponsable.Design(
-        adult, MakeBox(adultName, 0), Column(5160, 2535),
-        [this, adultName] { return MakeBox(adultName, AdultResponsable.Count()); });
+    AdultResponsable.Design(adult, MakeBox(adultName, 0), Column(5160, 2535), [this, adultName] {
+        return MakeBox(adultName, AdultResponsable.Count());
+    });
     const QString difficultyName = ui_->difficultylbl->text();
     Difficulty.Design(
         QStringLiteral("Difficulty"), MakeCombo(difficultyName, 0), Column(7800, 1575),
@@ -175,7 +175,8 @@ void ChartEditor::Load() {
     ui_->AutoCreatechk->setChecked(IsNewChart || Database().ReturnAutoCreate(ChartName));
 }
 
-template <class Action> void ChartEditor::ForEachColumn(Action&& action) {
+template <class Action>
+void ChartEditor::ForEachColumn(Action&& action) {
     action(Instructions);
     action(DayOfWeek);
     action(AdultResponsable);

@@ -102,7 +102,8 @@ private:
     QPushButton* MakeDelete(int index);
     DropDownCombo* MakeInstructions(int index);
     QLineEdit* MakePoints(int index);
-    template <class Action> void ForEachColumn(Action&& action);
+    template <class Action>
+    void ForEachColumn(Action&& action);
     void PutRowInTabOrder(int index);
 
     void JobDelete_Click(int index);

@@ -32,9 +32,9 @@ private:
         if (!picture.isNull()) {
             const QImage scaled =
                 picture.scaled(fitted.size(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
-            QPainter(&fitted).drawImage(
-                QPoint((fitted.width() - scaled.width()) / 2, (fitted.height() - scaled.height()) / 2),
-                scaled);
+            QPainter(&fitted).drawImage(QPoint((fitted.width() - scaled.width()) / 2,
+                                               (fitted.height() - scaled.height()) / 2),
+                                        scaled);
         }
         return fitted;
     }

@@ -4,9 +4,12 @@
 #include "authoring/EditorSlots.h"
 #include "authoring/EnterKey.h"
 #include "platform/forms/Handlers.h"
+#include "platform/runtime/Actions.h"
 #include "platform/runtime/Prompts.h"
 #include "shell/session/Session.h"
 #include "ui_Newfrm.h"
+
+#include <QScopeGuard>
 
 Newfrm::Newfrm() : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::Newfrm>()) {
     ui_->setupUi(this);
@@ -30,14 +33,17 @@ void Newfrm::Ok_Click() {
     taken.Text = QStringLiteral("Please try another name, this one already exists.");
     taken.LeavesFormsReachable = true;
     bool foundDuplicate = false;
+    const auto calm = qScopeGuard([self] {
+        if (!self.isNull())
+            self->insisting_ = false;
+    });
     while (Database().CheckForDuplicates(ui_->NameOfNewChart->text())) {
         foundDuplicate = true;
         insisting_ = true;
         ShowPrompt(taken);
         DoEvents();
-        if (self.isNull() || IsUnloaded())
+        if (self.isNull() || IsUnloaded() || IsProcessEnding())
             return;
-        insisting_ = false;
     }
     const QString name = ui_->NameOfNewChart->text();
     if (foundDuplicate || name.isEmpty())
