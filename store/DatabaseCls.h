@@ -6,6 +6,7 @@
 #include <QDate>
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <memory>
 
 /// The store: every read and write of the program's lasting data.
@@ -147,18 +148,16 @@ private:
     static bool FallsOnDay(const QString& dayOfWeek, const QString& day);
     static bool IsChartName(const QString& tableName);
     bool SpanHolds(const QString& key) const;
-    void WriteEditorRows(const QString& name, ChartEditorRows& form, const QString& userName,
+    void WriteEditorRows(const QString& name, qint16 formIndex, const QString& userName,
                          const QDate& firstDate, const QDate& lastDate, bool autoCreate);
-    void WriteTicks(const QString& name, ChartViewerRows& form);
-    void ReadIntoEditor(Recordset& rows, ChartEditorRows& form);
-    void ReadIntoViewer(Recordset& rows, const QString& name, qint16 formIndex, const QString& day);
+    void WriteTicks(const QString& name, qint16 formIndex);
+    void ReadIntoEditor(Recordset& rows, qint16 recordCount, qint16 formIndex);
+    void ReadIntoViewer(Recordset& rows, qint16 formIndex, const QString& day);
     void RollOn(const QString& name);
     static void StorePicture(Recordset& rows, const QString& field, const QString& path);
-    template <class RowAction>
     void TakeOutPicture(const QString& account, const QString& field, PictureTarget& target,
-                        RowAction&& beforePicture);
-    template <class RowAction>
-    void ForEachAccount(const QString& name, RowAction&& action);
+                        const std::function<void(Recordset&)>& beforePicture);
+    void ForEachAccount(const QString& name, const std::function<void(Recordset&)>& action);
     void ListByOwnerAndMonth(const QString& userName, NameList& list, bool history);
 
     ChartForms& forms_;

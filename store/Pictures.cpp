@@ -1,0 +1,84 @@
+#include "platform/runtime/Pictures.h"
+#include "platform/runtime/Actions.h"
+#include "platform/runtime/Numbers.h"
+#include "platform/runtime/ProgramFolder.h"
+#include "platform/runtime/RuntimeError.h"
+#include "store/ChartFields.h"
+#include "store/DatabaseCls.h"
+#include "store/TableNames.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QUrl>
+
+namespace {
+
+constexpr qint64 PieceSize = 32768;
+
+/// Reads `size` bytes; what lies behind the file's end stays zero.
+QByteArray ReadPiece(QFile& file, qint64 size) {
+    QByteArray piece = file.read(size);
+    piece.resize(size, '\0');
+    return piece;
+}
+
+/// One legal file name for any account name: percent-encoded, and never so long that a file
+/// system refuses it.
+QString ScratchFileName(const QString& account) {
+    constexpr int longest = 120;
+    const QByteArray encoded = QUrl::toPercentEncoding(account, QByteArray(), QByteArray("."));
+    return QStringLiteral("picture-") + QString::fromLatin1(encoded.left(longest));
+}
+
+} // namespace
+
+void DatabaseCls::StorePicture(Recordset& rows, const QString& field, const QString& path) {
+    QFile file(path);
+    if (!QFileInfo::exists(path))
+        throw RuntimeError(ErrorNumber::FileNotFound);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
+    const qint64 length = file.size();
+    // Every piece is one byte longer than its size: the stored value ends in as many bytes
+    // without meaning as there are pieces.
+    rows.AppendChunk(field, ReadPiece(file, length % PieceSize + 1));
+    for (qint64 piece = 0; piece < length / PieceSize; ++piece) {
+        rows.AppendChunk(field, ReadPiece(file, PieceSize + 1));
+        DoEvents();
+    }
+}
+
+void DatabaseCls::TakeOutPicture(const QString& account, const QString& field,
+                                 PictureTarget& target,
+                                 const std::function<void(Recordset&)>& beforePicture) {
+    target.SetPicture(LoadPicture(QString()));
+    Recordset rows = Tables().OpenRecordset(UsersTable);
+    // The first row's name, not the wanted account's: one scratch file serves every picture.
+    const QString folder = InProgramFolder(QStringLiteral("DeleteMe"));
+    const QString scratch =
+        folder + QLatin1Char('/') + ScratchFileName(TextOf(rows.Value(AccountField::Name)));
+
+    WithErrorsSkipped([&] {
+        if (!QDir().mkdir(folder))
+            throw RuntimeError(ErrorNumber::PathFileAccessError);
+    });
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+        if (TextOf(rows.Value(AccountField::Name)) != account)
+            continue;
+        beforePicture(rows);
+        const qint64 size = rows.FieldSize(field);
+        if (size == 0)
+            continue;
+        QFile file(scratch);
+        // Not truncated: a smaller picture keeps the tail of the one before behind it.
+        if (file.open(QIODevice::ReadWrite)) {
+            const qint64 rest = size % PieceSize;
+            file.write(rows.GetChunk(field, 0, rest));
+            for (qint64 piece = 0; piece < size / PieceSize; ++piece)
+                file.write(rows.GetChunk(field, piece * PieceSize + rest, PieceSize));
+            file.close();
+        }
+        WithErrorsSkipped([&] { target.SetPicture(LoadPicture(scratch)); });
+    }
+}

@@ -1,0 +1,72 @@
+#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Prompts.h"
+#include "platform/runtime/RuntimeError.h"
+#include "store/ChartFields.h"
+#include "store/DatabaseCls.h"
+#include "store/TableNames.h"
+
+void DatabaseCls::AddPoints(const QString& UserName, qint16 Delta, bool Reset) {
+    ForEachAccount(UserName, [&](Recordset& rows) {
+        const qint16 balance = AddIntegers(IntegerOf(rows.Value(AccountField::Points)), Delta);
+        if (balance < 0) {
+            Tell(QStringLiteral("Sorry you have insufficient points to clear the account"));
+            return;
+        }
+        rows.Edit();
+        rows.SetValue(AccountField::Points, Reset ? 0 : int{balance});
+        rows.Update();
+    });
+}
+
+void DatabaseCls::RetrievePoints(const QString& UserName, CaptionTarget& Target) {
+    ForEachAccount(UserName, [&](Recordset& rows) {
+        Target.SetCaption(TextOf(rows.Value(AccountField::Points)));
+    });
+}
+
+void DatabaseCls::AddToy(const QString& UserName, const QString& ToyName,
+                         const QString& PicturePath, qint16 Cost) {
+    ForEachAccount(UserName, [&](Recordset& rows) {
+        rows.Edit();
+        rows.SetValue(AccountField::IncentiveName,
+                      ToyName.isEmpty() ? QVariant() : QVariant(ToyName));
+        rows.SetValue(AccountField::IncentiveCost, Cost == 0 ? QVariant() : QVariant(int{Cost}));
+        if (PicturePath.isEmpty())
+            rows.SetValue(AccountField::IncentivePicture, QVariant());
+        else
+            StorePicture(rows, AccountField::IncentivePicture, PicturePath);
+        rows.Update();
+    });
+}
+
+void DatabaseCls::RetrieveToy(const QString& UserName, CaptionTarget& NameLabel,
+                              PictureTarget& Picture, CaptionTarget& CostLabel) {
+    TakeOutPicture(UserName, AccountField::IncentivePicture, Picture, [&](Recordset& rows) {
+        WithErrorsSkipped(
+            [&] { NameLabel.SetCaption(TextOf(rows.Value(AccountField::IncentiveName))); });
+        WithErrorsSkipped(
+            [&] { CostLabel.SetCaption(TextOf(rows.Value(AccountField::IncentiveCost))); });
+    });
+}
+
+bool DatabaseCls::AllChecked(const QString& Name) {
+    Recordset rows = Tables().OpenRecordset(Name);
+    bool all = true;
+    if (!rows.Eof())
+        rows.MoveFirst();
+    for (; !rows.Eof(); rows.MoveNext())
+        if (!BooleanOf(rows.Value(ChartField::Completed)))
+            all = false;
+    return all;
+}
+
+void DatabaseCls::ClearChartPoints(const QString& Name) {
+    Recordset rows = Tables().OpenRecordset(Name);
+    if (!rows.Eof())
+        rows.MoveFirst();
+    for (; !rows.Eof(); rows.MoveNext()) {
+        rows.Edit();
+        rows.SetValue(ChartField::Completed, false);
+        rows.Update();
+    }
+}
