@@ -1,14 +1,12 @@
 #pragma once
 
-#include <QColor>
-#include <QFont>
 #include <QImage>
+#include <QPagedPaintDevice>
 #include <QString>
 #include <memory>
-#include <vector>
 
-class QPagedPaintDevice;
-class QPainter;
+/// The text that prints as an empty box, to be ticked by pen: the character U+0019 alone.
+inline const QString EmptyBoxText = QString(QChar(0x19));
 
 /// Where a finished print job goes: the system's printer, a PDF file, a test's file.
 class PrintTarget {
@@ -50,21 +48,43 @@ public:
     void SetDrawWidth(int dots);
 
     /// Draws one line of text with its top left corner at the drawing position; afterwards
-    /// CurrentX is 0 and CurrentY one line of the current font lower. The text of the one
-    /// character U+0019 is drawn as an empty square of about the font's height.
+    /// CurrentX is 0 and CurrentY one line of the current font lower. EmptyBoxText is drawn
+    /// as an empty square as high as the font's capital letters.
     void Print(const QString& text);
     void Line(double x1, double y1, double x2, double y2, qint32 color);
     /// The outline of a box, nothing filled.
     void Box(double x1, double y1, double x2, double y2, qint32 color);
+    /// Scales a picture into a rectangle. Raises 481 for the empty picture.
     void PaintPicture(const QImage& picture, double left, double top, double width, double height);
+    /// Ends the page; the drawing position goes to the next one's top left corner. A last page on
+    /// which nothing is drawn is not sent.
     void NewPage();
 
     /// Ends the job, sends it and makes ready for the next. Raises 482 if the device refuses; the
     /// job is gone then.
     void EndDoc();
 
-    /// Forgets the job under way.
+    /// Forgets the job under way. The next one begins on its first page, in black, with lines one
+    /// dot wide.
     void KillDoc();
+
+private:
+    class Job;
+
+    /// The job that this drawing belongs to, begun if none is. Raises 482 without a device.
+    Job& JobUnderWay();
+    /// A place on the page in device dots.
+    QPointF ToDots(double x, double y);
+
+    PrintTarget& target_;
+    std::unique_ptr<Job> job_;
+    double scaleWidth_ = 0;
+    double scaleHeight_ = 0;
+    float currentX_ = 0;
+    float currentY_ = 0;
+    int fontSize_ = 0;
+    int drawWidth_ = 0;
+    qint32 foreColor_ = 0;
 };
 
 /// Drops an unfinished job when it goes out of scope; a job ended by EndDoc is not touched.

@@ -1,0 +1,214 @@
+#include "platform/printing/Printer.h"
+
+#include "platform/runtime/RuntimeError.h"
+
+#include <QColor>
+#include <QFont>
+#include <QFontMetricsF>
+#include <QPainter>
+#include <functional>
+#include <utility>
+#include <vector>
+
+namespace {
+
+/// Where nothing is set: the grid of all the program's pages, and a text of a letter's size.
+constexpr double DefaultScaleWidth = 21;
+constexpr double DefaultScaleHeight = 30;
+constexpr int DefaultFontSize = 12;
+
+QColor ColorOf(qint32 color) {
+    return {color & 0xff, (color >> 8) & 0xff, (color >> 16) & 0xff};
+}
+
+QPen PenOf(qint32 color, double width) {
+    return {ColorOf(color), width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin};
+}
+
+/// The square whose sides run along the middle of a line `thickness` wide, so that the outer edges
+/// stand as high as a capital letter of the font on that base line.
+QRectF EmptyBoxOutline(const QFontMetricsF& metrics, const QPointF& baseLine, double thickness) {
+    const double side = metrics.capHeight() - thickness;
+    return {baseLine.x() + thickness / 2, baseLine.y() - metrics.capHeight() + thickness / 2, side,
+            side};
+}
+
+} // namespace
+
+/// The pages drawn so far, as strokes to be made on the device once the job is whole.
+class PrinterObject::Job {
+public:
+    using Stroke = std::function<void(QPainter&)>;
+
+    explicit Job(PrintTarget& target) : device_(target.Open()) {
+        // Without a printable area there is nothing to lay the grid on.
+        if (device_ == nullptr || device_->width() <= 0 || device_->height() <= 0)
+            throw RuntimeError(ErrorNumber::PrinterError);
+    }
+
+    /// Width and height of the printable area in device dots.
+    QSizeF Dots() const { return {double(device_->width()), double(device_->height())}; }
+
+    QFontMetricsF MetricsOf(const QFont& font) const { return {font, device_.get()}; }
+
+    void Add(Stroke stroke) { pages_.back().push_back(std::move(stroke)); }
+
+    void NewPage() { pages_.emplace_back(); }
+
+    /// Paints all pages and closes the device. Raises 482 if the device refuses.
+    void Send() {
+        if (pages_.size() > 1 && pages_.back().empty())
+            pages_.pop_back();
+        QPainter painter;
+        Require(painter.begin(device_.get()));
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        for (std::size_t page = 0; page < pages_.size(); ++page) {
+            Require(page == 0 || device_->newPage());
+            for (const Stroke& stroke : pages_[page])
+                stroke(painter);
+        }
+        Require(painter.end());
+        device_.reset();
+    }
+
+private:
+    static void Require(bool success) {
+        if (!success)
+            throw RuntimeError(ErrorNumber::PrinterError);
+    }
+
+    std::unique_ptr<QPagedPaintDevice> device_;
+    std::vector<std::vector<Stroke>> pages_{1};
+};
+
+PrinterObject::PrinterObject(PrintTarget& target) : target_(target) {
+    KillDoc();
+}
+
+PrinterObject::~PrinterObject() = default;
+
+PrinterObject::Job& PrinterObject::JobUnderWay() {
+    if (!job_)
+        job_ = std::make_unique<Job>(target_);
+    return *job_;
+}
+
+void PrinterObject::SetScaleWidth(double units) {
+    scaleWidth_ = units;
+}
+
+void PrinterObject::SetScaleHeight(double units) {
+    scaleHeight_ = units;
+}
+
+void PrinterObject::SetFontSize(int points) {
+    fontSize_ = points;
+}
+
+void PrinterObject::SetForeColor(qint32 color) {
+    foreColor_ = color;
+}
+
+void PrinterObject::SetDrawWidth(int dots) {
+    drawWidth_ = dots;
+}
+
+QPointF PrinterObject::ToDots(double x, double y) {
+    const QSizeF dots = JobUnderWay().Dots();
+    return {x * dots.width() / scaleWidth_, y * dots.height() / scaleHeight_};
+}
+
+void PrinterObject::Print(const QString& text) {
+    Job& job = JobUnderWay();
+    QFont font;
+    font.setPointSize(fontSize_);
+    const QFontMetricsF metrics = job.MetricsOf(font);
+    const QPointF baseLine = ToDots(currentX_, currentY_) + QPointF(0, metrics.ascent());
+    if (text == EmptyBoxText) {
+        const double thickness = metrics.lineWidth();
+        job.Add([pen = PenOf(foreColor_, thickness),
+                 box = EmptyBoxOutline(metrics, baseLine, thickness)](QPainter& painter) {
+            painter.setPen(pen);
+            painter.drawRect(box);
+        });
+    } else if (!text.isEmpty()) {
+        job.Add([font, color = ColorOf(foreColor_), baseLine, text](QPainter& painter) {
+            painter.setFont(font);
+            painter.setPen(color);
+            painter.drawText(baseLine, text);
+        });
+    }
+    currentX_ = 0;
+    currentY_ += static_cast<float>(metrics.lineSpacing() * scaleHeight_ / job.Dots().height());
+}
+
+void PrinterObject::Line(double x1, double y1, double x2, double y2, qint32 color) {
+    JobUnderWay().Add([pen = PenOf(color, drawWidth_), from = ToDots(x1, y1),
+                       to = ToDots(x2, y2)](QPainter& painter) {
+        painter.setPen(pen);
+        painter.drawLine(from, to);
+    });
+}
+
+void PrinterObject::Box(double x1, double y1, double x2, double y2, qint32 color) {
+    JobUnderWay().Add(
+        [pen = PenOf(color, drawWidth_),
+         outline = QRectF(ToDots(x1, y1), ToDots(x2, y2)).normalized()](QPainter& painter) {
+            painter.setPen(pen);
+            painter.drawRect(outline);
+        });
+}
+
+void PrinterObject::PaintPicture(const QImage& picture, double left, double top, double width,
+                                 double height) {
+    if (picture.isNull())
+        throw RuntimeError(ErrorNumber::InvalidPicture);
+    JobUnderWay().Add(
+        [picture, target = QRectF(ToDots(left, top), ToDots(left + width, top + height))](
+            QPainter& painter) { painter.drawImage(target, picture); });
+}
+
+void PrinterObject::NewPage() {
+    JobUnderWay().NewPage();
+    currentX_ = 0;
+    currentY_ = 0;
+}
+
+void PrinterObject::EndDoc() {
+    const std::unique_ptr<Job> job = std::move(job_);
+    KillDoc();
+    if (!job)
+        return;
+    job->Send();
+    target_.Sent();
+}
+
+void PrinterObject::KillDoc() {
+    job_.reset();
+    scaleWidth_ = DefaultScaleWidth;
+    scaleHeight_ = DefaultScaleHeight;
+    currentX_ = 0;
+    currentY_ = 0;
+    fontSize_ = DefaultFontSize;
+    drawWidth_ = 1;
+    foreColor_ = 0;
+}
+
+namespace {
+
+std::unique_ptr<PrinterObject>& DefaultPrinter() {
+    static std::unique_ptr<PrinterObject> printer;
+    return printer;
+}
+
+} // namespace
+
+PrinterObject& Printer() {
+    if (!DefaultPrinter())
+        throw RuntimeError(ErrorNumber::PrinterError);
+    return *DefaultPrinter();
+}
+
+void SetPrintTarget(PrintTarget* target) {
+    DefaultPrinter() = target == nullptr ? nullptr : std::make_unique<PrinterObject>(*target);
+}

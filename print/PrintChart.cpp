@@ -1,0 +1,183 @@
+#include "platform/printing/Printer.h"
+#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Pictures.h"
+#include "platform/runtime/ProgramFolder.h"
+#include "store/DatabaseCls.h"
+
+#include <QRandomGenerator>
+#include <array>
+#include <chrono>
+
+namespace {
+
+/// Fields of a chart table, by position.
+constexpr int Instructions = 0;
+constexpr int DayOfWeek = 1;
+constexpr int Points = 4;
+constexpr int Completed = 5;
+constexpr int FirstDate = 6;
+constexpr int LastDate = 7;
+
+/// Colours, red in the low byte.
+constexpr qint32 Black = 0;
+constexpr qint32 Red = 255;
+constexpr qint32 Blue = 16711680;
+
+/// A day goes to a new page when it would end below this grid row.
+constexpr qint16 LastGridRow = 27;
+
+/// Between a row's number and its job.
+constexpr int BlanksBehindNumber = 29;
+
+const std::array<QString, 7> DayNames = {QStringLiteral("Sunday"),   QStringLiteral("Monday"),
+                                         QStringLiteral("Tuesday"),  QStringLiteral("Wednesday"),
+                                         QStringLiteral("Thursday"), QStringLiteral("Friday"),
+                                         QStringLiteral("Saturday")};
+
+constexpr qint32 Rgb(int red, int green, int blue) {
+    return red | green << 8 | blue << 16;
+}
+
+/// The title in the words of the three kinds of page; the recordset stands on its first row.
+QString Title(const Recordset& rows, const QString& chartName, bool blankBoxes,
+              const QString& kidName) {
+    const QString week = QStringLiteral("from %1 to %2")
+                             .arg(TextOf(rows.Value(FirstDate)), TextOf(rows.Value(LastDate)));
+    if (!blankBoxes)
+        return kidName + QStringLiteral("'s Job List - ") + week;
+    if (kidName.isEmpty())
+        return QStringLiteral("Sparkit Dutygrid ") + week;
+    return kidName + QStringLiteral("'s ") + chartName + QStringLiteral(" Dutygrid ") + week;
+}
+
+/// One call's way down the pages.
+class ChartSheet {
+public:
+    ChartSheet(PrinterObject& printer, bool blankBoxes, const QString& openMark)
+        : printer_(printer), blankBoxes_(blankBoxes), openMark_(openMark) {}
+
+    /// Goes one grid row down.
+    void NextLine() { LineNo = AddIntegers(LineNo, 1); }
+
+    /// Breaks the page before a day that would not end on it. A day is never split.
+    void MakeRoomFor(qint16 dayCount);
+
+    /// The day's name, its box and the rules of the points and mark columns.
+    void PrintDayHeader(const QString& dayName, qint16 dayCount, qint32 color);
+
+    /// The job of the current row with its points and its mark.
+    void PrintRow(const Recordset& row, qint16 itemNo);
+
+private:
+    void PrintMark(bool completed);
+
+    PrinterObject& printer_;
+    bool blankBoxes_;
+    const QString& openMark_;
+    /// Grid rows from the top of the current page.
+    qint16 LineNo = 0;
+};
+
+void ChartSheet::MakeRoomFor(qint16 dayCount) {
+    if (AddIntegers(dayCount, LineNo) > LastGridRow) {
+        LineNo = 0;
+        printer_.NewPage();
+    }
+}
+
+void ChartSheet::PrintDayHeader(const QString& dayName, qint16 dayCount, qint32 color) {
+    printer_.SetCurrentX(9);
+    printer_.SetCurrentY(LineNo + 1 + 0.1);
+    printer_.SetForeColor(Red);
+    printer_.SetFontSize(14);
+    printer_.Print(dayName);
+    printer_.SetForeColor(Black);
+    // The name's height decides the box's top; whole grid rows bring the box onto the grid again.
+    const qint16 BoxTop = ToInteger(printer_.CurrentY() + 0.3);
+    const qint16 BoxBottom = ToInteger(printer_.CurrentY() + 0.3 + dayCount);
+    printer_.SetDrawWidth(40);
+    printer_.Box(1, BoxTop, 20, BoxBottom, color);
+    printer_.SetDrawWidth(1);
+    printer_.Line(13, BoxTop, 13, BoxBottom, Black);
+    printer_.Line(18, BoxTop, 18, BoxBottom, Black);
+}
+
+void ChartSheet::PrintRow(const Recordset& row, qint16 itemNo) {
+    printer_.SetCurrentX(1.2);
+    printer_.SetCurrentY(LineNo + 2 + 0.2);
+    printer_.SetFontSize(10);
+    printer_.Print(QString::number(itemNo) + QLatin1Char('.') +
+                   QString(BlanksBehindNumber, QLatin1Char(' ')) + TextOf(row.Value(Instructions)));
+    printer_.SetCurrentX(14);
+    printer_.SetCurrentY(LineNo + 2 + 0.2);
+    printer_.SetForeColor(Blue);
+    printer_.Print(TextOf(row.Value(Points)) + QStringLiteral(" Points"));
+    printer_.SetForeColor(Black);
+    printer_.SetCurrentX(19);
+    printer_.SetCurrentY(LineNo + 2 + 0.1);
+    printer_.SetFontSize(18);
+    // Nothing stored counts as not completed.
+    PrintMark(row.Value(Completed).toBool());
+    if (itemNo > 1)
+        printer_.Line(1, LineNo + 2, 20, LineNo + 2, Black);
+    NextLine();
+}
+
+void ChartSheet::PrintMark(bool completed) {
+    if (blankBoxes_)
+        printer_.Print(EmptyBoxText);
+    else if (completed)
+        printer_.PaintPicture(LoadPicture(InProgramFolder(QStringLiteral("Images/CheckWhite.jpg"))),
+                              printer_.CurrentX(), printer_.CurrentY() + 0.1, 0.5, 0.5);
+    else
+        printer_.Print(openMark_);
+}
+
+} // namespace
+
+qint32 DatabaseCls::ReturnRandomColor() const {
+    constexpr std::array<qint32, 7> Colors = {Rgb(0, 128, 0), Rgb(255, 255, 0), Rgb(40, 200, 255),
+                                              Rgb(128, 0, 0), Rgb(255, 179, 5), Rgb(222, 0, 183),
+                                              Rgb(0, 0, 128)};
+    const auto now = std::chrono::high_resolution_clock::now().time_since_epoch().count();
+    QRandomGenerator generator(static_cast<quint32>(now));
+    return Colors[generator.bounded(static_cast<quint32>(Colors.size()))];
+}
+
+void DatabaseCls::PrintChart(const QString& ChartName, bool BlankBoxes, const QString& KidName,
+                             const QString& OpenMark) {
+    Recordset rows = Tables().OpenRecordset(ChartName);
+    rows.MoveFirst();
+
+    PrinterObject& printer = Printer();
+    const PrintJobGuard job(printer);
+    printer.SetScaleWidth(21);
+    printer.SetScaleHeight(30);
+    printer.SetCurrentX(4);
+    printer.SetCurrentY(1);
+    printer.SetFontSize(18);
+    printer.Print(Title(rows, ChartName, BlankBoxes, KidName));
+
+    ChartSheet sheet(printer, BlankBoxes, OpenMark);
+    for (const QString& dayName : DayNames) {
+        sheet.NextLine();
+        const QString day = dayName.left(3);
+        const qint16 DayCount = PrintReturnNr_Articles(day, ChartName);
+        rows.MoveFirst();
+        if (DayCount == 0)
+            continue;
+        qint16 ItemNo = 1;
+        bool FirstRow = true;
+        sheet.MakeRoomFor(DayCount);
+        for (; !rows.Eof(); rows.MoveNext()) {
+            if (!FallsOnDay(rows.Value(DayOfWeek).toString(), day))
+                continue;
+            if (FirstRow)
+                sheet.PrintDayHeader(dayName, DayCount, ReturnRandomColor());
+            FirstRow = false;
+            sheet.PrintRow(rows, ItemNo);
+            ItemNo = AddIntegers(ItemNo, 1);
+        }
+    }
+    printer.EndDoc();
+}

@@ -1,0 +1,35 @@
+#include "platform/printing/Printer.h"
+#include "platform/runtime/Numbers.h"
+#include "store/DatabaseCls.h"
+#include "store/TableNames.h"
+
+void DatabaseCls::PrintUsersPasswords() {
+    Recordset rows = Tables().OpenRecordset(UsersTable);
+    if (!rows.Eof())
+        rows.MoveFirst();
+
+    PrinterObject& printer = Printer();
+    const PrintJobGuard job(printer);
+    printer.SetScaleWidth(21);
+    printer.SetScaleHeight(30);
+    printer.SetCurrentX(4);
+    printer.SetCurrentY(1);
+    printer.SetFontSize(18);
+    printer.Print(QStringLiteral("List of Sparkit Dutygrid users and passwords"));
+
+    qint16 LineNo = 1;
+    for (; !rows.Eof(); rows.MoveNext()) {
+        LineNo = AddIntegers(LineNo, 1);
+        printer.SetCurrentX(2);
+        printer.SetCurrentY(LineNo);
+        printer.Print(
+            QStringLiteral("User Name Is: ") + TextOf(rows.Value(QStringLiteral("Name"))) +
+            QStringLiteral("     Password Is: ") + TextOf(rows.Value(QStringLiteral("Password"))));
+        // Tested behind the line, so that the one at 29 still stands on its page.
+        if (LineNo > 28) {
+            printer.NewPage();
+            LineNo = 0;
+        }
+    }
+    printer.EndDoc();
+}
