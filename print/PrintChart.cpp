@@ -1,4 +1,5 @@
 #include "platform/printing/Printer.h"
+#include "platform/runtime/Dates.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Pictures.h"
 #include "platform/runtime/ProgramFolder.h"
@@ -28,11 +29,6 @@ constexpr qint16 LastGridRow = 27;
 
 /// Between a row's number and its job.
 constexpr int BlanksBehindNumber = 29;
-
-const std::array<QString, 7> DayNames = {QStringLiteral("Sunday"),   QStringLiteral("Monday"),
-                                         QStringLiteral("Tuesday"),  QStringLiteral("Wednesday"),
-                                         QStringLiteral("Thursday"), QStringLiteral("Friday"),
-                                         QStringLiteral("Saturday")};
 
 constexpr qint32 Rgb(int red, int green, int blue) {
     return red | green << 8 | blue << 16;
@@ -159,9 +155,9 @@ void DatabaseCls::PrintChart(const QString& ChartName, bool BlankBoxes, const QS
     printer.Print(Title(rows, ChartName, BlankBoxes, KidName));
 
     ChartSheet sheet(printer, BlankBoxes, OpenMark);
-    for (const QString& dayName : DayNames) {
+    for (int number = 1; number <= 7; ++number) {
+        const QString day = DayAbbreviation(number);
         sheet.NextLine();
-        const QString day = dayName.left(3);
         const qint16 DayCount = PrintReturnNr_Articles(day, ChartName);
         rows.MoveFirst();
         if (DayCount == 0)
@@ -173,7 +169,7 @@ void DatabaseCls::PrintChart(const QString& ChartName, bool BlankBoxes, const QS
             if (!FallsOnDay(rows.Value(DayOfWeek).toString(), day))
                 continue;
             if (FirstRow)
-                sheet.PrintDayHeader(dayName, DayCount, ReturnRandomColor());
+                sheet.PrintDayHeader(FullDayName(day), DayCount, ReturnRandomColor());
             FirstRow = false;
             sheet.PrintRow(rows, ItemNo);
             ItemNo = AddIntegers(ItemNo, 1);

@@ -61,7 +61,7 @@ public:
             pages_.pop_back();
         QPainter painter;
         Require(painter.begin(device_.get()));
-        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.setRenderHints(QPainter::SmoothPixmapTransform | QPainter::LosslessImageRendering);
         for (std::size_t page = 0; page < pages_.size(); ++page) {
             Require(page == 0 || device_->newPage());
             for (const Stroke& stroke : pages_[page])

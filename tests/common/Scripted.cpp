@@ -1,5 +1,7 @@
 #include "tests/common/Scripted.h"
 
+#include "tests/common/PrintedPages.h"
+
 #include <QPdfWriter>
 #include <QProcess>
 #include <gtest/gtest.h>
@@ -75,5 +77,5 @@ QString PdfPrintTarget::TextOf(const QString& file) {
     reader.start(QStringLiteral("pdftotext"),
                  {QStringLiteral("-layout"), file, QStringLiteral("-")});
     reader.waitForFinished();
-    return QString::fromUtf8(reader.readAllStandardOutput());
+    return WithoutLigatures(QString::fromUtf8(reader.readAllStandardOutput()));
 }

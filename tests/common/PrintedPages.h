@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QColor>
+#include <QImage>
+#include <QList>
+#include <QMarginsF>
+#include <QRectF>
+#include <QSizeF>
+#include <QString>
+#include <QStringList>
+
+/// Text read from paper as it was printed: a font joins the letters of "fi" and "fl" into one sign,
+/// which is taken apart again.
+QString WithoutLigatures(const QString& text);
+
+/// A printed job as a reader of the paper sees it: where its words stand and what colour a place
+/// has. All places are in the grid units of the program's pages, 21 across the printable area and
+/// 30 down.
+class PrintedPages {
+public:
+    struct Word {
+        QString Text;
+        QRectF Place;
+    };
+
+    /// Reads a PDF file whose pages have the margins of a QPdfWriter. Throws std::runtime_error if
+    /// that fails.
+    explicit PrintedPages(const QString& pdf);
+
+    int Count() const { return static_cast<int>(words_.size()); }
+
+    /// Pages count from 1.
+    const QList<Word>& Words(int page) const { return words_.at(page - 1); }
+    /// The first word of that text. Throws std::runtime_error if there is none.
+    Word Find(int page, const QString& text) const;
+    /// All words of that text, from top to bottom.
+    QList<Word> FindAll(int page, const QString& text) const;
+    /// The words that begin in the band of height 0.5 at `top`, from left to right, with one blank
+    /// between them.
+    QString LineAt(int page, double top) const;
+
+    /// The picture of a page's printable area.
+    const QImage& Picture(int page) const;
+    QColor At(int page, double x, double y) const;
+    /// The smallest rectangle that holds everything which is not white in the area.
+    QRectF Ink(int page, const QRectF& area) const;
+    /// The colours other than white of the area, the most frequent one; white if there is none.
+    QColor MainColor(int page, const QRectF& area) const;
+
+    /// Points in one grid unit, across and down.
+    QSizeF UnitPoints() const { return unit_; }
+
+private:
+    QPointF ToGrid(double xPoints, double yPoints) const;
+    QRect Pixels(int page, const QRectF& area) const;
+
+    QString pdf_;
+    QMarginsF margins_;
+    QSizeF unit_;
+    QList<QList<Word>> words_;
+    mutable QList<QImage> pictures_;
+};

@@ -1,0 +1,426 @@
+#include "platform/printing/Printer.h"
+#include "platform/runtime/RuntimeError.h"
+#include "tests/common/PrintedPages.h"
+#include "tests/common/Scripted.h"
+
+#include <QFile>
+#include <QFontMetricsF>
+#include <QPdfWriter>
+#include <QTemporaryDir>
+#include <cmath>
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr qint32 Black = 0;
+constexpr qint32 Red = 255;
+constexpr qint32 Green = 0x00ff00;
+constexpr qint32 Blue = 16711680;
+/// Half the width of a letter's side bearing, and what rounding to the reader's dots costs.
+constexpr double Near = 0.06;
+
+class PrinterTest : public testing::Test {
+protected:
+    PrinterTest() {
+        printer_.SetScaleWidth(21);
+        printer_.SetScaleHeight(30);
+    }
+
+    void PrintAt(double x, double y, const QString& text) {
+        printer_.SetCurrentX(x);
+        printer_.SetCurrentY(y);
+        printer_.Print(text);
+    }
+
+    PrintedPages Send() {
+        printer_.EndDoc();
+        return PrintedPages(target_.Files().last());
+    }
+
+    QTemporaryDir folder_;
+    PdfPrintTarget target_{folder_.path()};
+    PrinterObject printer_{target_};
+};
+
+/// A target whose devices are made by the test.
+class MadeByTest : public PrintTarget {
+public:
+    std::function<std::unique_ptr<QPagedPaintDevice>()> Make;
+    int SentJobs = 0;
+
+    std::unique_ptr<QPagedPaintDevice> Open() override { return Make(); }
+    void Sent() override { ++SentJobs; }
+};
+
+class OnePagePaper : public QPdfWriter {
+public:
+    using QPdfWriter::QPdfWriter;
+    bool newPage() override { return false; }
+};
+
+int ErrorNumberOf(const std::function<void()>& statement) {
+    try {
+        statement();
+    } catch (const RuntimeError& error) {
+        return error.Number();
+    }
+    return 0;
+}
+
+TEST_F(PrinterTest, TextStandsWithItsTopLeftCornerAtTheDrawingPosition) {
+    printer_.SetFontSize(18);
+    PrintAt(4, 10, QStringLiteral("HHH"));
+    const PrintedPages pages = Send();
+    const QRectF place = pages.Find(1, QStringLiteral("HHH")).Place;
+    EXPECT_NEAR(place.left(), 4, Near);
+    EXPECT_NEAR(place.top(), 10, Near);
+    const QRectF ink = pages.Ink(1, QRectF(0, 0, 21, 30));
+    EXPECT_GT(ink.top(), 10);
+    EXPECT_LT(ink.bottom(), place.bottom());
+}
+
+TEST_F(PrinterTest, PrintReturnsToTheLeftEdgeOneLineOfTheFontLower) {
+    printer_.SetFontSize(18);
+    PrintAt(4, 10, QStringLiteral("text"));
+    QPdfWriter device(folder_.filePath(QStringLiteral("metrics.pdf")));
+    QFont font;
+    font.setPointSize(18);
+    const double line = QFontMetricsF(font, &device).lineSpacing() * 30 / device.height();
+    EXPECT_EQ(printer_.CurrentX(), 0);
+    EXPECT_FLOAT_EQ(printer_.CurrentY(), static_cast<float>(10 + line));
+    printer_.SetFontSize(9);
+    PrintAt(4, 10, QStringLiteral("text"));
+    EXPECT_NEAR(printer_.CurrentY(), 10 + line / 2, 0.001);
+}
+
+TEST_F(PrinterTest, TextsPrintedOneAfterTheOtherStandBelowEachOtherAtTheLeftEdge) {
+    printer_.SetFontSize(20);
+    PrintAt(5, 2, QStringLiteral("first"));
+    printer_.Print(QStringLiteral("second"));
+    const PrintedPages pages = Send();
+    const QRectF second = pages.Find(1, QStringLiteral("second")).Place;
+    EXPECT_NEAR(second.left(), 0, Near);
+    EXPECT_NEAR(second.top(), pages.Find(1, QStringLiteral("first")).Place.bottom(), Near);
+}
+
+TEST_F(PrinterTest, AnEmptyTextDrawsNothingAndMovesOneLineDown) {
+    PrintAt(4, 10, QString());
+    EXPECT_EQ(printer_.CurrentX(), 0);
+    EXPECT_GT(printer_.CurrentY(), 10.2F);
+    EXPECT_TRUE(Send().Words(1).isEmpty());
+}
+
+TEST_F(PrinterTest, DrawingPositionIsKeptInSinglePrecision) {
+    printer_.SetCurrentX(1.2);
+    printer_.SetCurrentY(5.1);
+    EXPECT_EQ(printer_.CurrentX(), 1.2F);
+    EXPECT_EQ(printer_.CurrentY(), 5.1F);
+    EXPECT_NE(static_cast<double>(printer_.CurrentY()), 5.1);
+}
+
+TEST_F(PrinterTest, GridSpansThePrintableAreaOfAnyPaper) {
+    const QString file = folder_.filePath(QStringLiteral("landscape.pdf"));
+    MadeByTest landscape;
+    landscape.Make = [file] {
+        auto device = std::make_unique<QPdfWriter>(file);
+        device->setPageSize(QPageSize(QPageSize::Letter));
+        device->setPageOrientation(QPageLayout::Landscape);
+        device->setResolution(300);
+        return device;
+    };
+    PrinterObject printer(landscape);
+    printer.SetScaleWidth(21);
+    printer.SetScaleHeight(30);
+    printer.SetCurrentX(4);
+    printer.SetCurrentY(7);
+    printer.Print(QStringLiteral("H"));
+    printer.SetDrawWidth(3);
+    printer.Box(1, 1, 20, 29, Red);
+    printer.EndDoc();
+    const PrintedPages pages(file);
+    EXPECT_GT(pages.UnitPoints().width(), pages.UnitPoints().height());
+    EXPECT_NEAR(pages.Find(1, QStringLiteral("H")).Place.left(), 4, Near);
+    EXPECT_NEAR(pages.Find(1, QStringLiteral("H")).Place.top(), 7, Near);
+    const QRectF box = pages.Ink(1, QRectF(0, 0, 21, 30));
+    EXPECT_NEAR(box.left(), 1, Near);
+    EXPECT_NEAR(box.top(), 1, Near);
+    EXPECT_NEAR(box.right(), 20, Near);
+    EXPECT_NEAR(box.bottom(), 29, Near);
+}
+
+TEST_F(PrinterTest, ScaleSetsTheUnitsOfThePage) {
+    printer_.SetScaleWidth(42);
+    printer_.SetScaleHeight(60);
+    PrintAt(8, 20, QStringLiteral("H"));
+    const QRectF place = Send().Find(1, QStringLiteral("H")).Place;
+    EXPECT_NEAR(place.left(), 4, Near);
+    EXPECT_NEAR(place.top(), 10, Near);
+}
+
+TEST_F(PrinterTest, FontSizeIsInPoints) {
+    for (const int points : {10, 14, 18}) {
+        printer_.SetFontSize(points);
+        PrintAt(2, points, QStringLiteral("H%1").arg(points));
+    }
+    const PrintedPages pages = Send();
+    // A capital letter of the test's font is 0.729 of the font's size high.
+    for (const int points : {10, 14, 18}) {
+        const QRectF capital = pages.Ink(1, QRectF(0, points, 21, 1));
+        EXPECT_NEAR(capital.height() * pages.UnitPoints().height(), 0.729 * points, 1.2);
+    }
+}
+
+TEST_F(PrinterTest, TextColourHasRedInTheLowByteAndBlackIsTheDefault) {
+    printer_.SetFontSize(18);
+    PrintAt(1, 1, QStringLiteral("HHH"));
+    printer_.SetForeColor(Red);
+    PrintAt(1, 3, QStringLiteral("HHH"));
+    printer_.SetForeColor(Blue);
+    PrintAt(1, 5, QStringLiteral("HHH"));
+    printer_.SetForeColor(0x0a6432);
+    PrintAt(1, 7, QStringLiteral("HHH"));
+    const PrintedPages pages = Send();
+    EXPECT_EQ(pages.MainColor(1, QRectF(0, 1, 21, 1)), QColor(0, 0, 0));
+    EXPECT_EQ(pages.MainColor(1, QRectF(0, 3, 21, 1)), QColor(255, 0, 0));
+    EXPECT_EQ(pages.MainColor(1, QRectF(0, 5, 21, 1)), QColor(0, 0, 255));
+    EXPECT_EQ(pages.MainColor(1, QRectF(0, 7, 21, 1)), QColor(0x32, 0x64, 0x0a));
+}
+
+TEST_F(PrinterTest, LineWidthIsInDeviceDotsWithFlatEnds) {
+    printer_.SetDrawWidth(120); // a tenth of an inch at the PDF's 1200 dots
+    printer_.Line(5, 10, 15, 10, Green);
+    const PrintedPages pages = Send();
+    const QRectF ink = pages.Ink(1, QRectF(0, 0, 21, 30));
+    EXPECT_NEAR(ink.height() * pages.UnitPoints().height(), 7.2, 0.5);
+    EXPECT_NEAR(ink.left(), 5, Near);
+    EXPECT_NEAR(ink.right(), 15, Near);
+    EXPECT_EQ(pages.At(1, 10, 10), QColor(0, 255, 0));
+}
+
+TEST_F(PrinterTest, BoxIsAnOutlineWithSquareCornersAndNothingFilled) {
+    printer_.SetDrawWidth(120);
+    printer_.Box(15, 20, 5, 10, Red);
+    const PrintedPages pages = Send();
+    EXPECT_EQ(pages.At(1, 10, 10), QColor(255, 0, 0));
+    EXPECT_EQ(pages.At(1, 10, 20), QColor(255, 0, 0));
+    EXPECT_EQ(pages.At(1, 5, 15), QColor(255, 0, 0));
+    EXPECT_EQ(pages.At(1, 15, 15), QColor(255, 0, 0));
+    EXPECT_EQ(pages.At(1, 4.9, 9.9), QColor(255, 0, 0)) << "the corner's tip";
+    EXPECT_TRUE(pages.Ink(1, QRectF(6, 11, 8, 8)).isEmpty());
+}
+
+TEST_F(PrinterTest, PictureIsScaledIntoItsRectangle) {
+    QImage picture(2, 2, QImage::Format_RGB32);
+    picture.fill(QColor(20, 120, 220));
+    printer_.PaintPicture(picture, 3, 4, 5, 2.5);
+    const PrintedPages pages = Send();
+    const QRectF ink = pages.Ink(1, QRectF(0, 0, 21, 30));
+    EXPECT_NEAR(ink.left(), 3, Near);
+    EXPECT_NEAR(ink.top(), 4, Near);
+    EXPECT_NEAR(ink.right(), 8, Near);
+    EXPECT_NEAR(ink.bottom(), 6.5, Near);
+    EXPECT_EQ(pages.At(1, 5, 5), QColor(20, 120, 220));
+}
+
+TEST_F(PrinterTest, EmptyPictureRaises481) {
+    EXPECT_EQ(ErrorNumberOf([this] { printer_.PaintPicture(QImage(), 1, 1, 1, 1); }), 481);
+}
+
+TEST_F(PrinterTest, BoxTextIsAnEmptySquareAsHighAsCapitalLetters) {
+    printer_.SetFontSize(18);
+    PrintAt(2, 10, QStringLiteral("H"));
+    PrintAt(6, 10, QString(QChar(0x19)));
+    EXPECT_EQ(printer_.CurrentX(), 0);
+    EXPECT_GT(printer_.CurrentY(), 10.5F);
+    const PrintedPages pages = Send();
+    EXPECT_EQ(pages.Words(1).size(), 1) << "the box is no text";
+    const QRectF capital = pages.Ink(1, QRectF(2, 9, 2, 3));
+    const QRectF box = pages.Ink(1, QRectF(5, 9, 4, 3));
+    EXPECT_NEAR(box.left(), 6, Near);
+    EXPECT_NEAR(box.top(), capital.top(), Near);
+    EXPECT_NEAR(box.bottom(), capital.bottom(), Near);
+    EXPECT_NEAR(box.width() * pages.UnitPoints().width(),
+                box.height() * pages.UnitPoints().height(), 1);
+    EXPECT_TRUE(pages.Ink(1, box.adjusted(0.1, 0.1, -0.1, -0.1)).isEmpty());
+    EXPECT_EQ(pages.MainColor(1, QRectF(5, 9, 4, 3)), QColor(0, 0, 0));
+}
+
+TEST_F(PrinterTest, BoxTextHasTheTextColourAndGrowsWithTheFont) {
+    printer_.SetForeColor(Red);
+    printer_.SetFontSize(36);
+    PrintAt(2, 2, EmptyBoxText);
+    printer_.SetFontSize(18);
+    PrintAt(2, 10, EmptyBoxText);
+    const PrintedPages pages = Send();
+    EXPECT_EQ(pages.MainColor(1, QRectF(1, 1, 5, 5)), QColor(255, 0, 0));
+    EXPECT_NEAR(pages.Ink(1, QRectF(1, 1, 5, 5)).width(),
+                2 * pages.Ink(1, QRectF(1, 9, 5, 5)).width(), 2 * Near);
+}
+
+TEST_F(PrinterTest, NewPageStartsAtTheTopLeftOfTheNextPage) {
+    PrintAt(4, 10, QStringLiteral("one"));
+    printer_.NewPage();
+    EXPECT_EQ(printer_.CurrentX(), 0);
+    EXPECT_EQ(printer_.CurrentY(), 0);
+    printer_.Print(QStringLiteral("two"));
+    const PrintedPages pages = Send();
+    ASSERT_EQ(pages.Count(), 2);
+    EXPECT_EQ(pages.Words(1).size(), 1);
+    EXPECT_EQ(pages.Words(2).size(), 1);
+    EXPECT_NEAR(pages.Find(2, QStringLiteral("two")).Place.top(), 0, Near);
+}
+
+TEST_F(PrinterTest, NewPageKeepsScaleFontAndColour) {
+    printer_.SetFontSize(18);
+    printer_.SetForeColor(Blue);
+    PrintAt(4, 10, QStringLiteral("HHH"));
+    printer_.NewPage();
+    PrintAt(4, 10, QStringLiteral("HHH"));
+    const PrintedPages pages = Send();
+    const QRectF area(0, 9, 21, 3);
+    EXPECT_EQ(pages.Ink(1, area), pages.Ink(2, area));
+    EXPECT_EQ(pages.MainColor(2, area), QColor(0, 0, 255));
+}
+
+TEST_F(PrinterTest, LastPageWithoutADrawingIsNotSentButOneInTheMiddleIs) {
+    PrintAt(1, 1, QStringLiteral("one"));
+    printer_.NewPage();
+    printer_.NewPage();
+    PrintAt(1, 1, QStringLiteral("three"));
+    printer_.NewPage();
+    const PrintedPages pages = Send();
+    ASSERT_EQ(pages.Count(), 3);
+    EXPECT_TRUE(pages.Words(2).isEmpty());
+    EXPECT_EQ(pages.LineAt(3, 1), QStringLiteral("three"));
+}
+
+TEST_F(PrinterTest, DrawingOutsideThePageIsLostWithoutAnError) {
+    PrintAt(1, 31, QStringLiteral("below"));
+    PrintAt(1, 1, QStringLiteral("inside"));
+    const PrintedPages pages = Send();
+    EXPECT_EQ(pages.Count(), 1);
+    EXPECT_EQ(pages.LineAt(1, 1), QStringLiteral("inside"));
+}
+
+TEST_F(PrinterTest, EndDocWithoutADrawingSendsNothing) {
+    printer_.SetFontSize(18);
+    printer_.EndDoc();
+    EXPECT_TRUE(target_.Files().isEmpty());
+}
+
+TEST_F(PrinterTest, NothingIsSentBeforeEndDoc) {
+    PrintAt(1, 1, QStringLiteral("text"));
+    EXPECT_TRUE(target_.Files().isEmpty());
+    EXPECT_FALSE(QFile::exists(folder_.filePath(QStringLiteral("Job1.pdf"))));
+    printer_.EndDoc();
+    EXPECT_EQ(target_.Files().size(), 1);
+}
+
+TEST_F(PrinterTest, NextJobStartsCleanOnItsFirstPage) {
+    printer_.SetForeColor(Red);
+    printer_.SetDrawWidth(120);
+    PrintAt(1, 1, QStringLiteral("first"));
+    printer_.NewPage();
+    PrintAt(1, 1, QStringLiteral("job"));
+    printer_.EndDoc();
+    EXPECT_EQ(printer_.CurrentX(), 0);
+    EXPECT_EQ(printer_.CurrentY(), 0);
+    PrintAt(1, 1, QStringLiteral("HHH"));
+    printer_.Line(1, 10, 20, 10, Black);
+    const PrintedPages pages = Send();
+    ASSERT_EQ(pages.Count(), 1);
+    EXPECT_EQ(pages.MainColor(1, QRectF(0, 1, 21, 1)), QColor(0, 0, 0));
+    EXPECT_LT(pages.Ink(1, QRectF(0, 9, 21, 2)).height(), 0.1);
+}
+
+TEST_F(PrinterTest, GuardDropsTheJobThatAnErrorLeftUnfinished) {
+    EXPECT_EQ(ErrorNumberOf([this] {
+                  const PrintJobGuard job(printer_);
+                  PrintAt(1, 1, QStringLiteral("lost"));
+                  printer_.NewPage();
+                  throw RuntimeError(ErrorNumber::InvalidUseOfNull);
+              }),
+              94);
+    printer_.EndDoc();
+    EXPECT_TRUE(target_.Files().isEmpty());
+    PrintAt(1, 1, QStringLiteral("kept"));
+    const PrintedPages pages = Send();
+    EXPECT_EQ(pages.Count(), 1);
+    EXPECT_EQ(pages.LineAt(1, 1), QStringLiteral("kept"));
+}
+
+TEST_F(PrinterTest, GuardDropsWhatWasLeftFromBeforeAndKeepsAFinishedJob) {
+    PrintAt(1, 1, QStringLiteral("before"));
+    {
+        const PrintJobGuard job(printer_);
+        PrintAt(1, 1, QStringLiteral("kept"));
+        printer_.EndDoc();
+    }
+    ASSERT_EQ(target_.Files().size(), 1);
+    EXPECT_EQ(PrintedPages(target_.Files().first()).Words(1).size(), 1);
+}
+
+TEST_F(PrinterTest, PrinterThatIsNotThereRaises482AtTheFirstDrawing) {
+    MadeByTest none;
+    none.Make = []() -> std::unique_ptr<QPagedPaintDevice> {
+        throw RuntimeError(ErrorNumber::PrinterError);
+    };
+    PrinterObject printer(none);
+    printer.SetFontSize(18);
+    EXPECT_EQ(ErrorNumberOf([&] { printer.Print(QStringLiteral("x")); }), 482);
+    EXPECT_EQ(ErrorNumberOf([&] { printer.Line(1, 1, 2, 2, Black); }), 482);
+    none.Make = [] { return std::unique_ptr<QPagedPaintDevice>(); };
+    EXPECT_EQ(ErrorNumberOf([&] { printer.Print(QStringLiteral("x")); }), 482);
+    EXPECT_EQ(none.SentJobs, 0);
+}
+
+TEST_F(PrinterTest, DeviceThatCannotBeginRaises482AndTheJobIsGone) {
+    MadeByTest refusing;
+    refusing.Make = [this] {
+        return std::make_unique<QPdfWriter>(folder_.filePath(QStringLiteral("missing/Job.pdf")));
+    };
+    PrinterObject printer(refusing);
+    printer.Print(QStringLiteral("lost"));
+    EXPECT_EQ(ErrorNumberOf([&] { printer.EndDoc(); }), 482);
+    EXPECT_EQ(refusing.SentJobs, 0);
+
+    const QString file = folder_.filePath(QStringLiteral("next.pdf"));
+    refusing.Make = [file] { return std::make_unique<QPdfWriter>(file); };
+    printer.EndDoc();
+    EXPECT_EQ(refusing.SentJobs, 0) << "nothing is left of the refused job";
+    printer.Print(QStringLiteral("next"));
+    printer.EndDoc();
+    EXPECT_EQ(refusing.SentJobs, 1);
+    EXPECT_EQ(PrintedPages(file).LineAt(1, 0), QStringLiteral("next"));
+}
+
+TEST_F(PrinterTest, DeviceThatRefusesASecondPageRaises482) {
+    MadeByTest onePage;
+    onePage.Make = [this] {
+        return std::make_unique<OnePagePaper>(folder_.filePath(QStringLiteral("one.pdf")));
+    };
+    PrinterObject printer(onePage);
+    printer.Print(QStringLiteral("one"));
+    printer.NewPage();
+    printer.Print(QStringLiteral("two"));
+    EXPECT_EQ(ErrorNumberOf([&] { printer.EndDoc(); }), 482);
+    EXPECT_EQ(onePage.SentJobs, 0);
+}
+
+TEST(PrinterOfTheProgram, Raises482WithoutATarget) {
+    SetPrintTarget(nullptr);
+    EXPECT_EQ(ErrorNumberOf([] { Printer(); }), 482);
+}
+
+TEST(PrinterOfTheProgram, PrintsOnTheTargetSet) {
+    const QTemporaryDir folder;
+    PdfPrintTarget target(folder.path());
+    SetPrintTarget(&target);
+    Printer().Print(QStringLiteral("text"));
+    Printer().EndDoc();
+    SetPrintTarget(nullptr);
+    EXPECT_EQ(target.Files().size(), 1);
+}
+
+} // namespace
