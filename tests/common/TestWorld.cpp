@@ -46,14 +46,6 @@ ProgramTest::ProgramTest() : Paper(folder_.path()) {
     // A user of the machine who has never run the program.
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(folder_.filePath(QStringLiteral("UserConfig"))));
     CopyTree(QStringLiteral(DUTYGRID_ASSETS_DIR), folder_.path());
-    QDir(folder_.path()).mkpath(QStringLiteral("Database"));
-    QFile::remove(Path(QStringLiteral("Database/Charts.mdb")));
-    {
-        const auto seed = TableStore::CreateDatabase(Path(QStringLiteral("Database/Charts.mdb")),
-                                                     QStringLiteral(";LANGID=0x0409"));
-        seed->CreateTable(UsersTable, UsersTableFields());
-        seed->Commit();
-    }
     SetPrompts(&Boxes);
     SetDesktop(&DesktopCalls);
     SetPrintTarget(&Paper);

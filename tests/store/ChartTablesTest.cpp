@@ -1,0 +1,252 @@
+#include "tests/store/StoreTest.h"
+
+namespace {
+
+const QString Chores = QStringLiteral("Chores Anna");
+
+class ChartTablesTest : public StoreTest {
+protected:
+    QStringList FieldOfRows(const QString& table, int position) {
+        QStringList values;
+        for (const QString& row : Rows(table))
+            values += row.split(QLatin1Char('|')).at(position);
+        return values;
+    }
+};
+
+TEST_F(ChartTablesTest, MondayToFridayFansOutToFiveRowsThatAllHoldTheChartsFields) {
+    SaveChart(Chores,
+              {Job(QStringLiteral("Feed cat"), QStringLiteral("Mon-Fri"), QStringLiteral("3")),
+               Job(QStringLiteral("Rake"), QStringLiteral("Sat"), QStringLiteral("10"))},
+              QStringLiteral("Anna"), true);
+    EXPECT_EQ(Rows(Chores),
+              (QStringList{
+                  QStringLiteral("Feed cat|Mon|Mum|Easy|3|0|2001-03-04|2001-03-10|Anna|-1"),
+                  QStringLiteral("Feed cat|Tue|Mum|Easy|3|0|2001-03-04|2001-03-10|Anna|-1"),
+                  QStringLiteral("Feed cat|Wed|Mum|Easy|3|0|2001-03-04|2001-03-10|Anna|-1"),
+                  QStringLiteral("Feed cat|Thu|Mum|Easy|3|0|2001-03-04|2001-03-10|Anna|-1"),
+                  QStringLiteral("Feed cat|Fri|Mum|Easy|3|0|2001-03-04|2001-03-10|Anna|-1"),
+                  QStringLiteral("Rake|Sat|Mum|Easy|10|0|<null>|<null>|<null>|0")}));
+}
+
+TEST_F(ChartTablesTest, SundayToSaturdayFansOutToSevenRowsFromSunday) {
+    SaveChart(Chores, {Job(QStringLiteral("Teeth"), QStringLiteral("Sun-Sat"))});
+    EXPECT_EQ(FieldOfRows(Chores, 1).join(QLatin1Char(' ')),
+              QStringLiteral("Sun Mon Tue Wed Thu Fri Sat"));
+}
+
+TEST_F(ChartTablesTest, EmptyEditorIsOneRowOfBlanksWithTheChartsDates) {
+    SaveChart(Chores, {EditorRow{}});
+    EXPECT_EQ(Rows(Chores),
+              QStringList{QStringLiteral(" | | | |0|0|2001-03-04|2001-03-10|Anna|0")});
+}
+
+TEST_F(ChartTablesTest, JobWithoutADayIsInNoDayOfTheViewerButInTheEditor) {
+    SaveChart(Chores, {Job(QStringLiteral("Sometime"), QString()),
+                       Job(QStringLiteral("Rake"), QStringLiteral("Sat"))});
+    EXPECT_EQ(FieldOfRows(Chores, 1), (QStringList{QStringLiteral(" "), QStringLiteral("Sat")}));
+    for (const char* day : {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri"})
+        EXPECT_EQ(Database().PrintReturnNr_Articles(QLatin1String(day), Chores), 0) << day;
+    Editor.rows = {EditorRow{}};
+    Database().ReadInfoFromChart(Chores, 0, false, QString());
+    ASSERT_EQ(Editor.rows.size(), 2);
+    EXPECT_EQ(Editor.rows.first().Instructions, QStringLiteral("Sometime"));
+    EXPECT_EQ(Editor.rows.first().DayOfWeek, QStringLiteral(" "));
+}
+
+TEST_F(ChartTablesTest, PointsAreReadByTheNumberAtTheStartAndRoundHalfToEven) {
+    SaveChart(Chores, {Job(QStringLiteral("a"), QStringLiteral("Mon"), QStringLiteral("3abc")),
+                       Job(QStringLiteral("b"), QStringLiteral("Mon"), QStringLiteral("-3")),
+                       Job(QStringLiteral("c"), QStringLiteral("Mon"), QStringLiteral("1.5")),
+                       Job(QStringLiteral("d"), QStringLiteral("Mon"), QStringLiteral("2.5")),
+                       Job(QStringLiteral("e"), QStringLiteral("Mon"), QStringLiteral("99999")),
+                       Job(QStringLiteral("f"), QStringLiteral("Mon"), QStringLiteral("none"))});
+    EXPECT_EQ(FieldOfRows(Chores, 4).join(QLatin1Char(' ')), QStringLiteral("3 -3 2 2 99999 0"));
+}
+
+TEST_F(ChartTablesTest, PointsBeyondAWholeNumberFailTheSaveWithTheRowsBeforeWritten) {
+    EXPECT_EQ(ErrorOf([this] {
+                  SaveChart(Chores, {Job(QStringLiteral("a"), QStringLiteral("Mon")),
+                                     Job(QStringLiteral("b"), QStringLiteral("Mon"),
+                                         QStringLiteral("99999999999"))});
+              }),
+              6);
+    EXPECT_EQ(FieldOfRows(Chores, 0), QStringList{QStringLiteral("a")});
+}
+
+TEST_F(ChartTablesTest, TooLongATextFailsAndTheRowsBeforeStand) {
+    EditorRow long1 = Job(QStringLiteral("b"), QStringLiteral("Mon"));
+    long1.AdultResponsable = QString(256, QLatin1Char('x'));
+    EXPECT_EQ(ErrorOf([&] {
+                  SaveChart(Chores, {Job(QStringLiteral("a"), QStringLiteral("Mon")), long1});
+              }),
+              3163);
+    EXPECT_EQ(FieldOfRows(Chores, 0), QStringList{QStringLiteral("a")});
+}
+
+TEST_F(ChartTablesTest, SavingFromTheEditorLosesEveryTickOfTheTableSavedOver) {
+    const QList<EditorRow> rows = {Job(QStringLiteral("Rake"), QStringLiteral("Mon"))};
+    SaveChart(Chores, rows);
+    TickDay(Chores, QStringLiteral("Mon"));
+    EXPECT_EQ(FieldOfRows(Chores, 5), QStringList{QStringLiteral("-1")});
+    SaveChart(Chores, rows);
+    EXPECT_EQ(FieldOfRows(Chores, 5), QStringList{QStringLiteral("0")});
+}
+
+TEST_F(ChartTablesTest, SavingUnderAnotherCaseReplacesTheTable) {
+    SaveChart(QStringLiteral("Chores"), {Job(QStringLiteral("old"), QStringLiteral("Mon"))});
+    SaveChart(QStringLiteral("CHORES"), {Job(QStringLiteral("new"), QStringLiteral("Mon"))});
+    EXPECT_EQ(TableNames(), QStringList{QStringLiteral("CHORES")});
+}
+
+TEST_F(ChartTablesTest, ReloadingAndSavingLeavesTheSameRows) {
+    SaveChart(Chores, {Job(QStringLiteral("Feed"), QStringLiteral("Mon-Fri")),
+                       Job(QStringLiteral("Rake"), QStringLiteral("Sat"))});
+    Editor.rows = {EditorRow{}};
+    Database().ReadInfoFromChart(Chores, 0, false, QString());
+    EXPECT_EQ(Editor.rows.size(), 6);
+    const QList<EditorRow> rows = Editor.rows;
+    const auto jobsAndDays = [this] {
+        QStringList result;
+        for (const QString& row : Rows(Chores))
+            result += row.section(QLatin1Char('|'), 0, 4);
+        return result;
+    };
+    const QStringList before = jobsAndDays();
+    SaveChart(Chores, rows);
+    EXPECT_EQ(jobsAndDays(), before);
+}
+
+TEST_F(ChartTablesTest, ViewerIsFilledWithOneDaysRowsAndTheirMarks) {
+    SaveChart(Chores, {Job(QStringLiteral("Feed"), QStringLiteral("Mon-Fri")),
+                       Job(QStringLiteral("Rake"), QStringLiteral("Wed"), QStringLiteral("10"))});
+    TickDay(Chores, QStringLiteral("Wed"));
+    Viewer.rows = {ViewerRow{}};
+    Database().ReadInfoFromChart(Chores, 0, true, QStringLiteral("Wed"));
+    ASSERT_EQ(Viewer.rows.size(), 2);
+    EXPECT_EQ(Viewer.rows.at(0).Instructions, QStringLiteral("Feed"));
+    EXPECT_EQ(Viewer.rows.at(1).Instructions, QStringLiteral("Rake"));
+    EXPECT_EQ(Viewer.rows.at(1).Points, QStringLiteral("10"));
+    EXPECT_EQ(Viewer.rows.at(1).Difficulty, QStringLiteral("Easy"));
+    EXPECT_EQ(Viewer.rows.at(1).AdultResponsable, QStringLiteral("Mum"));
+    EXPECT_TRUE(Viewer.rows.at(0).Completed);
+    EXPECT_EQ(Viewer.dayCaption, QStringLiteral("Wednesday 3/7/2001"));
+}
+
+TEST_F(ChartTablesTest, TicksAreWrittenByPositionToTheRowsOfTheDayLastReadAlone) {
+    SaveChart(Chores, {Job(QStringLiteral("Feed"), QStringLiteral("Mon-Fri")),
+                       Job(QStringLiteral("Rake"), QStringLiteral("Wed"))});
+    Viewer.rows = {ViewerRow{}};
+    Database().ReadInfoFromChart(Chores, 0, true, QStringLiteral("Wed"));
+    Viewer.rows[1].Completed = true;
+    Database().WriteInfoToChart(Chores, 0, true, QString(), QDate(), QDate(), false);
+    EXPECT_EQ(FieldOfRows(Chores, 5).join(QLatin1Char(' ')), QStringLiteral("0 0 0 0 0 -1"));
+}
+
+TEST_F(ChartTablesTest, MoreRowsThanTheViewerShowsFailAtTheFirstBeyondWithTheOthersStored) {
+    SaveChart(Chores, {Job(QStringLiteral("a"), QStringLiteral("Wed")),
+                       Job(QStringLiteral("b"), QStringLiteral("Wed"))});
+    Database().ReadInfoFromChart(Chores, 0, true, QStringLiteral("Wed"));
+    Viewer.rows = {ViewerRow{}};
+    Viewer.rows[0].Completed = true;
+    EXPECT_EQ(ErrorOf([] {
+                  Database().WriteInfoToChart(Chores, 0, true, QString(), QDate(), QDate(), false);
+              }),
+              9);
+    EXPECT_EQ(FieldOfRows(Chores, 5).join(QLatin1Char(' ')), QStringLiteral("-1 0"));
+}
+
+TEST_F(ChartTablesTest, ADayWithoutRowsSetsTheCurrentDayAndLeavesTheViewerAsItWas) {
+    SaveChart(Chores, {Job(QStringLiteral("a"), QStringLiteral("Wed"))});
+    Database().ReadInfoFromChart(Chores, 0, true, QStringLiteral("Wed"));
+    Viewer.rows[0].Completed = true;
+    Database().ReadInfoFromChart(Chores, 0, true, QStringLiteral("Sun"));
+    EXPECT_EQ(Viewer.rows.at(0).Instructions, QStringLiteral("a"));
+    EXPECT_EQ(Viewer.dayCaption, QStringLiteral("Wednesday 3/7/2001"));
+    // The ticks now belong to Sunday, which has no row to take them.
+    Database().WriteInfoToChart(Chores, 0, true, QString(), QDate(), QDate(), false);
+    EXPECT_EQ(FieldOfRows(Chores, 5), QStringList{QStringLiteral("0")});
+}
+
+TEST_F(ChartTablesTest, FiveDayChartsCountFromMondayAndHaveNoCaptionForAWeekendDay) {
+    SaveChart(Chores,
+              {Job(QStringLiteral("a"), QStringLiteral("Fri")),
+               Job(QStringLiteral("b"), QStringLiteral("Sun"))},
+              QStringLiteral("Anna"), false, QDate(2001, 3, 5), QDate(2001, 3, 9));
+    Database().ReadInfoFromChart(Chores, 0, true, QStringLiteral("Fri"));
+    EXPECT_EQ(Viewer.dayCaption, QStringLiteral("Friday 3/9/2001"));
+    Viewer.rows = {ViewerRow{}};
+    Database().ReadInfoFromChart(Chores, 0, true, QStringLiteral("Sun"));
+    EXPECT_EQ(Viewer.dayCaption, QString());
+}
+
+TEST_F(ChartTablesTest, RowsWithARangeTextCountForAllSevenDays) {
+    MakeEmptyChart(Chores);
+    {
+        Database().Commit();
+        const auto tables = TableStore::OpenDatabase(Path(QStringLiteral("Database/Charts.mdb")));
+        Recordset rows = tables->OpenRecordset(Chores);
+        for (const char* range : {"Mon-Fri", "Sun-Sat"}) {
+            rows.AddNew();
+            rows.SetValue(1, QString::fromLatin1(range));
+            rows.SetValue(6, QDate(2001, 3, 4));
+            rows.SetValue(7, QDate(2001, 3, 10));
+            rows.Update();
+        }
+        tables->Commit();
+    }
+    for (const char* day : {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"})
+        EXPECT_EQ(Database().PrintReturnNr_Articles(QLatin1String(day), Chores), 2) << day;
+    EXPECT_EQ(Database().PrintReturnNr_Articles(QString(), Chores), 0);
+}
+
+TEST_F(ChartTablesTest, ReadDatesFillsTheFourMembersAndAnEmptyChartLeavesThem) {
+    SaveChart(Chores, {Job(QStringLiteral("a"), QStringLiteral("Fri"))});
+    Database().ReadDates(Chores);
+    EXPECT_EQ(Database().FirstDateText, QStringLiteral("3/4/2001"));
+    EXPECT_EQ(Database().LastDateText, QStringLiteral("3/10/2001"));
+    EXPECT_EQ(Database().FirstDateKey, QStringLiteral("20010304"));
+    EXPECT_EQ(Database().LastDateKey, QStringLiteral("20010310"));
+    MakeEmptyChart(QStringLiteral("Empty"));
+    Database().ReadDates(QStringLiteral("Empty"));
+    EXPECT_EQ(Database().FirstDateKey, QStringLiteral("20010304"));
+}
+
+TEST_F(ChartTablesTest, UnknownTablesFailEachInItsOwnWay) {
+    EXPECT_EQ(ErrorOf([] { Database().ReadDates(QStringLiteral("none")); }), 3078);
+    EXPECT_EQ(
+        ErrorOf([] { Database().ReadInfoFromChart(QStringLiteral("none"), 0, true, QString()); }),
+        91);
+    EXPECT_EQ(ErrorOf([] {
+                  Database().WriteInfoToChart(QStringLiteral("none"), 0, true, QString(), QDate(),
+                                              QDate(), false);
+              }),
+              3078);
+    EXPECT_EQ(ErrorOf([] { Database().DeleteChart(QStringLiteral("none")); }), 3078);
+}
+
+TEST_F(ChartTablesTest, ReadingAsksForTheExactCaseOfTheName) {
+    SaveChart(QStringLiteral("Chores"), {Job(QStringLiteral("a"), QStringLiteral("Fri"))});
+    EXPECT_EQ(
+        ErrorOf([] { Database().ReadInfoFromChart(QStringLiteral("CHORES"), 0, false, QString()); }),
+        91);
+}
+
+TEST_F(ChartTablesTest, ChartNamesOfAnyKindAreStoredAndFoundAgain) {
+    const QStringList names = {QStringLiteral("Bobby\"; DROP TABLE USERS; --"),
+                               QStringLiteral("O'Neil's / jobs."),
+                               QStringLiteral("😀 fun"),
+                               QStringLiteral("   "),
+                               QString(200, QLatin1Char('w')),
+                               QStringLiteral("[brackets] `ticks`")};
+    for (const QString& name : names)
+        SaveChart(name, {Job(QStringLiteral("It's \"it\""), QStringLiteral("Wed"))});
+    EXPECT_EQ(TableNames(), names);
+    Restart();
+    for (const QString& name : names) {
+        EXPECT_TRUE(Database().ChartExist(name));
+        EXPECT_EQ(FieldOfRows(name, 0), QStringList{QStringLiteral("It's \"it\"")});
+    }
+}
+
+} // namespace

@@ -1,0 +1,160 @@
+#include "platform/runtime/ProgramFolder.h"
+#include "store/TableNames.h"
+#include "tests/store/StoreTest.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace {
+
+QByteArray Contents(const QString& path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+    return file.readAll();
+}
+
+class SchemaTest : public StoreTest {};
+
+TEST_F(SchemaTest, AbsentDatabaseIsMadeEmptyAndTheFirstAccountOperationFails) {
+    ResetSession();
+    QFile::remove(Path(QStringLiteral("Database/Charts.mdb")));
+    Database().InitDatabse();
+    EXPECT_TRUE(QFile::exists(Path(QStringLiteral("Database/Charts.mdb"))));
+    EXPECT_EQ(TableNames(), QStringList());
+    EXPECT_EQ(ErrorOf([] { Database().RetrevePassword(QStringLiteral("Anna")); }), 3078);
+}
+
+TEST_F(SchemaTest, MissingDatabaseFolderIsTheEnginesErrorAndNoFolderIsMade) {
+    ResetSession();
+    QDir(Path(QStringLiteral("Database"))).removeRecursively();
+    EXPECT_EQ(ErrorOf([] { Database().InitDatabse(); }), 3000);
+    EXPECT_FALSE(QFile::exists(Path(QStringLiteral("Database"))));
+}
+
+TEST_F(SchemaTest, RepeatedInitDatabseKeepsWhatHasBeenWritten) {
+    Database().AddUser(QStringLiteral("Anna"), QStringLiteral("cat"), QStringLiteral("Student"),
+                       QString());
+    Database().InitDatabse();
+    EXPECT_EQ(Database().RetrevePassword(QStringLiteral("Anna")), QStringLiteral("cat"));
+}
+
+TEST_F(SchemaTest, OperationsBeforeInitDatabseRaiseObjectNotSet) {
+    ResetSession();
+    EXPECT_EQ(ErrorOf([] { Database().DeleteChart(QStringLiteral("Chores")); }), 91);
+}
+
+TEST_F(SchemaTest, ChartTableHasTheTenFieldsInOrder) {
+    const QList<FieldDefinition> fields = ChartTableFields();
+    QStringList names;
+    QList<int> types;
+    for (const FieldDefinition& field : fields) {
+        names += field.Name;
+        types += static_cast<int>(field.Type);
+    }
+    EXPECT_EQ(names.join(QLatin1Char(' ')),
+              QStringLiteral("Instructions DayOfWeek AdultResponsable Difficuly Points Completed "
+                             "FirstDate LastDate UserName AutoCreate"));
+    EXPECT_EQ(types, (QList<int>{12, 10, 10, 10, 4, 1, 8, 8, 10, 1}));
+}
+
+TEST_F(SchemaTest, AccountsHaveNameAtPositionOneAndStateAtFour) {
+    const QList<FieldDefinition> fields = UsersTableFields();
+    EXPECT_EQ(fields.at(1).Name, QStringLiteral("Name"));
+    EXPECT_EQ(fields.at(4).Name, QStringLiteral("State"));
+}
+
+TEST_F(SchemaTest, ChartsWithReservedBeginningsAreStoredAndNeverListed) {
+    const QStringList names = {QStringLiteral("Printing jobs"), QStringLiteral("Historic chores"),
+                               QStringLiteral("MSystem chores")};
+    for (const QString& name : names)
+        SaveChart(name, {Job(QStringLiteral("Sweep"), QStringLiteral("Wed"))});
+    SaveChart(QStringLiteral("Chores"), {Job(QStringLiteral("Sweep"), QStringLiteral("Wed"))});
+    EXPECT_EQ(TableNames(), names + QStringList{QStringLiteral("Chores")});
+    FakeList list;
+    Database().PopulateChartList(list, false);
+    EXPECT_EQ(list.items, QStringList{QStringLiteral("Chores")});
+}
+
+TEST_F(SchemaTest, AChartNamedPrintedIsReplacedByTheNextPrintFromTheEditor) {
+    SaveChart(QStringLiteral("Printed"), {Job(QStringLiteral("Mine"), QStringLiteral("Mon"))});
+    SaveChart(QStringLiteral("Printed"), {Job(QStringLiteral("Scratch"), QStringLiteral("Tue"))},
+              QStringLiteral("Printed"));
+    EXPECT_EQ(Rows(QStringLiteral("Printed")).size(), 1);
+    EXPECT_TRUE(Rows(QStringLiteral("Printed")).first().startsWith(QStringLiteral("Scratch|")));
+}
+
+TEST_F(SchemaTest, AFileOf32768BytesIsStoredInTwoPiecesOf32770Bytes) {
+    QFile file(Path(QStringLiteral("block")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    const QByteArray block(32768, 'x');
+    file.write(block);
+    file.close();
+    Database().AddUser(QStringLiteral("Anna"), QStringLiteral("cat"), QStringLiteral("Student"),
+                       file.fileName());
+    Database().Commit();
+    const auto tables = TableStore::OpenDatabase(Path(QStringLiteral("Database/Charts.mdb")));
+    Recordset rows = tables->OpenRecordset(UsersTable);
+    ASSERT_EQ(rows.FieldSize(QStringLiteral("Image")), 32770);
+    EXPECT_EQ(rows.GetChunk(QStringLiteral("Image"), 0, 32768), block);
+    EXPECT_EQ(rows.GetChunk(QStringLiteral("Image"), 32768, 10), QByteArray(2, '\0'));
+}
+
+TEST_F(SchemaTest, ASmallerPictureKeepsTheTailOfTheLargerInTheScratchFileAndStillLoads) {
+    QImage noise(200, 200, QImage::Format_RGB32);
+    for (int y = 0; y < 200; ++y)
+        for (int x = 0; x < 200; ++x)
+            noise.setPixel(x, y, static_cast<QRgb>(x * 7919 + y * 104729) * 2654435761U);
+    const QString large = Path(QStringLiteral("large.png"));
+    ASSERT_TRUE(noise.save(large));
+    Database().AddUser(QStringLiteral("Anna"), QStringLiteral("a"), QStringLiteral("Student"),
+                       large);
+    Database().AddUser(QStringLiteral("Ben"), QStringLiteral("b"), QStringLiteral("Student"),
+                       PictureFile());
+    FakePicture target;
+    Database().RetrevePicture(QStringLiteral("Anna"), target);
+    EXPECT_EQ(target.picture.size(), QSize(200, 200));
+    const QStringList scratch = QDir(Path(QStringLiteral("DeleteMe"))).entryList(QDir::Files);
+    ASSERT_EQ(scratch.size(), 1) << "one scratch file serves every picture";
+    const QString scratchFile = Path(QStringLiteral("DeleteMe/")) + scratch.first();
+    const QByteArray first = Contents(scratchFile);
+    EXPECT_TRUE(first.startsWith(Contents(large)));
+
+    Database().RetrevePicture(QStringLiteral("Ben"), target);
+    EXPECT_EQ(target.picture.size(), QSize(24, 24));
+    const QByteArray second = Contents(scratchFile);
+    EXPECT_EQ(second.size(), first.size());
+    EXPECT_TRUE(second.startsWith(Contents(PictureFile())));
+    EXPECT_EQ(second.right(1000), first.right(1000));
+}
+
+TEST_F(SchemaTest, ScratchFileStaysInItsFolderWhateverTheAccountIsCalled) {
+    const QStringList names = {QStringLiteral("../../evil"), QStringLiteral("a/b\\c"),
+                               QStringLiteral("."),          QStringLiteral(".."),
+                               QStringLiteral("\"quoted\""), QStringLiteral("😀 smile"),
+                               QString(50, QLatin1Char('x')), QStringLiteral("   ")};
+    for (const QString& name : names) {
+        Database().DeleteAccount(names.first());
+        for (const QString& former : names)
+            Database().DeleteAccount(former);
+        Database().AddUser(name, QStringLiteral("p"), QStringLiteral("Student"), PictureFile());
+        FakePicture target;
+        Database().RetrevePicture(name, target);
+        EXPECT_EQ(target.picture.size(), QSize(24, 24)) << name.toStdString();
+    }
+    EXPECT_EQ(QDir(Path(QStringLiteral("DeleteMe"))).entryList(QDir::Files).size(), names.size());
+    EXPECT_FALSE(QFile::exists(Path(QStringLiteral("../evil"))));
+}
+
+TEST_F(SchemaTest, StoredBytesThatAreNoPictureLeaveTheTargetEmpty) {
+    QFile file(Path(QStringLiteral("text.png")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("this is no picture");
+    file.close();
+    Database().AddUser(QStringLiteral("Anna"), QStringLiteral("a"), QStringLiteral("Student"),
+                       file.fileName());
+    FakePicture target;
+    Database().RetrevePicture(QStringLiteral("Anna"), target);
+    EXPECT_TRUE(target.picture.isNull());
+}
+
+} // namespace
