@@ -19,14 +19,14 @@ TEST_F(ChartTablesTest, MondayToFridayFansOutToFiveRowsThatAllHoldTheChartsField
               {Job(QStringLiteral("Feed cat"), QStringLiteral("Mon-Fri"), QStringLiteral("3")),
                Job(QStringLiteral("Rake"), QStringLiteral("Sat"), QStringLiteral("10"))},
               QStringLiteral("Anna"), true);
-    EXPECT_EQ(Rows(Chores),
-              (QStringList{
-                  QStringLiteral("Feed cat|Mon|Mum|Easy|3|0|2001-03-04|2001-03-10|Anna|-1"),
-                  QStringLiteral("Feed cat|Tue|Mum|Easy|3|0|2001-03-04|2001-03-10|Anna|-1"),
-                  QStringLiteral("Feed cat|Wed|Mum|Easy|3|0|2001-03-04|2001-03-10|Anna|-1"),
-                  QStringLiteral("Feed cat|Thu|Mum|Easy|3|0|2001-03-04|2001-03-10|Anna|-1"),
-                  QStringLiteral("Feed cat|Fri|Mum|Easy|3|0|2001-03-04|2001-03-10|Anna|-1"),
-                  QStringLiteral("Rake|Sat|Mum|Easy|10|0|<null>|<null>|<null>|0")}));
+    EXPECT_EQ(
+        Rows(Chores),
+        (QStringList{QStringLiteral("Feed cat|Mon|Mum|Easy|3|0|2001-03-04|2001-03-10|Anna|-1"),
+                     QStringLiteral("Feed cat|Tue|Mum|Easy|3|0|2001-03-04|2001-03-10|Anna|-1"),
+                     QStringLiteral("Feed cat|Wed|Mum|Easy|3|0|2001-03-04|2001-03-10|Anna|-1"),
+                     QStringLiteral("Feed cat|Thu|Mum|Easy|3|0|2001-03-04|2001-03-10|Anna|-1"),
+                     QStringLiteral("Feed cat|Fri|Mum|Easy|3|0|2001-03-04|2001-03-10|Anna|-1"),
+                     QStringLiteral("Rake|Sat|Mum|Easy|10|0|<null>|<null>|<null>|0")}));
 }
 
 TEST_F(ChartTablesTest, SundayToSaturdayFansOutToSevenRowsFromSunday) {
@@ -227,9 +227,10 @@ TEST_F(ChartTablesTest, UnknownTablesFailEachInItsOwnWay) {
 
 TEST_F(ChartTablesTest, ReadingAsksForTheExactCaseOfTheName) {
     SaveChart(QStringLiteral("Chores"), {Job(QStringLiteral("a"), QStringLiteral("Fri"))});
-    EXPECT_EQ(
-        ErrorOf([] { Database().ReadInfoFromChart(QStringLiteral("CHORES"), 0, false, QString()); }),
-        91);
+    EXPECT_EQ(ErrorOf([] {
+                  Database().ReadInfoFromChart(QStringLiteral("CHORES"), 0, false, QString());
+              }),
+              91);
 }
 
 TEST_F(ChartTablesTest, ChartNamesOfAnyKindAreStoredAndFoundAgain) {

@@ -128,9 +128,9 @@ TEST_F(SchemaTest, ASmallerPictureKeepsTheTailOfTheLargerInTheScratchFileAndStil
 }
 
 TEST_F(SchemaTest, ScratchFileStaysInItsFolderWhateverTheAccountIsCalled) {
-    const QStringList names = {QStringLiteral("../../evil"), QStringLiteral("a/b\\c"),
-                               QStringLiteral("."),          QStringLiteral(".."),
-                               QStringLiteral("\"quoted\""), QStringLiteral("😀 smile"),
+    const QStringList names = {QStringLiteral("../../evil"),  QStringLiteral("a/b\\c"),
+                               QStringLiteral("."),           QStringLiteral(".."),
+                               QStringLiteral("\"quoted\""),  QStringLiteral("😀 smile"),
                                QString(50, QLatin1Char('x')), QStringLiteral("   ")};
     for (const QString& name : names) {
         Database().DeleteAccount(names.first());

@@ -1,0 +1,222 @@
+#include "store/TableNames.h"
+#include "tests/store/StoreTest.h"
+
+#include <QFile>
+
+namespace {
+
+const QString Anna = QStringLiteral("Anna");
+const QString Student = QStringLiteral("Student");
+const QString Teacher = QStringLiteral("Teacher");
+
+class FakeImages : public ImageList {
+public:
+    QList<QImage> pictures;
+    int AddPicture(const QImage& picture) override {
+        pictures += picture;
+        return static_cast<int>(pictures.size());
+    }
+};
+
+class FakePeople : public IconList {
+public:
+    int view = 0;
+    ImageList* icons = nullptr;
+    QStringList items;
+    int View() const override { return view; }
+    void SetIcons(ImageList& images) override { icons = &images; }
+    void AddItemWithIcon(const QString& text, int icon) override {
+        items += QStringLiteral("%1 #%2").arg(text).arg(icon);
+    }
+    void Clear() override { items.clear(); }
+    void AddItem(const QString& text) override { items += text; }
+};
+
+class AccountRecordsTest : public StoreTest {
+protected:
+    static void Add(const QString& name, const QString& password, const QString& state = Student,
+                    const QString& picture = {}) {
+        Database().AddUser(name, password, state, picture);
+    }
+};
+
+TEST_F(AccountRecordsTest, UnknownNameHasAnEmptyPasswordAndStateAndNoError) {
+    EXPECT_EQ(Database().RetrevePassword(Anna), QString());
+    EXPECT_EQ(Database().RetreveState(Anna), QString());
+}
+
+TEST_F(AccountRecordsTest, AChildStartsWithATargetOf500AndAnAdultWithNone) {
+    Add(Anna, QStringLiteral("cat"));
+    Add(QStringLiteral("Mum"), QStringLiteral("tea"), Teacher);
+    Add(QStringLiteral("Dad"), QStringLiteral("tea"), QStringLiteral("Parent"));
+    EXPECT_EQ(Rows(UsersTable), (QStringList{QStringLiteral("Anna|cat|0|Student|<null>|500"),
+                                             QStringLiteral("Mum|tea|0|Teacher|<null>|<null>"),
+                                             QStringLiteral("Dad|tea|0|Parent|<null>|<null>")}));
+}
+
+TEST_F(AccountRecordsTest, NamesAreComparedWithTheirCase) {
+    Add(Anna, QStringLiteral("cat"));
+    EXPECT_EQ(Database().RetrevePassword(QStringLiteral("anna")), QString());
+    EXPECT_EQ(Database().RetreveState(Anna), Student);
+}
+
+TEST_F(AccountRecordsTest, OfTwoRowsOfOneNameReadsTakeTheLaterAndWritesReachBoth) {
+    Add(Anna, QStringLiteral("first"));
+    Add(Anna, QStringLiteral("second"), Teacher);
+    EXPECT_EQ(Database().RetrevePassword(Anna), QStringLiteral("second"));
+    EXPECT_EQ(Database().RetreveState(Anna), Teacher);
+    Database().ChangePassword(Anna, QStringLiteral("third"));
+    EXPECT_EQ(Rows(UsersTable),
+              (QStringList{QStringLiteral("Anna|third|0|Student|<null>|500"),
+                           QStringLiteral("Anna|third|0|Teacher|<null>|<null>")}));
+    Database().DeleteAccount(Anna);
+    EXPECT_EQ(Rows(UsersTable), QStringList());
+}
+
+TEST_F(AccountRecordsTest, ADuplicateIsTheSameNameWithTheSamePassword) {
+    Add(Anna, QStringLiteral("cat"));
+    EXPECT_TRUE(Database().CheckForUserDuplicates(Anna, QStringLiteral("cat")));
+    EXPECT_FALSE(Database().CheckForUserDuplicates(Anna, QStringLiteral("Cat")));
+    EXPECT_FALSE(Database().CheckForUserDuplicates(QStringLiteral("Ben"), QStringLiteral("cat")));
+}
+
+TEST_F(AccountRecordsTest, ListsAreNotClearedSoFillingTwiceShowsEachNameTwice) {
+    Add(QStringLiteral("Mum"), QStringLiteral("tea"), Teacher);
+    Add(Anna, QStringLiteral("cat"));
+    Add(QStringLiteral("Gran"), QStringLiteral("tea"), QStringLiteral("Parent"));
+    FakeList adults;
+    FakeList children;
+    Database().PopulateUserList(&adults, children);
+    Database().PopulateUserList(&adults, children);
+    EXPECT_EQ(adults.items, (QStringList{QStringLiteral("Mum"), QStringLiteral("Mum")}));
+    EXPECT_EQ(children.items, (QStringList{Anna, Anna}));
+}
+
+TEST_F(AccountRecordsTest, WithoutAListForAdultsOnlyChildrenAreListed) {
+    Add(QStringLiteral("Mum"), QStringLiteral("tea"), Teacher);
+    Add(Anna, QStringLiteral("cat"));
+    FakeList children;
+    Database().PopulateUserList(nullptr, children);
+    EXPECT_EQ(children.items, QStringList{Anna});
+}
+
+TEST_F(AccountRecordsTest, PicturesOfChildrenFillTheImageListAndItemsPointAtThem) {
+    Add(QStringLiteral("Mum"), QStringLiteral("tea"), Teacher, PictureFile());
+    Add(Anna, QStringLiteral("cat"), Student, PictureFile(QStringLiteral("a.png"), 0xffff0000));
+    Add(QStringLiteral("Ben"), QStringLiteral("dog"), Student,
+        PictureFile(QStringLiteral("b.png"), 0xff00ff00));
+    FakeImages images;
+    FakePeople people;
+    FakePicture scratch;
+    Database().AddUsersImages(images, people, Student, scratch);
+    EXPECT_EQ(people.items, (QStringList{QStringLiteral("Anna #1"), QStringLiteral("Ben #2")}));
+    EXPECT_EQ(people.icons, &images);
+    ASSERT_EQ(images.pictures.size(), 2);
+    EXPECT_EQ(images.pictures.at(0).pixel(3, 3), 0xffff0000);
+    EXPECT_EQ(images.pictures.at(1).pixel(3, 3), 0xff00ff00);
+}
+
+TEST_F(AccountRecordsTest, AListWithoutLargeIconsGetsNamesAlone) {
+    Add(Anna, QStringLiteral("cat"), Student, PictureFile());
+    FakeImages images;
+    FakePeople people;
+    people.view = 3;
+    FakePicture scratch;
+    Database().AddUsersImages(images, people, Student, scratch);
+    EXPECT_EQ(people.items, QStringList{Anna});
+    EXPECT_TRUE(images.pictures.isEmpty());
+}
+
+TEST_F(AccountRecordsTest, ChangePictureReplacesThePictureAndAnEmptyPathKeepsIt) {
+    Add(Anna, QStringLiteral("cat"), Student, PictureFile(QStringLiteral("a.png"), 0xffff0000));
+    Database().ChangePicture(Anna, PictureFile(QStringLiteral("b.png"), 0xff00ff00));
+    FakePicture target;
+    Database().RetrevePicture(Anna, target);
+    EXPECT_EQ(target.picture.pixel(3, 3), 0xff00ff00);
+    Database().ChangePicture(Anna, QString());
+    Database().RetrevePicture(Anna, target);
+    EXPECT_EQ(target.picture.pixel(3, 3), 0xff00ff00);
+}
+
+TEST_F(AccountRecordsTest, AMissingPictureFileStoresNothing) {
+    EXPECT_EQ(
+        ErrorOf([this] { Add(Anna, QStringLiteral("cat"), Student, Path(QStringLiteral("no"))); }),
+        53);
+    EXPECT_EQ(Rows(UsersTable), QStringList());
+    Add(Anna, QStringLiteral("cat"), Student, PictureFile());
+    EXPECT_EQ(ErrorOf([this] { Database().ChangePicture(Anna, Path(QStringLiteral("no"))); }), 53);
+    FakePicture target;
+    Database().RetrevePicture(Anna, target);
+    EXPECT_FALSE(target.picture.isNull());
+}
+
+TEST_F(AccountRecordsTest, AFolderAsPictureIsAnAccessError) {
+    EXPECT_EQ(
+        ErrorOf([this] { Add(Anna, QStringLiteral("c"), Student, Path(QStringLiteral("Jobs"))); }),
+        75);
+    EXPECT_EQ(Rows(UsersTable), QStringList());
+}
+
+TEST_F(AccountRecordsTest, AnAccountWithoutAPictureEmptiesTheTarget) {
+    Add(Anna, QStringLiteral("cat"));
+    FakePicture target;
+    Database().RetrevePicture(Anna, target);
+    EXPECT_TRUE(target.picture.isNull());
+}
+
+TEST_F(AccountRecordsTest, AnEmptyAccountsTableFailsTheTakingOutOfAPicture) {
+    FakePicture target;
+    EXPECT_EQ(ErrorOf([&] { Database().RetrevePicture(Anna, target); }), 3021);
+    EXPECT_TRUE(target.picture.isNull());
+    EXPECT_FALSE(QFile::exists(Path(QStringLiteral("DeleteMe"))));
+}
+
+TEST_F(AccountRecordsTest, APictureOf40MegabytesGoesInAndComesOut) {
+    // A real picture with a long tail behind it.
+    QFile file(Path(QStringLiteral("huge.png")));
+    ASSERT_TRUE(QFile::copy(PictureFile(), file.fileName()));
+    ASSERT_TRUE(file.resize(40 * 1000 * 1000));
+    Add(Anna, QStringLiteral("cat"), Student, file.fileName());
+    FakePicture target;
+    Database().RetrevePicture(Anna, target);
+    EXPECT_EQ(target.picture.size(), QSize(24, 24));
+}
+
+TEST_F(AccountRecordsTest, OfThreeNeighbouringTablesOfAChildTheSecondSurvives) {
+    Add(Anna, QStringLiteral("cat"));
+    for (const char* name : {"One Anna", "Two Anna", "Three Anna"})
+        SaveChart(QString::fromLatin1(name), {Job(QStringLiteral("a"), QStringLiteral("Mon"))});
+    Database().DeleteAccount(Anna);
+    EXPECT_EQ(TableNames(), QStringList{QStringLiteral("Two Anna")});
+}
+
+TEST_F(AccountRecordsTest, DeletingAnAccountTakesChartsAndHistoryButNoOneElses) {
+    Add(Anna, QStringLiteral("cat"));
+    const QList<EditorRow> rows = {Job(QStringLiteral("a"), QStringLiteral("Mon"))};
+    SaveChart(QStringLiteral("Chores Anna"), rows);
+    SaveChart(QStringLiteral("Chores Ben"), rows, QStringLiteral("Ben"));
+    MakeEmptyChart(QStringLiteral("Empty"));
+    Database().DuplicateChartHistory(QStringLiteral("Chores Anna"));
+    SaveChart(QStringLiteral("Chores"), rows, QStringLiteral("Nobody"));
+    Database().DeleteAccount(Anna);
+    EXPECT_EQ(TableNames(), (QStringList{QStringLiteral("Chores Ben"), QStringLiteral("Empty"),
+                                         QStringLiteral("Chores")}));
+    EXPECT_EQ(Rows(UsersTable), QStringList());
+}
+
+TEST_F(AccountRecordsTest, NamesLongerThanTheirFieldAreRefusedAndNothingIsStored) {
+    EXPECT_EQ(ErrorOf([] { Add(QString(51, QLatin1Char('x')), QStringLiteral("p")); }), 3163);
+    EXPECT_EQ(Rows(UsersTable), QStringList());
+}
+
+TEST_F(AccountRecordsTest, NamesOfAnyKindAreKeptAsTheyStand) {
+    const QStringList names = {QStringLiteral("O'Neil \"Bo\""), QStringLiteral("a/b\\c.d"),
+                               QStringLiteral("😀"), QStringLiteral("   ")};
+    for (const QString& name : names)
+        Add(name, QStringLiteral("p%1").arg(names.indexOf(name)));
+    Restart();
+    for (const QString& name : names)
+        EXPECT_EQ(Database().RetrevePassword(name), QStringLiteral("p%1").arg(names.indexOf(name)));
+}
+
+} // namespace
