@@ -73,6 +73,8 @@ public:
     /// The table of that name in any case, with its fields. Raises 3078 if there is none.
     std::shared_ptr<Table> Find(const QString& name);
 
+    std::shared_ptr<Table> Known(const QString& name) const;
+
     void Create(const QString& name, const QList<FieldDefinition>& fields);
     void Drop(const QString& name);
 
@@ -93,7 +95,6 @@ private:
     void Execute(const std::string& sql) { database_->exec(sql); }
     void ReadCatalogue();
     void ReadFields(Table& table);
-    std::shared_ptr<Table> Known(const QString& name) const;
     void AfterFault();
     void AfterRollback();
     int Pragma(const std::string& name);

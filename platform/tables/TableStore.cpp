@@ -30,6 +30,13 @@ QString TableStore::TableName(int index) const {
     return tables[static_cast<std::size_t>(index)]->Name;
 }
 
+bool TableStore::HasTable(const QString& name) {
+    return engine_->Guard([&] {
+        engine_->NoticeOthers();
+        return engine_->Known(name) != nullptr;
+    });
+}
+
 void TableStore::CreateTable(const QString& name, const QList<FieldDefinition>& fields) {
     engine_->Guard([&] { engine_->Create(name, fields); });
 }
