@@ -1,0 +1,238 @@
+#include "platform/forms/ActivationTracker.h"
+#include "platform/forms/MainWindowArea.h"
+#include "platform/forms/SystemPrompts.h"
+#include "tests/common/FormTest.h"
+
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QProcess>
+#include <QTest>
+#include <QTimer>
+
+namespace {
+
+QStringList Activations;
+
+/// A main window as plain as can be.
+class PlainMain : public QMainWindow, public Form {
+public:
+    PlainMain() : Form(*static_cast<QWidget*>(this), Place::TopLevel) {
+        setCentralWidget(&area);
+        SetMainWindowArea(&area);
+        menu = menuBar()->addMenu(QStringLiteral("Menu"));
+        menu->addAction(QStringLiteral("Entry"));
+        resize(700, 500);
+    }
+    ~PlainMain() override { takeCentralWidget(); }
+    QMdiArea area;
+    QMenu* menu = nullptr;
+
+protected:
+    void Activate() override { Activations += QStringLiteral("main"); }
+    void closeEvent(QCloseEvent* event) override { HandleClose(*event); }
+};
+
+class PlainForm : public FormWidget {
+public:
+    PlainForm(const QString& name, Place place) : FormWidget(place) {
+        setObjectName(name);
+        SetCaption(name);
+        box.setParent(this);
+        resize(200, 120);
+    }
+    QLineEdit box;
+    bool refuses = false;
+    int loads = 0;
+
+protected:
+    void Load() override { ++loads; }
+    void Activate() override { Activations += objectName(); }
+    bool QueryUnload() override { return !refuses; }
+};
+
+class ActivationTest : public FormTest {
+protected:
+    ActivationTest() {
+        Activations.clear();
+        main_->Show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get()));
+        Settle();
+        EXPECT_EQ(Taken(), QStringList{QStringLiteral("main")});
+    }
+    ~ActivationTest() override {
+        ActivationTracker::Instance().Reset();
+        main_.reset();
+    }
+
+    static QStringList Taken() {
+        Settle();
+        return std::exchange(Activations, {});
+    }
+
+    QPointer<PlainForm> Inside(const char* name) {
+        auto* form = new PlainForm(QString::fromLatin1(name), Form::Place::InMainWindow);
+        form->Show();
+        EXPECT_EQ(Taken(), QStringList{QString::fromLatin1(name)});
+        return form;
+    }
+
+    /// Starts a window of another process and waits until it has the focus.
+    static void WithAnotherProgram(const std::function<void()>& meanwhile) {
+        QProcess other;
+        other.start(QStringLiteral("xmessage"), {QStringLiteral("another program")});
+        if (!other.waitForStarted())
+            GTEST_FAIL() << "xmessage is not installed";
+        EXPECT_TRUE(QTest::qWaitFor([] { return QApplication::activeWindow() == nullptr; }));
+        meanwhile();
+        other.kill();
+        other.waitForFinished();
+    }
+
+    std::unique_ptr<PlainMain> main_ = std::make_unique<PlainMain>();
+};
+
+TEST_F(ActivationTest, GoingFromOneFormToAnotherActivatesItEachTime) {
+    const auto first = Inside("first");
+    const auto second = Inside("second");
+    first->SetFocus();
+    EXPECT_EQ(Taken(), QStringList{QStringLiteral("first")});
+    QTest::mouseClick(&second->box, Qt::LeftButton);
+    second->SetFocus();
+    EXPECT_EQ(Taken(), QStringList{QStringLiteral("second")});
+}
+
+TEST_F(ActivationTest, ShowingTheFormInFrontAgainDoesNotActivateIt) {
+    const auto first = Inside("first");
+    first->Show();
+    EXPECT_EQ(Taken(), QStringList());
+}
+
+TEST_F(ActivationTest, AMessageBoxDoesNotActivateTheFormBehindIt) {
+    const auto first = Inside("first");
+    SystemPrompts prompts;
+    QTimer::singleShot(150, [] { QApplication::activeModalWidget()->close(); });
+    Prompt prompt;
+    prompt.Text = QStringLiteral("A message");
+    EXPECT_EQ(prompts.Show(prompt), PromptAnswer::Ok);
+    EXPECT_EQ(Taken(), QStringList());
+}
+
+TEST_F(ActivationTest, AMenuDoesNotActivateTheFormBehindIt) {
+    const auto first = Inside("first");
+    QTimer::singleShot(150, [] {
+        if (QWidget* popup = QApplication::activePopupWidget())
+            popup->close();
+    });
+    main_->menu->exec(main_->mapToGlobal(QPoint(20, 20)));
+    EXPECT_EQ(Taken(), QStringList());
+}
+
+TEST_F(ActivationTest, AnotherProgramDoesNotActivateTheFormOnReturn) {
+    const auto first = Inside("first");
+    WithAnotherProgram([] { EXPECT_EQ(Taken(), QStringList()); });
+    EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get()));
+    EXPECT_EQ(Taken(), QStringList());
+}
+
+TEST_F(ActivationTest, MinimisingAndRestoringTheMainWindowActivatesNothing) {
+    const auto first = Inside("first");
+    main_->showMinimized();
+    EXPECT_EQ(Taken(), QStringList());
+    main_->showNormal();
+    main_->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get()));
+    EXPECT_EQ(Taken(), QStringList());
+}
+
+TEST_F(ActivationTest, HidingTheMainWindowForAnotherFormActivatesMainAndFrontOnceOnReturn) {
+    const auto first = Inside("first");
+    const auto second = Inside("second");
+    auto* logIn = new PlainForm(QStringLiteral("login"), Form::Place::TopLevel);
+    main_->Hide();
+    logIn->Show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(logIn));
+    EXPECT_EQ(Taken(), QStringList{QStringLiteral("login")});
+    main_->Show();
+    logIn->Unload();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get()));
+    EXPECT_EQ(Taken(), (QStringList{QStringLiteral("main"), QStringLiteral("second")}));
+}
+
+TEST_F(ActivationTest, UnloadingTheFrontFormActivatesTheOneBehindItOnce) {
+    const auto first = Inside("first");
+    const auto second = Inside("second");
+    second->Unload();
+    EXPECT_EQ(Taken(), QStringList{QStringLiteral("first")});
+    EXPECT_TRUE(second.isNull());
+}
+
+TEST_F(ActivationTest, HidingTheFrontFormActivatesTheOneBehindItAndKeepsTheHiddenOne) {
+    const auto first = Inside("first");
+    const auto second = Inside("second");
+    second->Hide();
+    EXPECT_EQ(Taken(), QStringList{QStringLiteral("first")});
+    ASSERT_FALSE(second.isNull());
+    second->Show();
+    EXPECT_EQ(Taken(), QStringList{QStringLiteral("second")});
+    EXPECT_EQ(second->loads, 1);
+}
+
+TEST_F(ActivationTest, ClosingTheLastFormActivatesTheMainWindow) {
+    const auto first = Inside("first");
+    first->Unload();
+    EXPECT_EQ(Taken(), QStringList{QStringLiteral("main")});
+}
+
+TEST_F(ActivationTest, AFormThatRefusesStaysInFrontWithoutAnActivation) {
+    const auto first = Inside("first");
+    first->refuses = true;
+    main_->area.activeSubWindow()->close();
+    EXPECT_EQ(Taken(), QStringList());
+    ASSERT_FALSE(first.isNull());
+    EXPECT_TRUE(first->isVisible());
+    first->refuses = false;
+    main_->area.activeSubWindow()->close();
+    Settle();
+    EXPECT_TRUE(first.isNull());
+}
+
+TEST_F(ActivationTest, ATopLevelFormOverTheMainWindowAndBackActivatesBoth) {
+    const auto first = Inside("first");
+    auto* over = new PlainForm(QStringLiteral("over"), Form::Place::TopLevel);
+    over->Show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(over));
+    EXPECT_EQ(Taken(), QStringList{QStringLiteral("over")});
+    over->Unload();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get()));
+    EXPECT_EQ(Taken(), (QStringList{QStringLiteral("main"), QStringLiteral("first")}));
+}
+
+class DefaultFormsTest : public FormTest {};
+
+TEST_F(DefaultFormsTest, NamingMakesLoadsAndHidesOnceAndAnewAfterAnUnload) {
+    int made = 0;
+    RegisterForm(QStringLiteral("plain"), [&made]() -> Form* {
+        ++made;
+        return new PlainForm(QStringLiteral("plain"), Form::Place::TopLevel);
+    });
+    EXPECT_EQ(ExistingForm(QStringLiteral("plain")), nullptr);
+    Form& first = DefaultForm(QStringLiteral("plain"));
+    EXPECT_FALSE(first.Widget().isVisible());
+    EXPECT_EQ(dynamic_cast<PlainForm&>(first).loads, 1);
+    EXPECT_EQ(&DefaultForm(QStringLiteral("plain")), &first);
+    EXPECT_TRUE(first.Unload());
+    EXPECT_EQ(ExistingForm(QStringLiteral("plain")), nullptr);
+    DefaultForm(QStringLiteral("plain"));
+    EXPECT_EQ(made, 2);
+}
+
+TEST_F(DefaultFormsTest, AnUnknownNameRaisesObjectNotSet) {
+    EXPECT_THROW(DefaultForm(QStringLiteral("no such form")), RuntimeError);
+}
+
+} // namespace
