@@ -1,4 +1,5 @@
 #include <QFont>
+#include <QFont>
 #include <QGuiApplication>
 #include <gtest/gtest.h>
 

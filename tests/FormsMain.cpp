@@ -1,6 +1,7 @@
 #include "platform/forms/ProgramStyle.h"
 
 #include <QApplication>
+#include <QFont>
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
