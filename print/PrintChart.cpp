@@ -3,6 +3,7 @@
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Pictures.h"
 #include "platform/runtime/ProgramFolder.h"
+#include "store/ChartFields.h"
 #include "store/DatabaseCls.h"
 
 #include <QRandomGenerator>
@@ -10,14 +11,6 @@
 #include <chrono>
 
 namespace {
-
-/// Fields of a chart table, by position.
-constexpr int Instructions = 0;
-constexpr int DayOfWeek = 1;
-constexpr int Points = 4;
-constexpr int Completed = 5;
-constexpr int FirstDate = 6;
-constexpr int LastDate = 7;
 
 /// Colours, red in the low byte.
 constexpr qint32 Black = 0;
@@ -38,7 +31,8 @@ constexpr qint32 Rgb(int red, int green, int blue) {
 QString Title(const Recordset& rows, const QString& chartName, bool blankBoxes,
               const QString& kidName) {
     const QString week = QStringLiteral("from %1 to %2")
-                             .arg(TextOf(rows.Value(FirstDate)), TextOf(rows.Value(LastDate)));
+                             .arg(TextOf(rows.Value(ChartField::FirstDate)),
+                                  TextOf(rows.Value(ChartField::LastDate)));
     if (!blankBoxes)
         return kidName + QStringLiteral("'s Job List - ") + week;
     if (kidName.isEmpty())
@@ -103,17 +97,18 @@ void ChartSheet::PrintRow(const Recordset& row, qint16 itemNo) {
     printer_.SetCurrentY(LineNo + 2 + 0.2);
     printer_.SetFontSize(10);
     printer_.Print(QString::number(itemNo) + QLatin1Char('.') +
-                   QString(BlanksBehindNumber, QLatin1Char(' ')) + TextOf(row.Value(Instructions)));
+                   QString(BlanksBehindNumber, QLatin1Char(' ')) +
+                   TextOf(row.Value(ChartField::Instructions)));
     printer_.SetCurrentX(14);
     printer_.SetCurrentY(LineNo + 2 + 0.2);
     printer_.SetForeColor(Blue);
-    printer_.Print(TextOf(row.Value(Points)) + QStringLiteral(" Points"));
+    printer_.Print(TextOf(row.Value(ChartField::Points)) + QStringLiteral(" Points"));
     printer_.SetForeColor(Black);
     printer_.SetCurrentX(19);
     printer_.SetCurrentY(LineNo + 2 + 0.1);
     printer_.SetFontSize(18);
     // Nothing stored counts as not completed.
-    PrintMark(row.Value(Completed).toBool());
+    PrintMark(row.Value(ChartField::Completed).toBool());
     if (itemNo > 1)
         printer_.Line(1, LineNo + 2, 20, LineNo + 2, Black);
     NextLine();
@@ -166,7 +161,7 @@ void DatabaseCls::PrintChart(const QString& ChartName, bool BlankBoxes, const QS
         bool FirstRow = true;
         sheet.MakeRoomFor(DayCount);
         for (; !rows.Eof(); rows.MoveNext()) {
-            if (!FallsOnDay(rows.Value(DayOfWeek).toString(), day))
+            if (!FallsOnDay(rows.Value(ChartField::DayOfWeek).toString(), day))
                 continue;
             if (FirstRow)
                 sheet.PrintDayHeader(FullDayName(day), DayCount, ReturnRandomColor());

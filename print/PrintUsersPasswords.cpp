@@ -1,5 +1,6 @@
 #include "platform/printing/Printer.h"
 #include "platform/runtime/Numbers.h"
+#include "store/ChartFields.h"
 #include "store/DatabaseCls.h"
 #include "store/TableNames.h"
 
@@ -22,9 +23,9 @@ void DatabaseCls::PrintUsersPasswords() {
         LineNo = AddIntegers(LineNo, 1);
         printer.SetCurrentX(2);
         printer.SetCurrentY(LineNo);
-        printer.Print(
-            QStringLiteral("User Name Is: ") + TextOf(rows.Value(QStringLiteral("Name"))) +
-            QStringLiteral("     Password Is: ") + TextOf(rows.Value(QStringLiteral("Password"))));
+        printer.Print(QStringLiteral("User Name Is: ") + TextOf(rows.Value(AccountField::Name)) +
+                      QStringLiteral("     Password Is: ") +
+                      TextOf(rows.Value(AccountField::Password)));
         // Tested behind the line, so that the one at 29 still stands on its page.
         if (LineNo > 28) {
             printer.NewPage();

@@ -1,0 +1,263 @@
+#include "tests/print/PrintChartTest.h"
+
+#include <QFontMetricsF>
+#include <QPdfWriter>
+#include <QSet>
+
+namespace {
+
+// The title.
+
+TEST_F(PrintChartTest, BlankChartOfAChildIsTitledWithChildAndTable) {
+    MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Sun")}}, QStringLiteral("Printed"));
+    Database().PrintChart(QStringLiteral("Printed"), true, Kid, QString());
+    const PrintedPages pages(Paper.Files().last());
+    EXPECT_EQ(pages.LineAt(1, 1),
+              QStringLiteral("Anna's Printed Dutygrid from 3/4/2001 to 3/10/2001"));
+}
+
+TEST_F(PrintChartTest, BlankChartOfNobodyIsTitledWithTheProgramsName) {
+    MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Sun")}}, QStringLiteral("Printed"));
+    Database().PrintChart(QStringLiteral("Printed"), true, QString(), QString());
+    const PrintedPages pages(Paper.Files().last());
+    EXPECT_EQ(pages.LineAt(1, 1), QStringLiteral("Sparkit Dutygrid from 3/4/2001 to 3/10/2001"));
+}
+
+TEST_F(PrintChartTest, FilledChartIsTitledAsTheChildsJobList) {
+    MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Sun")}});
+    EXPECT_EQ(Print().LineAt(1, 1), QStringLiteral("Anna's Job List - from 3/4/2001 to 3/10/2001"));
+}
+
+TEST_F(PrintChartTest, FilledChartOfNobodyKeepsTheApostrophe) {
+    MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Sun")}});
+    Database().PrintChart(Chart, false, QString(), QString());
+    EXPECT_EQ(PrintedPages(Paper.Files().last()).LineAt(1, 1),
+              QStringLiteral("'s Job List - from 3/4/2001 to 3/10/2001"));
+}
+
+TEST_F(PrintChartTest, TitleStandsAtFourAndOneInBlackOf18Points) {
+    MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Wed")}});
+    const PrintedPages pages = Print();
+    const QRectF title = pages.Find(1, QStringLiteral("Anna's")).Place;
+    EXPECT_NEAR(title.left(), 4, Near);
+    EXPECT_NEAR(title.top(), 1, Near);
+    // The line of a font of 18 points is as high as the reader's box of the word.
+    QPdfWriter device(Path(QStringLiteral("metrics.pdf")));
+    QFont font;
+    font.setPointSize(18);
+    EXPECT_NEAR(title.height(), QFontMetricsF(font, &device).height() * 30 / device.height(), Near);
+    EXPECT_EQ(pages.MainColor(1, QRectF(0, 0.9, 21, 1)), QColor(0, 0, 0));
+}
+
+TEST_F(PrintChartTest, TitleIsTakenFromTheFirstRowsDatesAlone) {
+    // The second row holds no dates at all.
+    MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Mon")},
+               {QStringLiteral("Beds"), QStringLiteral("Sun")}});
+    EXPECT_EQ(Print().LineAt(1, 1), QStringLiteral("Anna's Job List - from 3/4/2001 to 3/10/2001"));
+}
+
+// A day's header and box.
+
+TEST_F(PrintChartTest, DaysWithoutJobsLeaveEmptyRowsAboveALoneWednesday) {
+    MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Wed")}});
+    const PrintedPages pages = Print();
+    ASSERT_EQ(pages.Count(), 1);
+    const QRectF header = pages.Find(1, QStringLiteral("Wednesday")).Place;
+    EXPECT_NEAR(header.left(), 9, Near);
+    EXPECT_NEAR(header.top(), 5.1, Near);
+    EXPECT_NEAR(pages.Find(1, QStringLiteral("Dishes")).Place.top(), 6.2, Near);
+    EXPECT_TRUE(pages.Ink(1, QRectF(0, 2, 21, 3)).isEmpty());
+    EXPECT_TRUE(pages.Ink(1, QRectF(0, 7.2, 21, 22.8)).isEmpty());
+}
+
+TEST_F(PrintChartTest, HeaderIsRedAndOf14PointsAndRowsAreBlack) {
+    MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Sun")}});
+    const PrintedPages pages = Print();
+    EXPECT_EQ(pages.MainColor(1, QRectF(8.5, 2, 5, 0.85)), QColor(255, 0, 0));
+    EXPECT_EQ(pages.MainColor(1, QRectF(1.15, 3.15, 11, 0.7)), QColor(0, 0, 0));
+    EXPECT_NEAR(pages.Find(1, QStringLiteral("Sunday")).Place.height() /
+                    pages.Find(1, QStringLiteral("Anna's")).Place.height(),
+                14.0 / 18, 0.01);
+}
+
+TEST_F(PrintChartTest, BoxRunsFromOneToTwentyOnWholeGridRowsOverAllRowsOfItsDay) {
+    MakeChart(Jobs(QStringLiteral("Wed"), 3));
+    const PrintedPages pages = Print();
+    // The header at 5.1 is less than 0.7 high, so that its lower edge and 0.3 round to 6.
+    const QRectF box = pages.Ink(1, QRectF(0, 5.9, 21, 10));
+    const double halfWidth = 20 * 72.0 / 1200 / pages.UnitPoints().width();
+    EXPECT_NEAR(box.left(), 1 - halfWidth, Near);
+    EXPECT_NEAR(box.right(), 20 + halfWidth, Near);
+    EXPECT_NEAR(box.top(), 6 - halfWidth, Near);
+    EXPECT_NEAR(box.bottom(), 9 + halfWidth, Near);
+}
+
+TEST_F(PrintChartTest, HeightOfTheDaysNameDecidesTheBoxesTop) {
+    // On paper half as high the name takes twice the grid rows: 2.1 + 1.2 + 0.3 rounds to 4.
+    class HalfPaper : public PrintTarget {
+    public:
+        explicit HalfPaper(QString path) : path_(std::move(path)) {}
+        std::unique_ptr<QPagedPaintDevice> Open() override {
+            auto device = std::make_unique<QPdfWriter>(path_);
+            device->setPageSize(QPageSize(QSizeF(595, 431), QPageSize::Point));
+            return device;
+        }
+        void Sent() override {}
+
+    private:
+        QString path_;
+    };
+    HalfPaper half(Path(QStringLiteral("half.pdf")));
+    SetPrintTarget(&half);
+    MakeChart(Jobs(QStringLiteral("Sun"), 2));
+    Database().PrintChart(Chart, false, Kid, QString());
+    const PrintedPages pages(Path(QStringLiteral("half.pdf")));
+    EXPECT_TRUE(pages.Ink(1, QRectF(0.8, 2, 0.3, 1.8)).isEmpty());
+    const QRectF edge = pages.Ink(1, QRectF(0.8, 0, 0.3, 30));
+    EXPECT_NEAR(edge.top(), 4, 0.2);
+    EXPECT_NEAR(edge.bottom(), 6, 0.2);
+    EXPECT_NEAR(pages.Find(1, QStringLiteral("Sunjob1")).Place.top(), 3.2, Near);
+}
+
+TEST_F(PrintChartTest, BoxLineIsFortyDotsWideAndTheRulesOne) {
+    MakeChart(Jobs(QStringLiteral("Sun"), 4));
+    const PrintedPages pages = Print();
+    const double unit = pages.UnitPoints().width();
+    EXPECT_NEAR(pages.Ink(1, QRectF(0.5, 4.5, 0.6, 0.2)).width() * unit, 40 * 72.0 / 1200, 0.6);
+    EXPECT_LT(pages.Ink(1, QRectF(12.8, 4.5, 0.4, 0.2)).width() * unit, 1);
+    EXPECT_LT(pages.Ink(1, QRectF(17.8, 4.5, 0.4, 0.2)).width() * unit, 1);
+}
+
+TEST_F(PrintChartTest, BlackRulesPartPointsAndMarksOverTheBoxesHeight) {
+    MakeChart(Jobs(QStringLiteral("Sun"), 3));
+    const PrintedPages pages = Print();
+    for (const double x : {13.0, 18.0}) {
+        const QRectF rule = pages.Ink(1, QRectF(x - 0.1, 2.9, 0.2, 4));
+        EXPECT_NEAR(rule.top(), 3, 0.1);
+        EXPECT_NEAR(rule.bottom(), 6, 0.1);
+        EXPECT_EQ(pages.MainColor(1, QRectF(x - 0.1, 4.2, 0.2, 0.6)), QColor(0, 0, 0));
+    }
+}
+
+TEST_F(PrintChartTest, RowsArePartedByRulesExceptAboveTheFirst) {
+    MakeChart(Jobs(QStringLiteral("Sun"), 3));
+    const PrintedPages pages = Print();
+    for (const double y : {4.0, 5.0}) {
+        EXPECT_EQ(pages.MainColor(1, QRectF(15, y - 0.08, 1.5, 0.16)), QColor(0, 0, 0));
+        const QRectF rule = pages.Ink(1, QRectF(0, y - 0.08, 21, 0.16));
+        EXPECT_NEAR(rule.left(), 1, 0.1);
+        EXPECT_NEAR(rule.right(), 20, 0.1);
+    }
+    const QColor box = BoxColor(pages, 1, 3, 6);
+    EXPECT_NE(box, QColor(0, 0, 0));
+    EXPECT_EQ(pages.MainColor(1, QRectF(15, 2.9, 1.5, 0.2)), box) << "above the first row";
+}
+
+TEST_F(PrintChartTest, EveryBoxHasOneOfSevenColoursAndAllOfThemComeUp) {
+    QList<Job> jobs;
+    for (const char* day : {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"})
+        jobs.append({QStringLiteral("job"), QLatin1String(day)});
+    MakeChart(jobs);
+    const QSet<QRgb> allowed = {qRgb(0, 128, 0), qRgb(255, 255, 0), qRgb(40, 200, 255),
+                                qRgb(128, 0, 0), qRgb(255, 179, 5), qRgb(222, 0, 183),
+                                qRgb(0, 0, 128)};
+    QSet<QRgb> seen;
+    bool pageHadSeveral = false;
+    // 210 boxes: the chance that one of seven colours never comes is below one in ten billion.
+    for (int sheet = 0; sheet < 30; ++sheet) {
+        const PrintedPages pages = Print();
+        QSet<QRgb> onPage;
+        for (int day = 0; day < 7; ++day)
+            onPage += BoxColor(pages, 1, 3 + 2 * day, 4 + 2 * day).rgb();
+        pageHadSeveral = pageHadSeveral || onPage.size() > 1;
+        seen += onPage;
+    }
+    EXPECT_EQ(seen, allowed);
+    EXPECT_TRUE(pageHadSeveral);
+}
+
+TEST_F(PrintChartTest, TwoPrintsOfOneChartHaveTheSameText) {
+    MakeChart(Jobs(QStringLiteral("Sun"), 3) + Jobs(QStringLiteral("Sat"), 2));
+    const QString once = PdfPrintTarget::TextOf((Print(), Paper.Files().last()));
+    const QString again = PdfPrintTarget::TextOf((Print(), Paper.Files().last()));
+    EXPECT_EQ(once, again);
+}
+
+// The rows.
+
+TEST_F(PrintChartTest, RowHoldsNumberJobAndPointsIn10Points) {
+    MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Sun"), 3},
+               {QStringLiteral("Beds"), QStringLiteral("Sun"), -12}});
+    const PrintedPages pages = Print();
+    EXPECT_EQ(pages.LineAt(1, 3.2), QStringLiteral("1. Dishes 3 Points"));
+    EXPECT_EQ(pages.LineAt(1, 4.2), QStringLiteral("2. Beds -12 Points"));
+    const QRectF number = pages.Find(1, QStringLiteral("1.")).Place;
+    EXPECT_NEAR(number.left(), 1.2, Near);
+    EXPECT_NEAR(number.top(), 3.2, Near);
+    const QRectF points = pages.Find(1, QStringLiteral("3")).Place;
+    EXPECT_NEAR(points.left(), 14, Near);
+    EXPECT_NEAR(points.top(), 3.2, Near);
+    EXPECT_NEAR(number.height() / pages.Find(1, QStringLiteral("Anna's")).Place.height(), 10.0 / 18,
+                0.01);
+    EXPECT_EQ(pages.MainColor(1, QRectF(13.9, 3.2, 3.9, 0.6)), QColor(0, 0, 255));
+    EXPECT_EQ(pages.MainColor(1, QRectF(1.2, 4.2, 11, 0.6)), QColor(0, 0, 0));
+}
+
+TEST_F(PrintChartTest, JobStands29BlanksBehindItsNumber) {
+    MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Sun")}});
+    const PrintedPages pages = Print();
+    QPdfWriter device(Path(QStringLiteral("metrics.pdf")));
+    QFont font;
+    font.setPointSize(10);
+    const QString before = QStringLiteral("1.") + QString(29, QLatin1Char(' '));
+    const double gap = QFontMetricsF(font, &device).horizontalAdvance(before) * 21 / device.width();
+    EXPECT_NEAR(pages.Find(1, QStringLiteral("Dishes")).Place.left(), 1.2 + gap, Near);
+}
+
+TEST_F(PrintChartTest, RowsStandInTheTablesOrderUnderTheirDaysInTheWeeksOrder) {
+    MakeChart({{QStringLiteral("d"), QStringLiteral("Tue")},
+               {QStringLiteral("c"), QStringLiteral("Sun")},
+               {QStringLiteral("b"), QStringLiteral("Tue")},
+               {QStringLiteral("a"), QStringLiteral("Sun")}});
+    const PrintedPages pages = Print();
+    EXPECT_EQ(pages.LineAt(1, 2.1), QStringLiteral("Sunday"));
+    EXPECT_EQ(pages.LineAt(1, 3.2), QStringLiteral("1. c 5 Points"));
+    EXPECT_EQ(pages.LineAt(1, 4.2), QStringLiteral("2. a 5 Points"));
+    // Two rows of Sunday, an empty Monday, then Tuesday.
+    EXPECT_EQ(pages.LineAt(1, 6.1), QStringLiteral("Tuesday"));
+    EXPECT_EQ(pages.LineAt(1, 7.2), QStringLiteral("1. d 5 Points"));
+    EXPECT_EQ(pages.LineAt(1, 8.2), QStringLiteral("2. b 5 Points"));
+}
+
+TEST_F(PrintChartTest, RangeRowsArePrintedUnderAllSevenDaysWithNumbersOfTheirOwn) {
+    MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Sun-Sat")},
+               {QStringLiteral("Beds"), QStringLiteral("Mon-Fri")},
+               {QStringLiteral("Bins"), QStringLiteral("Mon")}});
+    const PrintedPages pages = Print();
+    ASSERT_EQ(pages.Count(), 1);
+    EXPECT_EQ(pages.FindAll(1, QStringLiteral("Dishes")).size(), 7);
+    EXPECT_EQ(pages.FindAll(1, QStringLiteral("Beds")).size(), 7);
+    EXPECT_EQ(pages.FindAll(1, QStringLiteral("1.")).size(), 7);
+    EXPECT_EQ(pages.FindAll(1, QStringLiteral("2.")).size(), 7);
+    EXPECT_EQ(pages.FindAll(1, QStringLiteral("3.")).size(), 1);
+    EXPECT_EQ(pages.LineAt(1, 8.2), QStringLiteral("3. Bins 5 Points"));
+}
+
+TEST_F(PrintChartTest, RowsWithoutADayOrOfAnotherCaseArePrintedNowhere) {
+    MakeChart({{QStringLiteral("Nowhere"), QStringLiteral(" ")},
+               {QStringLiteral("Lower"), QStringLiteral("sun")},
+               {QStringLiteral("Whole"), QStringLiteral("Sunday")}});
+    const PrintedPages pages = Print();
+    ASSERT_EQ(pages.Count(), 1);
+    EXPECT_EQ(pages.Words(1).size(), 8) << "the title alone";
+}
+
+TEST_F(PrintChartTest, EmptyJobTextsAndOddLettersAreNoTrouble) {
+    MakeChart({{QStringLiteral(" "), QStringLiteral("Sun"), 0},
+               {QString::fromUtf8("L\u00e4rm \"aus\" 100% %1"), QStringLiteral("Sun"), 99999}});
+    const PrintedPages pages = Print();
+    EXPECT_EQ(pages.LineAt(1, 3.2), QStringLiteral("1. 0 Points"));
+    EXPECT_EQ(pages.LineAt(1, 4.2), QString::fromUtf8("2. L\u00e4rm \"aus\" 100% %1 99999 Points"));
+}
+
+} // namespace
