@@ -108,12 +108,12 @@ const QImage& PrintedPages::Picture(int page) const {
     QImage& picture = pictures_[page - 1];
     if (picture.isNull()) {
         const QString number = QString::number(page);
-        const QByteArray png =
+        const QByteArray pixmap =
             Run(QStringLiteral("pdftoppm"),
                 {QStringLiteral("-r"), QString::number(DotsPerInch), QStringLiteral("-f"), number,
                  QStringLiteral("-l"), number, QStringLiteral("-thinlinemode"),
-                 QStringLiteral("solid"), QStringLiteral("-png"), pdf_});
-        const QImage sheet = QImage::fromData(png, "PNG").convertToFormat(QImage::Format_RGB32);
+                 QStringLiteral("solid"), pdf_});
+        const QImage sheet = QImage::fromData(pixmap, "PPM").convertToFormat(QImage::Format_RGB32);
         const double scale = DotsPerInch / 72.0;
         picture = sheet.copy(QRectF(margins_.left() * scale, margins_.top() * scale,
                                     unit_.width() * GridWidth * scale,
