@@ -11,6 +11,7 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 #include <QStringList>
+#include <cmath>
 #include <limits>
 #include <map>
 #include <utility>
@@ -182,7 +183,7 @@ qint32 WholeNumberFor(const QVariant& value) {
         return value.toBool() ? -1 : 0;
     bool isNumber = false;
     const double number = value.toDouble(&isNumber);
-    if (!isNumber)
+    if (!isNumber || !std::isfinite(number))
         throw RuntimeError(ErrorNumber::TypeMismatch);
     return ToLong(number);
 }

@@ -54,7 +54,7 @@ QDate DateFromText(const QString& text) {
 QString DateKey(const QDate& date) {
     const QLatin1Char zero('0');
     return QStringLiteral("%1%2%3")
-        .arg(date.year())
+        .arg(date.year(), 4, 10, zero)
         .arg(date.month(), 2, 10, zero)
         .arg(date.day(), 2, 10, zero);
 }

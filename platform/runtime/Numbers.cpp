@@ -59,7 +59,8 @@ qint16 MultiplyIntegers(qint16 left, qint16 right) {
 }
 
 QString NumberText(double value) {
-    return QString::number(value, 'g', 15);
+    // A negative zero is a zero.
+    return QString::number(value == 0 ? 0 : value, 'g', 15);
 }
 
 QString TextOf(const QVariant& value) {
@@ -82,7 +83,8 @@ qint16 IntegerOf(const QVariant& value) {
         return value.toBool() ? -1 : 0;
     bool isNumber = false;
     const double number = value.toDouble(&isNumber);
-    if (!isNumber)
+    // The platform reads "inf" and "nan" as numbers.
+    if (!isNumber || !std::isfinite(number))
         throw RuntimeError(ErrorNumber::TypeMismatch);
     return ToInteger(number);
 }

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <cmath>
 
 namespace {
 
@@ -71,7 +72,8 @@ double InputFile::InputNumber() {
     const QString item = InputText().trimmed();
     bool isNumber = false;
     const double number = item.toDouble(&isNumber);
-    if (!isNumber)
+    // The platform reads "inf" and "nan" as numbers.
+    if (!isNumber || !std::isfinite(number))
         throw RuntimeError(ErrorNumber::TypeMismatch);
     return number;
 }

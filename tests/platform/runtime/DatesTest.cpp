@@ -1,0 +1,78 @@
+#include "platform/runtime/Dates.h"
+
+#include "platform/runtime/RuntimeError.h"
+#include "tests/common/RuntimeTest.h"
+
+namespace {
+
+class DatesTest : public RuntimeTest {
+protected:
+    static void UseLocale(const char* name) { QLocale::setDefault(QLocale(QLatin1String(name))); }
+};
+
+const QDate Day(2001, 3, 7);
+
+TEST_F(DatesTest, ClockCanBeSetAndGivenBack) {
+    EXPECT_EQ(Today(), Day);
+    SetToday(QDate());
+    EXPECT_EQ(Today(), QDate::currentDate());
+}
+
+TEST_F(DatesTest, ShortTextHasTheLocalesOrderAndFourDigitsOfTheYear) {
+    EXPECT_EQ(DateText(Day), QStringLiteral("3/7/2001"));
+    UseLocale("en_US");
+    EXPECT_EQ(DateText(Day), QStringLiteral("3/7/2001"));
+    UseLocale("en_GB");
+    EXPECT_EQ(DateText(Day), QStringLiteral("07/03/2001"));
+    UseLocale("de_DE");
+    EXPECT_EQ(DateText(Day), QStringLiteral("07.03.2001"));
+    UseLocale("ja_JP");
+    EXPECT_EQ(DateText(Day), QStringLiteral("2001/03/07"));
+}
+
+TEST_F(DatesTest, ShortTextIsReadBackInEveryLocale) {
+    const QList<QLocale> locales =
+        QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyCountry);
+    for (const QLocale& locale : locales) {
+        QLocale::setDefault(locale);
+        for (const QDate& date : {Day, QDate(1999, 12, 31), QDate(2035, 10, 1)})
+            EXPECT_EQ(DateFromText(DateText(date)), date) << locale.name().toStdString();
+    }
+}
+
+TEST_F(DatesTest, AnyOtherTextIsATypeMismatch) {
+    for (const char* text :
+         {"", "soon", "13/1/2001", "2/29/2001", "2001-03-07", "3/7", "3/7/2001 x"})
+        EXPECT_ERROR(13, DateFromText(QString::fromUtf8(text)));
+    UseLocale("de_DE");
+    EXPECT_ERROR(13, DateFromText(QStringLiteral("3/7/2001")));
+}
+
+TEST_F(DatesTest, KeyIsEightDigitsThatSortAsTheDates) {
+    EXPECT_EQ(DateKey(Day), QStringLiteral("20010307"));
+    EXPECT_EQ(DateKey(QDate(2001, 12, 31)), QStringLiteral("20011231"));
+    EXPECT_EQ(DateKey(QDate(100, 1, 1)), QStringLiteral("01000101"));
+}
+
+TEST_F(DatesTest, KeyHasLatinDigitsInEveryLocale) {
+    UseLocale("ar_EG");
+    EXPECT_EQ(DateKey(Day), QStringLiteral("20010307"));
+}
+
+TEST_F(DatesTest, WeekdayNamesAreTheLocales) {
+    EXPECT_EQ(WeekdayName(Day), QStringLiteral("Wednesday"));
+    EXPECT_EQ(AbbreviatedWeekdayName(Day), QStringLiteral("Wed"));
+    UseLocale("de_DE");
+    EXPECT_EQ(WeekdayName(Day), QStringLiteral("Mittwoch"));
+}
+
+TEST_F(DatesTest, DayTextsAreEnglishInEveryLocale) {
+    UseLocale("de_DE");
+    EXPECT_EQ(DayAbbreviation(1), QStringLiteral("Sun"));
+    EXPECT_EQ(DayAbbreviation(4), QStringLiteral("Wed"));
+    EXPECT_EQ(DayAbbreviation(7), QStringLiteral("Sat"));
+    EXPECT_ERROR(9, DayAbbreviation(0));
+    EXPECT_ERROR(9, DayAbbreviation(8));
+}
+
+} // namespace
