@@ -30,6 +30,13 @@ const std::array<QString, 7>& DayNames() {
     return names;
 }
 
+/// The locale whose digits the short text has. The platform writes digits from beyond the basic
+/// plane (Adlam, Chakma) but cannot read them back: Latin ones there.
+QLocale DigitsLocale() {
+    const QLocale locale;
+    return locale.zeroDigit().size() > 1 ? QLocale::c() : locale;
+}
+
 } // namespace
 
 QDate Today() {
@@ -41,11 +48,11 @@ void SetToday(const QDate& date) {
 }
 
 QString DateText(const QDate& date) {
-    return QLocale().toString(date, ShortPattern());
+    return DigitsLocale().toString(date, ShortPattern());
 }
 
 QDate DateFromText(const QString& text) {
-    const QDate date = QLocale().toDate(text, ShortPattern());
+    const QDate date = DigitsLocale().toDate(text, ShortPattern());
     if (!date.isValid())
         throw RuntimeError(ErrorNumber::TypeMismatch);
     return date;
