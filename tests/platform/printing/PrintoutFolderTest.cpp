@@ -1,58 +1,30 @@
 #include "platform/printing/PrintoutFolder.h"
-#include "platform/runtime/Dates.h"
-#include "platform/runtime/ProgramFolder.h"
-#include "platform/runtime/RuntimeError.h"
 #include "tests/common/PrintedPages.h"
-#include "tests/common/Scripted.h"
+#include "tests/common/RuntimeTest.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QRegularExpression>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 namespace {
 
-class PrintoutFolderTest : public testing::Test {
+class PrintoutFolderTest : public RuntimeTest {
 protected:
-    PrintoutFolderTest() {
-        SetProgramFolder(folder_.path());
-        SetToday(QDate(2001, 3, 7));
-        SetDesktop(&desktop_);
-    }
-    ~PrintoutFolderTest() override {
-        SetDesktop(nullptr);
-        SetToday(QDate());
-        SetProgramFolder(QString());
-    }
-
     void PrintJob(const QString& text) {
         printer_.Print(text);
         printer_.EndDoc();
     }
 
-    int ErrorOfAJob() {
-        try {
-            PrintJob(QStringLiteral("lost"));
-        } catch (const RuntimeError& error) {
-            return error.Number();
-        }
-        return 0;
-    }
-
-    QString PrintoutsPath() const { return folder_.filePath(QStringLiteral("Printouts")); }
-    QStringList Files() const {
+    static QString PrintoutsPath() { return Path(QStringLiteral("Printouts")); }
+    static QStringList Files() {
         return QDir(PrintoutsPath()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
     }
     /// Where a job of this process is painted before it gets its name.
-    QString Draft() const {
+    static QString Draft() {
         return QStringLiteral("%1/unfinished-%2.tmp")
             .arg(PrintoutsPath())
             .arg(QCoreApplication::applicationPid());
     }
 
-    QTemporaryDir folder_;
-    ScriptedDesktop desktop_;
     PrintoutFolder target_;
     PrinterObject printer_{target_};
 };
@@ -69,7 +41,7 @@ TEST_F(PrintoutFolderTest, JobBecomesAPdfNamedByDateAndTimeInAFolderMadeForIt) {
 TEST_F(PrintoutFolderTest, JobIsOpenedInTheViewerOfTheDesktop) {
     PrintJob(QStringLiteral("chart"));
     ASSERT_EQ(Files().size(), 1);
-    EXPECT_EQ(desktop_.Opened,
+    EXPECT_EQ(DesktopCalls.Opened,
               QStringList(QStringLiteral("open %1/%2 0").arg(PrintoutsPath(), Files().first())));
 }
 
@@ -88,23 +60,20 @@ TEST_F(PrintoutFolderTest, ForgottenJobLeavesNoFileAndOpensNothing) {
     printer_.Print(QStringLiteral("lost"));
     printer_.KillDoc();
     EXPECT_TRUE(Files().isEmpty());
-    EXPECT_TRUE(desktop_.Opened.isEmpty());
+    EXPECT_TRUE(DesktopCalls.Opened.isEmpty());
 }
 
 TEST_F(PrintoutFolderTest, FolderThatCannotBeMadeRaises482) {
-    QFile blocker(PrintoutsPath());
-    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
-    blocker.write("kept");
-    blocker.close();
-    EXPECT_EQ(ErrorOfAJob(), 482);
-    EXPECT_EQ(QFileInfo(PrintoutsPath()).size(), 4);
-    EXPECT_TRUE(desktop_.Opened.isEmpty());
+    WriteFile(PrintoutsPath(), "kept");
+    EXPECT_ERROR(482, PrintJob(QStringLiteral("lost")));
+    EXPECT_EQ(ReadFile(PrintoutsPath()), "kept");
+    EXPECT_TRUE(DesktopCalls.Opened.isEmpty());
 }
 
 TEST_F(PrintoutFolderTest, FileThatCannotBeOpenedRaises482AndTheNextJobIsPrinted) {
     ASSERT_TRUE(QDir().mkpath(Draft()));
-    EXPECT_EQ(ErrorOfAJob(), 482);
-    EXPECT_TRUE(desktop_.Opened.isEmpty());
+    EXPECT_ERROR(482, PrintJob(QStringLiteral("lost")));
+    EXPECT_TRUE(DesktopCalls.Opened.isEmpty());
     ASSERT_TRUE(QDir().rmdir(Draft()));
     PrintJob(QStringLiteral("next"));
     EXPECT_EQ(Files().size(), 1);
@@ -113,9 +82,9 @@ TEST_F(PrintoutFolderTest, FileThatCannotBeOpenedRaises482AndTheNextJobIsPrinted
 TEST_F(PrintoutFolderTest, FullDiskRaises482AndLeavesNoHalfFile) {
     ASSERT_TRUE(QDir().mkpath(PrintoutsPath()));
     ASSERT_TRUE(QFile::link(QStringLiteral("/dev/full"), Draft()));
-    EXPECT_EQ(ErrorOfAJob(), 482);
+    EXPECT_ERROR(482, PrintJob(QStringLiteral("lost")));
     EXPECT_TRUE(Files().isEmpty());
-    EXPECT_TRUE(desktop_.Opened.isEmpty());
+    EXPECT_TRUE(DesktopCalls.Opened.isEmpty());
     PrintJob(QStringLiteral("next"));
     EXPECT_EQ(Files().size(), 1);
 }
