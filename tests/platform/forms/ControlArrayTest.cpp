@@ -1,0 +1,53 @@
+#include "platform/forms/ControlArray.h"
+#include "tests/common/FormTest.h"
+
+#include <QLineEdit>
+
+namespace {
+
+class ControlArrayTest : public FormTest {
+protected:
+    ControlArrayTest() {
+        boxes.Design(QStringLiteral("Points"), new QLineEdit(&frame), {9480, 650, 1335, 330},
+                     [this] { return new QLineEdit(&frame); });
+    }
+    QWidget frame;
+    ControlArray<QLineEdit> boxes;
+};
+
+TEST_F(ControlArrayTest, LoadedElementsAreHiddenNamedByIndexAndPlacedLikeTheDesigned) {
+    boxes.LoadElement();
+    EXPECT_EQ(boxes.Count(), 2);
+    EXPECT_EQ(boxes[1].objectName(), QStringLiteral("Points(1)"));
+    EXPECT_FALSE(boxes.Visible(1));
+    EXPECT_EQ(boxes.Left(1), 9480);
+    EXPECT_EQ(boxes[1].geometry(), QRect(632, 43, 89, 22));
+}
+
+TEST_F(ControlArrayTest, TopReadsBackAsWrittenWhateverThePixels) {
+    boxes.SetTop(0, 1037);
+    EXPECT_EQ(boxes.Top(0), 1037);
+    EXPECT_EQ(boxes[0].y(), 69);
+    boxes.SetTop(0, -23);
+    EXPECT_EQ(boxes.Top(0), -23);
+}
+
+TEST_F(ControlArrayTest, VisibleIsTheControlsOwnFlagOnAHiddenForm) {
+    boxes.SetVisible(0, true);
+    EXPECT_FALSE(frame.isVisible());
+    EXPECT_TRUE(boxes.Visible(0));
+    boxes.SetVisible(0, false);
+    EXPECT_FALSE(boxes.Visible(0));
+}
+
+TEST_F(ControlArrayTest, IndexesOutsideRaiseAndTheDesignedElementStays) {
+    EXPECT_THROW(boxes[1], RuntimeError);
+    EXPECT_THROW(boxes[-1], RuntimeError);
+    EXPECT_THROW(boxes.UnloadLast(), RuntimeError);
+    boxes.LoadElement();
+    boxes.UnloadLast();
+    EXPECT_EQ(boxes.Count(), 1);
+    EXPECT_EQ(frame.findChild<QLineEdit*>(QStringLiteral("Points(1)")), nullptr);
+}
+
+} // namespace
