@@ -92,6 +92,9 @@ TableEngine::TableEngine(const QString& path, int flags) {
 std::shared_ptr<TableEngine> TableEngine::Open(const QString& path) {
     std::shared_ptr<TableEngine> engine(new TableEngine(path, SQLite::OPEN_READWRITE));
     engine->Guard([&] {
+        // The engine takes a file of one byte for an empty one and would write over the byte.
+        if (QFileInfo(path).size() == 1)
+            throw SQLite::Exception(sqlite3_errstr(SQLITE_NOTADB), SQLITE_NOTADB);
         engine->RefuseByHeader();
         engine->Configure();
         engine->RefuseByContent();

@@ -1,0 +1,236 @@
+#include "tests/platform/tables/TablesTest.h"
+
+#include <atomic>
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace {
+
+/// While it lives no file of this process grows beyond `bytes`, as on a full disk.
+class FullDisk {
+public:
+    explicit FullDisk(qint64 bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &former_);
+        rlimit limit = former_;
+        limit.rlim_cur = static_cast<rlim_t>(bytes);
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &former_);
+        std::signal(SIGXFSZ, handler_);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    void (*handler_)(int);
+    rlimit former_{};
+};
+
+class Durability : public TablesTest {
+protected:
+    const QString Chart = QStringLiteral("Chart");
+
+    void CommitOneRow() {
+        Recordset rows = MakeTable();
+        AddMemo(rows, QStringLiteral("kept"));
+        Store->Commit();
+    }
+
+    /// More than the engine keeps in memory, so that it writes before the commit.
+    static void AddMuch(Recordset rows) {
+        for (int i = 0; i < 60; ++i)
+            AddMemo(rows, QString(100'000, QLatin1Char('x')));
+    }
+
+    void ExpectOnlyTheKeptRow() {
+        EXPECT_EQ(Memos(*Store), QStringList{QStringLiteral("kept")});
+        EXPECT_EQ(Names(*Store), QStringList{Chart});
+    }
+};
+
+} // namespace
+
+TEST_F(Durability, WithoutACommitNothingIsKept) {
+    CommitOneRow();
+    Recordset rows = Store->OpenRecordset(Chart);
+    AddMemo(rows, QStringLiteral("lost"));
+    rows.Edit();
+    rows.SetValue(0, QStringLiteral("wrong"));
+    rows.Update();
+    Store->CreateTable(QStringLiteral("Lost"), AllTypes());
+    Reopen();
+    ExpectOnlyTheKeptRow();
+    Store->DeleteTable(Chart);
+    Reopen();
+    ExpectOnlyTheKeptRow();
+}
+
+TEST_F(Durability, OthersSeeOnlyWhatIsCommitted) {
+    CommitOneRow();
+    const auto other = TableStore::OpenDatabase(File);
+    Recordset rows = Store->OpenRecordset(Chart);
+    AddMemo(rows, QStringLiteral("second"));
+    EXPECT_EQ(Memos(*other).size(), 1);
+    Store->Commit();
+    EXPECT_EQ(Memos(*other).size(), 2);
+}
+
+TEST_F(Durability, CommitWithoutWritesDoesNothing) {
+    CommitOneRow();
+    const QByteArray before = ReadFile(File);
+    Store->Commit();
+    Memos(*Store);
+    Store->Commit();
+    EXPECT_EQ(ReadFile(File), before);
+}
+
+TEST_F(Durability, CursorsStayUsableOverACommit) {
+    CommitOneRow();
+    Recordset rows = Store->OpenRecordset(Chart);
+    rows.Edit();
+    rows.SetValue(0, QStringLiteral("changed"));
+    Store->Commit();
+    rows.Update();
+    Store->Commit();
+    EXPECT_EQ(rows.Value(0).toString(), QStringLiteral("changed"));
+    rows.MoveNext();
+    EXPECT_TRUE(rows.Eof());
+}
+
+TEST_F(Durability, OpenCursorsHoldNoLock) {
+    CommitOneRow();
+    const auto other = TableStore::OpenDatabase(File);
+    Recordset reader = other->OpenRecordset(Chart);
+    EXPECT_EQ(reader.Value(0).toString(), QStringLiteral("kept"));
+    Recordset rows = Store->OpenRecordset(Chart);
+    AddMemo(rows, QStringLiteral("second"));
+    Store->Commit();
+    reader.MoveNext();
+    EXPECT_EQ(reader.Value(0).toString(), QStringLiteral("second"));
+}
+
+TEST_F(Durability, CursorSeesAnotherConnectionsRowsOnceItWrites) {
+    CommitOneRow();
+    Recordset mine = Store->OpenRecordset(Chart);
+    const auto other = TableStore::OpenDatabase(File);
+    Recordset theirs = other->OpenRecordset(Chart);
+    theirs.Delete();
+    other->Commit();
+    EXPECT_ERROR(3021, {
+        mine.Edit();
+        mine.SetValue(0, QStringLiteral("x"));
+        mine.Update();
+    });
+    EXPECT_EQ(mine.RecordCount(), 0);
+}
+
+TEST_F(Durability, CursorOutlastsTheTablesThatAnotherConnectionMakes) {
+    CommitOneRow();
+    Recordset mine = Store->OpenRecordset(Chart);
+    const auto other = TableStore::OpenDatabase(File);
+    other->CreateTable(QStringLiteral("Theirs"), AllTypes());
+    other->Commit();
+    EXPECT_EQ(Store->TableCount(), 2);
+    AddMemo(mine, QStringLiteral("second"));
+    EXPECT_EQ(mine.Value(0).toString(), QStringLiteral("kept"));
+    mine.MoveNext();
+    EXPECT_EQ(mine.Value(0).toString(), QStringLiteral("second"));
+}
+
+TEST_F(Durability, WriterWaitsForAnotherOne) {
+    CommitOneRow();
+    std::atomic<bool> begun = false;
+    std::thread thread([&] {
+        const auto other = TableStore::OpenDatabase(File);
+        Recordset rows = other->OpenRecordset(Chart);
+        AddMemo(rows, QStringLiteral("theirs"));
+        begun = true;
+        std::this_thread::sleep_for(std::chrono::milliseconds(150));
+        other->Commit();
+    });
+    while (!begun)
+        std::this_thread::yield();
+    Recordset rows = Store->OpenRecordset(Chart);
+    AddMemo(rows, QStringLiteral("mine"));
+    Store->Commit();
+    thread.join();
+    EXPECT_EQ(Memos(*Store), (QStringList{QStringLiteral("kept"), QStringLiteral("theirs"),
+                                          QStringLiteral("mine")}));
+}
+
+TEST_F(Durability, FullDiskAtTheCommitRollsBackAndSaysSo) {
+    CommitOneRow();
+    Recordset before = Store->OpenRecordset(Chart);
+    Store->DeleteTable(Chart);
+    Recordset rows = MakeTable();
+    for (int i = 0; i < 200; ++i)
+        AddMemo(rows, QString(500, QLatin1Char('x')));
+    Store->CreateTable(QStringLiteral("Lost"), AllTypes());
+    {
+        const FullDisk full(QFileInfo(File).size() + 4096);
+        EXPECT_ERROR(3000, Store->Commit());
+        Store->Commit();
+    }
+    EXPECT_ERROR(3078, rows.RecordCount());
+    EXPECT_ERROR(9, Store->TableName(1));
+    EXPECT_EQ(Store->TableName(0), Chart);
+    ExpectOnlyTheKeptRow();
+    Reopen();
+    ExpectOnlyTheKeptRow();
+}
+
+TEST_F(Durability, CursorsReadWhatIsStoredAfterAFailedCommit) {
+    CommitOneRow();
+    Recordset rows = Store->OpenRecordset(Chart);
+    rows.Edit();
+    rows.SetValue(0, QString(200'000, QLatin1Char('x')));
+    rows.Update();
+    {
+        const FullDisk full(QFileInfo(File).size());
+        EXPECT_ERROR(3000, Store->Commit());
+    }
+    EXPECT_EQ(rows.Value(0).toString(), QStringLiteral("kept"));
+    AddMemo(rows, QStringLiteral("after"));
+    Store->Commit();
+    Reopen();
+    EXPECT_EQ(Memos(*Store), (QStringList{QStringLiteral("kept"), QStringLiteral("after")}));
+}
+
+TEST_F(Durability, FullDiskInTheMiddleOfWritingLosesNothingCommitted) {
+    CommitOneRow();
+    {
+        const FullDisk full(1'000'000);
+        EXPECT_ERROR(3000, AddMuch(Store->OpenRecordset(Chart)));
+        WithErrorsSkipped([&] { Store->Commit(); });
+    }
+    const QStringList memos = Memos(*Store);
+    EXPECT_EQ(memos.first(), QStringLiteral("kept"));
+    Recordset rows = Store->OpenRecordset(Chart);
+    AddMemo(rows, QStringLiteral("after"));
+    Store->Commit();
+    Reopen();
+    EXPECT_EQ(Memos(*Store), memos + QStringList{QStringLiteral("after")});
+}
+
+TEST_F(Durability, KilledWriterLosesOnlyWhatWasNotCommitted) {
+    CommitOneRow();
+    Store.reset();
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        const auto store = TableStore::OpenDatabase(File);
+        AddMuch(store->OpenRecordset(Chart));
+        kill(getpid(), SIGKILL);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFSIGNALED(status));
+    EXPECT_TRUE(QFile::exists(File + QStringLiteral("-journal")));
+    Store = TableStore::OpenDatabase(File);
+    ExpectOnlyTheKeptRow();
+    EXPECT_FALSE(QFile::exists(File + QStringLiteral("-journal")));
+}

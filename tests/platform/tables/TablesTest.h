@@ -1,0 +1,74 @@
+#pragma once
+
+#include "platform/tables/TableStore.h"
+#include "tests/common/RuntimeTest.h"
+
+#include <functional>
+
+/// A fixture with a new, empty database that is open as `Store`.
+class TablesTest : public RuntimeTest {
+protected:
+    TablesTest() { Store = TableStore::CreateDatabase(File, QStringLiteral(";LANGID=0x0409")); }
+
+    /// Closes the database without a commit and opens it again.
+    void Reopen() {
+        Store.reset();
+        Store = TableStore::OpenDatabase(File);
+    }
+
+    /// A table with one field of each type, named after them.
+    Recordset MakeTable(const QString& name = QStringLiteral("Chart")) {
+        Store->CreateTable(name, AllTypes());
+        return Store->OpenRecordset(name);
+    }
+
+    static QList<FieldDefinition> AllTypes() {
+        return {{QStringLiteral("Memo"), FieldType::Memo},
+                {QStringLiteral("Text"), FieldType::Text, 10},
+                {QStringLiteral("Long"), FieldType::Long},
+                {QStringLiteral("Boolean"), FieldType::Boolean},
+                {QStringLiteral("Date"), FieldType::Date},
+                {QStringLiteral("Bytes"), FieldType::LongBinary}};
+    }
+
+    static void AddMemo(Recordset& rows, const QString& text) {
+        rows.AddNew();
+        rows.SetValue(0, text);
+        rows.Update();
+    }
+
+    /// The memos of a table from its first row to its last.
+    static QStringList Memos(TableStore& store, const QString& name = QStringLiteral("Chart")) {
+        QStringList memos;
+        for (Recordset rows = store.OpenRecordset(name); !rows.Eof(); rows.MoveNext())
+            memos.append(rows.Value(0).toString());
+        return memos;
+    }
+
+    static QStringList Names(TableStore& store) {
+        QStringList names;
+        for (int i = 0, count = store.TableCount(); i < count; ++i)
+            names.append(store.TableName(i));
+        return names;
+    }
+
+    /// The text of the run-time error that `operation` raises, "" if it raises none.
+    static QString ErrorText(const std::function<void()>& operation) {
+        try {
+            operation();
+        } catch (const RuntimeError& error) {
+            return error.Text();
+        }
+        return {};
+    }
+
+    /// A value with its type, for a value of the wrong type is as wrong as a wrong value.
+    static QString Shown(const QVariant& value) {
+        if (!value.isValid())
+            return QStringLiteral("Null");
+        return QLatin1String(value.metaType().name()) + QLatin1Char(' ') + value.toString();
+    }
+
+    const QString File = Path(QStringLiteral("Charts.mdb"));
+    std::unique_ptr<TableStore> Store;
+};
