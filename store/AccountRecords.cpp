@@ -21,7 +21,8 @@ void DatabaseCls::ForEachAccount(const QString& name,
         rows.MoveFirst();
     while (!rows.Eof()) {
         // Names are no keys: every row of the name is meant.
-        if (TextOf(rows.Value(AccountField::Name)) == name)
+        const QVariant rowName = rows.Value(AccountField::Name);
+        if (!rowName.isNull() && rowName.toString() == name)
             action(rows);
         rows.MoveNext();
     }

@@ -46,11 +46,15 @@ bool DatabaseCls::CheckForDuplicates(const QString& Name) {
 void DatabaseCls::PopulateChartList(NameList& List, bool OwnOnly) {
     const QString today = DateKey(Today());
     const QString oneWeekAgo = KeyOfOneWeekAgo();
+    // The names as they are before the walk: rolling a chart on drops and makes history tables,
+    // which would move a chart behind them past the walk.
+    QStringList charts;
     const int count = Tables().TableCount();
-    for (int index = 0; index < count; ++index) {
-        const QString name = Tables().TableName(index);
-        if (!IsChartName(name))
-            continue;
+    for (int index = 0; index < count; ++index)
+        if (IsChartName(Tables().TableName(index)))
+            charts += Tables().TableName(index);
+
+    for (const QString& name : charts) {
         if (!OwnOnly) {
             List.AddItem(name);
             continue;

@@ -31,6 +31,19 @@ QString ScratchFileName(const QString& account) {
     return QStringLiteral("picture-") + QString::fromLatin1(encoded.left(longest));
 }
 
+/// Writes the field's bytes over the scratch file from its start. The file is not truncated: a
+/// smaller picture keeps the tail of the one before behind it.
+void WriteScratchFile(const Recordset& rows, const QString& field, const QString& scratch) {
+    QFile file(scratch);
+    if (!file.open(QIODevice::ReadWrite))
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
+    const qint64 size = rows.FieldSize(field);
+    const qint64 rest = size % PieceSize;
+    file.write(rows.GetChunk(field, 0, rest));
+    for (qint64 piece = 0; piece < size / PieceSize; ++piece)
+        file.write(rows.GetChunk(field, piece * PieceSize + rest, PieceSize));
+}
+
 } // namespace
 
 void DatabaseCls::StorePicture(Recordset& rows, const QString& field, const QString& path) {
@@ -64,21 +77,14 @@ void DatabaseCls::TakeOutPicture(const QString& account, const QString& field,
             throw RuntimeError(ErrorNumber::PathFileAccessError);
     });
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
-        if (TextOf(rows.Value(AccountField::Name)) != account)
+        if (rows.Value(AccountField::Name).toString() != account)
             continue;
         beforePicture(rows);
-        const qint64 size = rows.FieldSize(field);
-        if (size == 0)
-            continue;
-        QFile file(scratch);
-        // Not truncated: a smaller picture keeps the tail of the one before behind it.
-        if (file.open(QIODevice::ReadWrite)) {
-            const qint64 rest = size % PieceSize;
-            file.write(rows.GetChunk(field, 0, rest));
-            for (qint64 piece = 0; piece < size / PieceSize; ++piece)
-                file.write(rows.GetChunk(field, piece * PieceSize + rest, PieceSize));
-            file.close();
-        }
-        WithErrorsSkipped([&] { target.SetPicture(LoadPicture(scratch)); });
+        WithErrorsSkipped([&] {
+            if (rows.FieldSize(field) == 0)
+                return;
+            WithErrorsSkipped([&] { WriteScratchFile(rows, field, scratch); });
+            target.SetPicture(LoadPicture(scratch));
+        });
     }
 }

@@ -117,6 +117,16 @@ TEST_F(ChartHistoryTest, AListFilledTwiceRollsAChartOnce) {
     EXPECT_EQ(Database().FirstDateText, QStringLiteral("3/11/2001"));
 }
 
+TEST_F(ChartHistoryTest, EveryDueChartRollsInOneGoWhereverItsHistoryTableStands) {
+    const QList<EditorRow> rows = {Job(QStringLiteral("a"), QStringLiteral("Mon"))};
+    // Saved a second time, a chart stands behind its history table.
+    SaveChart(Chores, rows, CurrentUser, true);
+    Database().DuplicateChartHistory(Chores);
+    SaveChart(Chores, rows, CurrentUser, true);
+    SaveChart(QStringLiteral("Garden Anna"), rows, CurrentUser, true);
+    EXPECT_EQ(ChildsList(QDate(2001, 3, 11)), (QStringList{Chores, QStringLiteral("Garden Anna")}));
+}
+
 TEST_F(ChartHistoryTest, AChartThatMissedItsWeekNeverRollsAgain) {
     SaveHomeChart();
     EXPECT_EQ(ChildsList(QDate(2001, 3, 18)), QStringList());
