@@ -4,6 +4,7 @@
 #include "filling/ViewerLayout.h"
 #include "platform/forms/FormViewAdapters.h"
 #include "platform/forms/Handlers.h"
+#include "platform/forms/Twips.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Prompts.h"
@@ -13,6 +14,7 @@
 
 #include <QStyle>
 #include <QWheelEvent>
+#include <algorithm>
 
 ChartViewer::ChartViewer()
     : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::ChartViewer>()) {
@@ -61,6 +63,11 @@ void ChartViewer::Activate() {
 
 void ChartViewer::Unloaded() {
     ChartViewers.Forget(this);
+}
+
+void ChartViewer::PlaceInMainWindow() {
+    if (const QWidget* area = Frame().parentWidget())
+        Move(TwipsOf(std::max(0, (area->width() - Frame().width()) / 2)), 0);
 }
 
 QString ChartViewer::FirstWord(const QString& text) {

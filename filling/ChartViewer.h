@@ -50,6 +50,9 @@ public:
     ControlArray<MarkImage> ClearImg;
     ControlArray<MarkImage> CheckImg;
 
+    /// Puts the shown form at the top of the main window, in its middle.
+    void PlaceInMainWindow();
+
     void SetRow(int index, const ViewerRow& row) override;
     bool CheckVisible(int index) const override;
     void CreateNewTask(int index) override;

@@ -16,6 +16,7 @@ namespace {
 FittingLabel* NewText(QWidget* parent, Qt::Alignment alignment = Qt::AlignLeft) {
     auto* label = new FittingLabel(parent);
     label->setAlignment(alignment | Qt::AlignVCenter);
+    label->SetForeColor(Qt::black);
     return label;
 }
 

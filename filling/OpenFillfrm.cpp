@@ -12,6 +12,10 @@
 OpenFillfrm::OpenFillfrm()
     : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::OpenFillfrm>()) {
     ui_->setupUi(this);
+    // Names of charts are read by children who have just learnt to.
+    QFont large = ui_->ChartList->font();
+    large.setPointSizeF(large.pointSizeF() * 1.25);
+    ui_->ChartList->setFont(large);
     On(ui_->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
     On(ui_->ChartList, &QListWidget::itemDoubleClicked, this, [this] { Ok_Click(); });
     On(ui_->Cancel, &QPushButton::clicked, this, [this] { Unload(); });
@@ -78,6 +82,7 @@ void OpenFillfrm::OpenViewer(const QString& name) {
         viewer->DayNumber = DayBeforeToday();
         viewer->SetCaption(QStringLiteral("Filling %1 chart").arg(name));
         WithErrorsSkipped([&] { viewer->Show(); });
+        viewer->PlaceInMainWindow();
     }
     // Rows and the store's day agree on Sunday before the viewer comes to the front for the first
     // time, so that its first turn of the page writes back the marks that it read.

@@ -1,0 +1,196 @@
+#include "tests/filling/FillingTest.h"
+
+#include "platform/forms/DefaultForms.h"
+
+#include <QFileDialog>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QProcess>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+namespace {
+
+using S = QStringList;
+
+/// The viewer turns a page each time it comes to the front from another form of the program, and
+/// at nothing else.
+class ViewerActivationTest : public FillingTest {
+protected:
+    ViewerActivationTest() {
+        QList<Job> jobs;
+        for (const char* day : {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"})
+            jobs += Job{QStringLiteral("Job"), QString::fromLatin1(day)};
+        MakeChart(QStringLiteral("Chores Anna"), jobs);
+        viewer_ = &OpenChart(QStringLiteral("Chores Anna"));
+        EXPECT_EQ(viewer_->DayNumber, Wednesday);
+    }
+
+    ChartViewer& Viewer() { return *viewer_; }
+    QWidget& Main() { return *viewer_->window(); }
+    void ExpectDay(int day, int pages) {
+        EXPECT_EQ(viewer_->DayNumber, day);
+        EXPECT_EQ(DesktopCalls.Sounds.count(PageSound()), pages);
+    }
+    /// Waits longer than Settle: for windows of other processes.
+    static void Wait() { QTest::qWait(300); }
+
+    static constexpr int Wednesday = 4;
+
+private:
+    ChartViewer* viewer_ = nullptr;
+};
+
+TEST_F(ViewerActivationTest, OpeningTurnsToTodayAndNoFurther) {
+    Wait();
+    ExpectDay(Wednesday, 0);
+}
+
+TEST_F(ViewerActivationTest, ReturningFromAnotherFormTurnsOnePageAndStoresTheTicks) {
+    Click(Viewer().ClearImg[0]);
+    Form& other = DefaultForm(QStringLiteral("frmAboutDutygrid"));
+    other.Show();
+    Settle();
+    ExpectDay(Wednesday, 0);
+    EXPECT_EQ(Ticked(QStringLiteral("Chores Anna")), S{});
+    other.Unload();
+    Settle();
+    ExpectDay(Wednesday + 1, 1);
+    EXPECT_EQ(Ticked(QStringLiteral("Chores Anna")), S{QStringLiteral("Job|Wed")});
+}
+
+TEST_F(ViewerActivationTest, ReturningByAClickOnPlainTextTurnsOnePage) {
+    Form& other = DefaultForm(QStringLiteral("frmAboutDutygrid"));
+    other.Show();
+    Settle();
+    other.Move(0, 4500);
+    Settle();
+    QWidget& window = Main();
+    const auto& label = Find<QLabel>(Viewer(), QStringLiteral("Label4"));
+    const QPoint place = label.mapTo(&window, label.rect().center());
+    ASSERT_EQ(window.childAt(place), &label);
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, place);
+    Settle();
+    ExpectDay(Wednesday + 1, 1);
+}
+
+TEST_F(ViewerActivationTest, AReturnArmsTheGoalAgain) {
+    Database().AddToy(QStringLiteral("Anna"), QStringLiteral("Kite"), QString(), 3);
+    Viewer().GoalPoints = 0;
+    Form& other = DefaultForm(QStringLiteral("frmAboutDutygrid"));
+    other.Show();
+    Settle();
+    other.Unload();
+    Settle();
+    EXPECT_EQ(Viewer().GoalPoints, 3);
+    Boxes.Expect(GoalMessage);
+    Click(Viewer().ClearImg[0]);
+    EXPECT_EQ(Viewer().GoalPoints, 0);
+}
+
+TEST_F(ViewerActivationTest, AMessageBoxTurnsNothing) {
+    QMessageBox box(&Main());
+    box.setText(QStringLiteral("Please read"));
+    box.addButton(QMessageBox::Ok);
+    QTimer::singleShot(150, &box, [&box] {
+        EXPECT_TRUE(box.isActiveWindow());
+        box.accept();
+    });
+    box.exec();
+    Wait();
+    ExpectDay(Wednesday, 0);
+}
+
+TEST_F(ViewerActivationTest, AFileDialogTurnsNothing) {
+    QFileDialog dialog(&Main());
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    QTimer::singleShot(250, &dialog, [&dialog] {
+        EXPECT_TRUE(dialog.isVisible());
+        dialog.reject();
+    });
+    dialog.exec();
+    Wait();
+    ExpectDay(Wednesday, 0);
+}
+
+TEST_F(ViewerActivationTest, AMenuTurnsNothing) {
+    auto& menus = Find<QMenuBar>(Main(), QStringLiteral("Menus"));
+    QMenu* menu = menus.actions().first()->menu();
+    menu->popup(menus.mapToGlobal(QPoint(0, menus.height())));
+    Wait();
+    EXPECT_TRUE(menu->isVisible());
+    menu->close();
+    Wait();
+    ExpectDay(Wednesday, 0);
+}
+
+TEST_F(ViewerActivationTest, AnotherProgramsWindowTurnsNothing) {
+    QProcess other;
+    other.start(QStringLiteral("xmessage"),
+                {QStringLiteral("-center"), QStringLiteral("Another program")});
+    ASSERT_TRUE(other.waitForStarted());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !Main().isActiveWindow(); }, 5000));
+    Wait();
+    ExpectDay(Wednesday, 0);
+    other.terminate();
+    other.waitForFinished();
+    Main().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&Main()));
+    Wait();
+    ExpectDay(Wednesday, 0);
+}
+
+TEST_F(ViewerActivationTest, MinimisingTheMainWindowTurnsNothing) {
+    Main().showMinimized();
+    Wait();
+    ExpectDay(Wednesday, 0);
+    Main().showNormal();
+    Main().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&Main()));
+    Wait();
+    ExpectDay(Wednesday, 0);
+}
+
+TEST_F(ViewerActivationTest, LogOffAndLogInTurnOnePage) {
+    Form& mainForm = DefaultForm(QStringLiteral("MainForm"));
+    mainForm.Hide();
+    Form& logIn = DefaultForm(QStringLiteral("LogIn"));
+    logIn.Show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&logIn.Widget()));
+    Wait();
+    ExpectDay(Wednesday, 0);
+    logIn.Unload();
+    mainForm.Show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&mainForm.Widget()));
+    Wait();
+    // From the log-in window, a form of the program, back to the viewer.
+    ExpectDay(Wednesday + 1, 1);
+}
+
+TEST_F(ViewerActivationTest, TheGoalMessageAndThePrintQuestionsTurnNothing) {
+    Database().AddToy(QStringLiteral("Anna"), QStringLiteral("Kite"), QString(), 3);
+    Viewer().GoalPoints = 3;
+    const auto realBox = [this] {
+        QMessageBox box(&Main());
+        QTimer::singleShot(100, &box, &QDialog::accept);
+        box.exec();
+    };
+    Boxes.Expect(GoalMessage, PromptAnswer::Ok, realBox);
+    Click(Viewer().ClearImg[0]);
+    Wait();
+    ExpectDay(Wednesday, 0);
+}
+
+TEST_F(ViewerActivationTest, EveryReturnTurnsOnePage) {
+    for (int round = 1; round <= 3; ++round) {
+        DefaultForm(QStringLiteral("frmAboutDutygrid")).Show();
+        Settle();
+        Viewer().SetFocus();
+        Settle();
+        ExpectDay(Wednesday + round, round);
+    }
+}
+
+} // namespace

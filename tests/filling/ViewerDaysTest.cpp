@@ -1,0 +1,240 @@
+#include "tests/filling/FillingTest.h"
+
+#include "platform/runtime/Dates.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using S = QStringList;
+
+/// Paging through the days of a chart.
+class ViewerDaysTest : public FillingTest {
+protected:
+    static void Next(ChartViewer& viewer) { Click(Button(viewer, QStringLiteral("NextDay"))); }
+    static void Back(ChartViewer& viewer) { Click(Button(viewer, QStringLiteral("PreviousDay"))); }
+    static void MakeWeek() {
+        MakeChart(QStringLiteral("Chores Anna"), {{QStringLiteral("Cook"), QStringLiteral("Mon")},
+                                                  {QStringLiteral("Sweep"), QStringLiteral("Wed")},
+                                                  {QStringLiteral("Dust"), QStringLiteral("Fri")},
+                                                  {QStringLiteral("Mop"), QStringLiteral("Fri")}});
+    }
+};
+
+TEST_F(ViewerDaysTest, TheFirstDisplayIsTodayIfItHasJobs) {
+    SetToday(QDate(2001, 3, 5));
+    MakeWeek();
+    const ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
+    EXPECT_EQ(viewer.DayNumber, 2);
+    EXPECT_EQ(Jobs(viewer), S{QStringLiteral("Cook")});
+    EXPECT_EQ(TextAt(viewer, QStringLiteral("DayLbl")), QStringLiteral("Monday 3/5/2001"));
+}
+
+TEST_F(ViewerDaysTest, TheFirstDisplayIsOtherwiseTheNextDayWithJobsGoingForward) {
+    SetToday(QDate(2001, 3, 10));
+    MakeWeek();
+    const ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
+    EXPECT_EQ(Jobs(viewer), S{QStringLiteral("Cook")});
+    EXPECT_EQ(viewer.DayNumber, 2);
+}
+
+TEST_F(ViewerDaysTest, ADaysRowsShowTextsPointsAndMarks) {
+    MakeChart(QStringLiteral("Chores Anna"),
+              {{QStringLiteral("Cook"), QStringLiteral("Wed"), QStringLiteral("7"),
+                QStringLiteral("Dad"), QStringLiteral("Hard")},
+               {QStringLiteral("Sweep"), QStringLiteral("Thu")},
+               {QStringLiteral("Dust"), QStringLiteral("Wed"), QStringLiteral("3"),
+                QStringLiteral("Mum"), QStringLiteral("Easy")}});
+    ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
+    ASSERT_EQ(Jobs(viewer), (S{QStringLiteral("Cook"), QStringLiteral("Dust")}));
+    EXPECT_EQ(viewer.Difficulty[0].text(), QStringLiteral("Hard"));
+    EXPECT_EQ(viewer.Points[0].text(), QStringLiteral("7"));
+    EXPECT_EQ(viewer.AdultResponsable[0].text(), QStringLiteral("Dad"));
+    EXPECT_EQ(viewer.AdultResponsable[1].text(), QStringLiteral("Mum"));
+    EXPECT_FALSE(viewer.AdultResponsable.Visible(0));
+    EXPECT_FALSE(viewer.AdultResponsable.Visible(1));
+    EXPECT_EQ(viewer.Number[0].text(), QStringLiteral("1:"));
+    EXPECT_EQ(viewer.Number[1].text(), QStringLiteral("2:"));
+    EXPECT_FALSE(viewer.CheckImg.Visible(0));
+    EXPECT_TRUE(viewer.ClearImg.Visible(0));
+    Click(viewer.ClearImg[1]);
+    Next(viewer);
+    EXPECT_EQ(Jobs(viewer), S{QStringLiteral("Sweep")});
+    Next(viewer);
+    EXPECT_FALSE(viewer.CheckImg.Visible(0));
+    EXPECT_TRUE(viewer.CheckImg.Visible(1));
+    EXPECT_FALSE(viewer.ClearImg.Visible(1));
+}
+
+TEST_F(ViewerDaysTest, NextGoesRoundTheWeekAndSkipsDaysWithoutJobs) {
+    MakeWeek();
+    ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
+    EXPECT_EQ(Jobs(viewer), S{QStringLiteral("Sweep")});
+    Next(viewer);
+    EXPECT_EQ(Jobs(viewer), (S{QStringLiteral("Dust"), QStringLiteral("Mop")}));
+    EXPECT_EQ(TextAt(viewer, QStringLiteral("DayLbl")), QStringLiteral("Friday 3/9/2001"));
+    Next(viewer);
+    EXPECT_EQ(Jobs(viewer), S{QStringLiteral("Cook")});
+    Next(viewer);
+    EXPECT_EQ(Jobs(viewer), S{QStringLiteral("Sweep")});
+    EXPECT_EQ(viewer.DayNumber, 4);
+}
+
+TEST_F(ViewerDaysTest, BackGoesRoundTheWeekTheOtherWay) {
+    MakeWeek();
+    ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
+    Back(viewer);
+    EXPECT_EQ(Jobs(viewer), S{QStringLiteral("Cook")});
+    Back(viewer);
+    EXPECT_EQ(viewer.DayNumber, 6);
+    EXPECT_EQ(Jobs(viewer), (S{QStringLiteral("Dust"), QStringLiteral("Mop")}));
+    Back(viewer);
+    EXPECT_EQ(Jobs(viewer), S{QStringLiteral("Sweep")});
+}
+
+TEST_F(ViewerDaysTest, ASchoolChartSkipsItsWeekendByTheCountingAlone) {
+    SchoolMode = -1;
+    MakeChart(QStringLiteral("Class Anna"), {{QStringLiteral("Read"), QStringLiteral("Mon-Fri")}},
+              QStringLiteral("Anna"), QDate(2001, 3, 5), QDate(2001, 3, 9));
+    ChartViewer& viewer = OpenChart(QStringLiteral("Class Anna"));
+    EXPECT_EQ(TextAt(viewer, QStringLiteral("DayLbl")), QStringLiteral("Wednesday 3/7/2001"));
+    Next(viewer);
+    Next(viewer);
+    EXPECT_EQ(TextAt(viewer, QStringLiteral("DayLbl")), QStringLiteral("Friday 3/9/2001"));
+    Next(viewer);
+    EXPECT_EQ(TextAt(viewer, QStringLiteral("DayLbl")), QStringLiteral("Monday 3/5/2001"));
+    Back(viewer);
+    EXPECT_EQ(TextAt(viewer, QStringLiteral("DayLbl")), QStringLiteral("Friday 3/9/2001"));
+}
+
+TEST_F(ViewerDaysTest, AnyDayOfTheChartCanBeTickedWhateverTodayIs) {
+    MakeWeek();
+    ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
+    Next(viewer);
+    Click(viewer.ClearImg[0]);
+    Next(viewer);
+    Click(viewer.ClearImg[0]);
+    Next(viewer);
+    EXPECT_EQ(Ticked(QStringLiteral("Chores Anna")),
+              (S{QStringLiteral("Cook|Mon"), QStringLiteral("Dust|Fri")}));
+}
+
+TEST_F(ViewerDaysTest, AChartWithOneDayReloadsItBothWaysAndStoresItsTicks) {
+    MakeChart(QStringLiteral("Chores Anna"), JobsOn(QStringLiteral("Wed"), 3));
+    ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
+    Click(viewer.ClearImg[2]);
+    EXPECT_EQ(Ticked(QStringLiteral("Chores Anna")), S{});
+    Next(viewer);
+    EXPECT_EQ(Jobs(viewer).size(), 3);
+    EXPECT_TRUE(viewer.CheckVisible(2));
+    EXPECT_EQ(Ticked(QStringLiteral("Chores Anna")), S{QStringLiteral("Wed job 3|Wed")});
+    Click(viewer.ClearImg[0]);
+    Back(viewer);
+    EXPECT_EQ(viewer.DayNumber, 4);
+    EXPECT_TRUE(viewer.CheckVisible(0));
+    EXPECT_FALSE(viewer.CheckVisible(1));
+    EXPECT_TRUE(viewer.CheckVisible(2));
+    EXPECT_EQ(Ticked(QStringLiteral("Chores Anna")),
+              (S{QStringLiteral("Wed job 1|Wed"), QStringLiteral("Wed job 3|Wed")}));
+}
+
+TEST_F(ViewerDaysTest, AnUntickIsStoredAtTheNextPageToo) {
+    MakeWeek();
+    ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
+    Click(viewer.ClearImg[0]);
+    Next(viewer);
+    EXPECT_EQ(Ticked(QStringLiteral("Chores Anna")), S{QStringLiteral("Sweep|Wed")});
+    Back(viewer);
+    Click(viewer.CheckImg[0]);
+    Next(viewer);
+    EXPECT_EQ(Ticked(QStringLiteral("Chores Anna")), S{});
+}
+
+TEST_F(ViewerDaysTest, EveryPagePlaysItsSound) {
+    MakeWeek();
+    ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
+    Next(viewer);
+    EXPECT_EQ(DesktopCalls.Sounds, S{PageSound()});
+    Back(viewer);
+    EXPECT_EQ(DesktopCalls.Sounds, (S{PageSound(), PageSound()}));
+}
+
+TEST_F(ViewerDaysTest, AnotherDayHidesTheAdultShrinksTheFormAndBlackensTheRows) {
+    MakeChart(QStringLiteral("Chores Anna"), JobsOn(QStringLiteral("Sun-Sat"), 2));
+    for (const char* button : {"NextDay", "PreviousDay"}) {
+        ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
+        Click(viewer.Instructions[0]);
+        EXPECT_EQ(viewer.height(), 9800 / 15);
+        Click(Button(viewer, QString::fromLatin1(button)));
+        EXPECT_EQ(viewer.height(), 8700 / 15);
+        for (const char* control : {"Label1", "Namelbl", "Image1"})
+            EXPECT_TRUE(Find<QWidget>(viewer, QString::fromLatin1(control)).isHidden()) << control;
+        EXPECT_EQ(viewer.Instructions[0].ForeColor(), QColor(Qt::black));
+        EXPECT_EQ(viewer.RectCheck[0].BorderColor(), QColor(Qt::black));
+        Click(Button(viewer, QStringLiteral("Ok")));
+    }
+}
+
+TEST_F(ViewerDaysTest, TheHeadingsNameTheAccountTheChartsFirstWordAndToday) {
+    MakeChart(QStringLiteral("Chores Anna"), JobsOn(QStringLiteral("Wed"), 1));
+    const ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
+    EXPECT_EQ(TextAt(viewer, QStringLiteral("UsersName")), QStringLiteral("Anna"));
+    EXPECT_EQ(TextAt(viewer, QStringLiteral("ChartNamelbl")),
+              QStringLiteral("Anna's Chores Dutygrid"));
+    EXPECT_EQ(viewer.Caption(), QStringLiteral("Anna's Chores Dutygrid"));
+    EXPECT_EQ(TextAt(viewer, QStringLiteral("Label4")),
+              QStringLiteral("Today is Wednesday - 3/7/2001"));
+    EXPECT_FALSE(Find<QLabel>(viewer, QStringLiteral("Image2")).pixmap(Qt::ReturnByValue).isNull());
+}
+
+TEST_F(ViewerDaysTest, FirstWordEndsAtTheFirstBlank) {
+    EXPECT_EQ(ChartViewer::FirstWord(QStringLiteral("Chores Anna")), QStringLiteral("Chores"));
+    EXPECT_EQ(ChartViewer::FirstWord(QStringLiteral("Chores")), QStringLiteral("Chores"));
+    EXPECT_EQ(ChartViewer::FirstWord(QStringLiteral("Chores  for Anna")), QStringLiteral("Chores"));
+    EXPECT_EQ(ChartViewer::FirstWord(QStringLiteral("Cho\tres Anna")), QStringLiteral("Cho\tres"));
+    EXPECT_EQ(ChartViewer::FirstWord(QStringLiteral(" Chores")), QString());
+    EXPECT_EQ(ChartViewer::FirstWord(QString()), QString());
+}
+
+TEST_F(ViewerDaysTest, TheIncentiveItsCostAndTheMissingPointsAreShown) {
+    Database().AddToy(QStringLiteral("Anna"), QStringLiteral("Bicycle"), PictureFile(), 300);
+    SetPoints(120);
+    MakeChart(QStringLiteral("Chores Anna"), JobsOn(QStringLiteral("Wed"), 1));
+    const ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
+    EXPECT_EQ(TextAt(viewer, QStringLiteral("ToyName")), QStringLiteral("Bicycle 300 Points"));
+    EXPECT_EQ(TextAt(viewer, QStringLiteral("Label3")), QStringLiteral("120"));
+    EXPECT_EQ(TextAt(viewer, QStringLiteral("Label5")), QStringLiteral("180"));
+    EXPECT_EQ(viewer.GoalPoints, 300);
+    EXPECT_FALSE(Find<QLabel>(viewer, QStringLiteral("Image3")).pixmap(Qt::ReturnByValue).isNull());
+}
+
+TEST_F(ViewerDaysTest, WithEnoughPointsNoneAreNeeded) {
+    Database().AddToy(QStringLiteral("Anna"), QStringLiteral("Book"), QString(), 100);
+    SetPoints(250);
+    MakeChart(QStringLiteral("Chores Anna"), JobsOn(QStringLiteral("Wed"), 1));
+    const ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
+    EXPECT_EQ(TextAt(viewer, QStringLiteral("Label5")), QStringLiteral("0"));
+}
+
+TEST_F(ViewerDaysTest, AnAdultWithAChartSeesItsOwnNameAndPoints) {
+    MakeChart(QStringLiteral("Chores Mum"), JobsOn(QStringLiteral("Wed"), 1),
+              QStringLiteral("Mum"));
+    CurrentUser = QStringLiteral("Mum");
+    CurrentState = QStringLiteral("Teacher");
+    ChartViewer& viewer = OpenChart(QStringLiteral("Chores Mum"));
+    EXPECT_EQ(viewer.Caption(), QStringLiteral("Mum's Chores Dutygrid"));
+    Click(viewer.ClearImg[0]);
+    EXPECT_EQ(PointsIn(QStringLiteral("Mum")), QStringLiteral("5"));
+}
+
+TEST_F(ViewerDaysTest, AChartDeletedBehindTheViewerIsReportedAndTheRowsStay) {
+    MakeWeek();
+    ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
+    Database().DeleteChart(QStringLiteral("Chores Anna"));
+    Boxes.Expect(TableGone(QStringLiteral("Chores Anna")));
+    Next(viewer);
+    EXPECT_EQ(Jobs(viewer), S{QStringLiteral("Sweep")});
+    EXPECT_EQ(viewer.DayNumber, 4);
+}
+
+} // namespace
