@@ -6,12 +6,15 @@
 #include "platform/runtime/Pictures.h"
 #include "platform/runtime/ProgramFolder.h"
 #include "platform/runtime/Prompts.h"
+#include "shell/PasswordMask.h"
 #include "shell/session/Session.h"
 #include "ui_ChangePasswordfrm.h"
 
 ChangePasswordfrm::ChangePasswordfrm()
     : FormWidget(Place::TopLevel), ui(std::make_unique<Ui::ChangePasswordfrm>()) {
     ui->setupUi(this);
+    SetPasswordMask(*ui->OldPAss, QLatin1Char('?'));
+    SetPasswordMask(*ui->NewPass, QLatin1Char('?'));
     On(ui->Command2, &QPushButton::clicked, this, [this] { BrowsePicture(); });
     On(ui->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
     On(ui->Command1, &QPushButton::clicked, this, [this] { Unload(); });

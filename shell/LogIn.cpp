@@ -11,6 +11,7 @@
 #include "platform/runtime/WebPage.h"
 #include "shell/ChangePasswordfrm.h"
 #include "shell/LoginWindow.h"
+#include "shell/LogoPicture.h"
 #include "shell/NewUser.h"
 #include "shell/Settings.h"
 #include "shell/session/Session.h"
@@ -18,7 +19,6 @@
 #include "ui_LogIn.h"
 
 #include <QCloseEvent>
-#include <QPixmap>
 
 namespace {
 
@@ -38,7 +38,7 @@ const QString Welcome = QStringLiteral(
 
 LogIn::LogIn() : FormWidget(Place::TopLevel), ui(std::make_unique<Ui::LogIn>()) {
     ui->setupUi(this);
-    ui->Logo->setPixmap(QPixmap(QStringLiteral(":/art/Logo.png")));
+    ui->Logo->setPixmap(LogoPicture(*this, QSize(240, 80)));
     ui->TeachersList->SetHeading(ui->TeachersList->Heading());
     ui->StudentsList->SetHeading(ui->StudentsList->Heading());
 

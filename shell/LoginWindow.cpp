@@ -5,6 +5,7 @@
 #include "platform/runtime/Prompts.h"
 #include "shell/LogIn.h"
 #include "shell/MainForm.h"
+#include "shell/PasswordMask.h"
 #include "shell/Settings.h"
 #include "shell/session/Session.h"
 #include "ui_LoginWindow.h"
@@ -13,6 +14,7 @@
 
 LoginWindow::LoginWindow() : FormWidget(Place::TopLevel), ui(std::make_unique<Ui::LoginWindow>()) {
     ui->setupUi(this);
+    SetPasswordMask(*ui->Password, QLatin1Char('*'));
     // The name is filled in; what is left to type is the password.
     ui->Password->setFocus();
 

@@ -6,11 +6,13 @@
 #include "platform/runtime/Pictures.h"
 #include "platform/runtime/ProgramFolder.h"
 #include "platform/runtime/Prompts.h"
+#include "shell/PasswordMask.h"
 #include "shell/session/Session.h"
 #include "ui_NewUser.h"
 
 NewUser::NewUser() : FormWidget(Place::TopLevel), ui(std::make_unique<Ui::NewUser>()) {
     ui->setupUi(this);
+    SetPasswordMask(*ui->Password, QLatin1Char('*'));
     On(ui->Command1, &QPushButton::clicked, this, [this] { BrowsePicture(); });
     On(ui->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
     On(ui->Cancel, &QPushButton::clicked, this, [this] { Unload(); });

@@ -3,12 +3,14 @@
 #include "platform/forms/Handlers.h"
 #include "platform/runtime/Desktop.h"
 #include "platform/runtime/WebPage.h"
+#include "shell/LogoPicture.h"
 #include "ui_frmAboutDutygrid.h"
 
 frmAboutDutygrid::frmAboutDutygrid()
     : FormWidget(Place::InMainWindow), ui(std::make_unique<Ui::frmAboutDutygrid>()) {
     ui->setupUi(this);
-    ui->Picture1->setPixmap(QPixmap(QStringLiteral(":/art/Logo.png")));
+    ui->Picture1->setPixmap(LogoPicture(*this, QSize(360, 120)));
+    adjustSize();
 
     const auto openWebPage = [] {
         CurrentDesktop().ShellExecute(QStringLiteral("open"), ProductWebPage, 3);
