@@ -1,0 +1,371 @@
+#include "support/clsRegistry.h"
+#include "tests/shell/ShellTest.h"
+
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QTest>
+
+namespace {
+
+const QString PleaseSelect = QStringLiteral("Please select a user or create a new one.");
+
+const QString Welcome = QStringLiteral(
+    "You have to set up at least two accounts before you can begin, one for you and one for the "
+    "child.  Click on the 'New User' button and select either Parent or Teacher.  Enter a "
+    "username and password and select a picture for yourself and click the 'OK' button.  Then, "
+    "click on the 'New User' button again and select Sparkit.  You will be creating accounts for "
+    "the child or children that will be using the application.  Please be sure to create "
+    "usernames and passwords that will be easy for them to remember.  Then, login as the Parent "
+    "or Teacher and create your first Dutygrid.  Click the Help button on the login screen for "
+    "further assistance.  Thank you for trying Sparkit Dutygrid.");
+
+class LogInTest : public ShellTest {
+protected:
+    LogInTest() {
+        MakeAccount(QStringLiteral("Mum"), QStringLiteral("m"), QStringLiteral("Teacher"));
+        MakeAccount(QStringLiteral("Kim"), QStringLiteral("k"), QStringLiteral("Student"));
+        MakeAccount(QStringLiteral("Dad"), QStringLiteral("d"), QStringLiteral("Teacher"));
+        MakeAccount(QStringLiteral("Tom"), QStringLiteral("t"), QStringLiteral("Student"));
+    }
+
+    static bool HasPicture() {
+        return !Find<QLabel>(Default<LogIn>(), QStringLiteral("Image1")).pixmap().isNull();
+    }
+
+    static void OpenNewUser() {
+        Click(Button("NewUserbtn"));
+        WaitForActive(DefaultForm(QStringLiteral("NewUser")).Widget());
+    }
+
+    static void BackFromNewUser() {
+        Click(Find(DefaultForm(QStringLiteral("NewUser")).Widget(), QStringLiteral("Cancel")));
+        WaitForActive(Default<LogIn>());
+    }
+
+    static QWidget& Button(const char* name) {
+        return Find(Default<LogIn>(), QString::fromLatin1(name));
+    }
+};
+
+TEST_F(LogInTest, ShowsTheAccountsInTwoListsByKind) {
+    LogIn& form = ShowLogIn();
+    EXPECT_EQ(form.Caption(), QStringLiteral("Sparkit Dutygrid Login"));
+    EXPECT_EQ(Names(Teachers()), QStringList({QStringLiteral("Mum"), QStringLiteral("Dad")}));
+    EXPECT_EQ(Names(Students()), QStringList({QStringLiteral("Kim"), QStringLiteral("Tom")}));
+    EXPECT_EQ(Teachers().Heading(), QStringLiteral("Parents"));
+    EXPECT_EQ(Students().Heading(), QStringLiteral("Sparkits"));
+    EXPECT_EQ(form.ActiveList, 0);
+    EXPECT_FALSE(IsShown(QStringLiteral("MainForm")));
+    Shoot(form, QStringLiteral("LogIn"));
+}
+
+TEST_F(LogInTest, CaptionsOfItsButtons) {
+    LogIn& form = ShowLogIn();
+    const QList<std::pair<const char*, const char*>> captions = {
+        {"LogInbtn", "Login"},         {"NewUserbtn", "New User"},
+        {"ChangeP", "Change Account"}, {"Exitbtn", "Exit"},
+        {"cmdHelp", "Help"},           {"cmdWebSite", "WebSite"},
+        {"ForHome", "Home Version"},   {"ForSchool", "School Version"}};
+    for (const auto& [name, caption] : captions)
+        EXPECT_EQ(Find<QAbstractButton>(form, QString::fromLatin1(name)).text(),
+                  QString::fromLatin1(caption));
+}
+
+TEST_F(LogInTest, LoadOpensTheStoreAndRepeatedLoadsAreHarmless) {
+    Default<LogIn>();
+    Database().AddUser(QStringLiteral("Ann"), QStringLiteral("a"), QStringLiteral("Student"),
+                       QString());
+    EXPECT_TRUE(Default<LogIn>().Unload());
+    Default<LogIn>();
+    EXPECT_EQ(Database().RetrevePassword(QStringLiteral("Ann")), QStringLiteral("a"));
+    EXPECT_EQ(Database().RetrevePassword(QStringLiteral("Mum")), QStringLiteral("m"));
+}
+
+TEST_F(LogInTest, ClickShowsThePictureAndSetsTheActiveList) {
+    LogIn& form = ShowLogIn();
+    EXPECT_FALSE(HasPicture());
+    ClickRow(Teachers(), 0);
+    EXPECT_EQ(form.ActiveList, 1);
+    EXPECT_TRUE(HasPicture());
+    EXPECT_EQ(ColorOfLabel(form, QStringLiteral("Image1")), QColor(0x22, 0x66, 0xaa));
+    ClickRow(Students(), 1);
+    EXPECT_EQ(form.ActiveList, 2);
+    EXPECT_TRUE(QDir(Path(QStringLiteral("DeleteMe"))).exists());
+}
+
+TEST_F(LogInTest, ListingTheAccountsTakesNoPictureOutOfTheStore) {
+    ShowLogIn();
+    EXPECT_FALSE(QDir(Path(QStringLiteral("DeleteMe"))).exists());
+}
+
+TEST_F(LogInTest, ClickOnTheEmptyPartScoldsAndLosesTheSelection) {
+    LogIn& form = ShowLogIn();
+    ClickRow(Students(), 0);
+    Boxes.Expect(PleaseSelect);
+    ClickEmptyPart(Students());
+    EXPECT_EQ(form.ActiveList, 2);
+    EXPECT_EQ(Boxes.Shown().last().Title, QStringLiteral("Sparkit Dutygrid"));
+    EXPECT_TRUE(HasPicture()) << "the picture of the account last clicked stays";
+    Boxes.Expect(PleaseSelect);
+    Click(Button("LogInbtn"));
+    EXPECT_TRUE(IsShown(QStringLiteral("LogIn")));
+}
+
+TEST_F(LogInTest, ListTouchedLastDecidesWhoLogsIn) {
+    ShowLogIn();
+    ClickRow(Students(), 0);
+    ClickRow(Teachers(), 1);
+    Click(Button("LogInbtn"));
+    EXPECT_EQ(PasswordForm().LoginName, QStringLiteral("Dad"));
+    EXPECT_EQ(PasswordForm().LoginState, QStringLiteral("Teacher"));
+}
+
+TEST_F(LogInTest, LoginHandsTheAccountOverAndUnloadsTheForm) {
+    const QPointer<LogIn> form = &ShowLogIn();
+    const LoginWindow& window = OpenLoginWindow(Students(), 1);
+    EXPECT_EQ(window.LoginName, QStringLiteral("Tom"));
+    EXPECT_EQ(window.LoginState, QStringLiteral("Student"));
+    EXPECT_TRUE(form.isNull());
+    EXPECT_EQ(ExistingForm(QStringLiteral("LogIn")), nullptr);
+}
+
+TEST_F(LogInTest, DoubleClickLogsIn) {
+    ShowLogIn();
+    DoubleClickRow(Teachers(), 0);
+    EXPECT_EQ(PasswordForm().LoginName, QStringLiteral("Mum"));
+    EXPECT_EQ(PasswordForm().LoginState, QStringLiteral("Teacher"));
+    EXPECT_EQ(ExistingForm(QStringLiteral("LogIn")), nullptr);
+}
+
+TEST_F(LogInTest, DoubleClickOnTheEmptyPartScoldsAsAClickAndAsALogin) {
+    LogIn& form = ShowLogIn();
+    ClickRow(Teachers(), 0);
+    Boxes.Expect(PleaseSelect);
+    Boxes.Expect(PleaseSelect);
+    DoubleClickEmptyPart(Students());
+    EXPECT_EQ(form.ActiveList, 2);
+    EXPECT_TRUE(IsShown(QStringLiteral("LogIn")));
+}
+
+TEST_F(LogInTest, LoginWithoutASelectionScolds) {
+    ShowLogIn();
+    Boxes.Expect(PleaseSelect);
+    Click(Button("LogInbtn"));
+    EXPECT_FALSE(IsShown(QStringLiteral("LoginWindow")));
+}
+
+TEST_F(LogInTest, ChangeAccountWithoutASelectionDoesNothing) {
+    ShowLogIn();
+    Click(Button("ChangeP"));
+    EXPECT_FALSE(IsShown(QStringLiteral("ChangePasswordfrm")));
+    EXPECT_TRUE(Boxes.Shown().isEmpty());
+}
+
+TEST_F(LogInTest, ArrowKeysChooseAnAccountAndEnterLogsIn) {
+    LogIn& form = ShowLogIn();
+    Students().setFocus();
+    Press(Students(), Qt::Key_Down);
+    Settle();
+    EXPECT_EQ(form.ActiveList, 2);
+    EXPECT_EQ(Students().SelectedName(), QStringLiteral("Kim"));
+    EXPECT_TRUE(HasPicture());
+    Press(Students(), Qt::Key_Down);
+    EXPECT_EQ(Students().SelectedName(), QStringLiteral("Tom"));
+    Press(Students(), Qt::Key_Return);
+    Settle();
+    EXPECT_EQ(PasswordForm().LoginName, QStringLiteral("Tom"));
+}
+
+TEST_F(LogInTest, FirstLettersOfANameChooseIt) {
+    ShowLogIn();
+    Students().setFocus();
+    QTest::keyClicks(&Students(), QStringLiteral("to"));
+    EXPECT_EQ(Students().SelectedName(), QStringLiteral("Tom"));
+    EXPECT_EQ(Default<LogIn>().ActiveList, 2);
+}
+
+TEST_F(LogInTest, EnterInAListWithoutASelectionScolds) {
+    ShowLogIn();
+    Teachers().setFocus();
+    Boxes.Expect(PleaseSelect);
+    Press(Teachers(), Qt::Key_Return);
+    EXPECT_EQ(Default<LogIn>().ActiveList, 1);
+}
+
+TEST_F(LogInTest, ComingBackFromAnotherFormRefreshesTheListsAndLosesTheSelection) {
+    LogIn& form = ShowLogIn();
+    ClickRow(Students(), 0);
+    OpenNewUser();
+    ASSERT_TRUE(IsShown(QStringLiteral("NewUser")));
+    EXPECT_TRUE(form.isVisible());
+    MakeAccount(QStringLiteral("Zoe"), QStringLiteral("z"), QStringLiteral("Student"));
+    BackFromNewUser();
+    EXPECT_EQ(Names(Students()),
+              QStringList({QStringLiteral("Kim"), QStringLiteral("Tom"), QStringLiteral("Zoe")}));
+    EXPECT_EQ(Students().SelectedName(), QString());
+    EXPECT_EQ(form.ActiveList, 2) << "set to 0 by a load only";
+    Boxes.Expect(PleaseSelect);
+    Click(Button("LogInbtn"));
+}
+
+TEST_F(LogInTest, ActivationReadsTheSettingsEachTime) {
+    PutSettings(false, 4711);
+    ShowLogIn();
+    EXPECT_EQ(MainWindow().BackColor(), 4711);
+    OpenNewUser();
+    PutSettings(false, 1234);
+    BackFromNewUser();
+    EXPECT_EQ(MainWindow().BackColor(), 1234);
+}
+
+TEST_F(LogInTest, SchoolVersionIsStoredAtOnceAndChangesTheHeading) {
+    ShowLogIn();
+    SoundOn = 0;
+    Click(Button("ForSchool"));
+    EXPECT_EQ(SchoolMode, -1);
+    EXPECT_EQ(SchoolFlag, 1);
+    EXPECT_EQ(SettingsLines().at(3), QStringLiteral(" 1 "));
+    EXPECT_EQ(SettingsLines().at(4), QStringLiteral(" 0 ")) << "the whole file is rewritten";
+    EXPECT_EQ(Teachers().Heading(), QStringLiteral("Teachers"));
+    EXPECT_EQ(Teachers().accessibleName(), QStringLiteral("Teachers"));
+    EXPECT_EQ(Students().Heading(), QStringLiteral("Sparkits"));
+
+    Click(Button("ForHome"));
+    EXPECT_EQ(SchoolMode, 0);
+    EXPECT_EQ(SchoolFlag, 0);
+    EXPECT_EQ(SettingsLines().at(3), QStringLiteral(" 0 "));
+    EXPECT_EQ(Teachers().Heading(), QStringLiteral("Parents"));
+}
+
+TEST_F(LogInTest, StartInTheSchoolVersionShowsIt) {
+    PutSettings(true, 255);
+    LogIn& form = ShowLogIn();
+    EXPECT_TRUE(Find<QRadioButton>(form, QStringLiteral("ForSchool")).isChecked());
+    EXPECT_EQ(Teachers().Heading(), QStringLiteral("Teachers"));
+    EXPECT_EQ(Names(Teachers()).size(), 2);
+}
+
+TEST_F(LogInTest, HelpAndWebSite) {
+    ShowLogIn();
+    Click(Button("cmdHelp"));
+    EXPECT_EQ(DesktopCalls.Helped,
+              QStringList(Path(QStringLiteral("HelpFile/DutygridHlp.hlp")) + QStringLiteral(" 9")));
+    Click(Button("cmdWebSite"));
+    EXPECT_EQ(DesktopCalls.Opened,
+              QStringList(QStringLiteral("open https://sparkit-dutygrid.example 3")));
+}
+
+TEST_F(LogInTest, FaultOfTheStoreAtTheStartEndsTheRun) {
+    Database().Commit();
+    ASSERT_TRUE(QDir(Path(QStringLiteral("Database"))).removeRecursively());
+    try {
+        Default<LogIn>();
+        FAIL() << "no error";
+    } catch (const RuntimeError& error) {
+        EXPECT_TRUE(error.EndsRun());
+    }
+}
+
+TEST_F(LogInTest, FaultOfTheSettingsAtActivationEndsTheProcess) {
+    ASSERT_TRUE(QFile::remove(Path(QStringLiteral("Settings/Settings.txt"))));
+    Boxes.Expect(QStringLiteral("Run-time error '53':\n\nFile not found"));
+    ShowLogIn();
+    EXPECT_EQ(Ends, QList<int>{1});
+}
+
+class FirstRunTest : public LogInTest {
+protected:
+    FirstRunTest() { QDir(Path(QStringLiteral("config"))).removeRecursively(); }
+
+    static QVariant Marker() {
+        return clsRegistry().GetValue(HKEY_CURRENT_USER, QStringLiteral("Dutygrid"),
+                                      QStringLiteral("RunningTimes2"));
+    }
+};
+
+TEST_F(FirstRunTest, WelcomesOncePerUserEvenIfThereAreAccounts) {
+    ASSERT_FALSE(Marker().isValid());
+    Boxes.Expect(Welcome);
+    ShowLogIn();
+    Boxes.VerifyAllShown();
+    EXPECT_EQ(Boxes.Shown().last().Title, QStringLiteral("Sparkit Dutygrid"));
+    EXPECT_EQ(Marker().toString(), QStringLiteral("1"));
+    EXPECT_EQ(Names(Students()).size(), 2) << "the lists have been filled before";
+
+    // Another activation, and another start with another database.
+    OpenNewUser();
+    BackFromNewUser();
+    DropDefaultForms();
+    Restart();
+    ShowLogIn();
+    EXPECT_EQ(Boxes.Shown().size(), 1);
+}
+
+TEST_F(FirstRunTest, MarkerOfZeroStillWelcomes) {
+    const clsRegistry registry;
+    registry.CreateKey(HKEY_CURRENT_USER, QStringLiteral("Dutygrid"));
+    registry.SetValue(HKEY_CURRENT_USER, QStringLiteral("Dutygrid"),
+                      QStringLiteral("RunningTimes2"), 0);
+    Boxes.Expect(Welcome);
+    ShowLogIn();
+    EXPECT_EQ(Marker().toString(), QStringLiteral("1"));
+}
+
+TEST_F(FirstRunTest, RegistryThatCannotBeWrittenEndsTheProcess) {
+    // A file stands where the user's folder of settings belongs.
+    ASSERT_TRUE(QFile::copy(PictureFile(), Path(QStringLiteral("config"))));
+    Boxes.Expect(Welcome);
+    Boxes.Expect(QStringLiteral("Run-time error '11005':\n\nCreateKey"));
+    ShowLogIn();
+    EXPECT_EQ(Ends, QList<int>{1});
+}
+
+class NoAccountsTest : public ShellTest {};
+
+TEST_F(NoAccountsTest, EmptyListsScoldAndChangeAccountDoesNothing) {
+    LogIn& form = ShowLogIn();
+    EXPECT_TRUE(Names(Teachers()).isEmpty());
+    EXPECT_TRUE(Names(Students()).isEmpty());
+    Boxes.Expect(PleaseSelect);
+    ClickEmptyPart(Teachers());
+    Boxes.Expect(PleaseSelect);
+    Click(Find(form, QStringLiteral("LogInbtn")));
+    Boxes.Expect(PleaseSelect);
+    Boxes.Expect(PleaseSelect);
+    DoubleClickEmptyPart(Students());
+    Boxes.VerifyAllShown();
+    Click(Find(form, QStringLiteral("ChangeP")));
+    EXPECT_FALSE(IsShown(QStringLiteral("ChangePasswordfrm")));
+    EXPECT_FALSE(IsShown(QStringLiteral("LoginWindow")));
+    Shoot(form, QStringLiteral("LogIn-empty"));
+}
+
+TEST_F(NoAccountsTest, KeysInAnEmptyListDoNothing) {
+    LogIn& form = ShowLogIn();
+    Students().setFocus();
+    Press(Students(), Qt::Key_Down);
+    Press(Students(), Qt::Key_Space);
+    EXPECT_EQ(form.ActiveList, 0);
+}
+
+TEST_F(NoAccountsTest, ManyAccountsAndLongNamesAreReadable) {
+    for (int number = 1; number <= 12; ++number)
+        MakeAccount(QStringLiteral("Child number %1").arg(number), QStringLiteral("x"),
+                    QStringLiteral("Student"));
+    const QString longName(50, QLatin1Char('W'));
+    MakeAccount(longName, QStringLiteral("x"), QStringLiteral("Teacher"));
+    MakeAccount(QStringLiteral("O'Neil \"Bob\" / \U0001F98A."), QStringLiteral("x"),
+                QStringLiteral("Teacher"));
+    LogIn& form = ShowLogIn();
+    EXPECT_EQ(Students().topLevelItemCount(), 12);
+    EXPECT_EQ(Teachers().topLevelItem(0)->toolTip(0), longName);
+    ClickRow(Teachers(), 1);
+    Shoot(form, QStringLiteral("LogIn-many"));
+    Click(Find(form, QStringLiteral("LogInbtn")));
+    EXPECT_EQ(PasswordForm().LoginName, QStringLiteral("O'Neil \"Bob\" / \U0001F98A."));
+}
+
+} // namespace
