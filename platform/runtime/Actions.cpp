@@ -9,6 +9,8 @@ namespace {
 
 struct ActionState {
     int depth = 0;
+    /// True while an action lets events run and none of them has begun an action yet.
+    bool yielding = false;
     bool ending = false;
     std::function<void()> commit;
     std::function<void(int)> end;
@@ -40,8 +42,11 @@ WaitScope::~WaitScope() {
 }
 
 void DoEvents() {
-    const WaitScope wait;
+    const int outerDepth = std::exchange(State().depth, 0);
+    State().yielding = outerDepth > 0;
     QCoreApplication::processEvents();
+    State().yielding = false;
+    State().depth = outerDepth;
 }
 
 void EndProcess(int exitCode) {
@@ -67,7 +72,13 @@ void SetEndProcess(std::function<void(int)> end) {
 }
 
 void Detail::EnterAction() {
-    ++State().depth;
+    if (State().depth++ > 0 || !std::exchange(State().yielding, false))
+        return;
+    try {
+        CommitAction();
+    } catch (const RuntimeError& error) {
+        ReportAtEdge(error);
+    }
 }
 
 void Detail::LeaveAction() {

@@ -5,8 +5,8 @@
 #include <functional>
 
 /// One user action is one durable commit. Event handlers run inside RunAction; the outermost end
-/// of an action, and every moment at which the program waits for a person or lets other events
-/// run, commits what has been written so far.
+/// of an action, and every moment at which the program waits for a person or runs another action,
+/// commits what has been written so far.
 
 /// What commits: set once by the owner of the database, empty while there is none.
 void SetCommitHook(std::function<void()> commit);
@@ -14,7 +14,7 @@ void SetCommitHook(std::function<void()> commit);
 /// Commits what the action under way has written. Raises what the commit raises.
 void CommitAction();
 
-/// Stands for a wait inside an action (a message box, a dialog, a yield): commits, and lets the
+/// Stands for a wait inside an action (a message box, a dialog): commits, and lets the
 /// handlers that run during the wait be actions of their own. Raises what the commit raises.
 class WaitScope {
 public:
@@ -27,7 +27,8 @@ private:
     int outerDepth_;
 };
 
-/// Lets pending events run.
+/// Lets pending events run. The action under way stays whole unless another action runs among
+/// them: then what it has written so far is committed before that one.
 void DoEvents();
 
 /// Ends the process as soon as the event loops unwind; commits first. Nothing of the program's

@@ -43,10 +43,17 @@ void ShowRuntimeError(const RuntimeError& error) noexcept {
         Prompt prompt;
         prompt.Text = error.Report();
         prompt.Icon = PromptIcon::Critical;
-        ShowPrompt(prompt);
+        try {
+            ShowPrompt(prompt);
+        } catch (const RuntimeError& failure) {
+            // What the failed operation has written cannot be kept either: a full disk fails
+            // twice. It has been given up by now, and the user still has to be told.
+            if (failure.Text() != error.Text())
+                prompt.Text += QLatin1String("\n\n") + failure.Report();
+            ShowPrompt(prompt);
+        }
     } catch (const std::exception& failure) {
-        // The commit before the box failed, or there is nothing to show it with: the console is
-        // the last place left.
+        // There is nothing to show it with: the console is the last place left.
         qCritical() << error.what() << failure.what();
     }
 }

@@ -15,7 +15,8 @@ protected:
     ActionsTest() {
         SetCommitHook([this] {
             log += QStringLiteral("commit");
-            if (diskFull)
+            // The engine gives up what it cannot commit, and the next commit has nothing to do.
+            if (commitsToFail-- > 0)
                 throw RuntimeError(ErrorNumber::EngineFault, QStringLiteral("disk full"));
         });
         SetEndProcess([this](int code) { log += QStringLiteral("end %1").arg(code); });
@@ -37,7 +38,7 @@ protected:
     }
 
     QStringList log;
-    bool diskFull = false;
+    int commitsToFail = 0;
 };
 
 TEST_F(ActionsTest, ActionIsCommittedAtItsEnd) {
@@ -92,7 +93,17 @@ TEST_F(ActionsTest, HandlerThatRunsDuringABoxIsAnActionOfItsOwn) {
     EXPECT_EQ(log, Steps({"commit", "other", "commit", "nested", "after", "commit"}));
 }
 
-TEST_F(ActionsTest, YieldCommitsAndRunsPendingEventsAsActions) {
+TEST_F(ActionsTest, YieldWithNoOtherActionLeavesTheActionWhole) {
+    QTimer::singleShot(0, qApp, [this] { Write("no action"); });
+    RunAction([this] {
+        Write("a");
+        DoEvents();
+        Write("b");
+    });
+    EXPECT_EQ(log, Steps({"a", "no action", "b", "commit"}));
+}
+
+TEST_F(ActionsTest, YieldRunsPendingEventsAsActionsAfterACommit) {
     QTimer::singleShot(0, qApp, [this] { RunAction([this] { Write("event"); }); });
     RunAction([this] {
         Write("a");
@@ -129,13 +140,26 @@ TEST_F(ActionsTest, ForeignExceptionIsReportedAsTheEnginesFault) {
 }
 
 TEST_F(ActionsTest, FailedCommitIsReportedOnceAndDoesNotLeaveTheAction) {
-    diskFull = true;
-    // The report itself waits for the user, so its commit fails as well and the box cannot come.
+    commitsToFail = 1;
+    ExpectReport(3000, "disk full");
     RunAction([this] { Write("a"); });
     EXPECT_EQ(log, Steps({"a", "commit", "commit"}));
-    diskFull = false;
     RunAction([this] { Write("b"); });
     EXPECT_EQ(log.mid(3), Steps({"b", "commit"}));
+}
+
+TEST_F(ActionsTest, ErrorWhoseWritesCannotBeKeptEitherIsStillReported) {
+    commitsToFail = 1;
+    Boxes.Expect(QStringLiteral("Run-time error '6':\n\nOverflow\n\n"
+                                "Run-time error '3000':\n\ndisk full"));
+    RunAction([this] {
+        Write("a");
+        throw RuntimeError(ErrorNumber::Overflow);
+    });
+    // A fault of the disk alone, first in a statement and then in the commit, is named once.
+    commitsToFail = 1;
+    ExpectReport(3000, "disk full");
+    RunAction([] { throw RuntimeError(ErrorNumber::EngineFault, QStringLiteral("disk full")); });
 }
 
 TEST_F(ActionsTest, ErrorThatEndsTheRunIsReportedAndThenEndsTheProcess) {
