@@ -166,7 +166,19 @@ void TableEngine::RefuseByContent() {
     formatIsMarked_ = version == FormatVersion;
     if (!formatIsMarked_ && (version != 0 || Pragma("schema_version") != 0))
         RefuseForeign();
+    RefuseCutOff();
     NoticeOthers();
+}
+
+void TableEngine::RefuseCutOff() {
+    // The engine itself takes the missing rest of a last page for zeros.
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(database_->getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    sqlite3_int64 length = 0;
+    if (file && file->pMethods && file->pMethods->xFileSize(file, &length) == SQLITE_OK &&
+        length < sqlite3_int64{Pragma("page_count")} * Pragma("page_size"))
+        throw RuntimeError(ErrorNumber::EngineFault,
+                           QString::fromUtf8(sqlite3_errstr(SQLITE_CORRUPT)));
 }
 
 void TableEngine::Close() {

@@ -92,6 +92,7 @@ private:
     void Configure();
     void RefuseByHeader() const;
     void RefuseByContent();
+    void RefuseCutOff();
     void Execute(const std::string& sql) { database_->exec(sql); }
     void ReadCatalogue();
     void ReadFields(Table& table);
