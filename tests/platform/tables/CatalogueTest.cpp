@@ -233,3 +233,15 @@ TEST_F(Catalogue, CursorOfADroppedTableDoesNotReadItsSuccessor) {
     EXPECT_ERROR(3078, before.MoveFirst());
     EXPECT_EQ(Memos(*Store), QStringList{QStringLiteral("new")});
 }
+
+TEST_F(Catalogue, CursorNamesItsTableThatAnotherConnectionHasDropped) {
+    Recordset rows = MakeTable();
+    Store->Commit();
+    const auto other = TableStore::OpenDatabase(File);
+    other->DeleteTable(QStringLiteral("Chart"));
+    other->CreateTable(QStringLiteral("Chart"), {{QStringLiteral("Memo"), FieldType::Memo}});
+    other->Commit();
+    EXPECT_EQ(Store->TableCount(), 1);
+    EXPECT_ERROR(3078, rows.MoveFirst());
+    EXPECT_ERROR(3078, rows.AddNew());
+}
