@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QLayout>
 #include <QMdiArea>
 
 namespace {
@@ -64,7 +65,12 @@ void Form::Show() {
     EnsureLoaded();
     if (unloaded_)
         return;
-    if (place_ == Place::InMainWindow && frame_.isNull()) {
+    // A new frame would give every form the same size: a form keeps the one it has been given, or
+    // comes in the one that its controls ask for.
+    const bool isNewFrame = place_ == Place::InMainWindow && frame_.isNull();
+    const bool hasOwnSize = widget_.testAttribute(Qt::WA_Resized) || widget_.layout() == nullptr;
+    const QSize size = hasOwnSize ? widget_.size() : widget_.sizeHint();
+    if (isNewFrame) {
         if (MainWindowArea() == nullptr)
             DefaultForm(QStringLiteral("MainForm"));
         QMdiArea* area = MainWindowArea();
@@ -77,6 +83,8 @@ void Form::Show() {
     widget_.show();
     if (!frame_.isNull())
         frame_->show();
+    if (isNewFrame)
+        frame_->resize(frame_->size() + size - widget_.size());
     SetFocus();
     ActivationTracker::Instance().Schedule();
 }
