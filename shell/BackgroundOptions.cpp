@@ -14,7 +14,6 @@
 BackgroundOptions::BackgroundOptions()
     : FormWidget(Place::InMainWindow), ui(std::make_unique<Ui::BackgroundOptions>()) {
     ui->setupUi(this);
-    adjustSize();
     // With no dialog used, Ok makes the background black, and so the swatch begins.
     PaintSwatch();
     On(ui->BrowseButton, &QPushButton::clicked, this, [this] { BrowseButton_Click(); });

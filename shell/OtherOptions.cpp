@@ -8,7 +8,6 @@
 OtherOptions::OtherOptions()
     : FormWidget(Place::InMainWindow), ui(std::make_unique<Ui::OtherOptions>()) {
     ui->setupUi(this);
-    adjustSize();
     On(ui->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
     On(ui->Cancel, &QPushButton::clicked, this, [this] { Unload(); });
 }

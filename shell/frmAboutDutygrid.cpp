@@ -10,7 +10,6 @@ frmAboutDutygrid::frmAboutDutygrid()
     : FormWidget(Place::InMainWindow), ui(std::make_unique<Ui::frmAboutDutygrid>()) {
     ui->setupUi(this);
     ui->Picture1->setPixmap(LogoPicture(*this, QSize(360, 120)));
-    adjustSize();
 
     const auto openWebPage = [] {
         CurrentDesktop().ShellExecute(QStringLiteral("open"), ProductWebPage, 3);
