@@ -11,6 +11,7 @@
 #include <QCloseEvent>
 #include <QLayout>
 #include <QMdiArea>
+#include <QScreen>
 
 namespace {
 
@@ -36,6 +37,14 @@ void ActivateNextTopLevel() {
             return;
         }
     }
+}
+
+/// Window managers that place windows by themselves tend to put them into a corner.
+void MoveToMiddle(QWidget& window) {
+    if (!window.testAttribute(Qt::WA_Resized))
+        window.adjustSize();
+    const QRect room = window.screen()->availableGeometry();
+    window.move(room.center() - window.rect().center());
 }
 
 } // namespace
@@ -80,6 +89,8 @@ void Form::Show() {
         area->addSubWindow(frame);
         frame_ = frame;
     }
+    if (place_ == Place::TopLevel && !widget_.testAttribute(Qt::WA_Moved))
+        MoveToMiddle(widget_);
     widget_.show();
     if (!frame_.isNull())
         frame_->show();

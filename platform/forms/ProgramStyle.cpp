@@ -43,6 +43,13 @@ QLineEdit, QComboBox, QListView, QTreeView, QTextBrowser {
 }
 QLineEdit { padding: 2px 5px; }
 QLineEdit:focus, QComboBox:focus, QListView:focus, QTreeView:focus { border: 2px solid #0b726e; }
+QHeaderView::section {
+    background: #f6efdf; color: #0b5f5c; font-weight: 600; padding: 5px 8px; border: 0;
+    border-bottom: 1px solid #8a8069;
+}
+QListView::item, QTreeView::item { padding: 4px 6px; }
+QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
+QMessageBox QPushButton { min-width: 5em; }
 QToolBar { background: #fffdf8; border: 0; border-bottom: 1px solid #dccfb6; spacing: 2px;
     padding: 4px; }
 QToolBar QToolButton { border: 1px solid transparent; border-radius: 6px; padding: 4px 8px; }
