@@ -11,6 +11,7 @@ const QColor Ink(0x26, 0x32, 0x38);
 const QColor Paper(0xfb, 0xf6, 0xec);
 const QColor Card(0xff, 0xff, 0xff);
 const QColor Teal(0x0b, 0x72, 0x6e);
+const QColor Unusable(0x8d, 0x8b, 0x86);
 const QColor Muted(0x54, 0x62, 0x69);
 
 const char StyleSheet[] = R"(
@@ -50,6 +51,7 @@ QHeaderView::section {
 QListView::item, QTreeView::item { padding: 4px 6px; }
 QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 QMessageBox QPushButton { min-width: 5em; }
+QMenu::separator { height: 1px; background: #dccfb6; margin: 4px 8px; }
 QToolBar { background: #fffdf8; border: 0; border-bottom: 1px solid #dccfb6; spacing: 2px;
     padding: 4px; }
 QToolBar QToolButton { border: 1px solid transparent; border-radius: 6px; padding: 4px 8px; }
@@ -76,6 +78,11 @@ void ApplyProgramStyle(QApplication& application) {
     palette.setColor(QPalette::ToolTipBase, Card);
     palette.setColor(QPalette::ToolTipText, Ink);
     palette.setColor(QPalette::Link, Teal);
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, Unusable);
+    // Fusion draws a disabled menu entry twice, the second time in this colour.
+    palette.setColor(QPalette::Disabled, QPalette::Light, Card);
     QApplication::setPalette(palette);
     application.setStyleSheet(QString::fromLatin1(StyleSheet));
 }
