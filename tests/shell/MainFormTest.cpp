@@ -324,6 +324,18 @@ TEST_F(MainFormTest, EditorLeftOpenByAnAdultIsVisibleToTheChildAfterALogOff) {
     EXPECT_TRUE(MainWindow().ToolbarButton(QLatin1String("OpenKid")).isVisible());
 }
 
+TEST_F(MainFormTest, LastSlotOfTheRunOverflowsTheCounter) {
+    StartAdult();
+    ChartFormIndex = 32767;
+    Push(QLatin1String("New"));
+    const QWidget& form = DefaultForm(QStringLiteral("Newfrm")).Widget();
+    Type(Find(form, QStringLiteral("NameOfNewChart")), QStringLiteral("Chores"));
+    Boxes.Expect(QStringLiteral("Run-time error '6':\n\nOverflow"));
+    Click(Find(form, QStringLiteral("Ok")));
+    EXPECT_EQ(ChartFormIndex, 32767);
+    EXPECT_TRUE(Ends.isEmpty());
+}
+
 TEST_F(MainFormTest, AboutFormTellsAndOpensTheWebPageEverywhere) {
     StartAdult();
     Choose(QLatin1String("About"));
