@@ -21,6 +21,10 @@ ChartViewer::ChartViewer()
     ui_->setupUi(this);
     ui_->Shape2->setAutoFillBackground(true);
     ui_->Shape2->setBackgroundRole(QPalette::AlternateBase);
+    QPalette softLine = palette();
+    softLine.setColor(QPalette::WindowText, softLine.color(QPalette::AlternateBase).darker(115));
+    for (QFrame* line : {ui_->Line1, ui_->Line2, ui_->Line3})
+        line->setPalette(softLine);
     ui_->DoneColumn->setPixmap(QPixmap(QStringLiteral(":/art/Tick.png")));
     ui_->PreviousDay->setIcon(style()->standardIcon(QStyle::SP_ArrowBack));
     ui_->NextDay->setIcon(style()->standardIcon(QStyle::SP_ArrowForward));
