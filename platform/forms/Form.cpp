@@ -47,6 +47,11 @@ void MoveToMiddle(QWidget& window) {
     window.move(room.center() - window.rect().center());
 }
 
+/// A maximised or minimised window is not moved or sized by the program.
+bool FillsOrLeftItsPlace(const QWidget& frame) {
+    return frame.isMaximized() || frame.isMinimized();
+}
+
 } // namespace
 
 FormFrame::FormFrame(Form& form) : form_(form) {
@@ -173,10 +178,14 @@ int Form::Top() const {
 }
 
 void Form::Move(int left, int top) {
+    if (FillsOrLeftItsPlace(Frame()))
+        return;
     Frame().move(PixelsOf(left), PixelsOf(top));
 }
 
 void Form::SetHeight(int twips) {
+    if (FillsOrLeftItsPlace(Frame()))
+        return;
     const int change = PixelsOf(twips) - widget_.height();
     Frame().resize(Frame().width(), Frame().height() + change);
 }
