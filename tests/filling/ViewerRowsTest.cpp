@@ -330,6 +330,26 @@ TEST_F(ViewerRowsTest, ADragNeedsTheLeftButtonAlone) {
     }
 }
 
+TEST_F(ViewerRowsTest, AMaximisedViewerStaysMaximised) {
+    ChartViewer& viewer = OpenWith(2, 1);
+    viewer.Frame().showMaximized();
+    Settle();
+    const QRect whole = viewer.Frame().geometry();
+    QWidget& row = viewer.Instructions[0];
+    QTest::mousePress(&row, Qt::LeftButton, {}, QPoint(10, 8));
+    QMouseEvent move(QEvent::MouseMove, QPointF(40, 30), row.mapToGlobal(QPointF(40, 30)),
+                     Qt::NoButton, Qt::LeftButton, {});
+    QApplication::sendEvent(&row, &move);
+    QTest::mouseRelease(&row, Qt::LeftButton, {}, QPoint(10, 8));
+    Settle();
+    EXPECT_EQ(viewer.Frame().geometry(), whole);
+    EXPECT_TRUE(Find<QWidget>(viewer, QStringLiteral("Namelbl")).isVisible());
+    Next(viewer);
+    EXPECT_EQ(viewer.Frame().geometry(), whole);
+    EXPECT_EQ(Jobs(viewer), S{QStringLiteral("Thu job 1")});
+    Shoot(*viewer.window(), QStringLiteral("ChartViewer-maximised"));
+}
+
 TEST_F(ViewerRowsTest, APressAtTheVeryEdgeStartsNoDrag) {
     ChartViewer& viewer = OpenWith(2, 1);
     QWidget& row = viewer.Instructions[0];
