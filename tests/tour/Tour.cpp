@@ -28,7 +28,7 @@
 
 namespace {
 
-constexpr int Quiet = 12;          // milliseconds without a change, thrice
+constexpr int Quiet = 7;           // milliseconds without a change, thrice
 constexpr int WaitForFront = 4000; // milliseconds
 
 void CopyTree(const QString& from, const QString& to) {
@@ -143,7 +143,27 @@ void Tour::Front(const Text& form, Here here) {
     }
 }
 
+/// Moves the main window's scroll bars until the place is in sight, if it is not.
+void Tour::BringIntoView(const QWidget& widget, const QPoint& place) {
+    auto* area = widget.window()->findChild<QMdiArea*>();
+    if (area == nullptr || !area->isAncestorOf(&widget))
+        return;
+    constexpr int Margin = 40; // pixels
+    const QPoint inArea = widget.mapTo(area->viewport(), place);
+    const QRect view = area->viewport()->rect();
+    if (view.contains(inArea))
+        return;
+    QScrollBar* down = area->verticalScrollBar();
+    QScrollBar* right = area->horizontalScrollBar();
+    if (!(view.top() <= inArea.y() && inArea.y() <= view.bottom()))
+        down->setValue(down->value() + inArea.y() - view.bottom() + Margin);
+    if (!(view.left() <= inArea.x() && inArea.x() <= view.right()))
+        right->setValue(right->value() + inArea.x() - view.right() + Margin);
+    QTest::qWait(Quiet);
+}
+
 void Tour::ClickAt(QWidget& widget, const QPoint& place, Qt::KeyboardModifiers keys, bool twice) {
+    BringIntoView(widget, place);
     QWidget* window = widget.window();
     const QPoint inWindow = widget.mapTo(window, place);
     QWidget* hit = window->childAt(inWindow);

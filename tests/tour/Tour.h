@@ -109,6 +109,7 @@ protected:
 private:
     QWidget& Control(const QString& name) const;
     static QWidget& MainWindow();
+    static void BringIntoView(const QWidget& widget, const QPoint& place);
     void ClickAt(QWidget& widget, const QPoint& place, Qt::KeyboardModifiers keys = {},
                  bool twice = false);
     void PickEntry(const QString& list, const QString& entry, Qt::KeyboardModifiers keys,
