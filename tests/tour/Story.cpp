@@ -46,6 +46,7 @@ void Story::LogIn(const Text& list, const Text& name, const Text& password) {
     Shows("UserName", name);
     Type("Password", password);
     Click("Ok");
+    MainWindowComes();
     IsGone("LoginWindow");
     IsGone("LogIn");
 }

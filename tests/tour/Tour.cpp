@@ -143,6 +143,14 @@ void Tour::Front(const Text& form, Here here) {
     }
 }
 
+void Tour::MainWindowComes(Here here) {
+    if (!QTest::qWaitFor([] { return QApplication::activeWindow() == &MainWindow(); },
+                         WaitForFront))
+        ADD_FAILURE_AT(here.file_name(), static_cast<int>(here.line()))
+            << "the main window does not come to the front";
+    Settle();
+}
+
 /// Moves the main window's scroll bars until the place is in sight, if it is not.
 void Tour::BringIntoView(const QWidget& widget, const QPoint& place) {
     auto* area = widget.window()->findChild<QMdiArea*>();

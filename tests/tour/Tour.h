@@ -38,6 +38,8 @@ protected:
 
     /// From here on this form is used. Fails hard if another one is in front.
     void Front(const Text& form, Here here = Here::current());
+    /// Waits until the main window is in front, with or without a form inside.
+    void MainWindowComes(Here here = Here::current());
     void Click(const Text& control);
     /// Replaces the text of a box by typed keys.
     void Type(const Text& box, const Text& text);
