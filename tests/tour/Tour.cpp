@@ -12,6 +12,7 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
 #include <QDirIterator>
@@ -21,6 +22,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QRadioButton>
 #include <QScrollBar>
 #include <QTest>
 #include <QToolBar>
@@ -191,7 +193,11 @@ void Tour::ClickAt(QWidget& widget, const QPoint& place, Qt::KeyboardModifiers k
 void Tour::Click(const Text& control) {
     QWidget& widget = Control(control);
     EXPECT_TRUE(widget.isVisible() && widget.isEnabled()) << control.toStdString();
-    ClickAt(widget, widget.rect().center());
+    // An option is hit on its mark and its text alone, however wide it is laid out.
+    const bool isOption = qobject_cast<QRadioButton*>(&widget) != nullptr ||
+                          qobject_cast<QCheckBox*>(&widget) != nullptr;
+    const QPoint middle = widget.rect().center();
+    ClickAt(widget, isOption ? QPoint(10, middle.y()) : middle);
     Settle();
 }
 
