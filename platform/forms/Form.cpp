@@ -12,6 +12,7 @@
 #include <QLayout>
 #include <QMdiArea>
 #include <QScreen>
+#include <algorithm>
 
 namespace {
 
@@ -25,6 +26,24 @@ void ActivateNextInMainWindow(QMdiArea& area) {
         }
     }
     area.setActiveSubWindow(nullptr);
+}
+
+/// Puts a new sub-window in the middle, and a step further while another one begins there. What
+/// fits into the main window is wholly in sight.
+void PlaceInArea(const QMdiArea& area, QWidget& frame) {
+    constexpr int Step = 24; // pixels
+    const QSize room = area.viewport()->size() - frame.size();
+    QPoint place(qMax(0, room.width() / 2), qMax(0, room.height() / 3));
+    const QList<QMdiSubWindow*> frames = area.subWindowList();
+    const auto beginsAt = [&frame](const QPoint& at) {
+        return [&frame, at](const QMdiSubWindow* other) {
+            return other != &frame && !other->isHidden() && other->pos() == at;
+        };
+    };
+    while (std::any_of(frames.begin(), frames.end(), beginsAt(place)) &&
+           place.x() + Step <= room.width() && place.y() + Step <= room.height())
+        place += QPoint(Step, Step);
+    frame.move(place);
 }
 
 /// Window managers differ in whom they hand the focus to when a window goes; the program's other
@@ -99,8 +118,10 @@ void Form::Show() {
     widget_.show();
     if (!frame_.isNull())
         frame_->show();
-    if (isNewFrame)
+    if (isNewFrame) {
         frame_->resize(frame_->size() + size - widget_.size());
+        PlaceInArea(*MainWindowArea(), *frame_);
+    }
     SetFocus();
     ActivationTracker::Instance().Schedule();
 }
