@@ -363,9 +363,8 @@ auto Use(const std::unique_ptr<Cursor>& cursor, Operation&& operation) {
 
 } // namespace
 
-Recordset::Recordset(std::shared_ptr<TableEngine> engine, const QString& tableName) {
-    cursor_ = engine->Guard([&] { return std::make_unique<Cursor>(engine, tableName); });
-}
+Recordset::Recordset(std::shared_ptr<TableEngine> engine, const QString& tableName)
+    : cursor_(engine->Guard([&] { return std::make_unique<Cursor>(engine, tableName); })) {}
 
 Recordset::~Recordset() = default;
 Recordset::Recordset(Recordset&&) noexcept = default;

@@ -22,7 +22,7 @@ public:
     void SetMaker(std::function<Slot()> maker) { maker_ = std::move(maker); }
 
     /// Grows or cuts the array to the bounds 0 to `upperBound`, keeping what it holds.
-    void RedimPreserve(int upperBound) { slots_.resize(static_cast<std::size_t>(upperBound + 1)); }
+    void RedimPreserve(int upperBound) { slots_.resize(static_cast<std::size_t>(upperBound) + 1); }
 
     /// The form in an element, made if there is none. Raises 9 outside the bounds.
     Rows& At(int index) {
