@@ -1,5 +1,4 @@
 #include <QFont>
-#include <QFont>
 #include <QGuiApplication>
 #include <gtest/gtest.h>
 

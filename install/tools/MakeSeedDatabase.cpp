@@ -16,8 +16,8 @@ int main(int argc, char** argv) {
     const QString path = QString::fromLocal8Bit(argv[1]);
     QFile::remove(path);
     try {
-        const auto tables = TableStore::CreateDatabase(
-            path, QStringLiteral(";LANGID=0x0409;CP=1252;COUNTRY=0"));
+        const auto tables =
+            TableStore::CreateDatabase(path, QStringLiteral(";LANGID=0x0409;CP=1252;COUNTRY=0"));
         tables->CreateTable(UsersTable, UsersTableFields());
         tables->Commit();
     } catch (const std::exception& error) {
