@@ -109,9 +109,17 @@ void Form::Show() {
         QMdiArea* area = MainWindowArea();
         if (area == nullptr)
             throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
+        // The size that the form was designed with, else the one that its controls ask for.
+        const bool designed = widget_.testAttribute(Qt::WA_Resized);
+        const QSize inside = designed ? widget_.size() : widget_.sizeHint();
         auto* frame = new FormFrame(*this);
         area->addSubWindow(frame);
         frame_ = frame;
+        const QSize wanted = inside + frame->sizeHint() - widget_.sizeHint();
+        frame->resize(
+            area->isVisible()
+                ? wanted.boundedTo(area->viewport()->size()).expandedTo(frame->minimumSizeHint())
+                : wanted);
     }
     if (place_ == Place::TopLevel && !widget_.testAttribute(Qt::WA_Moved))
         MoveToMiddle(widget_);

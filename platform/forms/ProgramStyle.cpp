@@ -52,6 +52,11 @@ QListView::item, QTreeView::item { padding: 4px 6px; }
 QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 QMessageBox QPushButton { min-width: 5em; }
 QMenu::separator { height: 1px; background: #dccfb6; margin: 4px 8px; }
+/* The rows of the chart editor are 22 pixels high, whatever the font. */
+QWidget#Rows QLineEdit, QWidget#Rows QComboBox { padding: 0 4px; }
+QWidget#Rows QComboBox::drop-down { border: 0; width: 18px; }
+QWidget#Rows QPushButton { padding: 0 4px; min-height: 0; border-radius: 4px; }
+QWidget#Rows QPushButton:focus { padding: 0 3px; }
 QToolBar { background: #fffdf8; border: 0; border-bottom: 1px solid #dccfb6; spacing: 2px;
     padding: 4px; }
 QToolBar QToolButton { border: 1px solid transparent; border-radius: 6px; padding: 4px 8px; }
