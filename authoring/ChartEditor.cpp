@@ -292,6 +292,7 @@ void ChartEditor::SetRow(int index, const EditorRow& row) {
     Instructions[index].SetText(row.Instructions);
     DayOfWeek[index].SetText(row.DayOfWeek);
     AdultResponsable[index].setText(row.AdultResponsable);
+    AdultResponsable[index].setCursorPosition(0);
     Difficulty[index].SetText(row.Difficulty);
     Points[index].setText(row.Points);
 }

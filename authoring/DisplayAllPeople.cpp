@@ -61,6 +61,8 @@ private:
     QListWidgetItem* AddNamed(const QString& text) {
         auto* item = new QListWidgetItem(text, &list_);
         item->setToolTip(Qt::convertFromPlainText(text));
+        item->setSizeHint(QSize(list_.iconSize().width() + 40,
+                                list_.iconSize().height() + 12 + 2 * list_.fontMetrics().height()));
         item->setTextAlignment(Qt::AlignHCenter | Qt::AlignTop);
         return item;
     }

@@ -1,7 +1,9 @@
 #include "authoring/DropDownCombo.h"
 
 #include <QLineEdit>
+#include <QPainter>
 #include <QPointer>
+#include <QStyleOptionComboBox>
 #include <QWheelEvent>
 
 DropDownCombo::DropDownCombo(QWidget* parent) : QComboBox(parent) {
@@ -17,6 +19,8 @@ DropDownCombo::DropDownCombo(QWidget* parent) : QComboBox(parent) {
 void DropDownCombo::SetText(const QString& text) {
     setCurrentIndex(-1);
     setEditText(text);
+    // The beginning of a long text tells more than its end.
+    lineEdit()->setCursorPosition(0);
 }
 
 void DropDownCombo::showPopup() {
@@ -28,4 +32,20 @@ void DropDownCombo::showPopup() {
 
 void DropDownCombo::wheelEvent(QWheelEvent* event) {
     event->ignore();
+}
+
+void DropDownCombo::paintEvent(QPaintEvent* event) {
+    QComboBox::paintEvent(event);
+    // The program's style sheet takes the toolkit's button away, which is too big for a row.
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QRectF button =
+        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, this);
+    const QPointF middle = button.center();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(palette().color(QPalette::ButtonText), 1.6, Qt::SolidLine, Qt::RoundCap,
+                        Qt::RoundJoin));
+    painter.drawPolyline(
+        QPolygonF{middle + QPointF(-4, -2), middle + QPointF(0, 2), middle + QPointF(4, -2)});
 }

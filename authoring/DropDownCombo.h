@@ -23,4 +23,5 @@ signals:
 
 protected:
     void wheelEvent(QWheelEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 };

@@ -1,0 +1,290 @@
+#include "tests/authoring/AuthoringTest.h"
+
+#include "platform/forms/FormViewAdapters.h"
+
+#include <QIcon>
+
+class SaveForPeople : public AuthoringTest {
+protected:
+    void SetUp() override {
+        AuthoringTest::SetUp();
+        for (const QString& child : {u"Anna"_s, u"Ben"_s, u"Mary Ann"_s})
+            MakeAccount(child, u"x"_s, u"Student"_s);
+    }
+
+    static DisplayAllPeople& People() { return Default<DisplayAllPeople>(); }
+    static QListWidget& List() { return Find<QListWidget>(People(), u"ListView1"_s); }
+    static void Ok() { Click(Find(People(), u"Ok"_s)); }
+
+    /// Hands the editor's rows on and selects the children by clicks.
+    static void HandOn(ChartEditor& editor, const QList<int>& children = {}) {
+        Click(Find(editor, u"CreateChart"_s));
+        for (const int child : children)
+            ClickRow(List(), child);
+    }
+
+    static ChartEditor& NewChartWithJob(const QString& name, const QString& day = u"Wed"_s) {
+        ChartEditor& editor = NewChart(name);
+        editor.SetRow(0, Job(u"Sweep"_s, day));
+        return editor;
+    }
+
+    /// The row that NewChartWithJob stores for a child.
+    static QString RowOf(const QString& child, bool completed = false, bool autoCreate = true) {
+        return u"Sweep|Wed|Mum|Easy|3|%1|2001-03-04|2001-03-10|%2|%3"_s.arg(completed ? -1 : 0)
+            .arg(child)
+            .arg(autoCreate ? -1 : 0);
+    }
+
+    /// Ticks the first job of a chart, as a child would.
+    static void Tick(const QString& chart) {
+        {
+            FakeViewer viewer;
+            Database().ReadInfoFromChart(chart, 0, true, u"Wed"_s);
+            viewer.rows[0].Completed = true;
+            Database().WriteInfoToChart(chart, 0, true, QString(), {}, {}, false);
+        }
+        ChartViewers.Clear();
+    }
+
+    static QString CreatedFor(const QString& child) {
+        return child + u"'s Sparkit Dutygrid has been created"_s;
+    }
+    const QString AllCreated = u"All charts have been created"_s;
+};
+
+TEST_F(SaveForPeople, ControlsBearTheirCaptions) {
+    HandOn(NewChart());
+    EXPECT_EQ(People().Caption(), u"List of Sparkits"_s);
+    EXPECT_EQ(CaptionOf(People(), u"Label1"_s), u"Select Sparkits to Create Dutygrids"_s);
+    EXPECT_EQ(CaptionOf(People(), u"Ok"_s), u"Ok"_s);
+    EXPECT_EQ(CaptionOf(People(), u"Cancel"_s), u"Cancel"_s);
+    EXPECT_TRUE(Find(People(), u"Image1"_s).isHidden());
+}
+
+TEST_F(SaveForPeople, LongNamesStayWithinTheirPlaces) {
+    MakeAccount(u"Bartholomew Maximilian the Third"_s, u"x"_s, u"Student"_s);
+    HandOn(NewChart(), {1, 3});
+    Shoot(People(), u"DisplayAllPeople"_s);
+    for (int row = 1; row < List().count(); ++row)
+        EXPECT_FALSE(List()
+                         .visualItemRect(List().item(row))
+                         .intersects(List().visualItemRect(List().item(row - 1))));
+}
+
+TEST_F(SaveForPeople, ListsTheChildrenWithTheirPictures) {
+    Database().AddUser(u"Blue"_s, u"x"_s, u"Student"_s, PictureFile(u"blue.png"_s, 0xff0000ff));
+    HandOn(NewChart());
+    EXPECT_EQ(Entries(List()), (QStringList{u"Anna"_s, u"Ben"_s, u"Mary Ann"_s, u"Blue"_s}));
+    const auto middle = [](int row) {
+        const QImage icon = List().item(row)->icon().pixmap(64, 64).toImage();
+        return icon.pixelColor(icon.width() / 2, icon.height() / 2).rgb();
+    };
+    EXPECT_EQ(middle(0), 0xff2266aa);
+    EXPECT_EQ(middle(3), 0xff0000ff);
+}
+
+TEST_F(SaveForPeople, ChildWithoutAPictureIsListedAllTheSame) {
+    Database().AddUser(u"Plain"_s, u"x"_s, u"Student"_s, QString());
+    HandOn(NewChart());
+    EXPECT_EQ(Entries(List()).last(), u"Plain"_s);
+}
+
+TEST_F(SaveForPeople, SelectionIsCounted) {
+    HandOn(NewChart());
+    EXPECT_FALSE(People().AnySelected());
+    EXPECT_EQ(People().SelectedCount(), 0);
+    ClickRow(List(), 0);
+    ClickRow(List(), 2);
+    EXPECT_TRUE(People().AnySelected());
+    EXPECT_EQ(People().SelectedCount(), 2);
+    ClickRow(List(), 0);
+    EXPECT_EQ(People().SelectedCount(), 1) << "a second click takes a child out again";
+}
+
+TEST_F(SaveForPeople, FirstWordEndsAtTheFirstBlank) {
+    EXPECT_EQ(DisplayAllPeople::FirstWord(u"Dish Duty Anna"_s), u"Dish"_s);
+    EXPECT_EQ(DisplayAllPeople::FirstWord(u"Chores"_s), u"Chores"_s);
+    EXPECT_EQ(DisplayAllPeople::FirstWord(u" Chores"_s), QString());
+    EXPECT_EQ(DisplayAllPeople::FirstWord(u"Dish\tDuty x"_s), u"Dish\tDuty"_s);
+    EXPECT_EQ(DisplayAllPeople::FirstWord(QString()), QString());
+}
+
+TEST_F(SaveForPeople, NobodySelectedStoresTheChartUnderItsPlainNameWithoutAWord) {
+    HandOn(NewChartWithJob(u"Dish Duty"_s));
+    Ok();
+    EXPECT_EQ(Rows(u"Dish Duty"_s), QStringList{RowOf(QString())});
+    EXPECT_EQ(TableNames(), (QStringList{u"Dish Duty"_s, u"History Dish Duty from: 3/4/2001"_s}));
+    EXPECT_EQ(ExistingForm(u"DisplayAllPeople"_s), nullptr);
+}
+
+TEST_F(SaveForPeople, OneChildGetsOneMessage) {
+    HandOn(NewChartWithJob(u"Chores"_s), {0});
+    Boxes.Expect(CreatedFor(u"Anna"_s));
+    Ok();
+    EXPECT_EQ(Boxes.Shown().last().Title, u"Sparkit Dutygrid"_s);
+    EXPECT_EQ(Rows(u"Chores Anna"_s), QStringList{RowOf(u"Anna"_s)});
+    EXPECT_EQ(Rows(u"History Chores Anna from: 3/4/2001"_s),
+              QStringList{RowOf(u"Anna"_s, false, false)});
+    EXPECT_EQ(ExistingForm(u"DisplayAllPeople"_s), nullptr);
+}
+
+TEST_F(SaveForPeople, ThreeChildrenGetOneMessageAtTheEnd) {
+    HandOn(NewChartWithJob(u"Chores"_s), {2, 0, 1});
+    Boxes.Expect(AllCreated, PromptAnswer::Ok, [] {
+        EXPECT_TRUE(Database().ChartExist(u"Chores Mary Ann"_s));
+        EXPECT_EQ(People().ChartName, u"Chores Mary Ann"_s);
+    });
+    Ok();
+    for (const QString& child : {u"Anna"_s, u"Ben"_s, u"Mary Ann"_s})
+        EXPECT_EQ(Rows(u"Chores "_s + child), QStringList{RowOf(child)});
+    EXPECT_EQ(TableNames().size(), 6);
+    EXPECT_EQ(TableNames().first(), u"Chores Anna"_s) << "in the order of the list";
+}
+
+TEST_F(SaveForPeople, TwoChildrenGetTheMessageForAll) {
+    HandOn(NewChartWithJob(u"Chores"_s), {0, 1});
+    Boxes.Expect(AllCreated);
+    Ok();
+    EXPECT_FALSE(Database().ChartExist(u"Chores Mary Ann"_s));
+}
+
+TEST_F(SaveForPeople, DoubleClickSavesForTheChildClicked) {
+    HandOn(NewChartWithJob(u"Chores"_s));
+    Boxes.Expect(CreatedFor(u"Ben"_s));
+    DoubleClickRow(List(), 1);
+    EXPECT_EQ(Rows(u"Chores Ben"_s), QStringList{RowOf(u"Ben"_s)});
+}
+
+TEST_F(SaveForPeople, DoubleClickOnAChildSelectedAlreadyKeepsItSelected) {
+    HandOn(NewChartWithJob(u"Chores"_s), {0, 1});
+    Boxes.Expect(AllCreated);
+    DoubleClickRow(List(), 1);
+    EXPECT_TRUE(Database().ChartExist(u"Chores Anna"_s));
+    EXPECT_TRUE(Database().ChartExist(u"Chores Ben"_s));
+}
+
+TEST_F(SaveForPeople, TypedNameIsCutToItsFirstWord) {
+    HandOn(NewChartWithJob(u"Dish Duty"_s), {0});
+    Boxes.Expect(CreatedFor(u"Anna"_s));
+    Ok();
+    EXPECT_EQ(TableNames().first(), u"Dish Anna"_s);
+    EXPECT_FALSE(Database().ChartExist(u"Dish Duty"_s));
+}
+
+TEST_F(SaveForPeople, ChildWithABlankInItsNameKeepsTheFirstWordWhenReopened) {
+    HandOn(NewChartWithJob(u"Chores"_s), {2});
+    Boxes.Expect(CreatedFor(u"Mary Ann"_s));
+    Ok();
+    ChartEditor& editor = OpenChart(u"Chores Mary Ann"_s);
+    HandOn(editor, {0});
+    Boxes.Expect(CreatedFor(u"Anna"_s));
+    Ok();
+    EXPECT_EQ(Rows(u"Chores Anna"_s).size(), 1);
+}
+
+TEST_F(SaveForPeople, ChartOfOneChildSavedForAnotherLeavesTheFirstAsItWas) {
+    StoreChart(u"Chores Anna"_s, {Job(u"Old"_s)});
+    const QStringList annas = Rows(u"Chores Anna"_s);
+    ChartEditor& editor = OpenChart(u"Chores Anna"_s);
+    editor.SetRow(0, Job(u"Sweep"_s, u"Wed"_s));
+    HandOn(editor, {1});
+    Boxes.Expect(CreatedFor(u"Ben"_s));
+    Ok();
+    EXPECT_EQ(Rows(u"Chores Ben"_s), QStringList{RowOf(u"Ben"_s, false, false)});
+    EXPECT_EQ(Rows(u"Chores Anna"_s), annas);
+}
+
+TEST_F(SaveForPeople, OpenedChartSavedForNobodyIsLostToItsChild) {
+    StoreChart(u"Chores Anna"_s, {Job(u"Sweep"_s, u"Wed"_s)});
+    HandOn(OpenChart(u"Chores Anna"_s));
+    Ok();
+    EXPECT_EQ(Rows(u"Chores Anna"_s), QStringList{RowOf(u"Nobody"_s, false, false)});
+    CurrentUser = u"Anna"_s;
+    QListWidget offered;
+    ListNames names(offered);
+    Database().PopulateChartList(names, true);
+    EXPECT_EQ(offered.count(), 0);
+}
+
+TEST_F(SaveForPeople, HistoryKeepsTheTicksOfAChartThatIsSavedOver) {
+    StoreChart(u"Chores Anna"_s, {Job(u"Sweep"_s, u"Wed"_s)});
+    Tick(u"Chores Anna"_s);
+    ASSERT_EQ(Rows(u"Chores Anna"_s), QStringList{RowOf(u"Anna"_s, true, false)});
+    ChartEditor& editor = OpenChart(u"Chores Anna"_s);
+    editor.SetRow(0, Job(u"Mop"_s, u"Thu"_s, u"4"_s));
+    HandOn(editor, {0});
+    Boxes.Expect(CreatedFor(u"Anna"_s));
+    Ok();
+    EXPECT_EQ(Rows(u"History Chores Anna from: 3/4/2001"_s),
+              QStringList{RowOf(u"Anna"_s, true, false)});
+    EXPECT_EQ(Rows(u"Chores Anna"_s),
+              QStringList{u"Mop|Thu|Mum|Easy|4|0|2001-03-04|2001-03-10|Anna|0"_s});
+}
+
+TEST_F(SaveForPeople, NewChartTakesThePlaceOfTheChildsChartOfThatFirstWord) {
+    StoreChart(u"Chores Anna"_s, {Job(u"Old"_s)});
+    HandOn(NewChartWithJob(u"Chores"_s), {0});
+    Boxes.Expect(CreatedFor(u"Anna"_s));
+    Ok();
+    EXPECT_EQ(Rows(u"Chores Anna"_s), QStringList{RowOf(u"Anna"_s)});
+    EXPECT_TRUE(Rows(u"History Chores Anna from: 3/4/2001"_s).first().startsWith(u"Old|"_s));
+}
+
+TEST_F(SaveForPeople, ChartThatDiffersInCaseOnlyTakesThePlaceOfTheOther) {
+    StoreChart(u"Dishes"_s, {Job(u"Old"_s)}, QString());
+    HandOn(NewChartWithJob(u"dishes"_s));
+    Ok();
+    EXPECT_EQ(Rows(u"dishes"_s), QStringList{RowOf(u"Nobody"_s)});
+    EXPECT_FALSE(TableNames().contains(u"Dishes"_s));
+}
+
+TEST_F(SaveForPeople, RangesBecomeSingleDaysAndEmptyRowsBlanks) {
+    ChartEditor& editor = NewChart(u"Chores"_s);
+    AddJobs(editor, 1);
+    editor.SetRow(0, {u"Bed"_s, u"Mon-Fri"_s, u"Mum"_s, u"Easy"_s, u"1x"_s});
+    editor.SetRow(1, {});
+    HandOn(editor, {0});
+    Boxes.Expect(CreatedFor(u"Anna"_s));
+    Ok();
+    const QStringList rows = Rows(u"Chores Anna"_s);
+    ASSERT_EQ(rows.size(), 6);
+    EXPECT_EQ(rows.at(4), u"Bed|Fri|Mum|Easy|1|0|2001-03-04|2001-03-10|Anna|-1"_s);
+    EXPECT_EQ(rows.at(5), u" | | | |0|0|<null>|<null>|<null>|0"_s);
+}
+
+TEST_F(SaveForPeople, EditorStaysLoadedAndHiddenAfterTheSave) {
+    ChartEditor& editor = NewChartWithJob(u"Chores"_s);
+    HandOn(editor, {0});
+    Boxes.Expect(CreatedFor(u"Anna"_s));
+    Ok();
+    EXPECT_EQ(EditorAt(0), &editor);
+    EXPECT_FALSE(Shown(editor));
+    EXPECT_EQ(Texts(editor), QStringList{u"Sweep"_s});
+}
+
+TEST_F(SaveForPeople, FailedSaveIsReportedAndEndsTheOperationThere) {
+    ChartEditor& editor = NewChartWithJob(u"Chores"_s);
+    AddJobs(editor, 1);
+    editor.SetRow(1, Job(u"Mop"_s, u"Thu"_s, u"99999999999"_s));
+    HandOn(editor, {0, 1});
+    Boxes.Expect(u"Run-time error '6':\n\nOverflow"_s);
+    Ok();
+    EXPECT_EQ(Rows(u"Chores Anna"_s), QStringList{RowOf(u"Anna"_s)}) << "what was written stands";
+    EXPECT_FALSE(Database().ChartExist(u"Chores Ben"_s));
+    EXPECT_TRUE(Shown(People())) << "the form stays for another try";
+}
+
+TEST_F(SaveForPeople, SaveCanBeTriedAgainAfterAFailure) {
+    ChartEditor& editor = NewChartWithJob(u"Chores"_s);
+    AddJobs(editor, 1);
+    editor.SetRow(1, Job(u"Mop"_s, u"Thu"_s, u"99999999999"_s));
+    HandOn(editor, {0, 1});
+    Boxes.Expect(u"Run-time error '6':\n\nOverflow"_s);
+    Ok();
+    editor.SetRow(1, Job(u"Mop"_s, u"Thu"_s));
+    Boxes.Expect(AllCreated);
+    Ok();
+    EXPECT_EQ(Rows(u"Chores Anna"_s).size(), 2);
+    EXPECT_EQ(Rows(u"Chores Ben"_s).size(), 2);
+}
