@@ -11,7 +11,6 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 #include <QStringList>
-#include <cmath>
 #include <limits>
 #include <map>
 #include <utility>
@@ -175,17 +174,9 @@ QString TextFor(const QVariant& value) {
     return value.isValid() ? TextOf(value) : QString();
 }
 
-/// A value as a whole number; a half is rounded to the even neighbour.
+/// A value as a whole number; an empty one is 0.
 qint32 WholeNumberFor(const QVariant& value) {
-    if (!value.isValid())
-        return 0;
-    if (value.metaType().id() == QMetaType::Bool)
-        return value.toBool() ? -1 : 0;
-    bool isNumber = false;
-    const double number = value.toDouble(&isNumber);
-    if (!isNumber || !std::isfinite(number))
-        throw RuntimeError(ErrorNumber::TypeMismatch);
-    return ToLong(number);
+    return value.isValid() ? LongOf(value) : 0;
 }
 
 quint8 ByteFor(const QVariant& value) {

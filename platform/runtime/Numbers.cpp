@@ -29,6 +29,18 @@ void RefuseNull(const QVariant& value) {
         throw RuntimeError(ErrorNumber::InvalidUseOfNull);
 }
 
+double NumberOf(const QVariant& value) {
+    RefuseNull(value);
+    if (value.metaType().id() == QMetaType::Bool)
+        return value.toBool() ? -1 : 0;
+    bool isNumber = false;
+    const double number = value.toDouble(&isNumber);
+    // The platform reads "inf" and "nan" as numbers.
+    if (!isNumber || !std::isfinite(number))
+        throw RuntimeError(ErrorNumber::TypeMismatch);
+    return number;
+}
+
 } // namespace
 
 double Val(const QString& text) {
@@ -78,15 +90,11 @@ QString TextOf(const QVariant& value) {
 }
 
 qint16 IntegerOf(const QVariant& value) {
-    RefuseNull(value);
-    if (value.metaType().id() == QMetaType::Bool)
-        return value.toBool() ? -1 : 0;
-    bool isNumber = false;
-    const double number = value.toDouble(&isNumber);
-    // The platform reads "inf" and "nan" as numbers.
-    if (!isNumber || !std::isfinite(number))
-        throw RuntimeError(ErrorNumber::TypeMismatch);
-    return ToInteger(number);
+    return ToInteger(NumberOf(value));
+}
+
+qint32 LongOf(const QVariant& value) {
+    return ToLong(NumberOf(value));
 }
 
 QDate DateOf(const QVariant& value) {

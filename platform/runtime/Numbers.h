@@ -31,6 +31,9 @@ QString TextOf(const QVariant& value);
 /// 6 out of range.
 qint16 IntegerOf(const QVariant& value);
 
+/// Likewise as a 32-bit integer.
+qint32 LongOf(const QVariant& value);
+
 /// A field's value as a date. Raises 94 for a Null, 13 for text that is no date.
 QDate DateOf(const QVariant& value);
 

@@ -95,6 +95,10 @@ TEST_F(NumbersTest, FieldsBecomeIntegers) {
     for (const char* text : {"", "abc", "12 jobs", "inf", "nan"})
         EXPECT_ERROR(13, IntegerOf(QVariant(QString::fromUtf8(text))));
     EXPECT_ERROR(6, IntegerOf(QVariant(99999)));
+    EXPECT_EQ(LongOf(QVariant(99999)), 99999);
+    EXPECT_EQ(LongOf(QVariant(QStringLiteral("-70000.5"))), -70000);
+    EXPECT_ERROR(94, LongOf(QVariant()));
+    EXPECT_ERROR(6, LongOf(QVariant(2147483648.0)));
 }
 
 TEST_F(NumbersTest, FieldsBecomeDatesAndBooleans) {
