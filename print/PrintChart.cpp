@@ -3,6 +3,7 @@
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Pictures.h"
 #include "platform/runtime/ProgramFolder.h"
+#include "print/SheetTitle.h"
 #include "store/ChartFields.h"
 #include "store/DatabaseCls.h"
 
@@ -142,12 +143,7 @@ void DatabaseCls::PrintChart(const QString& ChartName, bool BlankBoxes, const QS
 
     PrinterObject& printer = Printer();
     const PrintJobGuard job(printer);
-    printer.SetScaleWidth(21);
-    printer.SetScaleHeight(30);
-    printer.SetCurrentX(4);
-    printer.SetCurrentY(1);
-    printer.SetFontSize(18);
-    printer.Print(Title(rows, ChartName, BlankBoxes, KidName));
+    PrintSheetTitle(printer, Title(rows, ChartName, BlankBoxes, KidName));
 
     ChartSheet sheet(printer, BlankBoxes, OpenMark);
     for (int number = 1; number <= 7; ++number) {

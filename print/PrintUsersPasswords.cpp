@@ -1,5 +1,6 @@
 #include "platform/printing/Printer.h"
 #include "platform/runtime/Numbers.h"
+#include "print/SheetTitle.h"
 #include "store/ChartFields.h"
 #include "store/DatabaseCls.h"
 #include "store/TableNames.h"
@@ -11,12 +12,7 @@ void DatabaseCls::PrintUsersPasswords() {
 
     PrinterObject& printer = Printer();
     const PrintJobGuard job(printer);
-    printer.SetScaleWidth(21);
-    printer.SetScaleHeight(30);
-    printer.SetCurrentX(4);
-    printer.SetCurrentY(1);
-    printer.SetFontSize(18);
-    printer.Print(QStringLiteral("List of Sparkit Dutygrid users and passwords"));
+    PrintSheetTitle(printer, QStringLiteral("List of Sparkit Dutygrid users and passwords"));
 
     qint16 LineNo = 1;
     for (; !rows.Eof(); rows.MoveNext()) {
