@@ -70,10 +70,6 @@ QString WeekdayName(const QDate& date) {
     return QLocale().standaloneDayName(date.dayOfWeek(), QLocale::LongFormat);
 }
 
-QString AbbreviatedWeekdayName(const QDate& date) {
-    return QLocale().standaloneDayName(date.dayOfWeek(), QLocale::ShortFormat);
-}
-
 QString DayAbbreviation(int day) {
     if (day < 1 || day > 7)
         throw RuntimeError(ErrorNumber::SubscriptOutOfRange);

@@ -22,9 +22,6 @@ QString DateKey(const QDate& date);
 /// The weekday's name in the system's language, in full: "Sunday".
 QString WeekdayName(const QDate& date);
 
-/// The weekday's abbreviated name in the system's language: "Sun".
-QString AbbreviatedWeekdayName(const QDate& date);
-
 /// "Sun" to "Sat" for the days 1 to 7, whatever the system's language. Raises 9 for other numbers.
 QString DayAbbreviation(int day);
 

@@ -85,8 +85,6 @@ public:
     /// Changes whenever rows of the table may have changed.
     quint64 StampOf(const Table& table) const { return table.Changes + epoch_; }
 
-    qint64 LastRow() const { return database_->getLastInsertRowid(); }
-
 private:
     TableEngine(const QString& path, int flags);
     void Configure();
