@@ -14,8 +14,8 @@ constexpr int StatePosition = 4;
 
 } // namespace
 
-void DatabaseCls::ForEachAccount(const QString& name,
-                                 const std::function<void(Recordset&)>& action) {
+Recordset DatabaseCls::ForEachAccount(const QString& name,
+                                      const std::function<void(Recordset&)>& action) {
     Recordset rows = Tables().OpenRecordset(UsersTable);
     if (!rows.Eof())
         rows.MoveFirst();
@@ -26,6 +26,7 @@ void DatabaseCls::ForEachAccount(const QString& name,
             action(rows);
         rows.MoveNext();
     }
+    return rows;
 }
 
 void DatabaseCls::AddUser(const QString& Name, const QString& Password, const QString& State,

@@ -120,7 +120,7 @@ void DatabaseCls::RetreveHistoryChartsAvailable(const QString& UserName, NameLis
 
 void DatabaseCls::CreateChartNames(const QString& UserName, QStringList& Names,
                                    const QDate& StartDate, const QDate& EndDate) {
-    QStringList found;
+    qsizetype n = 0;
     const int count = Tables().TableCount();
     for (int index = 0; index < count; ++index) {
         const QString name = Tables().TableName(index);
@@ -133,14 +133,11 @@ void DatabaseCls::CreateChartNames(const QString& UserName, QStringList& Names,
         const QString owner = TextOf(rows.Value(ChartField::UserName));
         const QDate first = DateOf(rows.Value(ChartField::FirstDate));
         if (owner == UserName && DateKey(StartDate) <= DateKey(first) &&
-            DateKey(first) <= DateKey(EndDate) && first.month() == Today().month())
-            found += rows.Name();
-    }
-    // The table order from index 0; entries beyond what was found keep what they held.
-    for (qsizetype n = 0; n < found.size(); ++n) {
-        if (n < Names.size())
-            Names[n] = found.at(n);
-        else
-            Names += found.at(n);
+            DateKey(first) <= DateKey(EndDate) && first.month() == Today().month()) {
+            // From the first find on the array ends at the last one, whatever it held before.
+            Names.resize(n + 1);
+            Names[n] = rows.Name();
+            ++n;
+        }
     }
 }

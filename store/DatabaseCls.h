@@ -86,10 +86,12 @@ public:
     // Points and incentives
 
     /// Adds `Delta` points to the account, or sets them to 0 (`Reset`). A balance that would fall
-    /// below 0 stays as it is, with a message. Raises 6 beyond 16 bits, 94 for Null points.
+    /// below 0 stays as it is, with a message. Raises 6 beyond 16 bits, 94 for Null points, 3021
+    /// if there is no account at all.
     void AddPoints(const QString& UserName, qint16 Delta, bool Reset);
     void RetrievePoints(const QString& UserName, CaptionTarget& Target);
-    /// Replaces the account's incentive; "" and 0 store Null.
+    /// Replaces the account's incentive; "" and 0 store Null. Raises 3021 if there is no account
+    /// at all.
     void AddToy(const QString& UserName, const QString& ToyName, const QString& PicturePath,
                 qint16 Cost);
     void RetrieveToy(const QString& UserName, CaptionTarget& NameLabel, PictureTarget& Picture,
@@ -116,8 +118,8 @@ public:
     /// today's number.
     void RetreveChartsAvailable(const QString& UserName, NameList& List);
     void RetreveHistoryChartsAvailable(const QString& UserName, NameList& List);
-    /// Collects the account's history tables that begin within the dates; leaves `Names` as it is
-    /// if there are none.
+    /// Collects the account's history tables that begin within the dates, in a month of today's
+    /// number, in table order; leaves `Names` as it is if there are none.
     void CreateChartNames(const QString& UserName, QStringList& Names, const QDate& StartDate,
                           const QDate& EndDate);
 
@@ -157,7 +159,8 @@ private:
     static void StorePicture(Recordset& rows, const QString& field, const QString& path);
     void TakeOutPicture(const QString& account, const QString& field, PictureTarget& target,
                         const std::function<void(Recordset&)>& beforePicture);
-    void ForEachAccount(const QString& name, const std::function<void(Recordset&)>& action);
+    /// Runs `action` on every row of the name; returns the cursor behind the last row.
+    Recordset ForEachAccount(const QString& name, const std::function<void(Recordset&)>& action);
     void ListByOwnerAndMonth(const QString& userName, NameList& list, bool history);
 
     ChartForms& forms_;

@@ -72,10 +72,8 @@ void DatabaseCls::TakeOutPicture(const QString& account, const QString& field,
     const QString scratch =
         folder + QLatin1Char('/') + ScratchFileName(TextOf(rows.Value(AccountField::Name)));
 
-    WithErrorsSkipped([&] {
-        if (!QDir().mkdir(folder))
-            throw RuntimeError(ErrorNumber::PathFileAccessError);
-    });
+    // Fails from the second picture on, as the folder is there then.
+    QDir().mkdir(folder);
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
         if (rows.Value(AccountField::Name).toString() != account)
             continue;

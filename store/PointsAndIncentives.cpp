@@ -6,6 +6,7 @@
 #include "store/TableNames.h"
 
 void DatabaseCls::AddPoints(const QString& UserName, qint16 Delta, bool Reset) {
+    // Going back to the first row at the end finds out that there are no accounts at all.
     ForEachAccount(UserName, [&](Recordset& rows) {
         const qint16 balance = AddIntegers(IntegerOf(rows.Value(AccountField::Points)), Delta);
         if (balance < 0) {
@@ -15,7 +16,7 @@ void DatabaseCls::AddPoints(const QString& UserName, qint16 Delta, bool Reset) {
         rows.Edit();
         rows.SetValue(AccountField::Points, Reset ? 0 : int{balance});
         rows.Update();
-    });
+    }).MoveFirst();
 }
 
 void DatabaseCls::RetrievePoints(const QString& UserName, CaptionTarget& Target) {
@@ -36,7 +37,7 @@ void DatabaseCls::AddToy(const QString& UserName, const QString& ToyName,
         else
             StorePicture(rows, AccountField::IncentivePicture, PicturePath);
         rows.Update();
-    });
+    }).MoveFirst();
 }
 
 void DatabaseCls::RetrieveToy(const QString& UserName, CaptionTarget& NameLabel,

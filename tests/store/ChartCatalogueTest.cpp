@@ -134,6 +134,10 @@ TEST_F(ChartCatalogueTest, HistoryWithinDatesIsCollectedInTableOrderOfThisMonthA
     names = {QStringLiteral("as it came")};
     Database().CreateChartNames(CurrentUser, names, QDate(2002, 1, 1), QDate(2002, 3, 11));
     EXPECT_EQ(names, QStringList{QStringLiteral("as it came")});
+    names = {QStringLiteral("first"), QStringLiteral("second"), QStringLiteral("third")};
+    Database().CreateChartNames(CurrentUser, names, Sunday, Sunday);
+    EXPECT_EQ(names, QStringList{QStringLiteral("History Chores from: 3/4/2001")})
+        << "the bounds are those of what was found";
     names.clear();
     Database().CreateChartNames(QStringLiteral("Ben"), names, QDate(2000, 1, 1),
                                 QDate(2001, 12, 31));

@@ -1,4 +1,7 @@
+#include "store/ChartFields.h"
 #include "tests/store/StoreTest.h"
+
+#include <QLocale>
 
 namespace {
 
@@ -11,6 +14,22 @@ protected:
         for (const QString& row : Rows(table))
             values += row.split(QLatin1Char('|')).at(position);
         return values;
+    }
+
+    /// A chart with a row for each range text, which no save stores.
+    void MakeRangeChart() {
+        SaveChart(Chores, {Job(QStringLiteral("Feed"), QStringLiteral("Mon")),
+                           Job(QStringLiteral("Rake"), QStringLiteral("Mon"))});
+        Database().Commit();
+        const auto tables = TableStore::OpenDatabase(Path(QStringLiteral("Database/Charts.mdb")));
+        Recordset rows = tables->OpenRecordset(Chores);
+        for (const char* range : {"Mon-Fri", "Sun-Sat"}) {
+            rows.Edit();
+            rows.SetValue(ChartField::DayOfWeek, QString::fromLatin1(range));
+            rows.Update();
+            rows.MoveNext();
+        }
+        tables->Commit();
     }
 };
 
@@ -47,6 +66,7 @@ TEST_F(ChartTablesTest, JobWithoutADayIsInNoDayOfTheViewerButInTheEditor) {
     EXPECT_EQ(FieldOfRows(Chores, 1), (QStringList{QStringLiteral(" "), QStringLiteral("Sat")}));
     for (const char* day : {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri"})
         EXPECT_EQ(Database().PrintReturnNr_Articles(QLatin1String(day), Chores), 0) << day;
+    EXPECT_EQ(Database().PrintReturnNr_Articles(QStringLiteral("Sat"), Chores), 1);
     Editor.rows = {EditorRow{}};
     Database().ReadInfoFromChart(Chores, 0, false, QString());
     ASSERT_EQ(Editor.rows.size(), 2);
@@ -181,23 +201,30 @@ TEST_F(ChartTablesTest, FiveDayChartsCountFromMondayAndHaveNoCaptionForAWeekendD
 }
 
 TEST_F(ChartTablesTest, RowsWithARangeTextCountForAllSevenDays) {
-    MakeEmptyChart(Chores);
-    {
-        Database().Commit();
-        const auto tables = TableStore::OpenDatabase(Path(QStringLiteral("Database/Charts.mdb")));
-        Recordset rows = tables->OpenRecordset(Chores);
-        for (const char* range : {"Mon-Fri", "Sun-Sat"}) {
-            rows.AddNew();
-            rows.SetValue(1, QString::fromLatin1(range));
-            rows.SetValue(6, QDate(2001, 3, 4));
-            rows.SetValue(7, QDate(2001, 3, 10));
-            rows.Update();
-        }
-        tables->Commit();
-    }
+    MakeRangeChart();
     for (const char* day : {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"})
         EXPECT_EQ(Database().PrintReturnNr_Articles(QLatin1String(day), Chores), 2) << day;
     EXPECT_EQ(Database().PrintReturnNr_Articles(QString(), Chores), 0);
+}
+
+TEST_F(ChartTablesTest, RowsWithARangeTextAreShownAndTickedUnderTheDayAskedFor) {
+    MakeRangeChart();
+    Database().ReadInfoFromChart(Chores, 0, true, QStringLiteral("Sat"));
+    ASSERT_EQ(Viewer.rows.size(), 2);
+    EXPECT_EQ(Viewer.dayCaption, QStringLiteral("Saturday 3/10/2001"));
+    Viewer.rows[1].Completed = true;
+    Database().WriteInfoToChart(Chores, 0, true, QString(), QDate(), QDate(), false);
+    EXPECT_EQ(FieldOfRows(Chores, 5), (QStringList{QStringLiteral("0"), QStringLiteral("-1")}));
+}
+
+TEST_F(ChartTablesTest, OnASystemOfAnotherLanguageTheDayHasNoCaption) {
+    SaveChart(Chores, {Job(QStringLiteral("a"), QStringLiteral("Wed"))});
+    Database().ReadInfoFromChart(Chores, 0, true, QStringLiteral("Wed"));
+    EXPECT_EQ(Viewer.dayCaption, QStringLiteral("Wednesday 3/7/2001"));
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    Database().ReadInfoFromChart(Chores, 0, true, QStringLiteral("Wed"));
+    EXPECT_EQ(Viewer.dayCaption, QString());
+    EXPECT_EQ(Viewer.rows.first().Instructions, QStringLiteral("a"));
 }
 
 TEST_F(ChartTablesTest, ReadDatesFillsTheFourMembersAndAnEmptyChartLeavesThem) {

@@ -47,6 +47,22 @@ TEST_F(PointsAndIncentivesTest, ResetStoresZero) {
     EXPECT_EQ(PointsOf(Anna), QStringLiteral("0"));
 }
 
+TEST_F(PointsAndIncentivesTest, AResetThatWouldFallBelowZeroIsRefusedToo) {
+    Database().AddPoints(Anna, 10, false);
+    Boxes.Expect(Refusal);
+    Database().AddPoints(Anna, -15, true);
+    EXPECT_EQ(PointsOf(Anna), QStringLiteral("10"));
+}
+
+TEST_F(PointsAndIncentivesTest, WithoutAnyAccountThereIsNoRecordToGoBackTo) {
+    Database().AddPoints(QStringLiteral("Ben"), 5, false);
+    Database().AddToy(QStringLiteral("Ben"), QStringLiteral("Bike"), QString(), 70);
+    Database().DeleteAccount(Anna);
+    EXPECT_EQ(ErrorOf([] { Database().AddPoints(Anna, 5, false); }), 3021);
+    EXPECT_EQ(ErrorOf([] { Database().AddToy(Anna, QStringLiteral("Bike"), QString(), 70); }),
+              3021);
+}
+
 TEST_F(PointsAndIncentivesTest, ABalanceBeyond32767Overflows) {
     Database().AddPoints(Anna, 32767, false);
     EXPECT_EQ(ErrorOf([] { Database().AddPoints(Anna, 1, false); }), 6);

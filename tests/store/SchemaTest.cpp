@@ -19,7 +19,8 @@ TEST_F(SchemaTest, AbsentDatabaseIsMadeEmptyAndTheFirstAccountOperationFails) {
     ResetSession();
     QFile::remove(Path(QStringLiteral("Database/Charts.mdb")));
     Database().InitDatabse();
-    EXPECT_TRUE(QFile::exists(Path(QStringLiteral("Database/Charts.mdb"))));
+    EXPECT_TRUE(Contents(Path(QStringLiteral("Database/Charts.mdb")))
+                    .contains(";LANGID=0x0409;CP=1252;COUNTRY=0"));
     EXPECT_EQ(TableNames(), QStringList());
     EXPECT_EQ(ErrorOf([] { Database().RetrevePassword(QStringLiteral("Anna")); }), 3078);
 }
@@ -97,6 +98,24 @@ TEST_F(SchemaTest, AFileOf32768BytesIsStoredInTwoPiecesOf32770Bytes) {
     ASSERT_EQ(rows.FieldSize(QStringLiteral("Image")), 32770);
     EXPECT_EQ(rows.GetChunk(QStringLiteral("Image"), 0, 32768), block);
     EXPECT_EQ(rows.GetChunk(QStringLiteral("Image"), 32768, 10), QByteArray(2, '\0'));
+}
+
+TEST_F(SchemaTest, StoringAPictureLetsEventsRunBehindEachWholePiece) {
+    const auto eventRunsWhileStoring = [](qint64 bytes) {
+        QFile file(Path(QStringLiteral("bytes")));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        EXPECT_TRUE(file.resize(bytes));
+        file.close();
+        QObject receiver;
+        bool hasRun = false;
+        QMetaObject::invokeMethod(
+            &receiver, [&] { hasRun = true; }, Qt::QueuedConnection);
+        Database().AddUser(QStringLiteral("Anna"), QStringLiteral("cat"), QStringLiteral("Student"),
+                           file.fileName());
+        return hasRun;
+    };
+    EXPECT_FALSE(eventRunsWhileStoring(32767));
+    EXPECT_TRUE(eventRunsWhileStoring(32768));
 }
 
 TEST_F(SchemaTest, ASmallerPictureKeepsTheTailOfTheLargerInTheScratchFileAndStillLoads) {
