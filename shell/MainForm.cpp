@@ -69,7 +69,8 @@ MainForm::MainForm() : Form(*this, Place::TopLevel), ui(std::make_unique<Ui::Mai
     SetMainWindowArea(ui->Area);
 
     const QSize room = QGuiApplication::primaryScreen()->availableSize();
-    resize(QSize(1180, 760).boundedTo(room - QSize(40, 60)));
+    // High enough for a chart with its responsible person, where the screen is.
+    resize(QSize(1180, 840).boundedTo(room - QSize(40, 60)));
 }
 
 MainForm::~MainForm() {
