@@ -287,7 +287,7 @@ TEST_F(RegistryTest, StoreThatCannotBeWrittenRaisesTheOperationsNumber) {
 
 TEST_F(RegistryTest, DamagedStoreIsAnErrorOfTheOperationAndStaysAsItIs) {
     for (const QByteArray& damaged :
-         {QByteArray("\x00\xff[[[\nno sense", 16), QByteArray("{\"Dutygrid\": {"), QByteArray(),
+         {QByteArray("\x00\xff[[[\nno sense", 14), QByteArray("{\"Dutygrid\": {"), QByteArray(),
           QByteArray("[]"), QByteArray("{\"Dutygrid\": 5}"),
           QByteArray("{\"Dutygrid\": {\"RunningTimes2\": 1}}"), QByteArray(100000, '[')}) {
         WriteFile(File(), damaged);
