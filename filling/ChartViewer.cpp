@@ -12,7 +12,6 @@
 #include "support/SoundFunctions.h"
 #include "ui_ChartViewer.h"
 
-#include <QStyle>
 #include <QWheelEvent>
 #include <algorithm>
 
@@ -26,8 +25,6 @@ ChartViewer::ChartViewer()
     for (QFrame* line : {ui_->Line1, ui_->Line2, ui_->Line3})
         line->setPalette(softLine);
     ui_->DoneColumn->setPixmap(QPixmap(QStringLiteral(":/art/Tick.png")));
-    ui_->PreviousDay->setIcon(style()->standardIcon(QStyle::SP_ArrowBack));
-    ui_->NextDay->setIcon(style()->standardIcon(QStyle::SP_ArrowForward));
     DesignRows();
     ShowResponsible(false);
     On(ui_->NextDay, &QPushButton::clicked, this, [this] { NextDay_Click(); });

@@ -2,10 +2,12 @@
 
 #include "platform/forms/ActivationTracker.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QEventLoop>
 #include <QMessageBox>
 #include <QPointer>
+#include <QStyle>
 
 PromptAnswer SystemPrompts::Show(const Prompt& prompt) {
     // On the heap: the window beneath may be deleted while the box stands.
@@ -22,7 +24,15 @@ PromptAnswer SystemPrompts::Show(const Prompt& prompt) {
         box->setEscapeButton(QMessageBox::No);
     } else {
         box->setStandardButtons(QMessageBox::Ok);
+        box->button(QMessageBox::Ok)->setText(QStringLiteral("Ok"));
     }
+    // The button that Enter presses looks as it does on the forms.
+    for (QAbstractButton* button : box->buttons())
+        if (box->standardButton(button) != QMessageBox::No) {
+            button->setProperty("role", QStringLiteral("primary"));
+            button->style()->unpolish(button);
+            button->style()->polish(button);
+        }
 
     if (prompt.LeavesFormsReachable) {
         box->setModal(false);
