@@ -18,7 +18,11 @@ public:
     explicit PictureList(const QSize& size) : size_(size) {}
 
     int AddPicture(const QImage& picture) override {
-        icons_.append(QIcon(QPixmap::fromImage(Fitted(picture))));
+        const QPixmap fitted = QPixmap::fromImage(Fitted(picture));
+        QIcon icon(fitted);
+        // A face stays as it is when it is selected; the frame round it tells.
+        icon.addPixmap(fitted, QIcon::Selected);
+        icons_.append(icon);
         return static_cast<int>(icons_.size());
     }
 

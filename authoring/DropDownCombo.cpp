@@ -1,5 +1,7 @@
 #include "authoring/DropDownCombo.h"
 
+#include "platform/forms/Handlers.h"
+
 #include <QLineEdit>
 #include <QPainter>
 #include <QPointer>
@@ -14,12 +16,16 @@ DropDownCombo::DropDownCombo(QWidget* parent) : QComboBox(parent) {
     // At the end of typing the toolkit chooses the entry that equals the text, as if it had been
     // clicked; a typed text is not a click.
     disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
+    // The beginning of a long text tells more than its end.
+    On(lineEdit(), &QLineEdit::editingFinished, this, [this] {
+        if (!lineEdit()->hasFocus())
+            lineEdit()->setCursorPosition(0);
+    });
 }
 
 void DropDownCombo::SetText(const QString& text) {
     setCurrentIndex(-1);
     setEditText(text);
-    // The beginning of a long text tells more than its end.
     lineEdit()->setCursorPosition(0);
 }
 

@@ -49,6 +49,12 @@ QHeaderView::section {
     border-bottom: 1px solid #8a8069;
 }
 QListView::item, QTreeView::item { padding: 4px 6px; }
+QListView[role="pictures"]::item {
+    border: 2px solid transparent; border-radius: 8px; padding: 4px;
+}
+QListView[role="pictures"]::item:selected {
+    background: #d9ebe8; border-color: #0b726e; color: #263238;
+}
 QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 QMessageBox QPushButton { min-width: 5em; }
 QMenu::separator { height: 1px; background: #dccfb6; margin: 4px 8px; }
