@@ -13,7 +13,8 @@ protected:
     FormTest();
     ~FormTest() override;
 
-    /// Lets events run until the windows have come to rest and activations have been delivered.
+    /// Lets events run until the windows have come to rest and activations have been delivered,
+    /// however slow the window manager is; at most about two seconds.
     static void Settle();
 
     /// Adds an account with a picture straight to the store. State: "Teacher" or "Student".

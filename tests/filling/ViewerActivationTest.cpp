@@ -94,8 +94,8 @@ TEST_F(ViewerActivationTest, AMessageBoxTurnsNothing) {
     QMessageBox box(&Main());
     box.setText(QStringLiteral("Please read"));
     box.addButton(QMessageBox::Ok);
-    QTimer::singleShot(150, &box, [&box] {
-        EXPECT_TRUE(box.isActiveWindow());
+    QTimer::singleShot(0, &box, [&box] {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
         box.accept();
     });
     box.exec();
@@ -106,8 +106,8 @@ TEST_F(ViewerActivationTest, AMessageBoxTurnsNothing) {
 TEST_F(ViewerActivationTest, AFileDialogTurnsNothing) {
     QFileDialog dialog(&Main());
     dialog.setOption(QFileDialog::DontUseNativeDialog);
-    QTimer::singleShot(250, &dialog, [&dialog] {
-        EXPECT_TRUE(dialog.isVisible());
+    QTimer::singleShot(0, &dialog, [&dialog] {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
         dialog.reject();
     });
     dialog.exec();
@@ -174,7 +174,10 @@ TEST_F(ViewerActivationTest, TheGoalMessageAndThePrintQuestionsTurnNothing) {
     Viewer().GoalPoints = 3;
     const auto realBox = [this] {
         QMessageBox box(&Main());
-        QTimer::singleShot(100, &box, &QDialog::accept);
+        QTimer::singleShot(0, &box, [&box] {
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+            box.accept();
+        });
         box.exec();
     };
     Boxes.Expect(GoalMessage, PromptAnswer::Ok, realBox);

@@ -384,7 +384,7 @@ TEST_F(ViewerRowsTest, ALongJobIsCutWithAnEllipsisAndToldInWholeByItsTip) {
     };
     EXPECT_EQ(tipOf(viewer.Instructions[0]), longJob);
     QToolTip::hideText();
-    QTest::qWait(400);
+    ASSERT_TRUE(QTest::qWaitFor([] { return QToolTip::text().isEmpty(); }));
     EXPECT_EQ(tipOf(viewer.Instructions[1]), QString());
 }
 
