@@ -2,9 +2,10 @@
 
 #include "platform/forms/Twips.h"
 
+#include <QLabel>
 #include <QMouseEvent>
 
-MouseWatch::MouseWatch(QWidget* watched) : QObject(watched) {
+MouseWatch::MouseWatch(QWidget* watched) : QObject(watched), watched_(watched) {
     watched->installEventFilter(this);
 }
 
@@ -13,10 +14,15 @@ bool MouseWatch::eventFilter(QObject*, QEvent* event) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick: {
         const QPoint place = static_cast<QMouseEvent*>(event)->position().toPoint();
+        pressed_ = qobject_cast<const QLabel*>(watched_->childAt(place)) == nullptr;
+        if (!pressed_)
+            return false;
         emit Pressed(TwipsOf(place.x()), TwipsOf(place.y()));
         return true;
     }
     case QEvent::MouseMove: {
+        if (!pressed_)
+            return false;
         const auto* mouse = static_cast<QMouseEvent*>(event);
         const QPoint place = mouse->position().toPoint();
         if (mouse->buttons() == Qt::LeftButton)

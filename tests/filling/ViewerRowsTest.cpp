@@ -350,6 +350,26 @@ TEST_F(ViewerRowsTest, AMaximisedViewerStaysMaximised) {
     Shoot(*viewer.window(), QStringLiteral("ChartViewer-maximised"));
 }
 
+TEST_F(ViewerRowsTest, APressOnTheNumberOrAHeadingIsNotStoredAndStartsNoDrag) {
+    ChartViewer& viewer = OpenWith(2, 1);
+    viewer.Move(1500, 600);
+    // A place left from an earlier press.
+    QTest::mouseClick(&viewer.Instructions[0], Qt::LeftButton, {}, QPoint(10, 8));
+    for (QWidget* label : {static_cast<QWidget*>(&viewer.Number[1]),
+                           &Find<QWidget>(viewer, QStringLiteral("DayLbl")),
+                           &Find<QWidget>(viewer, QStringLiteral("Label4"))}) {
+        QTest::mousePress(label, Qt::LeftButton, {}, QPoint(5, 6));
+        EXPECT_EQ(viewer.MouseX, 150);
+        EXPECT_EQ(viewer.MouseY, 120);
+        QMouseEvent move(QEvent::MouseMove, QPointF(9, 9), label->mapToGlobal(QPointF(9, 9)),
+                         Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(label, &move);
+        EXPECT_EQ(viewer.Left(), 1500) << label->objectName().toStdString();
+        EXPECT_EQ(viewer.Top(), 600) << label->objectName().toStdString();
+        QTest::mouseRelease(label, Qt::LeftButton, {}, QPoint(5, 6));
+    }
+}
+
 TEST_F(ViewerRowsTest, APressAtTheVeryEdgeStartsNoDrag) {
     ChartViewer& viewer = OpenWith(2, 1);
     QWidget& row = viewer.Instructions[0];
