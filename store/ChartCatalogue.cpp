@@ -46,6 +46,7 @@ bool DatabaseCls::CheckForDuplicates(const QString& Name) {
 void DatabaseCls::PopulateChartList(NameList& List, bool OwnOnly) {
     const QString today = DateKey(Today());
     const QString oneWeekAgo = KeyOfOneWeekAgo();
+    const TableStore::Reading reading(Tables());
     // The names as they are before the walk: rolling a chart on drops and makes history tables,
     // which would move a chart behind them past the walk.
     QStringList charts;

@@ -61,6 +61,7 @@ private:
     const Cell& CurrentCell(int position) { return CurrentRow().Cells[std::size_t(position)]; }
     bool IsUndisturbed() const { return stamp_ == engine_->StampOf(*table_); }
     void CountOwnWrite(bool wasUndisturbed);
+    qint64 NewRowIdentity();
     void InsertRow();
     void UpdateRow();
 
@@ -79,6 +80,10 @@ private:
     Pending pending_ = Pending::Nothing;
     /// Cells set since AddNew or Edit, by position.
     std::map<int, Cell> pendingCells_;
+
+    /// The statement of the last edit, and the fields that it writes.
+    std::string updateSql_;
+    std::vector<int> updatePositions_;
 
     /// The long binary value of the current row that pieces are being taken of.
     std::string bytes_;
@@ -106,9 +111,12 @@ int Recordset::Cursor::Count() {
 void Recordset::Cursor::Read(qint64 firstRow, int count) {
     RefuseDropped();
     std::vector<Row> rows;
-    Query query(*engine_, table_->SelectSql);
-    query.Bind(1, firstRow);
-    query.Bind(2, count);
+    const bool isFirst = firstRow == FirstPossibleRow && count == 1;
+    Query query(*engine_, isFirst ? table_->FirstRowSql : table_->SelectSql);
+    if (!isFirst) {
+        query.Bind(1, firstRow);
+        query.Bind(2, count);
+    }
     while (query.Step()) {
         Row& row = rows.emplace_back();
         row.Id = query.Number(0);
@@ -258,19 +266,27 @@ void Recordset::Cursor::CountOwnWrite(bool wasUndisturbed) {
         stamp_ = engine_->StampOf(*table_);
 }
 
+qint64 Recordset::Cursor::NewRowIdentity() {
+    Query last(*engine_, table_->LastRowSql);
+    last.Step();
+    return std::max(table_->NextRow, last.Number(0) + 1);
+}
+
 void Recordset::Cursor::InsertRow() {
     engine_->BeginWrite();
     RefuseDropped();
-    std::vector<Cell> cells;
-    for (int position = 0; position < FieldCount(); ++position) {
-        const auto pending = pendingCells_.find(position);
-        cells.push_back(pending == pendingCells_.end() ? InitialCell(Field(position))
-                                                       : pending->second);
-    }
     Query query(*engine_, table_->InsertSql);
-    query.Bind(1, table_->NextRow);
-    for (int position = 0; position < FieldCount(); ++position)
-        query.Bind(position + 2, Field(position), cells[static_cast<std::size_t>(position)]);
+    if (table_->NextRow > 1)
+        query.Bind(1, NewRowIdentity());
+    else
+        query.BindNull(1);
+    auto pending = pendingCells_.begin();
+    for (int position = 0; position < FieldCount(); ++position) {
+        if (pending != pendingCells_.end() && pending->first == position)
+            query.Bind(position + 2, Field(position), (pending++)->second);
+        else
+            query.Bind(position + 2, Field(position), InitialCell(Field(position)));
+    }
     query.Run();
     const bool wasUndisturbed = IsUndisturbed();
     endTable_ = false;
@@ -284,18 +300,26 @@ void Recordset::Cursor::UpdateRow() {
     }
     engine_->BeginWrite();
     RefuseDropped();
-    std::string sql = "UPDATE " + Quoted(table_->Name) + " SET ";
-    int parameter = 1;
-    for (const auto& [position, cell] : pendingCells_) {
-        sql += (parameter > 1 ? ", " : "") + Quoted(Field(position).Name) + " = ?" +
-               std::to_string(parameter);
-        ++parameter;
+    // The same fields are written in one row after the other.
+    std::vector<int> positions;
+    for (const auto& [position, cell] : pendingCells_)
+        positions.push_back(position);
+    if (positions != updatePositions_) {
+        updatePositions_ = positions;
+        updateSql_ = "UPDATE " + Quoted(table_->Name) + " SET ";
+        int column = 1;
+        for (const int position : positions) {
+            updateSql_ += (column > 1 ? ", " : "") + Quoted(Field(position).Name) + " = ?" +
+                          std::to_string(column);
+            ++column;
+        }
+        updateSql_ += " WHERE rowid = ?" + std::to_string(column);
     }
-    Query query(*engine_, sql + " WHERE rowid = ?" + std::to_string(parameter));
-    query.Bind(parameter, row_);
-    parameter = 1;
+    Query query(*engine_, updateSql_);
+    int parameter = 1;
     for (const auto& [position, cell] : pendingCells_)
         query.Bind(parameter++, Field(position), cell);
+    query.Bind(parameter, row_);
     if (query.Run() == 0) {
         LeaveRow();
         throw RuntimeError(ErrorNumber::NoCurrentRecord);

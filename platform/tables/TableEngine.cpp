@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <sqlite3.h>
+#include <utility>
 
 namespace {
 
@@ -83,7 +84,9 @@ TableEngine::TableEngine(const QString& path, int flags) {
     // Absolute, for the engine reads a meaning into names that begin with "file:" or ":".
     const QByteArray file = QFileInfo(path).absoluteFilePath().toUtf8();
     try {
-        database_ = std::make_unique<SQLite::Database>(file.constData(), flags, BusyTimeoutMs);
+        // One thread uses the connection: it needs no locks against others.
+        database_ = std::make_unique<SQLite::Database>(file.constData(),
+                                                       flags | SQLite::OPEN_NOMUTEX, BusyTimeoutMs);
     } catch (const SQLite::Exception& fault) {
         throw RuntimeError(ErrorNumber::EngineFault, QString::fromUtf8(fault.what()));
     }
@@ -210,6 +213,10 @@ int TableEngine::Pragma(const std::string& name) {
 }
 
 void TableEngine::NoticeOthers() {
+    // Nobody else can write while a transaction is under way.
+    if ((inTransaction_ || isReading_) && isUpToDate_ && catalogueIsRead_)
+        return;
+    isUpToDate_ = inTransaction_ || isReading_;
     const int version = Pragma("data_version");
     if (version == dataVersion_ && catalogueIsRead_)
         return;
@@ -267,12 +274,13 @@ void TableEngine::ReadFields(Table& table) {
     const std::string source =
         " FROM " + Quoted(table.Name) + " WHERE rowid >= ?1 ORDER BY rowid LIMIT ?2";
     std::string sql = "SELECT rowid, *" + source;
-    const std::shared_ptr<SQLite::Statement> statement = Prepared(sql);
+    const std::string end = " FROM " + Quoted(table.Name) + " ORDER BY 1 LIMIT 1";
+    std::string firstRow = "SELECT rowid, *" + end;
+    const std::shared_ptr<SQLite::Statement> statement = Prepared(firstRow);
     std::vector<FieldDefinition> fields;
     std::string columns = "SELECT rowid";
     std::string names = "(rowid";
-    std::string values =
-        "(max(?1, ifnull((SELECT max(rowid) FROM " + Quoted(table.Name) + "), 0) + 1)";
+    std::string values = "(?1";
     bool hasLongBinary = false;
     for (int column = 1; column < statement->getColumnCount(); ++column) {
         const QString name = QString::fromUtf8(statement->getColumnName(column));
@@ -290,10 +298,14 @@ void TableEngine::ReadFields(Table& table) {
         names += ", " + Quoted(name);
         values += ", ?" + std::to_string(column + 1);
     }
-    if (hasLongBinary)
+    if (hasLongBinary) {
         sql = columns + source;
+        firstRow = columns + end;
+    }
     table.Fields = std::move(fields);
+    table.LastRowSql = "SELECT max(rowid) FROM " + Quoted(table.Name);
     table.SelectSql = std::move(sql);
+    table.FirstRowSql = std::move(firstRow);
     table.InsertSql = "INSERT INTO " + Quoted(table.Name) + names + ") VALUES" + values + ')';
 }
 
@@ -343,14 +355,37 @@ void TableEngine::Drop(const QString& name) {
 void TableEngine::BeginWrite() {
     if (inTransaction_)
         return;
+    // Not from within the reading: the engine does not wait for others then.
+    StopReading();
     Execute("BEGIN IMMEDIATE");
     inTransaction_ = true;
+    isUpToDate_ = false;
     NoticeOthers();
     if (!formatIsMarked_)
         Execute("PRAGMA user_version=" + std::to_string(FormatVersion));
 }
 
+void TableEngine::BeginReading() {
+    if (readers_++ > 0 || inTransaction_)
+        return;
+    Execute("BEGIN");
+    isReading_ = true;
+    isUpToDate_ = false;
+}
+
+void TableEngine::EndReading() {
+    if (--readers_ == 0)
+        StopReading();
+}
+
+void TableEngine::StopReading() {
+    if (!std::exchange(isReading_, false) || !database_)
+        return;
+    database_->tryExec("COMMIT");
+}
+
 void TableEngine::Commit() {
+    StopReading();
     if (!inTransaction_)
         return;
     try {
@@ -367,6 +402,8 @@ void TableEngine::Commit() {
 }
 
 void TableEngine::AfterFault() {
+    if (isReading_ && sqlite3_get_autocommit(database_->getHandle()))
+        isReading_ = false;
     if (!inTransaction_ || !sqlite3_get_autocommit(database_->getHandle()))
         return;
     inTransaction_ = false;

@@ -52,3 +52,11 @@ Recordset TableStore::OpenRecordset(const QString& name) {
 void TableStore::Commit() {
     engine_->Guard([&] { engine_->Commit(); });
 }
+
+TableStore::Reading::Reading(TableStore& store) : engine_(store.engine_) {
+    engine_->Guard([&] { engine_->BeginReading(); });
+}
+
+TableStore::Reading::~Reading() {
+    engine_->EndReading();
+}

@@ -65,6 +65,20 @@ public:
     /// A cursor on the table, at its first row. Raises 3078 if there is none of that name.
     Recordset OpenRecordset(const QString& name);
 
+    /// While it lives, many reads in a row see one state of the file and are quick: they need not
+    /// look each time for what others have written, who have to wait with their writes. A write or
+    /// a commit ends the effect.
+    class Reading {
+    public:
+        explicit Reading(TableStore& store);
+        ~Reading();
+        Reading(const Reading&) = delete;
+        Reading& operator=(const Reading&) = delete;
+
+    private:
+        std::shared_ptr<TableEngine> engine_;
+    };
+
     /// Makes what has been written since the last commit durable. If the engine refuses, all of
     /// it is rolled back and 3000 raised.
     void Commit();
