@@ -12,6 +12,8 @@
 #include "support/SoundFunctions.h"
 #include "ui_ChartViewer.h"
 
+#include <QPointer>
+#include <QScopeGuard>
 #include <QWheelEvent>
 #include <algorithm>
 
@@ -93,6 +95,23 @@ void ChartViewer::TurnPage(int step) {
     SetHeight(ViewerLayout::FormHeight);
     ShowResponsible(false);
     StoreMarks();
+    ExchangeRows(step);
+    PlaySoundEffect(QStringLiteral("InitAnimation"));
+}
+
+void ChartViewer::ExchangeRows(int step) {
+    // A row shown in a list that is on the screen makes the window look for what lies under the
+    // mouse, eight times a row: the list goes while its rows are made. The keyboard stays where it
+    // was if that is still there.
+    const QPointer<QWidget> focus =
+        ui_->CleanUpList->isAncestorOf(focusWidget()) ? focusWidget() : nullptr;
+    const bool wasHidden = ui_->CleanUpList->isHidden();
+    ui_->CleanUpList->hide();
+    const auto showAgain = qScopeGuard([&] {
+        ui_->CleanUpList->setHidden(wasHidden);
+        if (!focus.isNull())
+            focus->setFocus();
+    });
     RemoveRows();
     QString day;
     while (Database().PrintReturnNr_Articles(day, ChartName) == 0) {
@@ -104,7 +123,6 @@ void ChartViewer::TurnPage(int step) {
         day = DayAbbreviation(DayNumber);
     }
     Database().ReadInfoFromChart(ChartName, FormIndex, true, day);
-    PlaySoundEffect(QStringLiteral("InitAnimation"));
 }
 
 void ChartViewer::Ok_Click() {

@@ -93,6 +93,7 @@ private:
 
     void StoreMarks();
     void TurnPage(int step);
+    void ExchangeRows(int step);
 
     void ClearImg_Click(int index);
     void CheckImg_Click(int index);
