@@ -75,13 +75,14 @@ void DatabaseCls::WriteEditorRows(const QString& name, qint16 formIndex, const Q
     ChartEditorRows& form = forms_.Editor(formIndex);
     for (int i = 0; i < form.RowCount(); ++i) {
         const EditorRow job = form.Row(i);
+        const double points = Val(job.Points);
         for (const QString& day : StoredDays(job.DayOfWeek)) {
             rows.AddNew();
             rows.SetValue(ChartField::Instructions, Filled(job.Instructions));
             rows.SetValue(ChartField::DayOfWeek, day);
             rows.SetValue(ChartField::AdultResponsable, Filled(job.AdultResponsable));
             rows.SetValue(ChartField::Difficuly, Filled(job.Difficulty));
-            rows.SetValue(ChartField::Points, Val(job.Points));
+            rows.SetValue(ChartField::Points, points);
             if (i == 0) {
                 rows.SetValue(ChartField::FirstDate, firstDate);
                 rows.SetValue(ChartField::LastDate, lastDate);

@@ -63,6 +63,7 @@ private:
     void CountOwnWrite(bool wasUndisturbed);
     qint64 NewRowIdentity();
     void InsertRow();
+    bool HoldsPendingCells() const;
     void UpdateRow();
 
     std::shared_ptr<TableEngine> engine_;
@@ -293,6 +294,18 @@ void Recordset::Cursor::InsertRow() {
     CountOwnWrite(wasUndisturbed);
 }
 
+/// The row has the values already, so that there is nothing to write. Asked within a transaction,
+/// where rows that are undisturbed are those of the file.
+bool Recordset::Cursor::HoldsPendingCells() const {
+    if (place_ != Place::OnRow || !IsUndisturbed() || rows_.empty())
+        return false;
+    const std::vector<Cell>& cells = rows_[index_].Cells;
+    return std::all_of(pendingCells_.begin(), pendingCells_.end(), [&](const auto& pending) {
+        return Field(pending.first).Type != FieldType::LongBinary &&
+               cells[static_cast<std::size_t>(pending.first)] == pending.second;
+    });
+}
+
 void Recordset::Cursor::UpdateRow() {
     if (pendingCells_.empty()) {
         CurrentRow();
@@ -300,6 +313,8 @@ void Recordset::Cursor::UpdateRow() {
     }
     engine_->BeginWrite();
     RefuseDropped();
+    if (HoldsPendingCells())
+        return;
     // The same fields are written in one row after the other.
     std::vector<int> positions;
     for (const auto& [position, cell] : pendingCells_)

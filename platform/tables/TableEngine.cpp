@@ -71,16 +71,22 @@ void Query::Bind(int parameter, const FieldDefinition& field, const Cell& cell) 
 
 Cell Query::Read(int column) const {
     const SQLite::Column value = statement_->getColumn(column);
-    if (value.isInteger())
+    switch (value.getType()) {
+    case SQLITE_INTEGER:
         return qint64{value.getInt64()};
-    if (value.isNull())
+    case SQLITE_NULL:
         return {};
-    if (value.isFloat())
+    case SQLITE_FLOAT:
         return value.getDouble();
-    return value.getString();
+    default:
+        return value.getString();
+    }
 }
 
 TableEngine::TableEngine(const QString& path, int flags) {
+    // Once in a process, before the engine is first used: it need not keep an account of its
+    // memory, which takes a lock at every piece of it.
+    [[maybe_unused]] static const int quick = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
     // Absolute, for the engine reads a meaning into names that begin with "file:" or ":".
     const QByteArray file = QFileInfo(path).absoluteFilePath().toUtf8();
     try {
@@ -236,15 +242,16 @@ void TableEngine::ReadCatalogue() {
             const QString name = query.Text(0);
             if (name == LocaleTable)
                 continue;
-            const std::string sql = query.Bytes(1);
-            std::shared_ptr<Table> table = Known(name);
-            if (!table || table->Name != name || table->CreateSql != sql) {
+            const std::size_t declaration = std::hash<std::string>()(query.Bytes(1));
+            const QString key = name.toCaseFolded();
+            std::shared_ptr<Table> table = tablesByName_.value(key);
+            if (!table || table->Name != name || table->Declaration != declaration) {
                 table = std::make_shared<Table>();
                 table->Name = name;
-                table->CreateSql = sql;
+                table->Declaration = declaration;
             }
             tables.push_back(table);
-            tablesByName.insert(name.toCaseFolded(), table);
+            tablesByName.insert(key, table);
         }
     }
     for (const std::shared_ptr<Table>& table : tables_)
@@ -329,7 +336,7 @@ void TableEngine::Create(const QString& name, const QList<FieldDefinition>& fiel
     statement.exec();
     auto table = std::make_shared<Table>();
     table->Name = stored;
-    table->CreateSql = sql;
+    table->Declaration = std::hash<std::string>()(sql);
     table->Uncommitted = true;
     tables_.push_back(table);
     tablesByName_.insert(stored.toCaseFolded(), table);

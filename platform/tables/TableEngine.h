@@ -14,8 +14,8 @@
 /// A table of the open database, shared by all cursors on it.
 struct Table {
     QString Name;
-    /// The statement that made the table, as the engine keeps it.
-    std::string CreateSql;
+    /// Tells the statement that made the table from others, as the engine keeps it.
+    std::size_t Declaration = 0;
     /// Empty until the table is first opened.
     std::vector<FieldDefinition> Fields;
     /// Reads rows from an identity (?1) on, at most ?2 of them; empty until first opened.

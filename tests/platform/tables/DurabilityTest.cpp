@@ -141,6 +141,54 @@ TEST_F(Durability, CursorOutlastsTheTablesThatAnotherConnectionMakes) {
     EXPECT_EQ(mine.Value(0).toString(), QStringLiteral("second"));
 }
 
+TEST_F(Durability, AReadingSeesAllThatIsThereAndLetsGoOfTheFileAtItsEnd) {
+    MakeTable();
+    Store->Commit();
+    const auto other = TableStore::OpenDatabase(File);
+    {
+        const TableStore::Reading reading(*Store);
+        EXPECT_EQ(Memos(*Store), QStringList());
+    }
+    Recordset theirs = other->OpenRecordset(QStringLiteral("Chart"));
+    AddMemo(theirs, QStringLiteral("a"));
+    other->Commit();
+    const TableStore::Reading reading(*Store);
+    EXPECT_EQ(Memos(*Store), QStringList(QStringLiteral("a")));
+}
+
+TEST_F(Durability, AWriteOrACommitEndsAReading) {
+    MakeTable();
+    Store->Commit();
+    const auto other = TableStore::OpenDatabase(File);
+    const TableStore::Reading reading(*Store);
+    Recordset ours = Store->OpenRecordset(QStringLiteral("Chart"));
+    AddMemo(ours, QStringLiteral("ours"));
+    Store->Commit();
+    Recordset theirs = other->OpenRecordset(QStringLiteral("Chart"));
+    AddMemo(theirs, QStringLiteral("theirs"));
+    other->Commit();
+    EXPECT_EQ(Memos(*Store), QStringList({QStringLiteral("ours"), QStringLiteral("theirs")}));
+}
+
+TEST_F(Durability, AnEditToTheValueThatThisCursorHasReadPrevailsOverAnotherConnectionsChange) {
+    Recordset ours = MakeTable();
+    AddMemo(ours, QStringLiteral("a"));
+    Store->Commit();
+    ours.MoveFirst();
+    EXPECT_EQ(ours.Value(0).toString(), QStringLiteral("a"));
+    const auto other = TableStore::OpenDatabase(File);
+    Recordset theirs = other->OpenRecordset(QStringLiteral("Chart"));
+    theirs.Edit();
+    theirs.SetValue(0, QStringLiteral("b"));
+    theirs.Update();
+    other->Commit();
+    ours.Edit();
+    ours.SetValue(0, QStringLiteral("a"));
+    ours.Update();
+    Store->Commit();
+    EXPECT_EQ(Memos(*other), QStringList(QStringLiteral("a")));
+}
+
 TEST_F(Durability, WriterWaitsForAnotherOne) {
     CommitOneRow();
     std::atomic<bool> begun = false;
