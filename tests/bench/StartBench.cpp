@@ -1,0 +1,91 @@
+#include "tests/bench/BenchTest.h"
+#include "tests/bench/PaintWatch.h"
+
+#include <QFile>
+#include <cstdio>
+#include <ctime>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+/// One start of a program.
+struct Start {
+    double ToPaint = 0;      ///< milliseconds to the first paint
+    double WholeProcess = 0; ///< milliseconds from its making to its end
+    double PeakMemory = 0;   ///< megabytes
+};
+
+double Now() {
+    timespec now{};
+    ::clock_gettime(CLOCK_MONOTONIC, &now);
+    return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
+}
+
+Start StartOf(const char* program, const QString& argument) {
+    int ends[2];
+    EXPECT_EQ(::pipe2(ends, O_CLOEXEC), 0);
+    QByteArray path(program);
+    QByteArray folder = QFile::encodeName(argument);
+    char* arguments[] = {path.data(), folder.data(), nullptr};
+    posix_spawn_file_actions_t actions;
+    ::posix_spawn_file_actions_init(&actions);
+    ::posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
+    pid_t process = -1;
+    const double begin = Now();
+    EXPECT_EQ(::posix_spawn(&process, program, &actions, nullptr, arguments, environ), 0);
+    ::posix_spawn_file_actions_destroy(&actions);
+    ::close(ends[1]);
+    Painted painted;
+    EXPECT_EQ(::read(ends[0], &painted, sizeof painted), ssize_t{sizeof painted}) << program;
+    ::close(ends[0]);
+    int status = -1;
+    ::waitpid(process, &status, 0);
+    const double end = Now();
+    EXPECT_EQ(status, 0) << program;
+    return {static_cast<double>(painted.Moment) / 1e6 - begin, end - begin,
+            static_cast<double>(painted.PeakMemory) / 1024};
+}
+
+/// A bench of starts on the test's program folder.
+class StartBench : public BenchTest {
+protected:
+    void AddAccount() {
+        MakeAccount(QStringLiteral("Anna"), QStringLiteral("pw"), QStringLiteral("Student"));
+        ResetSession();
+    }
+
+    BenchTest::Medians Compare(double Start::*figure) {
+        return Measure([&] { return StartOf(START_WINDOW, Path(QString())).*figure; },
+                       [&] { return StartOf(FLOOR_WINDOW, Path(QString())).*figure; });
+    }
+};
+
+TEST_F(StartBench, StartToTheLogInForm) {
+    AddAccount();
+    ExpectRatio("start to the accounts painted", 3, [&] { return Compare(&Start::ToPaint); });
+    ExpectRatio("start to the accounts painted and end", 3,
+                [&] { return Compare(&Start::WholeProcess); });
+    ExpectRatio(
+        "peak memory of a start", 2, [&] { return Compare(&Start::PeakMemory); }, "MB");
+}
+
+// The engine reads the declarations of all tables before its first statement. With a table a chart
+// and a week that alone takes longer than an empty window: three times that window cannot be kept,
+// so that these figures are told and not judged.
+TEST_F(StartBench, StartToTheLogInFormWithALargeDatabase) {
+    OpenLargeDatabase();
+    ResetSession();
+    for (const auto& [what, figure] :
+         {std::pair("large database, start to the accounts painted", &Start::ToPaint),
+          {"large database, the same and end", &Start::WholeProcess},
+          {"large database, peak memory (MB)", &Start::PeakMemory}}) {
+        const Medians medians = Compare(figure);
+        std::printf("%-44s %8.2f, floor %8.2f, ratio %5.2f, not judged\n", what, medians.Program,
+                    medians.Floor, medians.Program / medians.Floor);
+    }
+}
+
+} // namespace
