@@ -1,6 +1,7 @@
 #include "authoring/RegisterForms.h"
 #include "filling/RegisterForms.h"
 #include "platform/forms/DefaultForms.h"
+#include "platform/forms/ProgramIcon.h"
 #include "platform/forms/ProgramStyle.h"
 #include "platform/forms/SystemDesktop.h"
 #include "platform/forms/SystemPrinter.h"
@@ -13,7 +14,6 @@
 #include "shell/session/Session.h"
 
 #include <QApplication>
-#include <QIcon>
 #include <QTimer>
 
 namespace {
@@ -30,7 +30,7 @@ void Start() {
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Sparkit Dutygrid"));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/art/Icon.png")));
+    QApplication::setWindowIcon(ProgramIcon());
     // Between two forms there may be no window for a moment; the forms themselves end the process.
     QApplication::setQuitOnLastWindowClosed(false);
     ApplyProgramStyle(application);

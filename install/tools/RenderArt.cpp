@@ -2,8 +2,12 @@
 //
 //   RenderArt pictures  ART_FOLDER OUTPUT_FOLDER   users', incentive and chart pictures
 //   RenderArt resources ART_FOLDER OUTPUT_FOLDER   toolbar, boxes, logo and program icon
+//
+// A drawing of a user or an incentive fills its square; the round cut is made here, so that all
+// pictures have the same outline.
 
 #include <QDir>
+#include <QFile>
 #include <QGuiApplication>
 #include <QHash>
 #include <QImage>
@@ -16,8 +20,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdlib>
 #include <limits>
+#include <numbers>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -44,6 +50,49 @@ QImage Render(const QString& svgPath, QSize size, const QColor& background) {
     renderer.render(&painter, QRectF(QPointF(0, 0), QSizeF(size)));
     painter.end();
     return image.convertToFormat(QImage::Format_ARGB32);
+}
+
+QImage CutRound(const QImage& picture) {
+    QImage disc(picture.size(), QImage::Format_ARGB32_Premultiplied);
+    disc.fill(Qt::transparent);
+    QPainter discPainter(&disc);
+    discPainter.setRenderHint(QPainter::Antialiasing);
+    discPainter.setPen(Qt::NoPen);
+    discPainter.setBrush(Qt::white);
+    discPainter.drawEllipse(disc.rect());
+    discPainter.end();
+
+    QImage round = picture.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&round);
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+    painter.drawImage(0, 0, disc);
+    painter.end();
+    return round.convertToFormat(QImage::Format_ARGB32);
+}
+
+// The drawing with a white rim of the given width in pixels, which sets its dark outlines off a
+// dark ground and cannot be seen on a light one.
+QImage RenderWithRim(const QString& svgPath, QSize size, double width) {
+    constexpr int Fineness = 4; // painted larger, so that the rim's edge comes out smooth
+    constexpr int Directions = 32;
+    const QImage drawing = Render(svgPath, size * Fineness, Qt::transparent);
+    QImage shape = drawing.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    QPainter shapePainter(&shape);
+    shapePainter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    shapePainter.fillRect(shape.rect(), Qt::white);
+    shapePainter.end();
+
+    QImage image(drawing.size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    for (int i = 0; i < Directions; ++i) {
+        const double angle = 2.0 * std::numbers::pi * i / Directions;
+        painter.drawImage(QPointF(std::cos(angle), std::sin(angle)) * width * Fineness, shape);
+    }
+    painter.drawImage(0, 0, drawing);
+    painter.end();
+    return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+        .convertToFormat(QImage::Format_ARGB32);
 }
 
 void MakeFolder(const QString& folder) {
@@ -139,6 +188,10 @@ void SaveGif(const QImage& image, const QString& path) {
     }
     GifFreeMapObject(map);
     Check(EGifCloseFile(gif, &error), path);
+    // The library makes its files for the owner's eyes only.
+    if (!QFile::setPermissions(path,
+                               QFile::permissions(path) | QFile::ReadGroup | QFile::ReadOther))
+        Fail(u"cannot open to all "_s + path);
 }
 
 void RenderPictureFolder(const QString& from, const QString& to, const QStringList& gifNames) {
@@ -146,7 +199,7 @@ void RenderPictureFolder(const QString& from, const QString& to, const QStringLi
     const QFileInfoList drawings = QDir(from).entryInfoList({u"*.svg"_s}, QDir::Files, QDir::Name);
     for (const QFileInfo& drawing : drawings) {
         const QImage image =
-            Render(drawing.filePath(), QSize(PictureSide, PictureSide), Qt::transparent);
+            CutRound(Render(drawing.filePath(), QSize(PictureSide, PictureSide), Qt::white));
         const QString base = to + u'/' + drawing.completeBaseName();
         if (gifNames.contains(drawing.completeBaseName()))
             SaveGif(image, base + u".gif"_s);
@@ -168,21 +221,28 @@ void RenderForScreens(const QString& svgPath, const QString& base, QSize size) {
     Save(Render(svgPath, size * 2, Qt::transparent), base + u"@2x.png"_s);
 }
 
+void RenderForScreensWithRim(const QString& svgPath, const QString& base, QSize size) {
+    Save(RenderWithRim(svgPath, size, 1.0), base + u".png"_s);
+    Save(RenderWithRim(svgPath, size * 2, 2.0), base + u"@2x.png"_s);
+}
+
 void RenderResources(const QString& art, const QString& output) {
     MakeFolder(output + u"/toolbar"_s);
     const QFileInfoList drawings =
         QDir(art + u"/toolbar"_s).entryInfoList({u"*.svg"_s}, QDir::Files, QDir::Name);
     for (const QFileInfo& drawing : drawings)
-        RenderForScreens(drawing.filePath(), output + u"/toolbar/"_s + drawing.completeBaseName(),
-                         QSize(32, 32));
+        RenderForScreensWithRim(drawing.filePath(),
+                                output + u"/toolbar/"_s + drawing.completeBaseName(),
+                                QSize(32, 32));
     RenderForScreens(art + u"/Box.svg"_s, output + u"/Box"_s, QSize(25, 25));
     RenderForScreens(art + u"/Tick.svg"_s, output + u"/Tick"_s, QSize(25, 25));
-    RenderForScreens(art + u"/Logo.svg"_s, output + u"/Logo"_s, QSize(360, 120));
-    const QString icon = art + u"/Icon.svg"_s;
-    for (const int side : {16, 24, 32, 48, 64, 128})
+    RenderForScreensWithRim(art + u"/Logo.svg"_s, output + u"/Logo"_s, QSize(360, 120));
+    for (const int side : {16, 24, 32, 48, 64, 128, 256, 512}) {
+        // The grid of days would blur in a small icon.
+        const QString icon = art + (side < 48 ? u"/IconSmall.svg"_s : u"/Icon.svg"_s);
         Save(Render(icon, QSize(side, side), Qt::transparent),
              output + u"/Icon"_s + QString::number(side) + u".png"_s);
-    Save(Render(icon, QSize(256, 256), Qt::transparent), output + u"/Icon.png"_s);
+    }
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "authoring/RegisterForms.h"
 #include "filling/RegisterForms.h"
 #include "platform/forms/DefaultForms.h"
+#include "platform/forms/ProgramIcon.h"
 #include "platform/forms/ProgramStyle.h"
 #include "platform/forms/SystemDesktop.h"
 #include "platform/forms/SystemPrinter.h"
@@ -16,7 +17,6 @@
 #include "shell/RegisterForms.h"
 #include "shell/session/Session.h"
 
-#include <QIcon>
 #include <QTimer>
 
 namespace {
@@ -36,7 +36,7 @@ int main(int argc, char** argv) {
     PaintWatch application(argc, argv, IsFilledList);
     SetProgramFolder(QApplication::arguments().at(1));
     QApplication::setApplicationName(QStringLiteral("Sparkit Dutygrid"));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/art/Icon.png")));
+    QApplication::setWindowIcon(ProgramIcon());
     QApplication::setQuitOnLastWindowClosed(false);
     ApplyProgramStyle(application);
 

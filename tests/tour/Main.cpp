@@ -1,9 +1,9 @@
+#include "platform/forms/ProgramIcon.h"
 #include "platform/forms/ProgramStyle.h"
 #include "tests/tour/Album.h"
 
 #include <QApplication>
 #include <QDir>
-#include <QIcon>
 #include <QLocale>
 #include <cstdio>
 #include <gtest/gtest.h>
@@ -21,7 +21,7 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     // The tour's hand is faster than a person's: its clicks come at once after a list has dropped.
     QApplication::setDoubleClickInterval(20);
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/art/Icon.png")));
+    QApplication::setWindowIcon(ProgramIcon());
     ApplyProgramStyle(application);
 
     const QString folder = QDir(QString::fromLocal8Bit(argv[1])).absolutePath();
