@@ -1,4 +1,4 @@
-// Synthesises the program's sounds as 16-bit mono wave files.
+// Synthesises the program's sounds as 16-bit stereo wave files.
 //
 //   MakeSounds OUTPUT_FOLDER
 
@@ -22,10 +22,15 @@ namespace {
 
 using Wave = std::vector<double>;
 
+// Both channels are of one length.
+struct Sound {
+    Wave Left, Right;
+};
+
 constexpr int SampleRate = 44100;
 constexpr double Pi = std::numbers::pi;
-constexpr double TargetLevel = 0.13; // root mean square where loudest, about -18 dBFS
-constexpr double PeakLimit = 0.84;   // about -1.5 dBFS
+constexpr double TargetLoudness = -16.0; // where loudest, in decibels of BroadcastLoudness
+constexpr double PeakLimit = 0.84;       // about -1.5 dBFS
 
 std::size_t Samples(double seconds) {
     return static_cast<std::size_t>(seconds * SampleRate);
@@ -48,27 +53,44 @@ private:
     std::mt19937 Engine;
 };
 
-// A band-pass filter of second order whose centre may be moved while it runs.
-class BandPass {
+// A filter of second order, told by its coefficients; those of the outputs stand on the left side.
+class Filter {
 public:
-    BandPass(double centre, double sharpness) { Tune(centre, sharpness); }
-    void Tune(double centre, double sharpness) {
-        const double angle = 2.0 * Pi * centre / SampleRate;
-        const double alpha = std::sin(angle) / (2.0 * sharpness);
-        Gain = alpha / (1.0 + alpha);
-        First = -2.0 * std::cos(angle) / (1.0 + alpha);
-        Second = (1.0 - alpha) / (1.0 + alpha);
+    Filter() = default;
+    Filter(std::array<double, 3> ins, std::array<double, 2> outs) { Tune(ins, outs); }
+    void Tune(std::array<double, 3> ins, std::array<double, 2> outs) {
+        Ins = ins;
+        Outs = outs;
     }
     double Step(double in) {
-        const double out = Gain * (in - In2) - First * Out1 - Second * Out2;
+        const double out =
+            Ins[0] * in + Ins[1] * In1 + Ins[2] * In2 - Outs[0] * Out1 - Outs[1] * Out2;
         In2 = std::exchange(In1, in);
         Out2 = std::exchange(Out1, out);
         return out;
     }
 
 private:
-    double Gain = 0, First = 0, Second = 0;
+    std::array<double, 3> Ins{};
+    std::array<double, 2> Outs{};
     double In1 = 0, In2 = 0, Out1 = 0, Out2 = 0;
+};
+
+// A band-pass filter whose centre may be moved while it runs.
+class BandPass {
+public:
+    BandPass(double centre, double sharpness) { Tune(centre, sharpness); }
+    void Tune(double centre, double sharpness) {
+        const double angle = 2.0 * Pi * centre / SampleRate;
+        const double alpha = std::sin(angle) / (2.0 * sharpness);
+        const double gain = alpha / (1.0 + alpha);
+        Band.Tune({gain, 0.0, -gain},
+                  {-2.0 * std::cos(angle) / (1.0 + alpha), (1.0 - alpha) / (1.0 + alpha)});
+    }
+    double Step(double in) { return Band.Step(in); }
+
+private:
+    Filter Band;
 };
 
 void MixIn(Wave& wave, const Wave& part, double start, double gain) {
@@ -113,20 +135,11 @@ Wave Knock(double pitch, double decay) {
     return wave;
 }
 
-// A few feedback echoes of unlike lengths stand in for the walls of a room.
-void AddRoom(Wave& wave, double amount) {
-    const Wave dry = wave;
-    for (const double delay : {0.0297, 0.0371, 0.0411, 0.0437}) {
-        const std::size_t gap = Samples(delay);
-        Wave echo(dry.size());
-        for (std::size_t i = gap; i < dry.size(); ++i)
-            echo[i] = dry[i - gap] + 0.72 * echo[i - gap];
-        for (std::size_t i = 0; i < dry.size(); ++i)
-            wave[i] += amount * echo[i];
-    }
+Sound InTheMiddle(const Wave& wave) {
+    return {wave, wave};
 }
 
-Wave MakeStack() {
+Sound MakeStack() {
     Chance chance(11);
     Wave wave(Samples(0.55));
     for (int tap = 0; tap < 3; ++tap) {
@@ -135,10 +148,10 @@ Wave MakeStack() {
         MixIn(wave, Knock(170.0 + 25.0 * tap, 0.022), start, 0.35 * gain);
         MixIn(wave, Puff(chance, 1500.0, 0.9, 0.003, 0.018), start, gain);
     }
-    return wave;
+    return InTheMiddle(wave);
 }
 
-Wave MakeShuffle() {
+Sound MakeShuffle() {
     Chance chance(23);
     Wave wave(Samples(1.05));
     double time = 0.03;
@@ -149,19 +162,19 @@ Wave MakeShuffle() {
     }
     MixIn(wave, Brush(chance, 0.28, 2600.0, 1300.0, 0.8), time - 0.02, 0.55);
     MixIn(wave, Knock(190.0, 0.02), time + 0.17, 0.3);
-    return wave;
+    return InTheMiddle(wave);
 }
 
-Wave MakeTurn() {
+Sound MakeTurn() {
     Chance chance(37);
     Wave wave(Samples(0.36));
     MixIn(wave, Brush(chance, 0.20, 1300.0, 3000.0, 1.0), 0.01, 0.7);
     MixIn(wave, Puff(chance, 1900.0, 1.0, 0.002, 0.014), 0.185, 0.9);
     MixIn(wave, Knock(230.0, 0.012), 0.185, 0.18);
-    return wave;
+    return InTheMiddle(wave);
 }
 
-Wave MakeDraw() {
+Sound MakeDraw() {
     Chance chance(41);
     Wave wave(Samples(0.75));
     MixIn(wave, Brush(chance, 0.50, 1100.0, 3600.0, 0.7), 0.01, 0.8);
@@ -169,93 +182,171 @@ Wave MakeDraw() {
     for (int crackle = 0; crackle < 14; ++crackle)
         MixIn(wave, Puff(chance, chance.Between(2000.0, 3800.0), 2.0, 0.001, 0.004),
               chance.Between(0.08, 0.55), chance.Between(0.1, 0.35));
+    return InTheMiddle(wave);
+}
+
+// One clap: the hands meet in two or three places within some milliseconds, and the hollow between
+// them, wide or narrow, colours the noise.
+Wave Clap(Chance& chance, double hollow, double decay) {
+    Wave wave(Samples(0.014 + 8.0 * decay));
+    const double skin = hollow * chance.Between(2.1, 2.9);
+    double start = 0.0;
+    for (const double strength : {chance.Between(0.15, 0.4), chance.Between(0.2, 0.6), 1.0}) {
+        MixIn(wave, Puff(chance, hollow, 2.2, 0.0008, decay), start, strength);
+        MixIn(wave, Puff(chance, skin, 0.9, 0.0004, 0.35 * decay), start, 0.55 * strength);
+        start += chance.Between(0.0015, 0.0045);
+    }
     return wave;
 }
 
-Wave MakeApplause() {
+// Feedback echoes of unlike lengths stand in for the walls of a room; each pass loses brightness.
+Wave Echoes(const Wave& dry, const std::array<double, 6>& delays) {
+    constexpr double Kept = 0.68;
+    constexpr double Dullness = 0.45;
+    Wave all(dry.size());
+    for (const double delay : delays) {
+        const std::size_t gap = Samples(delay);
+        Wave echo(dry.size());
+        double dull = 0.0;
+        for (std::size_t i = gap; i < dry.size(); ++i) {
+            dull += (1.0 - Dullness) * (echo[i - gap] - dull);
+            echo[i] = dry[i - gap] + Kept * dull;
+            all[i] += echo[i] / static_cast<double>(delays.size());
+        }
+    }
+    return all;
+}
+
+struct Clapper {
+    double Hollow; // main pitch of the hands, in hertz
+    double Decay;  // of a clap, in seconds
+    double Pace;   // from clap to clap, in seconds
+    double Gain;   // by distance
+    double Side;   // 0 left to 1 right
+    double Start, Stop;
+};
+
+// Most people are far away; some are so near that their claps can be told apart.
+Clapper SeatedSomewhere(Chance& chance) {
+    const double nearness = chance.Between(0.0, 1.0);
+    Clapper person{};
+    person.Hollow = chance.Between(620.0, 1500.0);
+    person.Decay = chance.Between(0.006, 0.013);
+    person.Pace = chance.Between(0.19, 0.29);
+    person.Gain = 0.18 + 0.82 * std::pow(nearness, 3.0);
+    person.Side = chance.Between(0.1, 0.9);
+    // A few begin, all fall in, and it thins out to the last ones.
+    person.Start = 0.01 + 0.42 * std::pow(chance.Between(0.0, 1.0), 1.4);
+    person.Stop = 2.05 - 0.85 * std::pow(chance.Between(0.0, 1.0), 1.7);
+    return person;
+}
+
+Sound MakeApplause() {
+    constexpr int People = 64;
+    constexpr double Seconds = 2.35;
     Chance chance(59);
-    Wave wave(Samples(2.4));
-    for (int person = 0; person < 70; ++person) {
-        const double pitch = chance.Between(750.0, 1900.0);
-        const double pace = chance.Between(0.17, 0.26);
-        const double near = chance.Between(0.25, 1.0);
-        const double stop = chance.Between(1.55, 2.2);
-        double time = chance.Between(0.0, 0.45);
-        while (time < stop) {
-            const Wave clap = Puff(chance, pitch * chance.Between(0.93, 1.07), 1.1, 0.0012,
-                                   chance.Between(0.007, 0.014));
-            MixIn(wave, clap, time, near * chance.Between(0.7, 1.0));
-            time += pace * chance.Between(0.88, 1.12);
+    Sound dry{Wave(Samples(Seconds)), Wave(Samples(Seconds))};
+    for (int i = 0; i < People; ++i) {
+        const Clapper person = SeatedSomewhere(chance);
+        double force = 0.75;
+        for (double time = person.Start; time < person.Stop;
+             time += person.Pace * chance.Between(0.9, 1.1)) {
+            force = std::min(1.0, force + 0.1);
+            // The last claps grow tired.
+            const double tired = std::clamp((person.Stop - time) / 0.6, 0.45, 1.0);
+            const double gain = person.Gain * force * tired * chance.Between(0.7, 1.0);
+            const Wave clap =
+                Clap(chance, person.Hollow * chance.Between(0.94, 1.06), person.Decay);
+            MixIn(dry.Left, clap, time, gain * std::cos(0.5 * Pi * person.Side));
+            // The ear on the other side hears it up to a third of a millisecond later.
+            MixIn(dry.Right, clap, time + 0.0003, gain * std::sin(0.5 * Pi * person.Side));
         }
     }
-    AddRoom(wave, 0.16);
-    for (std::size_t i = 0; i < wave.size(); ++i) {
-        const double time = TimeOf(i);
-        const double rise = std::min(1.0, time / 0.25);
-        const double fall = std::clamp((2.38 - time) / 0.9, 0.0, 1.0);
-        wave[i] *= rise * std::sin(0.5 * Pi * fall);
-    }
-    return wave;
+    const Wave leftRoom = Echoes(dry.Left, {0.0171, 0.0233, 0.0297, 0.0371, 0.0411, 0.0437});
+    const Wave rightRoom = Echoes(dry.Right, {0.0187, 0.0221, 0.0313, 0.0353, 0.0427, 0.0449});
+    Sound sound = dry;
+    MixIn(sound.Left, leftRoom, 0.0, 0.9);
+    MixIn(sound.Right, rightRoom, 0.0, 0.9);
+    MixIn(sound.Left, rightRoom, 0.0, 0.25);
+    MixIn(sound.Right, leftRoom, 0.0, 0.25);
+    return sound;
 }
 
-Wave Horn(double pitch, double seconds) {
-    Wave wave(Samples(seconds));
-    for (std::size_t i = 0; i < wave.size(); ++i) {
-        const double time = TimeOf(i);
-        const double attack = std::min(1.0, time / 0.03);
-        const double release = std::clamp((seconds - time) / 0.09, 0.0, 1.0);
-        const double sway = 0.0025 * std::sin(2.0 * Pi * 5.2 * time) * std::min(1.0, time / 0.4);
-        double sample = 0.0;
-        for (int partial = 1; partial <= 7; ++partial) {
-            const double bright = std::exp(-0.42 * (partial - 1) * (1.6 - 0.6 * attack));
-            sample += bright * std::sin(2.0 * Pi * pitch * partial * (time + sway / 10.0));
-        }
-        wave[i] = sample * attack * release * (0.75 + 0.25 * std::exp(-time / 0.15));
-    }
-    return wave;
+// Weighs frequencies as the ear does, by the two filters of the broadcasters' recommendation
+// BS.1770: a head that lifts the heights, and a loss of the depths.
+Wave AsTheEarHears(const Wave& wave) {
+    constexpr double ShelfPitch = 1681.974450955533, ShelfSharpness = 0.7071752369554196;
+    constexpr double ShelfLift = 3.999843853973347; // decibels
+    constexpr double DepthPitch = 38.13547087602444, DepthSharpness = 0.5003270373238773;
+
+    const double shelf = std::tan(Pi * ShelfPitch / SampleRate);
+    const double lift = std::pow(10.0, ShelfLift / 20.0);
+    const double bend = std::pow(lift, 0.4996667741545416);
+    const double shelfSum = 1.0 + shelf / ShelfSharpness + shelf * shelf;
+    Filter head({(lift + bend * shelf / ShelfSharpness + shelf * shelf) / shelfSum,
+                 2.0 * (shelf * shelf - lift) / shelfSum,
+                 (lift - bend * shelf / ShelfSharpness + shelf * shelf) / shelfSum},
+                {2.0 * (shelf * shelf - 1.0) / shelfSum,
+                 (1.0 - shelf / ShelfSharpness + shelf * shelf) / shelfSum});
+
+    const double depth = std::tan(Pi * DepthPitch / SampleRate);
+    const double depthSum = 1.0 + depth / DepthSharpness + depth * depth;
+    Filter depths({1.0, -2.0, 1.0}, {2.0 * (depth * depth - 1.0) / depthSum,
+                                     (1.0 - depth / DepthSharpness + depth * depth) / depthSum});
+    Wave heard(wave.size());
+    for (std::size_t i = 0; i < wave.size(); ++i)
+        heard[i] = depths.Step(head.Step(wave[i]));
+    return heard;
 }
 
-Wave MakeFanfare() {
-    Wave wave(Samples(1.75));
-    constexpr double C5 = 523.25, E5 = 659.26, G4 = 392.0, G5 = 783.99;
-    MixIn(wave, Horn(G4, 0.17), 0.01, 0.6);
-    MixIn(wave, Horn(C5, 0.17), 0.17, 0.6);
-    MixIn(wave, Horn(E5, 0.17), 0.33, 0.6);
-    MixIn(wave, Horn(G5, 0.30), 0.49, 0.6);
-    MixIn(wave, Horn(E5, 0.16), 0.78, 0.6);
-    for (const double pitch : {C5, E5, G5})
-        MixIn(wave, Horn(pitch, 0.72), 0.94, pitch == G5 ? 0.45 : 0.28);
-    AddRoom(wave, 0.04);
-    return wave;
-}
-
-// Loudness as the ear takes it: the loudest fifth of a second, so short sounds are not drowned.
-double HeardLevel(const Wave& wave) {
+// Loudness in decibels below a full wave, as broadcasters measure it, of the loudest fifth of a
+// second, so that short sounds are not taken for soft ones.
+double BroadcastLoudness(const Sound& sound) {
+    const Wave left = AsTheEarHears(sound.Left);
+    const Wave right = AsTheEarHears(sound.Right);
     const std::size_t window = Samples(0.2);
     double power = 0.0;
     double loudest = 0.0;
-    for (std::size_t i = 0; i < wave.size(); ++i) {
-        power += wave[i] * wave[i];
+    for (std::size_t i = 0; i < left.size(); ++i) {
+        power += left[i] * left[i] + right[i] * right[i];
         if (i >= window)
-            power -= wave[i - window] * wave[i - window];
+            power -= left[i - window] * left[i - window] + right[i - window] * right[i - window];
         loudest = std::max(loudest, power);
     }
-    return std::sqrt(loudest / static_cast<double>(window));
+    return -0.691 + 10.0 * std::log10(loudest / static_cast<double>(window));
 }
 
-// Brings every sound to the same loudness, rounds off the peaks and softens both ends.
-void Finish(Wave& wave) {
-    for (int pass = 0; pass < 6; ++pass) {
-        const double gain = TargetLevel / HeardLevel(wave);
-        for (double& sample : wave)
-            sample = PeakLimit * std::tanh(sample * gain / PeakLimit);
+// Takes away what moves the membrane without being heard, and lets both ends begin and end at rest.
+void Smooth(Wave& wave) {
+    const double kept = std::exp(-2.0 * Pi * 25.0 / SampleRate);
+    double in = 0.0;
+    double out = 0.0;
+    for (double& sample : wave) {
+        out = kept * (out + sample - in);
+        in = sample;
+        sample = out;
     }
-    const std::size_t fadeIn = Samples(0.004);
-    const std::size_t fadeOut = Samples(0.03);
+    const auto ramp = [](std::size_t i, std::size_t all) {
+        return 0.5 - 0.5 * std::cos(Pi * static_cast<double>(i) / static_cast<double>(all));
+    };
+    const std::size_t fadeIn = Samples(0.005);
+    const std::size_t fadeOut = Samples(0.05);
     for (std::size_t i = 0; i < fadeIn; ++i)
-        wave[i] *= static_cast<double>(i) / static_cast<double>(fadeIn);
+        wave[i] *= ramp(i, fadeIn);
     for (std::size_t i = 0; i < fadeOut; ++i)
-        wave[wave.size() - 1 - i] *= static_cast<double>(i) / static_cast<double>(fadeOut);
+        wave[wave.size() - 1 - i] *= ramp(i, fadeOut);
+}
+
+// Brings every sound to the same loudness and rounds off the peaks.
+void Finish(Sound& sound) {
+    Smooth(sound.Left);
+    Smooth(sound.Right);
+    for (int pass = 0; pass < 8; ++pass) {
+        const double gain = std::pow(10.0, (TargetLoudness - BroadcastLoudness(sound)) / 20.0);
+        for (Wave* wave : {&sound.Left, &sound.Right})
+            for (double& sample : *wave)
+                sample = PeakLimit * std::tanh(sample * gain / PeakLimit);
+    }
 }
 
 void PutNumber(std::ostream& out, std::uint32_t value, int bytes) {
@@ -263,25 +354,27 @@ void PutNumber(std::ostream& out, std::uint32_t value, int bytes) {
         out.put(static_cast<char>((value >> (8 * i)) & 0xffU));
 }
 
-void WriteWave(const std::filesystem::path& path, const Wave& wave) {
+void WriteWave(const std::filesystem::path& path, const Sound& sound) {
+    constexpr std::uint32_t Channels = 2, BytesPerSample = 2;
     std::ofstream out(path, std::ios::binary);
-    const auto dataSize = static_cast<std::uint32_t>(wave.size() * 2);
+    const auto dataSize = static_cast<std::uint32_t>(sound.Left.size() * Channels * BytesPerSample);
     out << "RIFF";
     PutNumber(out, 36 + dataSize, 4);
     out << "WAVEfmt ";
     PutNumber(out, 16, 4);
     PutNumber(out, 1, 2); // plain samples
-    PutNumber(out, 1, 2); // one channel
+    PutNumber(out, Channels, 2);
     PutNumber(out, SampleRate, 4);
-    PutNumber(out, SampleRate * 2, 4);
-    PutNumber(out, 2, 2);
-    PutNumber(out, 16, 2);
+    PutNumber(out, SampleRate * Channels * BytesPerSample, 4);
+    PutNumber(out, Channels * BytesPerSample, 2);
+    PutNumber(out, 8 * BytesPerSample, 2);
     out << "data";
     PutNumber(out, dataSize, 4);
-    for (const double sample : wave) {
-        const long value = std::lround(std::clamp(sample, -1.0, 1.0) * 32767.0);
-        PutNumber(out, static_cast<std::uint32_t>(value) & 0xffffU, 2);
-    }
+    for (std::size_t i = 0; i < sound.Left.size(); ++i)
+        for (const double sample : {sound.Left[i], sound.Right[i]}) {
+            const long value = std::lround(std::clamp(sample, -1.0, 1.0) * 32767.0);
+            PutNumber(out, static_cast<std::uint32_t>(value) & 0xffffU, 2);
+        }
     out.close();
     if (!out)
         throw std::runtime_error("cannot write " + path.string());
@@ -289,15 +382,14 @@ void WriteWave(const std::filesystem::path& path, const Wave& wave) {
 
 struct Recipe {
     const char* FileName;
-    Wave (*Make)();
+    Sound (*Make)();
 };
 
-constexpr std::array<Recipe, 6> Recipes{{{"stack.wav", MakeStack},
+constexpr std::array<Recipe, 5> Recipes{{{"stack.wav", MakeStack},
                                          {"shuffle.wav", MakeShuffle},
                                          {"turn.wav", MakeTurn},
                                          {"Draw.wav", MakeDraw},
-                                         {"applause.wav", MakeApplause},
-                                         {"fanfare.wav", MakeFanfare}}};
+                                         {"applause.wav", MakeApplause}}};
 
 } // namespace
 
@@ -310,9 +402,9 @@ int main(int argc, char** argv) {
         const std::filesystem::path folder(argv[1]);
         std::filesystem::create_directories(folder);
         for (const Recipe& recipe : Recipes) {
-            Wave wave = recipe.Make();
-            Finish(wave);
-            WriteWave(folder / recipe.FileName, wave);
+            Sound sound = recipe.Make();
+            Finish(sound);
+            WriteWave(folder / recipe.FileName, sound);
         }
     } catch (const std::exception& problem) {
         std::cerr << "MakeSounds: " << problem.what() << '\n';
