@@ -9,11 +9,27 @@ DatabaseCls::DatabaseCls(ChartForms& forms) : forms_(forms) {}
 
 DatabaseCls::~DatabaseCls() = default;
 
+namespace {
+
+QString DatabaseFile() {
+    return InProgramFolder(QStringLiteral("Database/Charts.mdb"));
+}
+
+} // namespace
+
+void DatabaseCls::OpenAhead() {
+    if (const QString path = DatabaseFile(); QFileInfo(path).isFile())
+        openedAhead_ =
+            std::async(std::launch::async, [path] { return TableStore::OpenDatabase(path); });
+}
+
 void DatabaseCls::InitDatabse() {
     // What the former connection has written belongs to an action that was reported as done.
     Commit();
-    const QString path = InProgramFolder(QStringLiteral("Database/Charts.mdb"));
-    if (QFileInfo(path).isFile())
+    const QString path = DatabaseFile();
+    if (openedAhead_.valid())
+        ChartDb = openedAhead_.get();
+    else if (QFileInfo(path).isFile())
         ChartDb = TableStore::OpenDatabase(path);
     else
         ChartDb =

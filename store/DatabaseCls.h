@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <future>
 #include <memory>
 
 /// The store: every read and write of the program's lasting data.
@@ -31,6 +32,10 @@ public:
     /// Opens Database/Charts.mdb beneath the program folder, or makes an empty one where there is
     /// none. Each call opens the file anew and lets go of the former one. Raises 3000.
     void InitDatabse();
+    /// Begins to open the database in the background, if its file is there, so that InitDatabse
+    /// need not wait as long; what goes wrong is raised there. A database of some years takes
+    /// longer to open than all else at the start.
+    void OpenAhead();
 
     // Chart tables
 
@@ -166,4 +171,5 @@ private:
     ChartForms& forms_;
     QString CurrentDay;
     std::unique_ptr<TableStore> ChartDb;
+    std::future<std::unique_ptr<TableStore>> openedAhead_;
 };

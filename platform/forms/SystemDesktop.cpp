@@ -3,13 +3,14 @@
 #include "platform/forms/Colors.h"
 #include "platform/forms/HelpWindow.h"
 #include "platform/runtime/Prompts.h"
+#include "platform/sound/WavePlayer.h"
 
 #include <QApplication>
 #include <QColorDialog>
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QSoundEffect>
+#include <QLibrary>
 #include <QUrl>
 
 SystemDesktop::SystemDesktop() = default;
@@ -53,11 +54,15 @@ void SystemDesktop::ShowHelp(const QString& helpFile, int) {
 }
 
 void SystemDesktop::PlaySoundA(const QString& waveFile, quint32) {
-    if (!sound_)
-        sound_ = std::make_unique<QSoundEffect>();
-    sound_->stop();
-    if (!QFileInfo::exists(waveFile))
-        return;
-    sound_->setSource(QUrl::fromLocalFile(waveFile));
-    sound_->play();
+    // Loaded at the first sound: what it takes to play one is a good part of the whole start.
+    if (!sound_) {
+        QLibrary library(QCoreApplication::applicationDirPath() + QLatin1Char('/') +
+                         QLatin1String(WavePlayerLibrary));
+        const auto make =
+            reinterpret_cast<MakeWavePlayerFunction>(library.resolve(MakeWavePlayerName));
+        if (make == nullptr)
+            return;
+        sound_.reset(make());
+    }
+    sound_->Play(waveFile);
 }

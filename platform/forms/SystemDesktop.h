@@ -6,7 +6,7 @@
 #include <memory>
 
 class HelpWindow;
-class QSoundEffect;
+class WavePlayer;
 
 /// The desktop that the program runs on.
 class SystemDesktop : public Desktop {
@@ -21,6 +21,6 @@ public:
     void PlaySoundA(const QString& waveFile, quint32 flags) override;
 
 private:
-    std::unique_ptr<QSoundEffect> sound_;
+    std::unique_ptr<WavePlayer> sound_;
     std::unique_ptr<HelpWindow> help_;
 };

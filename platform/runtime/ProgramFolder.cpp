@@ -1,6 +1,8 @@
 #include "platform/runtime/ProgramFolder.h"
 
 #include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
 
 namespace {
 
@@ -9,10 +11,17 @@ QString& ChosenFolder() {
     return folder;
 }
 
+/// Where the system tells it, it is known before there is an application.
+QString FolderOfExecutable() {
+    const QString executable = QFile::symLinkTarget(QStringLiteral("/proc/self/exe"));
+    return executable.isEmpty() ? QCoreApplication::applicationDirPath()
+                                : QFileInfo(executable).path();
+}
+
 } // namespace
 
 QString ProgramFolder() {
-    return ChosenFolder().isEmpty() ? QCoreApplication::applicationDirPath() : ChosenFolder();
+    return ChosenFolder().isEmpty() ? FolderOfExecutable() : ChosenFolder();
 }
 
 void SetProgramFolder(const QString& folder) {

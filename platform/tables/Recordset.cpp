@@ -32,7 +32,7 @@ public:
     int Count();
     void MoveFirst();
     void MoveNext();
-    int FieldCount() const { return static_cast<int>(table_->Fields.size()); }
+    int FieldCount() const { return static_cast<int>(table_->Shape->Fields.size()); }
     int Checked(int position) const;
     int PositionOf(const QString& field) const;
     int LongBinaryPosition(const QString& field) const;
@@ -51,7 +51,7 @@ private:
     enum class Pending { Nothing, NewRow, ChangedRow };
 
     const FieldDefinition& Field(int position) const {
-        return table_->Fields[static_cast<std::size_t>(position)];
+        return table_->Shape->Fields[static_cast<std::size_t>(position)];
     }
     void RefuseDropped() const;
     void Read(qint64 firstRow, int count);
@@ -113,7 +113,7 @@ void Recordset::Cursor::Read(qint64 firstRow, int count) {
     RefuseDropped();
     std::vector<Row> rows;
     const bool isFirst = firstRow == FirstPossibleRow && count == 1;
-    Query query(*engine_, isFirst ? table_->FirstRowSql : table_->SelectSql);
+    Query query(*engine_, isFirst ? table_->Shape->FirstRowSql : table_->Shape->SelectSql);
     if (!isFirst) {
         query.Bind(1, firstRow);
         query.Bind(2, count);
@@ -121,7 +121,7 @@ void Recordset::Cursor::Read(qint64 firstRow, int count) {
     while (query.Step()) {
         Row& row = rows.emplace_back();
         row.Id = query.Number(0);
-        row.Cells.reserve(table_->Fields.size());
+        row.Cells.reserve(table_->Shape->Fields.size());
         for (int position = 0; position < FieldCount(); ++position)
             row.Cells.push_back(query.Read(position + 1));
     }
@@ -203,7 +203,7 @@ int Recordset::Cursor::Checked(int position) const {
 }
 
 int Recordset::Cursor::PositionOf(const QString& field) const {
-    const auto& fields = table_->Fields;
+    const auto& fields = table_->Shape->Fields;
     const auto found = std::find_if(fields.begin(), fields.end(), [&](const auto& candidate) {
         return candidate.Name.compare(field, Qt::CaseInsensitive) == 0;
     });
@@ -268,7 +268,7 @@ void Recordset::Cursor::CountOwnWrite(bool wasUndisturbed) {
 }
 
 qint64 Recordset::Cursor::NewRowIdentity() {
-    Query last(*engine_, table_->LastRowSql);
+    Query last(*engine_, table_->Shape->LastRowSql);
     last.Step();
     return std::max(table_->NextRow, last.Number(0) + 1);
 }
@@ -276,7 +276,7 @@ qint64 Recordset::Cursor::NewRowIdentity() {
 void Recordset::Cursor::InsertRow() {
     engine_->BeginWrite();
     RefuseDropped();
-    Query query(*engine_, table_->InsertSql);
+    Query query(*engine_, table_->Shape->InsertSql);
     if (table_->NextRow > 1)
         query.Bind(1, NewRowIdentity());
     else

@@ -27,6 +27,23 @@ const QString LocaleTable = QStringLiteral("MSysLocale");
                                       "Dutygrid. Please install the newer version to open it."));
 }
 
+/// The same for names that differ in case only. Nearly all names are plain ones, for which the
+/// rules of all the world's letters would take several times as long.
+QString NameKey(const QString& name) {
+    QString key = name;
+    for (QChar& letter : key) {
+        if (letter.unicode() >= 0x80)
+            return name.toCaseFolded();
+        if (letter >= QLatin1Char('A') && letter <= QLatin1Char('Z'))
+            letter = QChar(letter.unicode() | 0x20);
+    }
+    return key;
+}
+
+bool IsEnginesOwn(const QString& name) {
+    return name == LocaleTable || name.startsWith(QLatin1String("sqlite_"), Qt::CaseInsensitive);
+}
+
 std::string Declaration(const QString& name, const QList<FieldDefinition>& fields) {
     std::string sql = "CREATE TABLE " + Quoted(name) + " (";
     for (qsizetype i = 0; i < fields.size(); ++i)
@@ -81,6 +98,12 @@ Cell Query::Read(int column) const {
     default:
         return value.getString();
     }
+}
+
+std::string_view Query::Bytes(int column) const {
+    const SQLite::Column value = statement_->getColumn(column);
+    const auto* bytes = static_cast<const char*>(value.getBlob());
+    return {bytes, static_cast<std::size_t>(value.getBytes())};
 }
 
 TableEngine::TableEngine(const QString& path, int flags) {
@@ -236,26 +259,28 @@ void TableEngine::ReadCatalogue() {
     std::vector<std::shared_ptr<Table>> tables;
     QHash<QString, std::shared_ptr<Table>> tablesByName;
     {
-        Query query(*this, "SELECT name, sql FROM sqlite_master WHERE type = 'table' "
-                           "AND lower(substr(name, 1, 7)) <> 'sqlite_' ORDER BY rowid");
+        Query query(*this,
+                    "SELECT name, sql FROM sqlite_master WHERE type = 'table' ORDER BY rowid");
         while (query.Step()) {
-            const QString name = query.Text(0);
-            if (name == LocaleTable)
+            const std::string_view bytes = query.Bytes(0);
+            const QString name =
+                QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
+            if (IsEnginesOwn(name))
                 continue;
-            const std::size_t declaration = std::hash<std::string>()(query.Bytes(1));
-            const QString key = name.toCaseFolded();
+            const std::size_t declaration = std::hash<std::string_view>()(query.Bytes(1));
+            const QString key = NameKey(name);
             std::shared_ptr<Table> table = tablesByName_.value(key);
             if (!table || table->Name != name || table->Declaration != declaration) {
                 table = std::make_shared<Table>();
                 table->Name = name;
                 table->Declaration = declaration;
             }
-            tables.push_back(table);
             tablesByName.insert(key, table);
+            tables.push_back(std::move(table));
         }
     }
     for (const std::shared_ptr<Table>& table : tables_)
-        table->Dropped = tablesByName.value(table->Name.toCaseFolded()) != table;
+        table->Dropped = tablesByName.value(NameKey(table->Name)) != table;
     tables_ = std::move(tables);
     tablesByName_ = std::move(tablesByName);
     statements_.clear();
@@ -264,7 +289,7 @@ void TableEngine::ReadCatalogue() {
 }
 
 std::shared_ptr<Table> TableEngine::Known(const QString& name) const {
-    return tablesByName_.value(name.toCaseFolded());
+    return tablesByName_.value(NameKey(name));
 }
 
 std::shared_ptr<Table> TableEngine::Find(const QString& name) {
@@ -272,48 +297,47 @@ std::shared_ptr<Table> TableEngine::Find(const QString& name) {
     std::shared_ptr<Table> table = Known(name);
     if (!table)
         throw NoSuchTable(name);
-    if (table->SelectSql.empty())
-        ReadFields(*table);
+    if (!table->Shape)
+        table->Shape = ShapeOf(table->Name);
     return table;
 }
 
-void TableEngine::ReadFields(Table& table) {
-    const std::string source =
-        " FROM " + Quoted(table.Name) + " WHERE rowid >= ?1 ORDER BY rowid LIMIT ?2";
-    std::string sql = "SELECT rowid, *" + source;
-    const std::string end = " FROM " + Quoted(table.Name) + " ORDER BY 1 LIMIT 1";
-    std::string firstRow = "SELECT rowid, *" + end;
-    const std::shared_ptr<SQLite::Statement> statement = Prepared(firstRow);
-    std::vector<FieldDefinition> fields;
+std::unique_ptr<const TableShape> TableEngine::ShapeOf(const QString& name) {
+    const std::string table = Quoted(name);
+    const std::string source = " FROM " + table + " WHERE rowid >= ?1 ORDER BY rowid LIMIT ?2";
+    const std::string end = " FROM " + table + " ORDER BY 1 LIMIT 1";
+    auto shape = std::make_unique<TableShape>();
+    shape->SelectSql = "SELECT rowid, *" + source;
+    shape->FirstRowSql = "SELECT rowid, *" + end;
+    const std::shared_ptr<SQLite::Statement> statement = Prepared(shape->FirstRowSql);
     std::string columns = "SELECT rowid";
     std::string names = "(rowid";
     std::string values = "(?1";
     bool hasLongBinary = false;
     for (int column = 1; column < statement->getColumnCount(); ++column) {
-        const QString name = QString::fromUtf8(statement->getColumnName(column));
+        const QString fieldName = QString::fromUtf8(statement->getColumnName(column));
         const std::optional<FieldDefinition> field =
-            DeclaredField(name, QString::fromUtf8(statement->getColumnDeclaredType(column)));
+            DeclaredField(fieldName, QString::fromUtf8(statement->getColumnDeclaredType(column)));
         if (!field)
             throw RuntimeError(
                 ErrorNumber::EngineFault,
                 QStringLiteral("The field '%1' of the table '%2' is of an unknown type.")
-                    .arg(name, table.Name));
-        fields.push_back(*field);
+                    .arg(fieldName, name));
+        shape->Fields.push_back(*field);
+        const std::string quoted = Quoted(fieldName);
         const bool isLongBinary = field->Type == FieldType::LongBinary;
-        columns += isLongBinary ? ", length(" + Quoted(name) + ')' : ", " + Quoted(name);
+        columns += isLongBinary ? ", length(" + quoted + ')' : ", " + quoted;
         hasLongBinary = hasLongBinary || isLongBinary;
-        names += ", " + Quoted(name);
+        names += ", " + quoted;
         values += ", ?" + std::to_string(column + 1);
     }
     if (hasLongBinary) {
-        sql = columns + source;
-        firstRow = columns + end;
+        shape->SelectSql = columns + source;
+        shape->FirstRowSql = columns + end;
     }
-    table.Fields = std::move(fields);
-    table.LastRowSql = "SELECT max(rowid) FROM " + Quoted(table.Name);
-    table.SelectSql = std::move(sql);
-    table.FirstRowSql = std::move(firstRow);
-    table.InsertSql = "INSERT INTO " + Quoted(table.Name) + names + ") VALUES" + values + ')';
+    shape->LastRowSql = "SELECT max(rowid) FROM " + table;
+    shape->InsertSql = "INSERT INTO " + table + names + ") VALUES" + values + ')';
+    return shape;
 }
 
 void TableEngine::Create(const QString& name, const QList<FieldDefinition>& fields) {
@@ -322,7 +346,7 @@ void TableEngine::Create(const QString& name, const QList<FieldDefinition>& fiel
     const std::string sql = Declaration(stored, fields);
     const auto refuseDuplicate = [&] {
         const std::shared_ptr<Table> present = Known(stored);
-        if (present || stored.toCaseFolded() == LocaleTable.toCaseFolded())
+        if (present || NameKey(stored) == NameKey(LocaleTable))
             throw RuntimeError(ErrorNumber::EngineFault,
                                QStringLiteral("table %1 already exists")
                                    .arg(present ? present->Name : LocaleTable));
@@ -339,7 +363,7 @@ void TableEngine::Create(const QString& name, const QList<FieldDefinition>& fiel
     table->Declaration = std::hash<std::string>()(sql);
     table->Uncommitted = true;
     tables_.push_back(table);
-    tablesByName_.insert(stored.toCaseFolded(), table);
+    tablesByName_.insert(NameKey(stored), table);
     schemaVersion_ = Pragma("schema_version");
 }
 
@@ -353,7 +377,7 @@ void TableEngine::Drop(const QString& name) {
         throw NoSuchTable(name);
     Execute("DROP TABLE " + Quoted(table->Name));
     table->Dropped = true;
-    tablesByName_.remove(table->Name.toCaseFolded());
+    tablesByName_.remove(NameKey(table->Name));
     tables_.erase(std::find(tables_.begin(), tables_.end(), table));
     statements_.clear();
     schemaVersion_ = Pragma("schema_version");

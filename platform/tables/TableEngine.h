@@ -11,14 +11,10 @@
 #include <string>
 #include <vector>
 
-/// A table of the open database, shared by all cursors on it.
-struct Table {
-    QString Name;
-    /// Tells the statement that made the table from others, as the engine keeps it.
-    std::size_t Declaration = 0;
-    /// Empty until the table is first opened.
+/// What it takes to read and write the rows of a table.
+struct TableShape {
     std::vector<FieldDefinition> Fields;
-    /// Reads rows from an identity (?1) on, at most ?2 of them; empty until first opened.
+    /// Reads rows from an identity (?1) on, at most ?2 of them.
     std::string SelectSql;
     /// Reads the first row; quicker to prepare, and often all that is wanted of a table.
     std::string FirstRowSql;
@@ -26,6 +22,16 @@ struct Table {
     std::string InsertSql;
     /// Finds the identity of the last row.
     std::string LastRowSql;
+};
+
+/// A table of the open database, shared by all cursors on it. There may be thousands of them, and
+/// the start waits until all are made: they are kept small.
+struct Table {
+    QString Name;
+    /// Tells the statement that made the table from others, as the engine keeps it.
+    std::size_t Declaration = 0;
+    /// Null until the table is first opened.
+    std::unique_ptr<const TableShape> Shape;
     /// Counts the writes to the table through this connection.
     quint64 Changes = 0;
     /// No new row gets an identity below this one. Without it the engine would give the identity
@@ -102,7 +108,7 @@ private:
     void RefuseCutOff();
     void Execute(const std::string& sql) { database_->exec(sql); }
     void ReadCatalogue();
-    void ReadFields(Table& table);
+    std::unique_ptr<const TableShape> ShapeOf(const QString& name);
     void StopReading();
     void AfterFault();
     void AfterRollback();
@@ -112,7 +118,7 @@ private:
     /// Most recently used first.
     std::list<std::shared_ptr<SQLite::Statement>> statements_;
     std::vector<std::shared_ptr<Table>> tables_;
-    /// By the case-folded name.
+    /// By NameKey.
     QHash<QString, std::shared_ptr<Table>> tablesByName_;
     bool catalogueIsRead_ = false;
     /// False for an empty file, which gets its format number with the first commit.
@@ -149,8 +155,8 @@ public:
 
     qint64 Number(int column) const { return statement_->getColumn(column).getInt64(); }
     Cell Read(int column) const;
-    std::string Bytes(int column) const { return statement_->getColumn(column).getString(); }
-    QString Text(int column) const { return QString::fromStdString(Bytes(column)); }
+    /// Valid until the next step.
+    std::string_view Bytes(int column) const;
 
 private:
     std::shared_ptr<SQLite::Statement> statement_;

@@ -39,6 +39,38 @@ TEST_F(SchemaTest, RepeatedInitDatabseKeepsWhatHasBeenWritten) {
     EXPECT_EQ(Database().RetrevePassword(QStringLiteral("Anna")), QStringLiteral("cat"));
 }
 
+TEST_F(SchemaTest, ADatabaseOpenedAheadIsTakenOverOnce) {
+    ResetSession();
+    Database().OpenAhead();
+    Database().InitDatabse();
+    Database().AddUser(QStringLiteral("Anna"), QStringLiteral("cat"), QStringLiteral("Student"),
+                       QString());
+    Database().InitDatabse();
+    EXPECT_EQ(Rows(UsersTable).size(), 1);
+}
+
+TEST_F(SchemaTest, AFaultFoundAheadIsRaisedByInitDatabse) {
+    ResetSession();
+    const QString file = Path(QStringLiteral("Database/Charts.mdb"));
+    QFile::remove(file);
+    QFile damaged(file);
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
+    damaged.write("no database");
+    damaged.close();
+    Database().OpenAhead();
+    EXPECT_EQ(ErrorOf([] { Database().InitDatabse(); }), 3000);
+}
+
+TEST_F(SchemaTest, WithoutAFileToOpenAheadAnEmptyDatabaseIsMade) {
+    ResetSession();
+    const QString file = Path(QStringLiteral("Database/Charts.mdb"));
+    QFile::remove(file);
+    Database().OpenAhead();
+    EXPECT_FALSE(QFile::exists(file));
+    Database().InitDatabse();
+    EXPECT_TRUE(QFile::exists(file));
+}
+
 TEST_F(SchemaTest, OperationsBeforeInitDatabseRaiseObjectNotSet) {
     ResetSession();
     EXPECT_EQ(ErrorOf([] { Database().DeleteChart(QStringLiteral("Chores")); }), 91);

@@ -1,11 +1,13 @@
 #include "platform/forms/SystemDesktop.h"
 #include "platform/forms/Colors.h"
 #include "platform/forms/HelpWindow.h"
+#include "platform/sound/WavePlayer.h"
 #include "tests/common/FormTest.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFileDialog>
+#include <QLibrary>
 #include <QLineEdit>
 #include <QTest>
 #include <QTimer>
@@ -72,6 +74,9 @@ TEST_F(SystemDesktopTest, SoundsReturnAtOnceWithOrWithoutADevice) {
     desktop.PlaySoundA(Path(QStringLiteral("sounds/turn.wav")), 0x20001);
     desktop.PlaySoundA(Path(QStringLiteral("sounds/none.wav")), 0x20001);
     EXPECT_LT(watch.elapsed(), 2000);
+    EXPECT_TRUE(QLibrary(QCoreApplication::applicationDirPath() + QLatin1Char('/') +
+                         QLatin1String(WavePlayerLibrary))
+                    .isLoaded());
 }
 
 } // namespace

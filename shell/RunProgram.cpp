@@ -1,0 +1,59 @@
+#include "shell/RunProgram.h"
+
+#include "authoring/RegisterForms.h"
+#include "filling/RegisterForms.h"
+#include "platform/forms/DefaultForms.h"
+#include "platform/forms/ProgramIcon.h"
+#include "platform/forms/ProgramStyle.h"
+#include "platform/forms/SystemDesktop.h"
+#include "platform/forms/SystemPrinter.h"
+#include "platform/forms/SystemPrompts.h"
+#include "platform/printing/Printer.h"
+#include "platform/runtime/Actions.h"
+#include "platform/runtime/Desktop.h"
+#include "platform/runtime/Prompts.h"
+#include "shell/RegisterForms.h"
+#include "shell/session/Session.h"
+
+#include <QApplication>
+#include <QTimer>
+
+namespace {
+
+void Start() {
+    RunAction([] {
+        // No session can begin after a fault in the start-up.
+        WithErrorsEndingTheRun([] { DefaultForm(QStringLiteral("LogIn")).Show(); });
+    });
+}
+
+} // namespace
+
+int RunProgram(QApplication& application) {
+    QApplication::setApplicationName(QStringLiteral("Sparkit Dutygrid"));
+    QApplication::setWindowIcon(ProgramIcon());
+    // Between two forms there may be no window for a moment; the forms themselves end the process.
+    QApplication::setQuitOnLastWindowClosed(false);
+    ApplyProgramStyle(application);
+
+    SystemPrompts prompts;
+    SystemDesktop desktop;
+    SystemPrinter printer;
+    SetPrompts(&prompts);
+    SetDesktop(&desktop);
+    SetPrintTarget(&printer);
+    RegisterShellForms();
+    RegisterAuthoringForms();
+    RegisterFillingForms();
+
+    // Inside the event loop, which an error in the start-up is to end.
+    QTimer::singleShot(0, &application, Start);
+    const int exitCode = QApplication::exec();
+
+    DropDefaultForms();
+    ResetSession();
+    SetPrintTarget(nullptr);
+    SetDesktop(nullptr);
+    SetPrompts(nullptr);
+    return exitCode;
+}
