@@ -43,7 +43,8 @@ QLineEdit, QComboBox, QListView, QTreeView, QTextBrowser {
     selection-background-color: #0b726e; selection-color: #ffffff;
 }
 QLineEdit { padding: 2px 5px; }
-QLineEdit:focus, QComboBox:focus, QListView:focus, QTreeView:focus { border: 2px solid #0b726e; }
+QLineEdit:focus, QComboBox:focus, QListView:focus, QTreeView:focus, QTextBrowser:focus {
+    border: 2px solid #0b726e; }
 QHeaderView::section {
     background: #f6efdf; color: #0b5f5c; font-weight: 600; padding: 5px 8px; border: 0;
     border-bottom: 1px solid #8a8069;

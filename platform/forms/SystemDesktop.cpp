@@ -2,7 +2,6 @@
 
 #include "platform/forms/Colors.h"
 #include "platform/forms/HelpWindow.h"
-#include "platform/runtime/Prompts.h"
 #include "platform/sound/WavePlayer.h"
 
 #include <QApplication>
@@ -43,11 +42,6 @@ void SystemDesktop::ShellExecute(const QString&, const QString& target, int) {
 }
 
 void SystemDesktop::ShowHelp(const QString& helpFile, int) {
-    if (!QFileInfo(helpFile).isFile()) {
-        Tell(QStringLiteral("The help file cannot be found:\n%1").arg(helpFile),
-             PromptIcon::Exclamation);
-        return;
-    }
     if (!help_)
         help_ = std::make_unique<HelpWindow>();
     help_->Open(helpFile);

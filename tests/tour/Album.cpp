@@ -5,6 +5,8 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QImage>
+#include <QMdiSubWindow>
 #include <QPdfWriter>
 #include <QPixmap>
 #include <QProcess>
@@ -32,6 +34,27 @@ QByteArray Run(const QString& program, const QStringList& arguments) {
     return process.readAllStandardOutput();
 }
 
+QString PartLine(const QWidget& window, const QWidget& part, const QString& name) {
+    const QRect place =
+        QRect(part.mapTo(&window, QPoint()), part.size()).intersected(window.rect());
+    return QStringLiteral("%1 %2 %3 %4 %5\n")
+        .arg(name)
+        .arg(place.x())
+        .arg(place.y())
+        .arg(place.width())
+        .arg(place.height());
+}
+
+QString PartsOf(const QWidget& window, const QWidget& form) {
+    const auto* frame = qobject_cast<QMdiSubWindow*>(form.parentWidget());
+    QString parts = PartLine(window, frame == nullptr ? form : *frame, QStringLiteral("Form"));
+    for (const QWidget* control : form.findChildren<QWidget*>())
+        if (control->isVisible() && !control->isWindow() && !control->objectName().isEmpty() &&
+            !control->objectName().startsWith(QLatin1String("qt_")))
+            parts += PartLine(window, *control, control->objectName());
+    return parts;
+}
+
 } // namespace
 
 bool Album::SetFolder(const QString& folder) {
@@ -55,9 +78,12 @@ QString Album::NextFile(const QString& name, const QString& ending) {
         .arg(name, ending);
 }
 
-void Album::Take(const QWidget& window, const Text& name) {
+void Album::Take(const QWidget& window, const Text& name, const QWidget* form) {
     const QString file = NextFile(name, QStringLiteral("png"));
-    EXPECT_TRUE(const_cast<QWidget&>(window).grab().save(file)) << file.toStdString();
+    QImage picture = const_cast<QWidget&>(window).grab().toImage();
+    if (form != nullptr)
+        picture.setText(QStringLiteral("Parts"), PartsOf(window, *form));
+    EXPECT_TRUE(picture.save(file)) << file.toStdString();
 }
 
 void Album::TakeScreen(const Text& name) {

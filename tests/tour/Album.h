@@ -20,7 +20,9 @@ public:
     explicit Album(QString chapter) : chapter_(std::move(chapter)) {}
 
     /// A picture of the window, whole, as its user sees it. Fails the test if it cannot be saved.
-    void Take(const QWidget& window, const Text& name);
+    /// The picture says where in it the form and its controls stand, one a line: "name x y width
+    /// height" under the key Parts, the form itself by the name of Form.
+    void Take(const QWidget& window, const Text& name, const QWidget* form = nullptr);
     /// A picture of the screen, for what is in no window: an open menu or list.
     void TakeScreen(const Text& name);
 

@@ -340,5 +340,5 @@ void Tour::Shoot(const Text& picture) {
     Settle();
     if (form_.isNull())
         throw std::runtime_error("the form has gone: " + picture.toStdString());
-    Pictures.Take(*form_->window(), picture);
+    Pictures.Take(*form_->window(), picture, form_);
 }

@@ -1,0 +1,109 @@
+#include "platform/forms/HelpBook.h"
+#include "platform/forms/HelpPage.h"
+#include "platform/forms/HelpWindow.h"
+#include "tests/common/FormTest.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QSet>
+#include <QTest>
+
+namespace {
+
+const QString HelpFolder = QStringLiteral(DUTYGRID_SOURCE_DIR "/install/HelpFile/");
+const QString Manual = HelpFolder + QStringLiteral("DutygridHlp.hlp");
+
+QString ReadFile(const QString& name) {
+    QFile file(name);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
+    return QString::fromUtf8(file.readAll());
+}
+
+/// What the pattern's first group finds in a text.
+QStringList AllOf(const char* pattern, const QString& text) {
+    const QRegularExpression expression(QString::fromLatin1(pattern),
+                                        QRegularExpression::DotMatchesEverythingOption);
+    QStringList found;
+    for (auto matches = expression.globalMatch(text); matches.hasNext();)
+        found += matches.next().captured(1);
+    return found;
+}
+
+class HelpManualTest : public FormTest {
+protected:
+    const QString source = ReadFile(Manual);
+    const HelpBook book{Manual};
+};
+
+TEST_F(HelpManualTest, HasAPageForEveryNeed) {
+    QStringList pages;
+    for (const HelpTopic& topic : book.Topics()) {
+        pages += topic.Id;
+        EXPECT_FALSE(topic.Title.isEmpty()) << topic.Id.toStdString();
+    }
+    EXPECT_EQ(
+        pages.join(QLatin1Char(' ')),
+        QStringLiteral("welcome start charts weeks points reports children school options data "
+                       "wrong questions menus"));
+}
+
+TEST_F(HelpManualTest, EveryLinkLeadsToAPageOrSection) {
+    const QStringList links = AllOf("href\\s*=\\s*\"([^\"]*)\"", source);
+    EXPECT_GT(links.size(), 10);
+    for (const QString& link : links)
+        EXPECT_TRUE(link.startsWith(QLatin1Char('#')) && book.PageOf(link.mid(1)) >= 0)
+            << link.toStdString();
+}
+
+TEST_F(HelpManualTest, EveryPageAndSectionHasAnIdOfItsOwn) {
+    const QStringList ids = AllOf("\\bid\\s*=\\s*\"([^\"]*)\"", source);
+    EXPECT_EQ(QSet<QString>(ids.begin(), ids.end()).size(), ids.size());
+    EXPECT_EQ(AllOf("<(h[12])\\b", source).size(), ids.size());
+}
+
+TEST_F(HelpManualTest, EveryPictureIsThereAndEveryPictureThereIsShown) {
+    QSet<QString> shown;
+    for (const QString& picture : AllOf("<img src=\"([^\"]*)\">", source)) {
+        EXPECT_FALSE(QImage(QDir(HelpFolder).filePath(picture)).isNull()) << picture.toStdString();
+        shown += picture;
+    }
+    EXPECT_EQ(AllOf("(<img)", source).size(), AllOf("(<img src=\")", source).size());
+    const QStringList pictures =
+        QDir(HelpFolder + QStringLiteral("pictures")).entryList(QDir::Files);
+    EXPECT_GT(pictures.size(), 10);
+    for (const QString& picture : pictures) {
+        EXPECT_TRUE(shown.contains(QStringLiteral("pictures/") + picture))
+            << picture.toStdString() << " is not in the manual";
+        EXPECT_TRUE(QFile::exists(Path(QStringLiteral("HelpFile/pictures/") + picture)))
+            << picture.toStdString() << " is not delivered";
+    }
+}
+
+TEST_F(HelpManualTest, PicturesAreSmallEnoughForThePage) {
+    const QDir folder(HelpFolder + QStringLiteral("pictures"));
+    for (const QString& picture : folder.entryList(QDir::Files))
+        EXPECT_LE(QImage(folder.filePath(picture)).width(), 640) << picture.toStdString();
+}
+
+TEST_F(HelpManualTest, TheChildrensPageHasFewWordsAndManyPictures) {
+    const HelpTopic& page = book.Topics().at(book.PageOf(QStringLiteral("children")));
+    EXPECT_LE(page.Text.count(QLatin1Char(' ')), 170);
+    EXPECT_GE(AllOf("(<img)", page.Html).size(), 8);
+}
+
+TEST_F(HelpManualTest, EveryPageShowsWithinTheWindow) {
+    HelpWindow window;
+    window.Open(Path(QStringLiteral("HelpFile/DutygridHlp.hlp")));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    auto& page = Find<HelpPage>(window, QStringLiteral("Page"));
+    for (const HelpTopic& topic : page.Book().Topics()) {
+        page.GoTo(topic.Id);
+        Settle();
+        EXPECT_LE(page.document()->size().width(), page.viewport()->width())
+            << topic.Id.toStdString();
+        Shoot(window, QStringLiteral("help-") + topic.Id);
+    }
+}
+
+} // namespace
