@@ -67,6 +67,16 @@ protected:
         return LastEditor();
     }
 
+    /// Opens an editor on a new chart of three jobs.
+    static ChartEditor& ThreeJobs() {
+        ChartEditor& editor = NewChart();
+        AddJobs(editor, 2);
+        editor.SetRow(0, {u"a"_s, u"Mon"_s, u"Mum"_s, u"Easy"_s, u"1"_s});
+        editor.SetRow(1, {u"b"_s, u"Tue"_s, u"Dad"_s, u"Hard"_s, u"2"_s});
+        editor.SetRow(2, {u"c"_s, u"Sat"_s, u"Gran"_s, u"Medium"_s, u"3"_s});
+        return editor;
+    }
+
     /// Opens an editor on a stored chart through the list of charts.
     static ChartEditor& OpenChart(const QString& name) {
         auto& dialog = Default<Openfrm>();

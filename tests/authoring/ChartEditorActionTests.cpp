@@ -2,28 +2,14 @@
 
 #include <QCheckBox>
 #include <QLineEdit>
-#include <QMdiSubWindow>
 
-class ChartEditorActions : public AuthoringTest {
-protected:
-    static ChartEditor& ThreeJobs() {
-        ChartEditor& editor = NewChart();
-        AddJobs(editor, 2);
-        editor.SetRow(0, {u"a"_s, u"Mon"_s, u"Mum"_s, u"Easy"_s, u"1"_s});
-        editor.SetRow(1, {u"b"_s, u"Tue"_s, u"Dad"_s, u"Hard"_s, u"2"_s});
-        editor.SetRow(2, {u"c"_s, u"Sat"_s, u"Gran"_s, u"Medium"_s, u"3"_s});
-        return editor;
-    }
-
-    static QString PointsText(const ChartEditor& editor) {
-        return RowControl<QLineEdit>(editor, u"Points"_s, 0).text();
-    }
-};
+class ChartEditorActions : public AuthoringTest {};
 
 // Rows
 
 TEST_F(ChartEditorActions, EnterInAnyOtherBoxAddsARowEachTime) {
     ChartEditor& editor = NewChart();
+    editor.SetRow(0, Job(u"Feed the dog"_s));
     int rows = 1;
     for (const QString& column :
          {u"Points"_s, u"DayOfWeek"_s, u"Difficulty"_s, u"AdultResponsable"_s}) {
@@ -216,6 +202,17 @@ TEST_F(ChartEditorActions, DroppingTheListDownFillsItAndKeepsTheTypedText) {
     jobs.hidePopup();
 }
 
+TEST_F(ChartEditorActions, ClickOnTheArrowDropsTheFilledListDown) {
+    WriteJobs("Feed the dog\r\nWater plants\r\n");
+    ChartEditor& editor = NewChart();
+    auto& jobs = RowControl<QComboBox>(editor, u"Instructions"_s, 0);
+    QTest::mouseClick(&jobs, Qt::LeftButton, {}, QPoint(jobs.width() - 8, jobs.height() / 2));
+    Settle();
+    EXPECT_TRUE(jobs.view()->isVisible());
+    EXPECT_EQ(Entries(jobs), (QStringList{u"Feed the dog"_s, u"Water plants"_s}));
+    jobs.hidePopup();
+}
+
 TEST_F(ChartEditorActions, DroppingTheListDownShowsWhatOtherRowsHaveWritten) {
     WriteJobs("");
     ChartEditor& editor = NewChart();
@@ -358,6 +355,15 @@ TEST_F(ChartEditorActions, SavingTwoRowsOfOneListedJobListsItTwiceWithAnotherCho
     EXPECT_EQ(ReadJobs(), "Sweep\r\nb\r\nSweep\r\nc\r\n");
 }
 
+TEST_F(ChartEditorActions, SavingAnEmptyRowTakesTheJobChosenLastOutOfTheList) {
+    WriteJobs("a\r\nb\r\nc\r\n");
+    ChartEditor& editor = NewChart();
+    AddJobs(editor, 1);
+    Choose(RowControl<QComboBox>(editor, u"Instructions"_s, 0), 1);
+    Click(Find(editor, u"CreateChart"_s));
+    EXPECT_EQ(ReadJobs(), "a\r\nc\r\n");
+}
+
 TEST_F(ChartEditorActions, SavingWithoutAJobListIsReportedAndTheEditorStays) {
     QFile::remove(Path(u"Jobs/HomeJobs.dat"_s));
     ChartEditor& editor = ThreeJobs();
@@ -376,51 +382,6 @@ TEST_F(ChartEditorActions, CancelledSaveLeavesTheEditorHiddenAndNothingStored) {
     EXPECT_FALSE(Shown(editor));
     EXPECT_EQ(EditorAt(0), &editor);
     EXPECT_EQ(TableNames(), QStringList());
-}
-
-// Printing
-
-TEST_F(ChartEditorActions, PrintingPutsTheRowsAsTheyStandIntoTheScratchTableAndOnPaper) {
-    ChartEditor& editor = ThreeJobs();
-    Click(Find(editor, u"Print"_s));
-    EXPECT_EQ(Rows(u"Printed"_s),
-              (QStringList{u"a|Mon|Mum|Easy|1|0|2001-03-04|2001-03-10|Printed|0"_s,
-                           u"b|Tue|Dad|Hard|2|0|<null>|<null>|<null>|0"_s,
-                           u"c|Sat|Gran|Medium|3|0|<null>|<null>|<null>|0"_s}));
-    ASSERT_EQ(Paper.Files().size(), 1);
-    const QString paper = PdfPrintTarget::TextOf(Paper.Files().first());
-    EXPECT_TRUE(paper.contains(u"Saturday"_s)) << paper.toStdString();
-    EXPECT_TRUE(paper.contains(u"3 Points"_s)) << paper.toStdString();
-    EXPECT_TRUE(Shown(editor));
-    EXPECT_EQ(editor.cursor().shape(), Qt::ArrowCursor);
-}
-
-TEST_F(ChartEditorActions, PrintingReplacesTheFormerScratchTable) {
-    ChartEditor& editor = ThreeJobs();
-    Click(Find(editor, u"Print"_s));
-    Click(RowControl(editor, u"JobDelete"_s, 0));
-    Click(Find(editor, u"Print"_s));
-    EXPECT_EQ(Rows(u"Printed"_s).size(), 2);
-    EXPECT_EQ(TableNames(), QStringList{u"Printed"_s});
-    EXPECT_EQ(Paper.Files().size(), 2);
-}
-
-TEST_F(ChartEditorActions, PrintingAnOpenedChartNamesItsChild) {
-    StoreChart(u"Chores Annabella"_s, {Job(u"a"_s)}, u"Annabella"_s);
-    Click(Find(OpenChart(u"Chores Annabella"_s), u"Print"_s));
-    ASSERT_EQ(Paper.Files().size(), 1);
-    EXPECT_TRUE(PdfPrintTarget::TextOf(Paper.Files().first()).contains(u"Annabella"_s));
-    EXPECT_EQ(Rows(u"Printed"_s).first().section(u'|', 8, 8), u"Printed"_s);
-}
-
-TEST_F(ChartEditorActions, PointsBeyondTheirFieldPassHereAndAreRefusedAtTheSave) {
-    ChartEditor& editor = NewChart();
-    editor.SetRow(0, Job(u"a"_s, u"Mon"_s, u"99999999999"_s));
-    Boxes.Expect(u"Run-time error '6':\n\nOverflow"_s);
-    Click(Find(editor, u"Print"_s));
-    EXPECT_EQ(editor.Row(0).Points, u"99999999999"_s);
-    EXPECT_EQ(Paper.Files().size(), 0);
-    EXPECT_EQ(editor.cursor().shape(), Qt::ArrowCursor) << "the hourglass does not stay";
 }
 
 // The other buttons

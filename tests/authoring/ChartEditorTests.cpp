@@ -169,6 +169,19 @@ TEST_F(ChartEditorForm, AnyOtherModeFillsNoDayListAndKnowsNoWeek) {
     EXPECT_FALSE(week.Last.isValid());
 }
 
+TEST_F(ChartEditorForm, FillAllDayListsFillsThoseOfEveryRow) {
+    ChartEditor& editor = NewChart();
+    AddJobs(editor, 2);
+    SchoolMode = -1;
+    editor.FillAllDayLists();
+    for (int row = 0; row < 3; ++row)
+        EXPECT_EQ(RowControl<QComboBox>(editor, u"DayOfWeek"_s, row).count(), 6) << row;
+    SchoolMode = 0;
+    editor.FillAllDayLists();
+    for (int row = 0; row < 3; ++row)
+        EXPECT_EQ(RowControl<QComboBox>(editor, u"DayOfWeek"_s, row).count(), 9) << row;
+}
+
 TEST_F(ChartEditorForm, SchoolModeChangesDoNotTouchOpenEditors) {
     ChartEditor& editor = NewChart();
     const QString title = CaptionOf(editor, u"StartingFrom"_s);

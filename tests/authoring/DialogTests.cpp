@@ -299,6 +299,21 @@ TEST_F(OpenDialog, SameChartTwiceGivesTwoEditorsAndTheLastSaveWins) {
     EXPECT_TRUE(Rows(u"Chores Anna"_s).first().startsWith(u"first|"_s));
 }
 
+TEST_F(OpenDialog, ChartOfAnyWeekCanBeOpenedAndSavedAndKeepsItsWeek) {
+    StoreChart(u"Past"_s, {Job(u"a"_s)}, u"Anna"_s, {1999, 12, 26}, {2000, 1, 1});
+    StoreChart(u"Future"_s, {Job(u"a"_s)}, u"Anna"_s, {2038, 1, 17}, {2038, 1, 23});
+    for (const QString& name : {u"Past"_s, u"Future"_s}) {
+        ChartEditor& editor = OpenChart(name);
+        editor.SetRow(0, Job(u"Sweep"_s));
+        Click(Find(editor, u"CreateChart"_s));
+        Click(Find(Default<DisplayAllPeople>(), u"Ok"_s));
+    }
+    EXPECT_EQ(Rows(u"Past"_s),
+              QStringList{u"Sweep|Mon|Mum|Easy|3|0|1999-12-26|2000-01-01|Nobody|0"_s});
+    EXPECT_EQ(Rows(u"Future"_s),
+              QStringList{u"Sweep|Mon|Mum|Easy|3|0|2038-01-17|2038-01-23|Nobody|0"_s});
+}
+
 TEST_F(OpenDialog, ChartOfAChildThatWasDeletedKeepsTheChildOfItsTable) {
     StoreChart(u"Chores Gone"_s, {Job(u"a"_s)}, u"Gone"_s);
     EXPECT_EQ(OpenChart(u"Chores Gone"_s).KidName, u"Gone"_s);

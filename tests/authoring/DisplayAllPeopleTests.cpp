@@ -263,6 +263,20 @@ TEST_F(SaveForPeople, EditorStaysLoadedAndHiddenAfterTheSave) {
     EXPECT_EQ(Texts(editor), QStringList{u"Sweep"_s});
 }
 
+TEST_F(SaveForPeople, DefaultEditorIsUnloadedAfterTheSave) {
+    ChartEditor& editor = NewChartWithJob(u"Chores"_s);
+    // Its load looks for the table of a chart without a name.
+    EXPECT_THROW(Default<ChartEditor>(), RuntimeError);
+    ASSERT_NE(ExistingForm(u"ChartEditor"_s), nullptr);
+    HandOn(editor, {0});
+    Boxes.Expect(CreatedFor(u"Anna"_s));
+    Boxes.Expect(CloseQuestion, PromptAnswer::Yes,
+                 [] { EXPECT_EQ(ExistingForm(u"DisplayAllPeople"_s), nullptr); });
+    Ok();
+    EXPECT_EQ(ExistingForm(u"ChartEditor"_s), nullptr);
+    EXPECT_EQ(EditorAt(0), &editor);
+}
+
 TEST_F(SaveForPeople, FailedSaveIsReportedAndEndsTheOperationThere) {
     ChartEditor& editor = NewChartWithJob(u"Chores"_s);
     AddJobs(editor, 1);
