@@ -1,9 +1,9 @@
 #pragma once
 
 #include "filling/BoxOutline.h"
-#include "filling/FittingLabel.h"
 #include "filling/MarkImage.h"
 #include "platform/forms/ControlArray.h"
+#include "platform/forms/FittingLabel.h"
 #include "platform/forms/Form.h"
 #include "store/FormViews.h"
 

@@ -1,4 +1,4 @@
-#include "filling/FittingLabel.h"
+#include "platform/forms/FittingLabel.h"
 
 #include <QHelpEvent>
 #include <QPainter>
