@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QRegion>
+
+/// A window that can be given an outline: the forms implement it.
+class WindowShape {
+public:
+    virtual ~WindowShape() = default;
+
+    /// Shows of the window only what lies within `region`, in pixels from its upper left corner,
+    /// and redraws it. Null restores the full rectangle; an empty region leaves nothing to see.
+    virtual void SetWindowRgn(const QRegion* region) = 0;
+};
