@@ -1,5 +1,6 @@
 #include "shell/RunProgram.h"
 
+#include "accounts/RegisterForms.h"
 #include "authoring/RegisterForms.h"
 #include "filling/RegisterForms.h"
 #include "platform/forms/DefaultForms.h"
@@ -43,6 +44,7 @@ int RunProgram(QApplication& application) {
     SetDesktop(&desktop);
     SetPrintTarget(&printer);
     RegisterShellForms();
+    RegisterAccountForms();
     RegisterAuthoringForms();
     RegisterFillingForms();
 

@@ -1,5 +1,6 @@
 #include "tests/common/FormTest.h"
 
+#include "accounts/RegisterForms.h"
 #include "authoring/RegisterForms.h"
 #include "filling/RegisterForms.h"
 #include "platform/forms/ActivationTracker.h"
@@ -24,6 +25,7 @@ FormTest::FormTest() {
     registry.CreateKey(HKEY_CURRENT_USER, key);
     registry.SetValue(HKEY_CURRENT_USER, key, QStringLiteral("RunningTimes2"), 1);
     RegisterShellForms();
+    RegisterAccountForms();
     RegisterAuthoringForms();
     RegisterFillingForms();
     SetEndProcess([this](int exitCode) { Ends += exitCode; });

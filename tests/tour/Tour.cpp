@@ -1,5 +1,6 @@
 #include "tests/tour/Tour.h"
 
+#include "accounts/RegisterForms.h"
 #include "authoring/RegisterForms.h"
 #include "filling/RegisterForms.h"
 #include "platform/forms/DefaultForms.h"
@@ -82,6 +83,7 @@ Tour::Tour(const Text& chapter, const QDate& firstDay) : Pictures(chapter), Boxe
     SetPrintTarget(&Pictures);
     SetEndProcess([this](int exitCode) { Ends += exitCode; });
     RegisterShellForms();
+    RegisterAccountForms();
     RegisterAuthoringForms();
     RegisterFillingForms();
 }

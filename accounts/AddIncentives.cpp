@@ -1,0 +1,58 @@
+#include "accounts/AddIncentives.h"
+
+#include "platform/forms/DefaultForms.h"
+#include "platform/forms/FormViewAdapters.h"
+#include "platform/forms/Handlers.h"
+#include "platform/runtime/Desktop.h"
+#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Pictures.h"
+#include "platform/runtime/ProgramFolder.h"
+#include "platform/runtime/Prompts.h"
+#include "shell/session/Session.h"
+#include "ui_AddIncentives.h"
+
+AddIncentives::AddIncentives()
+    : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::AddIncentives>()) {
+    ui_->setupUi(this);
+    ui_->Image1->setContentsMargins(5, 5, 5, 5);
+    On(ui_->Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
+    On(ui_->AddIncentive, &QPushButton::clicked, this, [this] { AddIncentive_Click(); });
+    On(ui_->AddPoints, &QPushButton::clicked, this, [this] { AddPoints_Click(); });
+    On(ui_->Close, &QPushButton::clicked, this, [this] { Close_Click(); });
+}
+
+AddIncentives::~AddIncentives() = default;
+
+void AddIncentives::Load() {
+    opFileName_ = InProgramFolder(QStringLiteral("IncentivesPictures/Bike.gif"));
+}
+
+void AddIncentives::Command1_Click() {
+    opFileName_ =
+        AskForFile(InProgramFolder(QStringLiteral("IncentivesPictures"))).value_or(QString());
+    WithErrorsSkipped([this] { LabelPicture(*ui_->Image1).SetPicture(LoadPicture(opFileName_)); });
+}
+
+void AddIncentives::AddIncentive_Click() {
+    if (!opFileName_.isEmpty() ||
+        Ask(QStringLiteral("You haven't selected a picture for this incentive, are you sure you "
+                           "want to continue?"))) {
+        Database().AddToy(AccountName, ui_->ToyName->text(), opFileName_,
+                          ToInteger(Val(ui_->Value->text())));
+    } else {
+        // The form goes after this, and with it the picture chosen now.
+        Tell(QStringLiteral("Please select a picture"));
+        Command1_Click();
+    }
+    Unload();
+}
+
+void AddIncentives::AddPoints_Click() {
+    Database().AddPoints(AccountName, ToInteger(Val(ui_->Points->text())), false);
+    Unload();
+}
+
+void AddIncentives::Close_Click() {
+    Unload();
+    DefaultForm(QStringLiteral("DisplayAccount")).Show();
+}

@@ -1,0 +1,59 @@
+#include "accounts/ChildrenList.h"
+
+#include <QDragMoveEvent>
+#include <QMouseEvent>
+#include <QScrollBar>
+
+ChildrenList::ChildrenList(QWidget* parent) : AccountList(parent) {
+    setHeaderHidden(true);
+    setDragDropMode(QAbstractItemView::NoDragDrop);
+    setAcceptDrops(true);
+}
+
+ChildrenList::Position ChildrenList::TakeOut() {
+    const Position position{verticalScrollBar()->value(), indexOfTopLevelItem(currentItem())};
+    Clear();
+    return position;
+}
+
+void ChildrenList::PutBack(const Position& position) {
+    if (QTreeWidgetItem* row = topLevelItem(std::min(position.row, topLevelItemCount() - 1)))
+        setCurrentItem(row, 0, QItemSelectionModel::NoUpdate);
+    // The bar knows its range when the rows have been laid out.
+    doItemsLayout();
+    verticalScrollBar()->setValue(position.scroll);
+}
+
+void ChildrenList::mousePressEvent(QMouseEvent* event) {
+    emit Pressed(event->button());
+    // Another button than the left one selects nothing: who asks for a row's end by the right one
+    // is not to find the row below selected after it.
+    if (event->button() == Qt::LeftButton)
+        AccountList::mousePressEvent(event);
+}
+
+void ChildrenList::mouseDoubleClickEvent(QMouseEvent* event) {
+    // Two clicks, the second as good as the first.
+    QMouseEvent press(QEvent::MouseButtonPress, event->position(), event->scenePosition(),
+                      event->globalPosition(), event->button(), event->buttons(),
+                      event->modifiers(), event->source(), event->pointingDevice());
+    mousePressEvent(&press);
+}
+
+void ChildrenList::mouseMoveEvent(QMouseEvent* event) {
+    const QString before = SelectedName();
+    AccountList::mouseMoveEvent(event);
+    if (SelectedName() != before)
+        emit DraggedOver();
+}
+
+void ChildrenList::dragEnterEvent(QDragEnterEvent* event) {
+    // Taken, so that its moves come here as well; nothing can be dropped.
+    event->accept();
+    emit DraggedOver();
+}
+
+void ChildrenList::dragMoveEvent(QDragMoveEvent* event) {
+    event->ignore();
+    emit DraggedOver();
+}

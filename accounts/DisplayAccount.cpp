@@ -1,0 +1,164 @@
+#include "accounts/DisplayAccount.h"
+
+#include "accounts/AddIncentives.h"
+#include "platform/forms/DefaultForms.h"
+#include "platform/forms/FormViewAdapters.h"
+#include "platform/forms/Handlers.h"
+#include "platform/runtime/Desktop.h"
+#include "platform/runtime/Numbers.h"
+#include "platform/runtime/ProgramFolder.h"
+#include "platform/runtime/Prompts.h"
+#include "shell/Settings.h"
+#include "shell/session/Session.h"
+#include "ui_DisplayAccount.h"
+
+DisplayAccount::DisplayAccount()
+    : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::DisplayAccount>()) {
+    ui_->setupUi(this);
+    for (QLabel* picture : {ui_->Image1, ui_->Image2})
+        picture->setContentsMargins(5, 5, 5, 5);
+    On(ui_->StudentsList, &ChildrenList::Pressed, this,
+       [this](Qt::MouseButton button) { StudentsList_MouseDown(button); });
+    On(ui_->StudentsList, &ChildrenList::Chosen, this, [this] { StudentsList_Click(); });
+    On(ui_->StudentsList, &ChildrenList::DraggedOver, this, [this] { StudentsList_Click(); });
+    On(ui_->Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
+    On(ui_->cmdReset, &QPushButton::clicked, this, [this] { cmdReset_Click(); });
+    On(ui_->Infobtn, &QPushButton::clicked, this, [this] { Infobtn_Click(); });
+    On(ui_->Incentivesbtn, &QPushButton::clicked, this, [this] { Incentivesbtn_Click(); });
+    On(ui_->Exitbtn, &QPushButton::clicked, this,
+       [] { DefaultForm(QStringLiteral("WeekChartRepresentation")).Show(); });
+    On(ui_->cmdChgPic, &QPushButton::clicked, this, [this] { cmdChgPic_Click(); });
+    On(ui_->Okbtn, &QPushButton::clicked, this, [this] { Unload(); });
+}
+
+DisplayAccount::~DisplayAccount() = default;
+
+QString DisplayAccount::ReturnSelectedStudent() const {
+    return ui_->StudentsList->SelectedName();
+}
+
+void DisplayAccount::Activate() {
+    FillList();
+    StudentsList_Click();
+    EmptyFigures();
+    ReadSettings();
+    // The other names of the kinds are left out here, unlike elsewhere: for them the buttons stay
+    // as they are.
+    if (CurrentState == QLatin1String("Teacher"))
+        ShowForAdult();
+    else if (CurrentState == QLatin1String("Student"))
+        ShowForChild();
+}
+
+void DisplayAccount::FillList() {
+    ChildrenList& list = *ui_->StudentsList;
+    list.Refill([&list] { Database().PopulateUserList(nullptr, list); });
+    for (int row = 0; row < list.topLevelItemCount(); ++row) {
+        QTreeWidgetItem* item = list.topLevelItem(row);
+        item->setSelected(false);
+        if (item->text(0) == CurrentUser)
+            list.setCurrentItem(item, 0, QItemSelectionModel::ClearAndSelect);
+    }
+}
+
+void DisplayAccount::EmptyFigures() {
+    for (QLabel* figure :
+         std::initializer_list<QLabel*>{ui_->Pointslbl, ui_->ToyName, ui_->ToyValue})
+        figure->clear();
+}
+
+void DisplayAccount::ShowForAdult() {
+    // A child that has used the form before may have left it without the list.
+    ui_->StudentsList->show();
+    ui_->Label2->show();
+    for (QPushButton* button :
+         {ui_->Exitbtn, ui_->Command1, ui_->Incentivesbtn, ui_->Okbtn, ui_->cmdReset, ui_->Infobtn})
+        button->show();
+}
+
+void DisplayAccount::ShowForChild() {
+    for (QPushButton* button :
+         {ui_->Exitbtn, ui_->Command1, ui_->cmdReset, ui_->Infobtn, ui_->Incentivesbtn})
+        button->hide();
+    ui_->Okbtn->show();
+    const bool seesOthers = SeeOtherAccounts != 0;
+    ui_->StudentsList->setVisible(seesOthers);
+    ui_->Label2->setVisible(seesOthers);
+    if (seesOthers)
+        return;
+
+    EmptyFigures();
+    LabelPicture picture(*ui_->Image1);
+    Database().RetrevePicture(CurrentUser, picture);
+    LabelCaption toyName(*ui_->ToyName);
+    LabelPicture toyPicture(*ui_->Image2);
+    LabelCaption toyValue(*ui_->ToyValue);
+    Database().RetrieveToy(CurrentUser, toyName, toyPicture, toyValue);
+    LabelCaption points(*ui_->Pointslbl);
+    Database().RetrievePoints(CurrentUser, points);
+    ui_->KidName->setText(CurrentUser);
+}
+
+void DisplayAccount::StudentsList_Click() {
+    EmptyFigures();
+    const QString student = ReturnSelectedStudent();
+    LabelPicture picture(*ui_->Image1);
+    Database().RetrevePicture(student, picture);
+    LabelCaption toyName(*ui_->ToyName);
+    LabelPicture toyPicture(*ui_->Image2);
+    LabelCaption toyValue(*ui_->ToyValue);
+    Database().RetrieveToy(student, toyName, toyPicture, toyValue);
+    LabelCaption points(*ui_->Pointslbl);
+    Database().RetrievePoints(student, points);
+
+    const double needed = Val(ui_->ToyValue->text()) - Val(ui_->Pointslbl->text());
+    ui_->Label5->setText(needed <= 0 ? QStringLiteral("0") : NumberText(needed));
+    constexpr int size = 24; // points
+    QFont font = ui_->Label5->font();
+    font.setPointSize(size);
+    ui_->Label5->setFont(font);
+    ui_->KidName->setText(student);
+}
+
+void DisplayAccount::StudentsList_MouseDown(Qt::MouseButton button) {
+    if (!IsAdult(CurrentState))
+        return;
+    // The press has not selected anything yet: the question is about the row selected before.
+    if (button == Qt::RightButton &&
+        Ask(QStringLiteral("Are you sure you want to delete this account?")))
+        Database().DeleteAccount(ReturnSelectedStudent());
+    Activate();
+}
+
+void DisplayAccount::Command1_Click() {
+    if (Ask(QStringLiteral("Are you sure you want to cash out?")))
+        Database().AddPoints(ReturnSelectedStudent(), ToInteger(-Val(ui_->ToyValue->text())),
+                             false);
+    Activate();
+}
+
+void DisplayAccount::cmdReset_Click() {
+    if (Ask(QStringLiteral("Are you sure you want to reset?")))
+        Database().AddPoints(ReturnSelectedStudent(), 0, true);
+    Activate();
+}
+
+void DisplayAccount::Infobtn_Click() {
+    if (Ask(QStringLiteral("Are you sure you want to print?")))
+        Database().PrintUsersPasswords();
+    Activate();
+}
+
+void DisplayAccount::Incentivesbtn_Click() {
+    auto& editor = Default<AddIncentives>();
+    editor.AccountName = ReturnSelectedStudent();
+    editor.Show();
+}
+
+void DisplayAccount::cmdChgPic_Click() {
+    // A cancelled dialog holds no name, with which the picture stays as it is.
+    const QString file =
+        AskForFile(InProgramFolder(QStringLiteral("UsersPictures"))).value_or(QString());
+    Database().ChangePicture(IsAdult(CurrentState) ? ReturnSelectedStudent() : CurrentUser, file);
+    Activate();
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/forms/Form.h"
+
+#include <memory>
+
+namespace Ui {
+class DisplayAccount;
+}
+
+/// Shows the points and the incentive of a child's account. An adult sees every child and all
+/// actions; a child its own account, and the others' where the settings allow it.
+class DisplayAccount : public FormWidget {
+    Q_OBJECT
+
+public:
+    static inline const QString FormName = QStringLiteral("DisplayAccount");
+
+    DisplayAccount();
+    ~DisplayAccount() override;
+
+protected:
+    /// Also the form's refresh: each action ends in it.
+    void Activate() override;
+
+private:
+    QString ReturnSelectedStudent() const;
+    void FillList();
+    void EmptyFigures();
+    void ShowForAdult();
+    void ShowForChild();
+    void StudentsList_Click();
+    void StudentsList_MouseDown(Qt::MouseButton button);
+    void Command1_Click();
+    void cmdReset_Click();
+    void Infobtn_Click();
+    void Incentivesbtn_Click();
+    void cmdChgPic_Click();
+
+    std::unique_ptr<Ui::DisplayAccount> ui_;
+};

@@ -1,0 +1,4 @@
+#pragma once
+
+/// Makes the forms of this room known.
+void RegisterAccountForms();
