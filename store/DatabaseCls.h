@@ -2,6 +2,7 @@
 
 #include "platform/tables/TableStore.h"
 #include "store/FormViews.h"
+#include "store/JobCounts.h"
 
 #include <QDate>
 #include <QString>
@@ -9,6 +10,8 @@
 #include <functional>
 #include <future>
 #include <memory>
+
+class JobTallies;
 
 /// The store: every read and write of the program's lasting data.
 ///
@@ -142,6 +145,21 @@ public:
                     const QString& OpenMark);
     /// Prints every account with its password.
     void PrintUsersPasswords();
+    /// Prints the child's job report over the tables `ChartNames`, or over all history tables of
+    /// the child for the single element "All", with the jobs of the mode's job-name file.
+    /// `DateRangeText` stands under the title. Raises 482 for a printer fault, 53 or 76 for a
+    /// missing file, 9 for no names, 3078 for a missing table, and with "All" 3021 for a history
+    /// table without rows; prints nothing then.
+    void PrintReport2(const QString& KidName, const QStringList& ChartNames,
+                      const QString& DateRangeText);
+    /// The same with the jobs of the file `JobFile`.
+    void Report2(const QString& KidName, const QStringList& ChartNames, const QString& JobFile,
+                 const QString& DateRangeText);
+    /// The period of the tables `ChartNames` in words; with "All" that of all tables of the
+    /// database, whoever owns them. A name is passed over while the table at the same place of the
+    /// catalogue is the accounts'. Raises 9 for no names, 3078 for a missing table, 3021 for one
+    /// without rows.
+    QString ReturnDateRange(const QString& KidName, const QStringList& ChartNames);
 
     /// Makes durable what the action under way has written. Raises 3000.
     void Commit();
@@ -150,6 +168,11 @@ private:
     static void EmptyRecordset(Recordset* Rows);
     QString DayCaption(Recordset& Rows, const QString& Day);
     qint32 ReturnRandomColor() const;
+    static void PrintReportHeader(const QString& KidName, const QString& DateRangeText);
+    /// How often a job was completed and left open in the tables. The first job that is asked for
+    /// takes the counts of all jobs, in one walk, into `Counted`, where those after it find them.
+    JobCounts CountJobHistory(const QString& JobName, const QString& KidName,
+                              const QStringList& ChartNames, JobTallies& Counted);
 
     TableStore& Tables() const;
     static bool FallsOnDay(const QString& dayOfWeek, const QString& day);
@@ -166,6 +189,8 @@ private:
                         const std::function<void(Recordset&)>& beforePicture);
     /// Runs `action` on every row of the name; returns the cursor behind the last row.
     Recordset ForEachAccount(const QString& name, const std::function<void(Recordset&)>& action);
+    void TakeCounts(const QString& askedJob, const QString& kidName, const QStringList& chartNames,
+                    JobTallies& counted);
     void ListByOwnerAndMonth(const QString& userName, NameList& list, bool history);
 
     ChartForms& forms_;

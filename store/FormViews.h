@@ -95,4 +95,6 @@ public:
     virtual ChartEditorRows& Editor(qint16 formIndex) = 0;
     virtual ChartViewerRows& Viewer(qint16 formIndex) = 0;
     virtual QString CurrentUserName() const = 0;
+    /// The school version, else the home version.
+    virtual bool IsSchool() const = 0;
 };

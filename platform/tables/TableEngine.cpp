@@ -86,8 +86,7 @@ void Query::Bind(int parameter, const FieldDefinition& field, const Cell& cell) 
     }
 }
 
-Cell Query::Read(int column) const {
-    const SQLite::Column value = statement_->getColumn(column);
+Cell CellOf(const SQLite::Column& value) {
     switch (value.getType()) {
     case SQLITE_INTEGER:
         return qint64{value.getInt64()};

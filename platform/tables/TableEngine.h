@@ -73,6 +73,11 @@ public:
     /// The statement of this text, prepared once and kept while it is in use now and then.
     std::shared_ptr<SQLite::Statement> Prepared(const std::string& sql);
 
+    /// A statement for one use that its owner may leave running.
+    std::unique_ptr<SQLite::Statement> Prepare(const std::string& sql) {
+        return std::make_unique<SQLite::Statement>(*database_, sql);
+    }
+
     /// Sees whether another connection has written since, and reads the catalogue again if need
     /// be.
     void NoticeOthers();
@@ -134,6 +139,9 @@ private:
     quint64 epoch_ = 0;
 };
 
+/// What a column of a statement's current row holds.
+Cell CellOf(const SQLite::Column& value);
+
 /// One use of a statement. The end of the use resets the statement: one that is left running
 /// would hold a lock on the file and keep tables from being dropped.
 class Query {
@@ -154,7 +162,7 @@ public:
     int Run() { return statement_->exec(); }
 
     qint64 Number(int column) const { return statement_->getColumn(column).getInt64(); }
-    Cell Read(int column) const;
+    Cell Read(int column) const { return CellOf(statement_->getColumn(column)); }
     /// Valid until the next step.
     std::string_view Bytes(int column) const;
 

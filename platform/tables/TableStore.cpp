@@ -49,6 +49,10 @@ Recordset TableStore::OpenRecordset(const QString& name) {
     return {engine_, name};
 }
 
+TableWalk TableStore::WalkThrough(const QString& name, const QStringList& fields) {
+    return {engine_, name, fields};
+}
+
 void TableStore::Commit() {
     engine_->Guard([&] { engine_->Commit(); });
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/tables/Recordset.h"
+#include "platform/tables/TableWalk.h"
 
 #include <QList>
 #include <QString>
@@ -64,6 +65,10 @@ public:
 
     /// A cursor on the table, at its first row. Raises 3078 if there is none of that name.
     Recordset OpenRecordset(const QString& name);
+
+    /// A look through a few fields of the table. Raises 3078 if there is none of that name, 9 for
+    /// an unknown field.
+    TableWalk WalkThrough(const QString& name, const QStringList& fields);
 
     /// While it lives, many reads in a row see one state of the file and are quick: they need not
     /// look each time for what others have written, who have to wait with their writes. A write or

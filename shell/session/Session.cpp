@@ -21,6 +21,7 @@ public:
     ChartEditorRows& Editor(qint16 formIndex) override { return ChartEditors.At(formIndex); }
     ChartViewerRows& Viewer(qint16 formIndex) override { return ChartViewers.At(formIndex); }
     QString CurrentUserName() const override { return CurrentUser; }
+    bool IsSchool() const override { return SchoolMode != 0; }
 };
 
 std::unique_ptr<DatabaseCls>& Store() {

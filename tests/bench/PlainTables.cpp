@@ -1,6 +1,7 @@
 #include "tests/bench/PlainTables.h"
 
 #include <stdexcept>
+#include <vector>
 
 namespace {
 
@@ -106,4 +107,28 @@ QStringList PlainTables::ChartsOf(const std::string& owner, const std::string& t
     }
     database_.exec("COMMIT");
     return found;
+}
+
+int PlainTables::ReadHistory(const std::string& owner) {
+    database_.exec("BEGIN");
+    std::vector<std::string> names;
+    {
+        SQLite::Statement tables(database_, "SELECT name FROM sqlite_master WHERE type = 'table'"
+                                            " AND substr(name, 1, 4) = 'Hist' ORDER BY rowid");
+        while (tables.executeStep())
+            names.emplace_back(tables.getColumn(0).getText());
+    }
+    int done = 0;
+    for (const std::string& name : names) {
+        SQLite::Statement row(database_, "SELECT Instructions, Completed, UserName FROM " +
+                                             Quoted(name) + " ORDER BY rowid");
+        if (!row.executeStep() || owner != row.getColumn(2).getText())
+            continue;
+        do {
+            const std::string job = row.getColumn(0).getText();
+            done += !job.empty() && row.getColumn(1).getInt() != 0 ? 1 : 0;
+        } while (row.executeStep());
+    }
+    database_.exec("COMMIT");
+    return done;
 }

@@ -24,6 +24,10 @@ public:
     QStringList ChartsOf(const std::string& owner, const std::string& today,
                          const std::string& weekAgo);
 
+    /// Reads the first row of every history table, and all rows of those of one owner; the number
+    /// of jobs done.
+    int ReadHistory(const std::string& owner);
+
     void Begin() { database_.exec("BEGIN IMMEDIATE"); }
     void Commit() { database_.exec("COMMIT"); }
 

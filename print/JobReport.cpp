@@ -1,0 +1,176 @@
+#include "platform/printing/Printer.h"
+#include "platform/runtime/Dates.h"
+#include "platform/runtime/Numbers.h"
+#include "platform/runtime/RuntimeError.h"
+#include "platform/runtime/TextFiles.h"
+#include "print/JobTallies.h"
+#include "store/DatabaseCls.h"
+#include "store/JobNameFile.h"
+#include "store/TableNames.h"
+
+namespace {
+
+/// Colours, red in the low byte.
+constexpr qint32 Black = 0;
+constexpr qint32 Red = 255;
+
+/// The first line's grid row; a page ends behind the line with the last number.
+constexpr qint16 FirstGridRow = 3;
+constexpr qint16 LastLineNo = 28;
+
+/// What is read of a table to count its rows, and to find its period; the places in the lists.
+const QStringList CountedFields = {QStringLiteral("Instructions"), QStringLiteral("Completed"),
+                                   QStringLiteral("UserName")};
+constexpr int Instructions = 0;
+constexpr int Completed = 1;
+constexpr int UserName = 2;
+const QStringList PeriodFields = {QStringLiteral("FirstDate"), QStringLiteral("LastDate")};
+constexpr int FirstDate = 0;
+constexpr int LastDate = 1;
+
+/// True if the names stand for all history tables. Raises 9 if there is not even one.
+bool MeansAllHistory(const QStringList& chartNames) {
+    if (chartNames.isEmpty())
+        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+    return chartNames.first() == QLatin1String("All");
+}
+
+bool IsOutsidePeriods(const QString& tableName) {
+    const QString prefix = KindPrefix(tableName);
+    return prefix == QLatin1String("USER") || prefix == QLatin1String("MSys");
+}
+
+void PrintJobLine(PrinterObject& printer, qint16 lineNo, const QString& job,
+                  const JobCounts& counts) {
+    const int top = lineNo + FirstGridRow;
+    printer.SetFontSize(14);
+    printer.SetCurrentX(1.2);
+    printer.SetCurrentY(top);
+    printer.Print(QString::number(lineNo + 1) + QStringLiteral(".     ") + job);
+    printer.SetCurrentX(12);
+    printer.SetCurrentY(top);
+    printer.Print(QString::number(counts.Completed) + QLatin1Char(' '));
+    printer.SetCurrentX(16.5);
+    printer.SetCurrentY(top);
+    printer.SetForeColor(Red);
+    printer.Print(QString::number(counts.Incomplete) + QLatin1Char(' '));
+    printer.SetForeColor(Black);
+}
+
+} // namespace
+
+void DatabaseCls::PrintReport2(const QString& KidName, const QStringList& ChartNames,
+                               const QString& DateRangeText) {
+    Report2(KidName, ChartNames, JobNameFile(forms_.IsSchool()), DateRangeText);
+}
+
+void DatabaseCls::Report2(const QString& KidName, const QStringList& ChartNames,
+                          const QString& JobFile, const QString& DateRangeText) {
+    PrinterObject& printer = Printer();
+    const PrintJobGuard job(printer);
+    PrintReportHeader(KidName, DateRangeText);
+
+    InputFile names(JobFile);
+    JobTallies counted;
+    qint16 LineNo = 0;
+    while (!names.AtEnd()) {
+        const QString JobName = names.InputText();
+        const JobCounts counts = CountJobHistory(JobName, KidName, ChartNames, counted);
+        if (!counts.Found)
+            continue;
+        PrintJobLine(printer, LineNo, JobName, counts);
+        LineNo = AddIntegers(LineNo, 1);
+        // The limit is the number's, not the paper's: the last two lines stand beyond its edge.
+        if (LineNo > LastLineNo) {
+            printer.NewPage();
+            PrintReportHeader(KidName, DateRangeText);
+            LineNo = 0;
+        }
+    }
+    printer.EndDoc();
+}
+
+void DatabaseCls::PrintReportHeader(const QString& KidName, const QString& DateRangeText) {
+    PrinterObject& printer = Printer();
+    printer.SetScaleWidth(21);
+    printer.SetScaleHeight(30);
+    const auto print = [&printer](double x, double y, const QString& text) {
+        printer.SetCurrentX(x);
+        printer.SetCurrentY(y);
+        printer.Print(text);
+    };
+    printer.SetFontSize(18);
+    print(8, 0, KidName + QStringLiteral(" - Job Report"));
+    print(5, 1, DateRangeText);
+    print(1.2, 2, QStringLiteral("         Jobs"));
+    print(11.5, 2, QStringLiteral("Completed"));
+    print(15.5, 2, QStringLiteral("   Incomplete"));
+    printer.Line(3, 3, 21, 3, Black);
+    printer.Line(11, 3, 11, 29, Black);
+    printer.Line(15, 3, 15, 29, Black);
+}
+
+JobCounts DatabaseCls::CountJobHistory(const QString& JobName, const QString& KidName,
+                                       const QStringList& ChartNames, JobTallies& Counted) {
+    if (!Counted.IsTaken()) {
+        TakeCounts(JobName, KidName, ChartNames, Counted);
+        Counted.SetTaken();
+    }
+    return Counted.Of(JobName);
+}
+
+void DatabaseCls::TakeCounts(const QString& askedJob, const QString& kidName,
+                             const QStringList& chartNames, JobTallies& counted) {
+    const TableStore::Reading reading(Tables());
+    const auto countRows = [&](TableWalk& rows) {
+        for (; !rows.Eof(); rows.MoveNext())
+            counted.Count(rows.Value(Instructions), askedJob,
+                          [&] { return rows.Value(Completed); });
+    };
+    if (!MeansAllHistory(chartNames)) {
+        for (const QString& name : chartNames) {
+            TableWalk rows = Tables().WalkThrough(name, CountedFields);
+            countRows(rows);
+        }
+        return;
+    }
+    const int count = Tables().TableCount();
+    for (int index = 0; index < count; ++index) {
+        const QString name = Tables().TableName(index);
+        if (KindPrefix(name) != QLatin1String("Hist"))
+            continue;
+        TableWalk rows = Tables().WalkThrough(name, CountedFields);
+        // Whose table it is says its first row, whatever the table is called.
+        const QVariant owner = rows.Value(UserName);
+        if (!owner.isNull() && owner.toString() == kidName)
+            countRows(rows);
+    }
+}
+
+QString DatabaseCls::ReturnDateRange(const QString&, const QStringList& ChartNames) {
+    const TableStore::Reading reading(Tables());
+    const bool isAll = MeansAllHistory(ChartNames);
+    const int tableCount = Tables().TableCount();
+    const qsizetype count = isAll ? tableCount : ChartNames.size();
+    QDate StartDate;
+    QDate EndDate;
+    qint16 Opened = 0;
+    for (int index = 0; index < count; ++index) {
+        // Also for a name of the list: the table at its place in the catalogue decides.
+        const QString tableName = Tables().TableName(index);
+        if (IsOutsidePeriods(tableName))
+            continue;
+        const TableWalk row =
+            Tables().WalkThrough(isAll ? tableName : ChartNames.at(index), PeriodFields);
+        Opened = AddIntegers(Opened, 1);
+        const QDate first = DateOf(row.Value(FirstDate));
+        const QDate last = DateOf(row.Value(LastDate));
+        // Dates stand in the same order as their keys.
+        if (Opened == 1 || EndDate < last)
+            EndDate = last;
+        if (Opened == 1 || StartDate > first)
+            StartDate = first;
+    }
+    return QStringLiteral("Starting from: ") + DateText(StartDate) + QStringLiteral(" until ") +
+           DateText(EndDate);
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/runtime/RuntimeError.h"
+#include "store/JobCounts.h"
+
+#include <QHash>
+#include <QString>
+#include <QVariant>
+#include <optional>
+
+/// The counts of all jobs of a report under way, by a job's exact text.
+///
+/// They stand for one walk through the tables for each job, one job after the other: what makes a
+/// job's own rows uncountable ends the report only when its turn comes.
+class JobTallies {
+public:
+    bool IsTaken() const { return isTaken_; }
+    void SetTaken() { isTaken_ = true; }
+
+    /// Counts a row with that job and the mark that `completed` reads. `askedJob` is the job whose
+    /// turn it is: what makes a row of it uncountable is raised at once (6 beyond 16 bits), for
+    /// other jobs it is kept.
+    template <class Mark>
+    void Count(const QVariant& job, const QString& askedJob, Mark&& completed) {
+        // Nothing stored is no job's text, not even the empty one.
+        if (job.isNull())
+            return;
+        Tally& tally = tallies_[job.toString()];
+        if (tally.fault)
+            return;
+        try {
+            Add(tally.counts, completed().toBool());
+        } catch (const RuntimeError& fault) {
+            if (job.toString() == askedJob)
+                throw;
+            tally.fault = fault;
+        }
+    }
+
+    /// The counts of a job. Raises what has been kept for it.
+    JobCounts Of(const QString& job) const;
+
+private:
+    struct Tally {
+        JobCounts counts;
+        std::optional<RuntimeError> fault;
+    };
+
+    static void Add(JobCounts& counts, bool completed);
+
+    QHash<QString, Tally> tallies_;
+    bool isTaken_ = false;
+};

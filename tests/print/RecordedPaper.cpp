@@ -1,0 +1,69 @@
+#include "tests/print/RecordedPaper.h"
+
+#include <QFontMetricsF>
+#include <QPaintEngine>
+#include <QPainter>
+#include <QPdfWriter>
+
+namespace {
+
+constexpr double GridWidth = 21;
+constexpr double GridHeight = 30;
+
+class RecordingEngine : public QPaintEngine {
+public:
+    RecordingEngine(QList<RecordedPage>& pages, const QPaintDevice& device)
+        : QPaintEngine(AllFeatures), pages_(pages), device_(device) {}
+
+    bool begin(QPaintDevice*) override { return true; }
+    bool end() override { return true; }
+    Type type() const override { return User; }
+    void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
+    void updateState(const QPaintEngineState& change) override {
+        if (change.state() & DirtyPen)
+            pen_ = change.pen();
+    }
+    void drawTextItem(const QPointF& baseLine, const QTextItem& item) override {
+        const QPointF top = baseLine - QPointF(0, QFontMetricsF(item.font(), &device_).ascent());
+        pages_.last().Texts.append(
+            {item.text(), InUnits(top), item.font().pointSize(), pen_.color().rgb()});
+    }
+    void drawLines(const QLineF* lines, int count) override {
+        for (int line = 0; line < count; ++line)
+            pages_.last().Strokes.append(
+                {InUnits(lines[line].p1()), InUnits(lines[line].p2()), pen_.color().rgb()});
+    }
+    void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
+
+private:
+    QPointF InUnits(const QPointF& dots) const {
+        return {dots.x() * GridWidth / device_.width(), dots.y() * GridHeight / device_.height()};
+    }
+
+    QList<RecordedPage>& pages_;
+    const QPaintDevice& device_;
+    QPen pen_;
+};
+
+class RecordingDevice : public QPdfWriter {
+public:
+    explicit RecordingDevice(QList<RecordedPage>& pages)
+        : QPdfWriter(QStringLiteral("/dev/null")), pages_(pages), engine_(pages, *this) {}
+
+    QPaintEngine* paintEngine() const override { return &engine_; }
+    bool newPage() override {
+        pages_.append(RecordedPage());
+        return true;
+    }
+
+private:
+    QList<RecordedPage>& pages_;
+    mutable RecordingEngine engine_;
+};
+
+} // namespace
+
+std::unique_ptr<QPagedPaintDevice> RecordedPaper::Open() {
+    pending_ = {RecordedPage()};
+    return std::make_unique<RecordingDevice>(pending_);
+}
