@@ -13,6 +13,7 @@
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/Desktop.h"
 #include "platform/runtime/Prompts.h"
+#include "reports/RegisterForms.h"
 #include "shell/RegisterForms.h"
 #include "shell/session/Session.h"
 
@@ -47,6 +48,7 @@ int RunProgram(QApplication& application) {
     RegisterAccountForms();
     RegisterAuthoringForms();
     RegisterFillingForms();
+    RegisterReportForms();
 
     // Inside the event loop, which an error in the start-up is to end.
     QTimer::singleShot(0, &application, Start);

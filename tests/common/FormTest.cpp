@@ -5,6 +5,7 @@
 #include "filling/RegisterForms.h"
 #include "platform/forms/ActivationTracker.h"
 #include "platform/runtime/Actions.h"
+#include "reports/RegisterForms.h"
 #include "shell/RegisterForms.h"
 #include "support/clsRegistry.h"
 
@@ -28,6 +29,7 @@ FormTest::FormTest() {
     RegisterAccountForms();
     RegisterAuthoringForms();
     RegisterFillingForms();
+    RegisterReportForms();
     SetEndProcess([this](int exitCode) { Ends += exitCode; });
 }
 

@@ -7,6 +7,7 @@
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/ProgramFolder.h"
+#include "reports/RegisterForms.h"
 #include "shell/RegisterForms.h"
 #include "shell/session/Session.h"
 #include "tests/common/Readable.h"
@@ -86,6 +87,7 @@ Tour::Tour(const Text& chapter, const QDate& firstDay) : Pictures(chapter), Boxe
     RegisterAccountForms();
     RegisterAuthoringForms();
     RegisterFillingForms();
+    RegisterReportForms();
 }
 
 Tour::~Tour() {

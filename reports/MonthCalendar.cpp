@@ -1,0 +1,34 @@
+#include "reports/MonthCalendar.h"
+
+#include "platform/runtime/Dates.h"
+
+MonthCalendar::MonthCalendar(QWidget* parent) : QCalendarWidget(parent), parts_(PartsOf(Today())) {
+    setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    setNavigationBarVisible(true);
+    setSelectedDate(Today());
+    connect(this, &QCalendarWidget::selectionChanged, this,
+            [this] { parts_ = PartsOf(selectedDate()); });
+}
+
+MonthCalendar::Parts MonthCalendar::PartsOf(const QDate& date) {
+    return {date.day(), date.month(), date.year()};
+}
+
+void MonthCalendar::SetDay(qint16 day) {
+    Choose({day, parts_.month, parts_.year});
+}
+
+void MonthCalendar::SetMonth(qint16 month) {
+    Choose({parts_.day, month, parts_.year});
+}
+
+void MonthCalendar::SetYear(qint16 year) {
+    Choose({parts_.day, parts_.month, year});
+}
+
+void MonthCalendar::Choose(const Parts& parts) {
+    const QDate first(parts.year, parts.month, 1);
+    setSelectedDate(first.addDays(qMin(parts.day, first.daysInMonth()) - 1));
+    // The choice has put the day that stands in the place of the one that was written.
+    parts_ = parts;
+}

@@ -1,0 +1,4 @@
+#pragma once
+
+/// Makes the forms of the reports known.
+void RegisterReportForms();

@@ -1,0 +1,161 @@
+#include "reports/MonthCalendar.h"
+#include "tests/reports/ReportTest.h"
+
+#include <QFrame>
+#include <QLabel>
+#include <QPushButton>
+
+namespace {
+
+class DateRangefrmTest : public ReportTest {
+protected:
+    void SetUp() override {
+        ReportTest::SetUp();
+        Open();
+        Dialog().Show();
+        Settle();
+    }
+
+    static QString RangeShown() { return Find<QLabel>(Dialog(), u"Label2"_s).text(); }
+    static bool IsEnabled(const QString& button) { return Find(Dialog(), button).isEnabled(); }
+
+    static void ExpectCalendarShown() {
+        EXPECT_TRUE(Find(Dialog(), u"Calendar1"_s).isVisible());
+        EXPECT_TRUE(Find(Dialog(), u"Ok"_s).isVisible());
+        EXPECT_EQ(Dialog().height() * 15, 6495) << "6500 twips in whole pixels";
+        EXPECT_EQ(Find(Dialog(), u"cmdExit"_s).y(), 370);
+        EXPECT_EQ(Find(Dialog(), u"Ok"_s).y(), 370);
+        EXPECT_EQ(Find(Dialog(), u"Shape1"_s).height(), 402);
+    }
+    static void ExpectCalendarHidden() {
+        EXPECT_TRUE(Find(Dialog(), u"Calendar1"_s).isHidden());
+        EXPECT_TRUE(Find(Dialog(), u"Ok"_s).isHidden());
+        EXPECT_EQ(Dialog().height() * 15, 2790);
+        EXPECT_EQ(Find(Dialog(), u"cmdExit"_s).y(), 136);
+        EXPECT_EQ(Find(Dialog(), u"Ok"_s).y(), 128);
+        EXPECT_EQ(Find(Dialog(), u"Shape1"_s).height(), 153);
+    }
+};
+
+TEST_F(DateRangefrmTest, DesignOfTheForm) {
+    EXPECT_EQ(Dialog().Caption(), u"Select Date Range"_s);
+    EXPECT_EQ(Find<QLabel>(Dialog(), u"Label1"_s).text(),
+              u"The date range you have selected is:"_s);
+    EXPECT_EQ(RangeShown(), QString());
+    for (const auto& [name, text] :
+         QList<std::pair<QString, QString>>{{u"Command1"_s, u"Starting Date"_s},
+                                            {u"Command2"_s, u"Ending Date"_s},
+                                            {u"Ok"_s, u"Ok"_s},
+                                            {u"cmdExit"_s, u"Exit"_s}})
+        EXPECT_EQ(Find<QPushButton>(Dialog(), name).text(), text);
+    EXPECT_TRUE(IsEnabled(u"Command1"_s));
+    EXPECT_FALSE(IsEnabled(u"Command2"_s));
+    ExpectCalendarHidden();
+    Shoot(Dialog(), u"DateRangefrm-hidden"_s);
+}
+
+TEST_F(DateRangefrmTest, CalendarStandsOnTheDayOfTheOpening) {
+    EXPECT_EQ(Dialog().CalDay, 7);
+    EXPECT_EQ(Dialog().CalMonth, 3);
+    EXPECT_EQ(Dialog().CalYear, 2001);
+    EXPECT_EQ(Find<MonthCalendar>(Dialog(), u"Calendar1"_s).Value(), QDate(2001, 3, 7));
+    Dialog().Unload();
+    SetToday(QDate(2004, 2, 29));
+    EXPECT_EQ(Find<MonthCalendar>(Dialog(), u"Calendar1"_s).Value(), QDate(2004, 2, 29));
+}
+
+TEST_F(DateRangefrmTest, EitherDateButtonShowsTheCalendarAndOkHidesIt) {
+    Click(Find(Dialog(), u"Command1"_s));
+    ExpectCalendarShown();
+    Shoot(Dialog(), u"DateRangefrm-calendar"_s);
+    Click(Find(Dialog(), u"Ok"_s));
+    ExpectCalendarHidden();
+    EXPECT_FALSE(IsEnabled(u"Command1"_s));
+    EXPECT_TRUE(IsEnabled(u"Command2"_s));
+    Shoot(Dialog(), u"DateRangefrm-start"_s);
+    Click(Find(Dialog(), u"Command2"_s));
+    ExpectCalendarShown();
+}
+
+TEST_F(DateRangefrmTest, FirstOkTakesTheStartAndShowsAnEmptyEnd) {
+    GiveDate(u"Command1"_s, QDate(2001, 2, 26));
+    EXPECT_EQ(Dialog().StartDate, QDate(2001, 2, 26));
+    EXPECT_FALSE(Dialog().EndDate.isValid());
+    EXPECT_EQ(RangeShown(), u"Starting from: 2/26/2001 until "_s);
+    EXPECT_FALSE(Form().StartDate.isValid()) << "nothing is handed over yet";
+}
+
+TEST_F(DateRangefrmTest, SecondOkHandsBothDatesOverSaysThemAndUnloads) {
+    GiveDate(u"Command1"_s, QDate(2001, 3, 1));
+    Boxes.Expect(u"Starting from: 3/1/2001 until 3/12/2001"_s, PromptAnswer::Ok, [] {
+        EXPECT_EQ(RangeShown(), u"Starting from: 3/1/2001 until 3/12/2001"_s);
+        ExpectCalendarHidden();
+        EXPECT_FALSE(IsEnabled(u"Command1"_s));
+        EXPECT_FALSE(IsEnabled(u"Command2"_s));
+        EXPECT_EQ(Form().StartDate, QDate(2001, 3, 1));
+        EXPECT_EQ(Form().EndDate, QDate(2001, 3, 12));
+        EXPECT_FALSE(Form().DatesChosen) << "set behind the box";
+    });
+    GiveDate(u"Command2"_s, QDate(2001, 3, 12));
+    EXPECT_TRUE(Form().DatesChosen);
+    EXPECT_EQ(ExistingForm(u"DateRangefrm"_s), nullptr);
+}
+
+TEST_F(DateRangefrmTest, EndMayBeBeforeTheStart) {
+    GiveDates(QDate(2001, 3, 9), QDate(2001, 3, 2));
+    EXPECT_EQ(Form().StartDate, QDate(2001, 3, 9));
+    EXPECT_EQ(Form().EndDate, QDate(2001, 3, 2));
+}
+
+TEST_F(DateRangefrmTest, DatesAreInTheSystemsShortForm) {
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    GiveDate(u"Command1"_s, QDate(2001, 3, 6));
+    EXPECT_EQ(RangeShown(), u"Starting from: 06.03.2001 until "_s);
+}
+
+TEST_F(DateRangefrmTest, ActivationTakesTheReportsFlagBack) {
+    ToFront(Form());
+    Form().DatesChosen = true;
+    ToFront(Dialog());
+    EXPECT_FALSE(Form().DatesChosen);
+}
+
+TEST_F(DateRangefrmTest, ExitUnloadsAndChoosesNothing) {
+    GiveDate(u"Command1"_s, QDate(2001, 3, 6));
+    const QPointer<DateRangefrm> dialog = &Dialog();
+    Click(Find(Dialog(), u"cmdExit"_s));
+    EXPECT_TRUE(dialog.isNull());
+    EXPECT_EQ(ExistingForm(u"DateRangefrm"_s), nullptr);
+    EXPECT_FALSE(Form().DatesChosen);
+    EXPECT_FALSE(Form().StartDate.isValid());
+    // Named again it begins anew.
+    EXPECT_TRUE(IsEnabled(u"Command1"_s));
+    EXPECT_EQ(RangeShown(), QString());
+}
+
+TEST(MonthCalendarTest, PartsAreWrittenInAnyOrder) {
+    SetToday(QDate(2001, 2, 10));
+    MonthCalendar calendar;
+    EXPECT_EQ(calendar.Value(), QDate(2001, 2, 10));
+    calendar.SetDay(31);
+    EXPECT_EQ(calendar.Value(), QDate(2001, 2, 28)) << "the month has no 31st";
+    calendar.SetMonth(3);
+    EXPECT_EQ(calendar.Value(), QDate(2001, 3, 31)) << "the day waited for its month";
+    calendar.SetYear(1999);
+    EXPECT_EQ(calendar.Value(), QDate(1999, 3, 31));
+    calendar.SetMonth(2);
+    calendar.SetYear(2004);
+    EXPECT_EQ(calendar.Value(), QDate(2004, 2, 29));
+    SetToday(QDate());
+}
+
+TEST(MonthCalendarTest, ChoiceOfAUserTakesThePlaceOfWhatWasWritten) {
+    SetToday(QDate(2001, 1, 31));
+    MonthCalendar calendar;
+    calendar.setSelectedDate(QDate(2002, 5, 9));
+    calendar.SetMonth(6);
+    EXPECT_EQ(calendar.Value(), QDate(2002, 6, 9));
+    SetToday(QDate());
+}
+
+} // namespace
