@@ -20,6 +20,22 @@ FittingLabel* NewText(QWidget* parent, Qt::Alignment alignment = Qt::AlignLeft) 
     return label;
 }
 
+void Renew(FittingLabel& text) {
+    text.clear();
+    text.SetForeColor(Qt::black);
+}
+
+void Renew(QLabel& text) {
+    text.clear();
+}
+
+void Renew(BoxOutline& outline) {
+    outline.SetBorderColor(Qt::black);
+}
+
+/// A mark is named with its row's text and has nothing else of its own.
+void Renew(MarkImage&) {}
+
 template <class Control>
 void PlaceBelow(ControlArray<Control>& controls, int index) {
     controls.SetLeft(index, controls.Left(index - 1));
@@ -32,7 +48,8 @@ void PlaceBelow(ControlArray<Control>& controls, int index) {
 void ChartViewer::DesignRows() {
     QWidget* list = ui_->CleanUpList;
     const auto design = [](auto& controls, const QString& name, int left, int width, auto make) {
-        controls.Design(name, make(), {left, FirstRowTop, width, RowHeight}, make);
+        controls.Design(name, make(), {left, FirstRowTop, width, RowHeight}, make,
+                        [](auto& control) { Renew(control); });
     };
     design(Number, QStringLiteral("Number"), 120, 375,
            [list] { return NewText(list, Qt::AlignRight); });

@@ -17,12 +17,19 @@ template <class Control>
 class ControlArray {
 public:
     using Maker = std::function<Control*()>;
+    using Renewer = std::function<void(Control&)>;
 
     /// `make` returns a new hidden control with the designed one's parent; it also connects it.
     /// The control's index within the array is the count before the call.
-    void Design(const QString& name, Control* first, const TwipRect& place, Maker make) {
+    ///
+    /// `renew` turns a control that `make` has returned back to how it was then, but for its
+    /// visibility and geometry. With it, unloaded controls are kept for the same index: to make
+    /// one takes several times as long.
+    void Design(const QString& name, Control* first, const TwipRect& place, Maker make,
+                Renewer renew = {}) {
         name_ = name;
         make_ = std::move(make);
+        renew_ = std::move(renew);
         Append(first, place);
     }
 
@@ -31,13 +38,21 @@ public:
 
     /// Adds an element at the end: hidden, with the geometry of the designed one.
     void LoadElement() {
-        Control* control = make_();
-        control->hide();
+        Control* control = nullptr;
+        if (unloaded_.empty()) {
+            control = make_();
+            control->hide();
+        } else {
+            control = unloaded_.back();
+            unloaded_.pop_back();
+            renew_(*control);
+        }
         Append(control, elements_.front().place);
     }
 
-    /// Removes the last element. It is deleted when control is back in the event loop, since the
-    /// element may be the one whose handler runs. The designed element stays: raises 9.
+    /// Removes the last element. If it is not kept, it is deleted when control is back in the
+    /// event loop, since the element may be the one whose handler runs. The designed element
+    /// stays: raises 9.
     void UnloadLast() {
         if (elements_.size() <= 1)
             throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
@@ -45,7 +60,10 @@ public:
         elements_.pop_back();
         control->hide();
         control->setObjectName(QString());
-        control->deleteLater();
+        if (renew_)
+            unloaded_.push_back(control);
+        else
+            control->deleteLater();
     }
 
     int Left(int index) const { return Element(index).place.Left; }
@@ -92,5 +110,8 @@ private:
 
     QString name_;
     Maker make_;
+    Renewer renew_;
     std::vector<Entry> elements_;
+    /// Hidden; the one with the lowest index last.
+    std::vector<Control*> unloaded_;
 };

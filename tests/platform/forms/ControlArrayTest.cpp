@@ -50,4 +50,33 @@ TEST_F(ControlArrayTest, IndexesOutsideRaiseAndTheDesignedElementStays) {
     EXPECT_EQ(frame.findChild<QLineEdit*>(QStringLiteral("Points(1)")), nullptr);
 }
 
+TEST_F(ControlArrayTest, KeptElementsComeBackRenewedForTheirIndexNamedAndPlacedAnew) {
+    QWidget kept;
+    ControlArray<QLineEdit> texts;
+    const auto make = [&] { return new QLineEdit(&kept); };
+    texts.Design(QStringLiteral("Text"), make(), {150, 300, 1500, 330}, make,
+                 [](QLineEdit& text) { text.clear(); });
+    texts.LoadElement();
+    texts.LoadElement();
+    const QLineEdit* first = &texts[1];
+    const QLineEdit* second = &texts[2];
+    texts[1].setText(QStringLiteral("old"));
+    texts.SetTop(1, 4500);
+    texts.SetVisible(1, true);
+    texts.UnloadLast();
+    texts.UnloadLast();
+    EXPECT_EQ(kept.findChild<QLineEdit*>(QStringLiteral("Text(1)")), nullptr);
+    EXPECT_TRUE(first->isHidden());
+
+    texts.LoadElement();
+    texts.LoadElement();
+    EXPECT_EQ(&texts[1], first);
+    EXPECT_EQ(&texts[2], second);
+    EXPECT_EQ(texts[1].text(), QString());
+    EXPECT_FALSE(texts.Visible(1));
+    EXPECT_EQ(texts.Top(1), 300);
+    EXPECT_EQ(texts[1].y(), 20);
+    EXPECT_EQ(texts[1].objectName(), QStringLiteral("Text(1)"));
+}
+
 } // namespace
