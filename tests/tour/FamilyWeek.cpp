@@ -338,9 +338,32 @@ void FamilyWeek::DadLooksAround() {
     Shortcut(Qt::Key_F1);
     EXPECT_EQ(DesktopCalls.Helped.size(), 2);
 
-    // Anna is promised a bike; the window for it is the accounts'.
-    Database().AddToy(QStringLiteral("Anna"), QStringLiteral("Bike"),
-                      InFolder("IncentivesPictures/Bike.gif"), 60);
-    Database().Commit();
+    PromiseAnnaABike();
+}
+
+void FamilyWeek::PromiseAnnaABike() {
+    Toolbar("View");
+    Front("DisplayAccount");
+    CaptionIs("Sparkit Dutygrid Account Viewer");
+    Pick("StudentsList", "Anna");
+    Shows("KidName", "Anna");
+    Shows("ToyValue", "500");
+    Click("Incentivesbtn");
+    Front("AddIncentives");
+    CaptionIs("Points and Incentive Editor");
+    Type("ToyName", "Bike");
+    Type("Value", "60");
+    DesktopCalls.FileAnswers += InFolder("IncentivesPictures/Bike.gif");
+    Click("Command1");
+    ShowsPicture("Image1", true);
+    Shoot("incentive");
+    Click("AddIncentive");
+    Front("DisplayAccount");
     Stored("SELECT IncentiveName, IncentiveCost FROM USERS WHERE Name = 'Anna'", {"Bike|60"});
+    Pick("StudentsList", "Anna");
+    Shows("ToyName", "Bike");
+    Shows("Label5", "60");
+    Shoot("accounts");
+    Click("Okbtn");
+    Front("MainForm");
 }

@@ -17,6 +17,7 @@ protected:
     void DadWritesGarden();
     void DadSetsOptions();
     void DadLooksAround();
+    void PromiseAnnaABike();
 
     // The week.
     void AnnaOnSunday();

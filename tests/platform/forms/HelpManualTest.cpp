@@ -4,10 +4,13 @@
 #include "tests/common/FormTest.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QRegularExpression>
 #include <QSet>
 #include <QTest>
+#include <QTextDocumentFragment>
+#include <algorithm>
 
 namespace {
 
@@ -30,8 +33,49 @@ QStringList AllOf(const char* pattern, const QString& text) {
     return found;
 }
 
+QString Plain(const QString& html) {
+    return QTextDocumentFragment::fromHtml(html).toPlainText().simplified();
+}
+
+/// All texts that the program's windows and code hold, without the marks of
+/// access keys.
+const QSet<QString>& ProgramTexts() {
+    static const QSet<QString> texts = [] {
+        QSet<QString> all;
+        for (const char* room :
+             {"accounts", "authoring", "filling", "platform", "reports", "shell", "store"}) {
+            QDirIterator files(QStringLiteral(DUTYGRID_SOURCE_DIR "/") + QString::fromLatin1(room),
+                               {QStringLiteral("*.ui"), QStringLiteral("*.cpp")}, QDir::Files,
+                               QDirIterator::Subdirectories);
+            while (files.hasNext()) {
+                const QString file = files.next();
+                const bool window = file.endsWith(QLatin1String(".ui"));
+                QString source = ReadFile(file);
+                if (!window) // texts of more than one line
+                    source.remove(QRegularExpression(QStringLiteral("\"\\s*\\n\\s*\"")));
+                for (QString text :
+                     AllOf(window ? "<string>(.*?)</string>" : "\"((?:[^\"\\\\\\n]|\\\\.)*)\"",
+                           source)) {
+                    if (window)
+                        text = Plain(text);
+                    all += text.remove(QLatin1Char('&')).simplified();
+                }
+            }
+        }
+        return all;
+    }();
+    return texts;
+}
+
 class HelpManualTest : public FormTest {
 protected:
+    /// The manual tells of all windows of the program, also while one is being worked on elsewhere.
+    static bool AllWindowsAreHere() {
+        const QDir reports(QStringLiteral(DUTYGRID_SOURCE_DIR "/reports"));
+        return reports.exists(QStringLiteral("Reportfrm.ui")) &&
+               reports.exists(QStringLiteral("WeekChartRepresentation.ui"));
+    }
+
     const QString source = ReadFile(Manual);
     const HelpBook book{Manual};
 };
@@ -42,10 +86,10 @@ TEST_F(HelpManualTest, HasAPageForEveryNeed) {
         pages += topic.Id;
         EXPECT_FALSE(topic.Title.isEmpty()) << topic.Id.toStdString();
     }
-    EXPECT_EQ(
-        pages.join(QLatin1Char(' ')),
-        QStringLiteral("welcome start charts weeks points reports children school options data "
-                       "wrong questions menus"));
+    EXPECT_EQ(pages.join(QLatin1Char(' ')),
+              QStringLiteral("welcome start charts weeks points reports children "
+                             "school options data "
+                             "wrong questions menus"));
 }
 
 TEST_F(HelpManualTest, EveryLinkLeadsToAPageOrSection) {
@@ -84,6 +128,29 @@ TEST_F(HelpManualTest, PicturesAreSmallEnoughForThePage) {
     const QDir folder(HelpFolder + QStringLiteral("pictures"));
     for (const QString& picture : folder.entryList(QDir::Files))
         EXPECT_LE(QImage(folder.filePath(picture)).width(), 640) << picture.toStdString();
+}
+
+TEST_F(HelpManualTest, ButtonsAndMenusAreCalledWhatTheProgramCallsThem) {
+    if (!AllWindowsAreHere())
+        GTEST_SKIP() << "a window that the manual tells of is not here";
+    const QStringList names = AllOf("<b\\s+class=\"ui\">(.*?)</b>", source);
+    EXPECT_GT(names.size(), 50);
+    EXPECT_EQ(AllOf("(class=\"ui\")", source).size(), names.size());
+    for (const QString& name : names)
+        EXPECT_TRUE(ProgramTexts().contains(Plain(name))) << Plain(name).toStdString();
+}
+
+TEST_F(HelpManualTest, MessagesAreQuotedAsTheProgramSaysThem) {
+    if (!AllWindowsAreHere())
+        GTEST_SKIP() << "a window that the manual tells of is not here";
+    const QStringList messages = AllOf("<span class=\"message\">(.*?)</span>", source);
+    EXPECT_GT(messages.size(), 10);
+    for (const QString& message : messages) {
+        const QString text = Plain(message);
+        EXPECT_TRUE(std::any_of(ProgramTexts().begin(), ProgramTexts().end(),
+                                [&](const QString& known) { return known.startsWith(text); }))
+            << text.toStdString();
+    }
 }
 
 TEST_F(HelpManualTest, TheChildrensPageHasFewWordsAndManyPictures) {
