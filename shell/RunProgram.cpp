@@ -34,6 +34,8 @@ void Start() {
 int RunProgram(QApplication& application) {
     QApplication::setApplicationName(QStringLiteral("Sparkit Dutygrid"));
     QApplication::setWindowIcon(ProgramIcon());
+    // Desktops look up the window's entry in their menus by it.
+    QApplication::setDesktopFileName(QStringLiteral("example.sparkit_dutygrid.Dutygrid"));
     // Between two forms there may be no window for a moment; the forms themselves end the process.
     QApplication::setQuitOnLastWindowClosed(false);
     ApplyProgramStyle(application);
