@@ -9,6 +9,7 @@
 frmAboutDutygrid::frmAboutDutygrid()
     : FormWidget(Place::InMainWindow), ui(std::make_unique<Ui::frmAboutDutygrid>()) {
     ui->setupUi(this);
+    ui->Label3->setText(QStringLiteral("Sparkit Dutygrid " DUTYGRID_VERSION));
     ui->Picture1->setPixmap(LogoPicture(*this, QSize(360, 120)));
 
     const auto openWebPage = [] {

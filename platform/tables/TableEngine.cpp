@@ -116,7 +116,9 @@ TableEngine::TableEngine(const QString& path, int flags) {
         database_ = std::make_unique<SQLite::Database>(file.constData(),
                                                        flags | SQLite::OPEN_NOMUTEX, BusyTimeoutMs);
     } catch (const SQLite::Exception& fault) {
-        throw RuntimeError(ErrorNumber::EngineFault, QString::fromUtf8(fault.what()));
+        throw RuntimeError(
+            ErrorNumber::EngineFault,
+            QStringLiteral("%1: %2").arg(QString::fromUtf8(fault.what()), QString::fromUtf8(file)));
     }
 }
 

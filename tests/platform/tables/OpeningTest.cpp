@@ -65,12 +65,12 @@ TEST_F(Opening, MakingRefusesToReplaceAFile) {
     EXPECT_EQ(Names(*Store), QStringList{QStringLiteral("Chart")});
 }
 
-TEST_F(Opening, MissingFolderGivesTheEnginesWords) {
+TEST_F(Opening, MissingFolderGivesTheEnginesWordsAndNamesTheFile) {
     const QString path = Path(QStringLiteral("Nowhere/Charts.mdb"));
     EXPECT_ERROR(3000, TableStore::CreateDatabase(path, QString()));
-    EXPECT_EQ(ErrorText([&] { TableStore::CreateDatabase(path, QString()); }),
-              QStringLiteral("unable to open database file"));
-    EXPECT_EQ(Opened(path), QStringLiteral("unable to open database file"));
+    const QString words = QStringLiteral("unable to open database file: ") + path;
+    EXPECT_EQ(ErrorText([&] { TableStore::CreateDatabase(path, QString()); }), words);
+    EXPECT_EQ(Opened(path), words);
 }
 
 TEST_F(Opening, MissingFileIsNotMade) {
