@@ -52,11 +52,12 @@ void ChartViewer::Activate() {
     Database().RetrevePicture(CurrentUser, userPicture);
     // Label3 shows the cost of the incentive for a moment, then the account's points.
     Database().RetrieveToy(CurrentUser, toyName, toyPicture, pointsLabel);
-    ui_->ToyName->setText(ui_->ToyName->text() + QLatin1Char(' ') + ui_->Label3->text() +
-                          QStringLiteral(" Points"));
+    const QString toy = ui_->ToyName->text();
+    ui_->ToyName->setText(toy + QLatin1Char(' ') + ui_->Label3->text() + QStringLiteral(" Points"));
     GoalPoints = ToInteger(Val(ui_->Label3->text()));
     Database().RetrievePoints(CurrentUser, pointsLabel);
     ShowPointsNeeded();
+    ui_->WayToGoal->Show(Val(ui_->Label3->text()), GoalPoints, toy, toyPicture.Picture());
     ui_->ChartNamelbl->setText(CurrentUser + QStringLiteral("'s ") + FirstWord(ChartName) +
                                QStringLiteral(" Dutygrid"));
     SetCaption(ui_->ChartNamelbl->text());

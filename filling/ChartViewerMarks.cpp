@@ -19,6 +19,7 @@ void ChartViewer::NameMarks(int index) {
 // flipped first and stays so, also if the account's points refuse to follow.
 void ChartViewer::ClearImg_Click(int index) {
     Flip(ClearImg, CheckImg, index);
+    CheckImg[index].PopIn();
     Database().AddPoints(CurrentUser, PointsOf(index), false);
     ShowPointsAndGoal();
 }
@@ -53,6 +54,7 @@ void ChartViewer::ShowPointsAndGoal() {
     LabelCaption pointsLabel(*ui_->Label3);
     Database().RetrievePoints(CurrentUser, pointsLabel);
     ShowPointsNeeded();
+    ui_->WayToGoal->WalkTo(Val(ui_->Label3->text()));
     if (GoalPoints != 0 && Val(ui_->Label3->text()) > GoalPoints) {
         Tell(QStringLiteral(
             "Your goal has been reached, check with your parent to receive your reward."));

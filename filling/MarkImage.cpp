@@ -3,6 +3,9 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QTimerEvent>
+#include <cmath>
+#include <numbers>
 
 MarkImage::MarkImage(const QString& picture, int coveredAbove, QWidget* parent)
     : QAbstractButton(parent), picture_(picture), coveredAbove_(coveredAbove) {
@@ -12,6 +15,24 @@ MarkImage::MarkImage(const QString& picture, int coveredAbove, QWidget* parent)
 
 QSize MarkImage::sizeHint() const {
     return picture_.deviceIndependentSize().toSize();
+}
+
+void MarkImage::PopIn() {
+    constexpr int duration = 240; // milliseconds
+    if (isVisible() && Movement::IsWelcome())
+        pop_.Start(*this, duration);
+}
+
+void MarkImage::timerEvent(QTimerEvent* event) {
+    if (pop_.Takes(*event))
+        update();
+    else
+        QAbstractButton::timerEvent(event);
+}
+
+void MarkImage::hideEvent(QHideEvent* event) {
+    pop_.Stop();
+    QAbstractButton::hideEvent(event);
 }
 
 bool MarkImage::hitButton(const QPoint& place) const {
@@ -36,7 +57,16 @@ void MarkImage::paintEvent(QPaintEvent*) {
         return;
     QPainter painter(this);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    // Springs a little: the last part goes back to the size that it has at rest.
+    const double left = 1 - pop_.Progress();
+    const double size = 1 - left * left * left * std::cos(left * 2 * std::numbers::pi);
+    const QRectF place(rect());
+    painter.save();
+    painter.translate(place.center());
+    painter.scale(size, size);
+    painter.translate(-place.center());
     painter.drawPixmap(rect(), picture_);
+    painter.restore();
     if (hasFocus()) {
         painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
         painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 5, 5);

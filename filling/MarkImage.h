@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/forms/Movement.h"
+
 #include <QAbstractButton>
 #include <QPixmap>
 
@@ -15,6 +17,10 @@ public:
 
     QSize sizeHint() const override;
 
+    /// Grows into its place in a moment, if motion is welcome.
+    void PopIn();
+    bool IsMoving() const { return pop_.IsRunning(); }
+
 signals:
     /// The keyboard has come here by Tab.
     void ReachedByTab();
@@ -23,11 +29,14 @@ protected:
     bool hitButton(const QPoint& place) const override;
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
 
 private:
     bool IsCovered() const { return y() < coveredAbove_; }
 
     QPixmap picture_;
     int coveredAbove_;
+    Movement pop_;
 };

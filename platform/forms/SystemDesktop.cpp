@@ -2,6 +2,7 @@
 
 #include "platform/forms/Colors.h"
 #include "platform/forms/HelpWindow.h"
+#include "platform/forms/MotionSetting.h"
 #include "platform/sound/WavePlayer.h"
 
 #include <QApplication>
@@ -59,4 +60,10 @@ void SystemDesktop::PlaySoundA(const QString& waveFile, quint32) {
         sound_.reset(make());
     }
     sound_->Play(waveFile);
+}
+
+bool SystemDesktop::WantsLessMotion() {
+    if (!motion_)
+        motion_ = MotionSetting::OfSession();
+    return motion_->WantsLess();
 }

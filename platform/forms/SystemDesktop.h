@@ -6,6 +6,7 @@
 #include <memory>
 
 class HelpWindow;
+class MotionSetting;
 class WavePlayer;
 
 /// The desktop that the program runs on.
@@ -19,8 +20,10 @@ public:
     void ShellExecute(const QString& verb, const QString& target, int showState) override;
     void ShowHelp(const QString& helpFile, int command) override;
     void PlaySoundA(const QString& waveFile, quint32 flags) override;
+    bool WantsLessMotion() override;
 
 private:
     std::unique_ptr<WavePlayer> sound_;
     std::unique_ptr<HelpWindow> help_;
+    std::unique_ptr<MotionSetting> motion_;
 };

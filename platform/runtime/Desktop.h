@@ -27,6 +27,9 @@ public:
     /// Starts to play a wave file and returns at once; a new sound cuts off the one playing.
     /// A missing file stays silent. `flags`: 1 asynchronous, 0x20000 the name is a file's.
     virtual void PlaySoundA(const QString& waveFile, quint32 flags) = 0;
+
+    /// True if the person has asked the desktop for less motion: nothing then moves on its own.
+    virtual bool WantsLessMotion() = 0;
 };
 
 /// Sets the desktop; must outlive its use.

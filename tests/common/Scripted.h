@@ -46,12 +46,14 @@ public:
     QStringList Opened; ///< "verb target showState"
     QStringList Helped; ///< "file command"
     QStringList Sounds; ///< "file flags"
+    bool LessMotion = true;
 
     std::optional<QString> OpenFile(const QString& initialFolder) override;
     std::optional<qint32> ChooseColor(qint32 initial) override;
     void ShellExecute(const QString& verb, const QString& target, int showState) override;
     void ShowHelp(const QString& helpFile, int command) override;
     void PlaySoundA(const QString& waveFile, quint32 flags) override;
+    bool WantsLessMotion() override { return LessMotion; }
 };
 
 /// Print jobs into PDF files of a folder: Job1.pdf, Job2.pdf, ...
