@@ -48,6 +48,7 @@ void DisplayAccount::Activate() {
         ShowForAdult();
     else if (CurrentState == QLatin1String("Student"))
         ShowForChild();
+    ShowWay();
 }
 
 void DisplayAccount::FillList() {
@@ -118,6 +119,13 @@ void DisplayAccount::StudentsList_Click() {
     font.setPointSize(size);
     ui_->Label5->setFont(font);
     ui_->KidName->setText(student);
+    ShowWay();
+}
+
+/// The way to the goal by the figures that the labels show.
+void DisplayAccount::ShowWay() {
+    ui_->WayToGoal->Show(Val(ui_->Pointslbl->text()), Val(ui_->ToyValue->text()),
+                         ui_->ToyName->text(), LabelPicture(*ui_->Image2).Picture());
 }
 
 void DisplayAccount::StudentsList_MouseDown(Qt::MouseButton button) {

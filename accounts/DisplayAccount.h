@@ -29,6 +29,7 @@ private:
     void EmptyFigures();
     void ShowForAdult();
     void ShowForChild();
+    void ShowWay();
     void StudentsList_Click();
     void StudentsList_MouseDown(Qt::MouseButton button);
     void Command1_Click();

@@ -1,0 +1,93 @@
+#include "platform/forms/GoalPath.h"
+#include "tests/accounts/AccountsTest.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// The way to the incentive in the account view.
+class DisplayAccountGoalTest : public AccountsTest {
+protected:
+    static GoalPath& Way() { return Find<GoalPath>(View(), QStringLiteral("WayToGoal")); }
+    static QString Words() { return Way().accessibleDescription(); }
+    static void Choose(int row) {
+        MousePress(row);
+        MouseRelease(row);
+    }
+    inline static const QString NoGoal = QStringLiteral("No goal is set");
+};
+
+TEST_F(DisplayAccountGoalTest, TheWayIsThatOfTheChildWhoseFiguresAreShown) {
+    OpenView();
+    EXPECT_EQ(Words(), NoGoal) << "nobody is chosen";
+    Choose(0);
+    EXPECT_EQ(Figures(), QStringLiteral("80|Red bike|500"));
+    EXPECT_EQ(Words(), QStringLiteral("80 of 500 points towards Red bike"));
+    EXPECT_DOUBLE_EQ(Way().Way(), 80.0 / 500);
+    ActivateAgain();
+    EXPECT_EQ(Words(), NoGoal) << "the labels are empty again";
+}
+
+TEST_F(DisplayAccountGoalTest, AnEmptyCostIsNoGoal) {
+    MakeChild(QStringLiteral("Zoe"), 30);
+    Database().AddToy(QStringLiteral("Zoe"), QString(), QString(), 0);
+    OpenView(QStringLiteral("Zoe"), QStringLiteral("Student"));
+    EXPECT_EQ(Text("ToyValue"), QString());
+    EXPECT_EQ(Text("Pointslbl"), QStringLiteral("30"));
+    EXPECT_EQ(Words(), NoGoal);
+    EXPECT_FALSE(Way().IsReached());
+}
+
+TEST_F(DisplayAccountGoalTest, CashingOutAndResettingAndANewIncentiveAreFollowed) {
+    const QString zoe = QStringLiteral("Zoe");
+    MakeChild(zoe, 30, QStringLiteral("Kite"), 20);
+    OpenView();
+    Choose(2);
+    EXPECT_EQ(Words(), QStringLiteral("30 of 20 points towards Kite: goal reached"));
+    Boxes.Expect(QStringLiteral("Are you sure you want to cash out?"), PromptAnswer::Yes);
+    PressButton("Command1");
+    Choose(2);
+    EXPECT_EQ(Words(), QStringLiteral("10 of 20 points towards Kite"));
+    Database().AddToy(zoe, QStringLiteral("Drum"), QString(), 40);
+    Choose(2);
+    EXPECT_EQ(Words(), QStringLiteral("10 of 40 points towards Drum"));
+    Boxes.Expect(QStringLiteral("Are you sure you want to reset?"), PromptAnswer::Yes);
+    PressButton("cmdReset");
+    Choose(2);
+    EXPECT_EQ(Words(), QStringLiteral("0 of 40 points towards Drum"));
+}
+
+TEST_F(DisplayAccountGoalTest, AChildSeesItsOwnWay) {
+    LetChildrenSeeOthers(false);
+    OpenView(Kim, QStringLiteral("Student"));
+    EXPECT_EQ(Words(), QStringLiteral("80 of 500 points towards Red bike"));
+    Shoot(*View().window(), QStringLiteral("AccountGoal-child"));
+}
+
+TEST_F(DisplayAccountGoalTest, AChildThatSeesTheOthersSeesNoWayUntilItChooses) {
+    LetChildrenSeeOthers(true);
+    OpenView(Kim, QStringLiteral("Student"));
+    EXPECT_EQ(Figures(), QStringLiteral("||"));
+    EXPECT_EQ(Words(), NoGoal);
+    Choose(0);
+    EXPECT_EQ(Words(), QStringLiteral("80 of 500 points towards Red bike"));
+}
+
+TEST_F(DisplayAccountGoalTest, TheWayCanBeLookedAt) {
+    OpenView();
+    const auto show = [](const QString& name, qint16 points, const QString& picture) {
+        Database().AddToy(Kim, QStringLiteral("Red bike"), picture, 500);
+        Database().AddPoints(Kim, 0, true);
+        Database().AddPoints(Kim, points, false);
+        Choose(0);
+        Shoot(*View().window(), QStringLiteral("AccountGoal-") + name);
+    };
+    Shoot(*View().window(), QStringLiteral("AccountGoal-none"));
+    const QString bike = Path(QStringLiteral("IncentivesPictures/Bike.gif"));
+    show(QStringLiteral("000"), 0, QString());
+    show(QStringLiteral("040"), 200, bike);
+    show(QStringLiteral("100"), 500, bike);
+    EXPECT_TRUE(Way().IsReached());
+}
+
+} // namespace
