@@ -73,10 +73,11 @@ void GoalPath::Tell() {
     const QString words = Words(points_, cost_, name_);
     setAccessibleDescription(words);
     setToolTip(words.toHtmlEscaped());
+    atRest_ = QPixmap();
     update();
 }
 
-QPixmap GoalPath::PictureOfSize(int size) {
+QPixmap GoalPath::PictureOfSize(int size) const {
     if (picture_.isNull())
         return {};
     const qreal ratio = devicePixelRatioF();
@@ -90,6 +91,24 @@ QPixmap GoalPath::PictureOfSize(int size) {
 }
 
 void GoalPath::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    if (walk_.IsRunning()) {
+        PaintNow(painter);
+        return;
+    }
+    const QSize sharp = size() * devicePixelRatioF();
+    if (atRest_.size() != sharp) {
+        atRest_ = QPixmap(sharp);
+        atRest_.setDevicePixelRatio(devicePixelRatioF());
+        atRest_.fill(Qt::transparent);
+        QPainter onPicture(&atRest_);
+        onPicture.setFont(font());
+        PaintNow(onPicture);
+    }
+    painter.drawPixmap(0, 0, atRest_);
+}
+
+void GoalPath::PaintNow(QPainter& painter) const {
     GoalScene scene;
     scene.HasGoal = HasGoal();
     scene.Cost = cost_;
@@ -110,7 +129,6 @@ void GoalPath::paintEvent(QPaintEvent*) {
             scene.Joy = 1;
     }
     scene.Picture = PictureOfSize(GoalPictureSize(height()));
-    QPainter painter(this);
     PaintGoalScene(painter, rect(), palette(), scene);
 }
 
@@ -123,6 +141,7 @@ void GoalPath::timerEvent(QTimerEvent* event) {
 
 void GoalPath::changeEvent(QEvent* event) {
     QProgressBar::changeEvent(event);
+    atRest_ = QPixmap();
     update();
 }
 

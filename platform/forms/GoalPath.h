@@ -39,14 +39,17 @@ protected:
 
 private:
     void Tell();
-    QPixmap PictureOfSize(int size);
+    QPixmap PictureOfSize(int size) const;
+    void PaintNow(QPainter& painter) const;
 
     double points_ = 0;
     double cost_ = 0;
     QString name_;
     QImage picture_;
-    /// The picture in the size and sharpness that it was last painted in.
-    QPixmap scaled_;
+    /// The incentive's picture, and the whole path at rest, in the size and sharpness that they
+    /// were last painted in: a page that is turned beside the path does not wait for it.
+    mutable QPixmap scaled_;
+    QPixmap atRest_;
     Movement walk_;
     double walkFrom_ = 0;
 };

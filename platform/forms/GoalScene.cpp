@@ -105,7 +105,8 @@ public:
         const double size = way.StarSize();
         const QPointF foot = way.At(scene.Place);
         painter_.save();
-        const double headroom = std::max(0.0, foot.y() - size * 0.97);
+        // Stretched as it is at the top of its hop, it still stays below the upper edge.
+        const double headroom = std::max(0.0, foot.y() - size * 1.06 - 1);
         painter_.translate(foot.x(), foot.y() + size * 0.06 - scene.Lift * headroom);
         painter_.scale(2 - scene.Squeeze, scene.Squeeze);
         painter_.translate(0, -size / 2);
