@@ -1,4 +1,4 @@
 #pragma once
 
-/// Makes the forms of the reports known.
+/// Makes the forms of this room known, and how the store reaches the weekly review.
 void RegisterReportForms();

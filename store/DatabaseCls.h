@@ -161,6 +161,14 @@ public:
     /// without rows.
     QString ReturnDateRange(const QString& KidName, const QStringList& ChartNames);
 
+    // Weekly review
+
+    /// Fills the matrix of the weekly review: a line for each distinct job of the chart, with the
+    /// counts of what was done on each day, and a last line of totals. Raises 3021 for an empty
+    /// chart, before anything on the form has changed; 6 for a sum beyond 16 bits, with what was
+    /// filled until then.
+    void FillMatrix(const QString& ChartName);
+
     /// Makes durable what the action under way has written. Raises 3000.
     void Commit();
 
@@ -173,6 +181,20 @@ private:
     /// takes the counts of all jobs, in one walk, into `Counted`, where those after it find them.
     JobCounts CountJobHistory(const QString& JobName, const QString& KidName,
                               const QStringList& ChartNames, JobTallies& Counted);
+
+    /// True if the job was not among JobNames yet; it is then.
+    bool CheckJobIsNew(const QString& JobName);
+    /// The job's place among JobNames, 1 the first; 0 if it is not there.
+    qint16 ReturnJobRow(const QString& JobName) const;
+    /// The points of all completed rows of the chart. Raises 6 beyond 16 bits.
+    qint16 ReturnTotalPoints(const QString& ChartName);
+    /// The points of the completed rows of one job (`ByJob`) or one day. Raises 6 beyond 16 bits.
+    qint16 ReturnPointsMade(const QString& Key, const QString& ChartName, bool ByJob);
+
+    struct PointSums;
+    PointSums SumPoints(const QString& chartName);
+    void ShowJob(ChartMatrix& form, qint16 line, const Recordset& rows, const QString& chartName);
+    void ShowTotals(ChartMatrix& form, qint16 line, const QString& chartName);
 
     TableStore& Tables() const;
     static bool FallsOnDay(const QString& dayOfWeek, const QString& day);
@@ -195,6 +217,10 @@ private:
 
     ChartForms& forms_;
     QString CurrentDay;
+    /// The distinct jobs that FillMatrix has met, in the order of their first rows.
+    QStringList JobNames;
+    /// While FillMatrix runs: a walk over the table for each job would make a large chart slow.
+    std::shared_ptr<PointSums> pointSums_;
     std::unique_ptr<TableStore> ChartDb;
     std::future<std::unique_ptr<TableStore>> openedAhead_;
 };

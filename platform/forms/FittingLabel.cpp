@@ -39,7 +39,7 @@ bool FittingLabel::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         const QPoint place = static_cast<QHelpEvent*>(event)->globalPos();
         if (TextFits())
-            QToolTip::hideText();
+            QToolTip::showText(place, toolTip(), this);
         else
             QToolTip::showText(place, QStringLiteral("<p>%1</p>").arg(text().toHtmlEscaped()),
                                this);

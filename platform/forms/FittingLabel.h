@@ -6,7 +6,8 @@
 
 /// A label that never asks for more room than it is given: its text runs over as many lines as
 /// fit, the last one ends in an ellipsis where the text is cut, and the whole text is then its
-/// tool tip. `text()` is always the whole text, shown letter by letter as it is.
+/// tool tip in the place of another. `text()` is always the whole text, shown letter by letter as
+/// it is.
 class FittingLabel : public QLabel {
     Q_OBJECT
 

@@ -12,6 +12,7 @@ QString BackgroundPicture;
 qint32 BackgroundColor = 0;
 FormSlots<ChartEditorRows> ChartEditors;
 FormSlots<ChartViewerRows> ChartViewers;
+std::function<ChartMatrix&()> WeeklyReview;
 qint16 ChartFormIndex = 0;
 
 namespace {
@@ -20,6 +21,11 @@ class SessionForms : public ChartForms {
 public:
     ChartEditorRows& Editor(qint16 formIndex) override { return ChartEditors.At(formIndex); }
     ChartViewerRows& Viewer(qint16 formIndex) override { return ChartViewers.At(formIndex); }
+    ChartMatrix& Review() override {
+        if (!WeeklyReview)
+            throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
+        return WeeklyReview();
+    }
     QString CurrentUserName() const override { return CurrentUser; }
     bool IsSchool() const override { return SchoolMode != 0; }
 };

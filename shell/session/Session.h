@@ -4,6 +4,7 @@
 #include "store/DatabaseCls.h"
 
 #include <QString>
+#include <functional>
 
 /// The variables that the forms of a session share. All are empty at the start of the process and
 /// survive a log-off. One account is logged in at a time, or none.
@@ -31,6 +32,8 @@ extern qint32 BackgroundColor;
 /// and never used again.
 extern FormSlots<ChartEditorRows> ChartEditors;
 extern FormSlots<ChartViewerRows> ChartViewers;
+/// How the store reaches the weekly review; set by the room that owns the form.
+extern std::function<ChartMatrix&()> WeeklyReview;
 /// The next slot to fill, in both arrays. Only grows.
 extern qint16 ChartFormIndex;
 

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/forms/FittingLabel.h"
+
+/// A label of the matrix: one line of bold text in the middle, on a back of its own if that is
+/// opaque.
+class MatrixCell : public FittingLabel {
+    Q_OBJECT
+
+public:
+    explicit MatrixCell(QWidget* parent);
+
+    /// 0 transparent, 1 opaque.
+    int BackStyle() const { return backStyle_; }
+    void SetBackStyle(int backStyle);
+
+    /// The bold face of the whole matrix.
+    static QFont Face();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    int backStyle_ = 0;
+};

@@ -1,0 +1,251 @@
+#include "tests/common/PlainChart.h"
+#include "tests/store/FakeMatrix.h"
+#include "tests/store/StoreTest.h"
+
+namespace {
+
+const QString Chores = QStringLiteral("Chores Anna");
+using S = QStringList;
+
+/// What the store puts into the matrix of the weekly review.
+class ChartMatrixTest : public StoreTest {
+protected:
+    using Row = PlainRow;
+    static void MakeChart(const QList<Row>& rows, const QString& name = Chores) {
+        MakePlainChart(Path(QStringLiteral("Database/Charts.mdb")), name, rows);
+    }
+
+    /// Fills the form; the number of the error that ended it, 0 for none.
+    int Fill(const QString& chart = Chores) {
+        return ErrorOf([&] { Database().FillMatrix(chart); });
+    }
+
+    static S Captions(const FakeLabels& labels) {
+        S captions;
+        for (const auto& label : labels.elements)
+            captions += label.caption;
+        return captions;
+    }
+
+    /// The cells of a line from Sunday to Saturday: "-" not scheduled, "o" open, a count if done.
+    S Cells(int line) const {
+        S cells;
+        for (const FakeLabels& day : Form.cells) {
+            const auto& cell = day.At(line);
+            cells += !cell.visible         ? QStringLiteral("-")
+                     : cell.backStyle == 0 ? QStringLiteral("o") + cell.caption
+                                           : cell.caption;
+        }
+        return cells;
+    }
+    static S Days(const char* texts) { return QString::fromLatin1(texts).split(QLatin1Char(' ')); }
+
+    void HideCellsOfTheFirstLine() {
+        for (FakeLabels& day : Form.cells)
+            day.SetVisible(0, false);
+    }
+
+    void SetUp() override { HideCellsOfTheFirstLine(); }
+
+    FakeMatrix Form;
+};
+
+TEST_F(ChartMatrixTest, OneOpenJobOnOneDayIsOneTransparentCellAndZeroes) {
+    MakeChart({{QStringLiteral("Cook"), QStringLiteral("Tue"), 7}});
+    ASSERT_EQ(Fill(), 0);
+    EXPECT_EQ(Captions(Form.jobs), (S{QStringLiteral("Cook"), QStringLiteral("Total Points")}));
+    EXPECT_EQ(Captions(Form.values), (S{QStringLiteral("7"), QStringLiteral("0")}));
+    EXPECT_EQ(Cells(0), Days("- - o - - - -"));
+    EXPECT_EQ(Form.cells[2].At(0).caption, QString());
+    EXPECT_EQ(Form.jobTotals.Caption(0), QStringLiteral("0"));
+    EXPECT_EQ(Captions(Form.dayTotals), Days("0 0 0 0 0 0 0"));
+    EXPECT_EQ(Form.title, QStringLiteral("Weekly Dutygrid Review from: 3/4/2001 to 3/10/2001"));
+}
+
+TEST_F(ChartMatrixTest, TicksOnTwoDaysCountInTheCellsTheJobsTotalAndTheDaysTotals) {
+    const QString job = QStringLiteral("Cook");
+    MakeChart({{job, QStringLiteral("Mon"), 5, true},
+               {job, QStringLiteral("Tue"), 5, false},
+               {job, QStringLiteral("Wed"), 5, true}});
+    ASSERT_EQ(Fill(), 0);
+    EXPECT_EQ(Form.jobs.Count(), 2);
+    EXPECT_EQ(Cells(0), Days("- 1 o 1 - - -"));
+    EXPECT_EQ(Form.jobTotals.Caption(0), QStringLiteral("10"));
+    EXPECT_EQ(Form.values.Caption(1), QStringLiteral("10"));
+    EXPECT_EQ(Captions(Form.dayTotals), Days("0 5 0 5 0 0 0"));
+}
+
+TEST_F(ChartMatrixTest, TwoCompletedRowsOfAJobOnOneDayCountTwo) {
+    const QString job = QStringLiteral("Cook");
+    MakeChart({{job, QStringLiteral("Fri"), 5, true}, {job, QStringLiteral("Fri"), 5, true}});
+    ASSERT_EQ(Fill(), 0);
+    EXPECT_EQ(Cells(0), Days("- - - - - 2 -"));
+}
+
+TEST_F(ChartMatrixTest, ADoneCellStaysDoneWhenALaterRowIsOpen) {
+    const QString job = QStringLiteral("Cook");
+    MakeChart({{job, QStringLiteral("Fri"), 5, true},
+               {job, QStringLiteral("Fri"), 5, false},
+               {job, QStringLiteral("Sat"), 5, false},
+               {job, QStringLiteral("Sat"), 5, true}});
+    ASSERT_EQ(Fill(), 0);
+    EXPECT_EQ(Cells(0), Days("- - - - - 1 1"));
+}
+
+TEST_F(ChartMatrixTest, ACompletedRowOfARangeCountsInTheTotalsButInNoCellAndNoDay) {
+    MakeChart({{QStringLiteral("Cook"), QStringLiteral("Mon-Fri"), 5, true},
+               {QStringLiteral("Rake"), QStringLiteral("Sun-Sat"), 3, true},
+               {QStringLiteral("Read"), QStringLiteral(" "), 2, true},
+               {QStringLiteral("Sing"), QStringLiteral("mon"), 1, true}});
+    ASSERT_EQ(Fill(), 0);
+    for (int line = 0; line < 4; ++line)
+        EXPECT_EQ(Cells(line), Days("- - - - - - -")) << line;
+    EXPECT_EQ(Captions(Form.jobTotals).mid(0, 4), Days("5 3 2 1"));
+    EXPECT_EQ(Form.values.Caption(4), QStringLiteral("11"));
+    EXPECT_EQ(Captions(Form.dayTotals), Days("0 0 0 0 0 0 0"));
+}
+
+TEST_F(ChartMatrixTest, FewerJobsAfterMoreLeaveNoStaleLinesNorTheFormerTotal) {
+    MakeChart({{QStringLiteral("Cook"), QStringLiteral("Mon"), 5, true},
+               {QStringLiteral("Rake"), QStringLiteral("Tue"), 5, true},
+               {QStringLiteral("Read"), QStringLiteral("Wed"), 5, true}});
+    MakeChart({{QStringLiteral("Sing"), QStringLiteral("Thu"), 1}}, QStringLiteral("Other"));
+    ASSERT_EQ(Fill(), 0);
+    EXPECT_EQ(Form.jobs.Count(), 4);
+    // The form hides the cells of the first line before each fill.
+    HideCellsOfTheFirstLine();
+    ASSERT_EQ(Fill(QStringLiteral("Other")), 0);
+    EXPECT_EQ(Captions(Form.jobs), (S{QStringLiteral("Sing"), QStringLiteral("Total Points")}));
+    EXPECT_EQ(Cells(0), Days("- - - - o - -"));
+    EXPECT_EQ(Form.cells[1].At(0).caption, QString());
+    EXPECT_EQ(Form.cells[1].At(0).backStyle, 0);
+    for (const FakeLabels& day : Form.cells)
+        EXPECT_EQ(day.Count(), 2);
+    for (const int count : {Form.values.Count(), Form.jobTotals.Count(), Form.outlines.Count()})
+        EXPECT_EQ(count, 2);
+    EXPECT_EQ(Form.dayTotals.Count(), 7);
+}
+
+TEST_F(ChartMatrixTest, LinesStandInTheOrderOfFirstAppearanceAndKeepTheirCase) {
+    MakeChart({{QStringLiteral("rake"), QStringLiteral("Mon")},
+               {QStringLiteral("Cook"), QStringLiteral("Mon")},
+               {QStringLiteral("Rake"), QStringLiteral("Tue"), 5, true},
+               {QStringLiteral("rake"), QStringLiteral("Wed"), 5, true}});
+    ASSERT_EQ(Fill(), 0);
+    EXPECT_EQ(Captions(Form.jobs).mid(0, 3),
+              (S{QStringLiteral("rake"), QStringLiteral("Cook"), QStringLiteral("Rake")}));
+    EXPECT_EQ(Cells(0), Days("- o - 1 - - -"));
+    EXPECT_EQ(Cells(1), Days("- o - - - - -"));
+    EXPECT_EQ(Cells(2), Days("- - 1 - - - -"));
+}
+
+TEST_F(ChartMatrixTest, ALineShowsItsFirstRowsValueAndSumsEachRowsOwn) {
+    const QString job = QStringLiteral("Cook");
+    MakeChart({{job, QStringLiteral("Mon"), 5, false},
+               {job, QStringLiteral("Tue"), 20, true},
+               {job, QStringLiteral("Wed"), -3, true}});
+    ASSERT_EQ(Fill(), 0);
+    EXPECT_EQ(Captions(Form.values), Days("5 17"));
+    EXPECT_EQ(Form.jobTotals.Caption(0), QStringLiteral("17"));
+    EXPECT_EQ(Captions(Form.dayTotals), Days("0 0 20 -3 0 0 0"));
+}
+
+TEST_F(ChartMatrixTest, TheTotalLineIsRedItsCellsAndJobTotalAreHidden) {
+    MakeChart({{QStringLiteral("Cook"), QStringLiteral("Mon"), 5, true}});
+    ASSERT_EQ(Fill(), 0);
+    EXPECT_TRUE(Form.jobs.At(1).visible);
+    EXPECT_TRUE(Form.values.At(1).visible);
+    EXPECT_TRUE(Form.outlines.At(1).visible);
+    EXPECT_EQ(Form.jobs.At(1).foreColor, 255);
+    EXPECT_EQ(Form.values.At(1).foreColor, 255);
+    EXPECT_EQ(Form.jobs.At(0).foreColor, 0);
+    EXPECT_FALSE(Form.jobTotals.At(1).visible);
+    EXPECT_EQ(Cells(1), Days("- - - - - - -"));
+}
+
+TEST_F(ChartMatrixTest, AChartWithoutRowsFailsWithTheEarlierContentStanding) {
+    MakeChart({{QStringLiteral("Cook"), QStringLiteral("Mon"), 5, true}});
+    ASSERT_EQ(Fill(), 0);
+    MakeEmptyChart(QStringLiteral("Empty"));
+    EXPECT_EQ(Fill(QStringLiteral("Empty")), 3021);
+    EXPECT_EQ(Form.title, QStringLiteral("Weekly Dutygrid Review from: 3/4/2001 to 3/10/2001"));
+    EXPECT_EQ(Captions(Form.jobs), (S{QStringLiteral("Cook"), QStringLiteral("Total Points")}));
+    EXPECT_EQ(Cells(0), Days("- 1 - - - - -"));
+}
+
+TEST_F(ChartMatrixTest, AMissingChartFailsWithTheEarlierContentStanding) {
+    EXPECT_EQ(Fill(QString()), 3078);
+    EXPECT_EQ(Fill(QStringLiteral("No such chart")), 3078);
+    EXPECT_EQ(Form.title, QStringLiteral("as it was"));
+}
+
+TEST_F(ChartMatrixTest, AJobsPointsBeyondSixteenBitsFailAtItsLineWithWhatWasFilledStanding) {
+    MakeChart({{QStringLiteral("Cook"), QStringLiteral("Mon"), 32767, true},
+               {QStringLiteral("Rake"), QStringLiteral("Tue"), 20000, true},
+               {QStringLiteral("Rake"), QStringLiteral("Wed"), 20000, true}});
+    EXPECT_EQ(Fill(), 6);
+    EXPECT_EQ(Captions(Form.jobs), (S{QStringLiteral("Cook"), QStringLiteral("Rake")}));
+    EXPECT_EQ(Captions(Form.values), Days("32767 20000"));
+    EXPECT_EQ(Captions(Form.jobTotals), (S{QStringLiteral("32767"), QString()}));
+    EXPECT_EQ(Cells(0), Days("- 1 - - - - -"));
+    EXPECT_EQ(Cells(1), Days("- - - - - - -"));
+}
+
+TEST_F(ChartMatrixTest, AGrandTotalBeyondSixteenBitsFailsBehindTheLastLine) {
+    MakeChart({{QStringLiteral("Cook"), QStringLiteral("Mon"), 30000, true},
+               {QStringLiteral("Rake"), QStringLiteral("Tue"), 30000, true}});
+    EXPECT_EQ(Fill(), 6);
+    EXPECT_EQ(Captions(Form.jobs),
+              (S{QStringLiteral("Cook"), QStringLiteral("Rake"), QStringLiteral("Total Points")}));
+    EXPECT_EQ(Captions(Form.jobTotals).mid(0, 2), Days("30000 30000"));
+    EXPECT_EQ(Form.dayTotals.Caption(1), QString());
+}
+
+TEST_F(ChartMatrixTest, AValueBeyondSixteenBitsStandsWhileItIsNotEarned) {
+    MakeChart({{QStringLiteral("Cook"), QStringLiteral("Mon"), 99999, false}});
+    ASSERT_EQ(Fill(), 0);
+    EXPECT_EQ(Form.values.Caption(0), QStringLiteral("99999"));
+    EXPECT_EQ(Form.jobTotals.Caption(0), QStringLiteral("0"));
+}
+
+TEST_F(ChartMatrixTest, AfterAFailureTheNextFillCountsAfresh) {
+    MakeChart({{QStringLiteral("Cook"), QStringLiteral("Mon"), 99999, true}});
+    EXPECT_EQ(Fill(), 6);
+    MakeChart({{QStringLiteral("Cook"), QStringLiteral("Mon"), 4, true}});
+    HideCellsOfTheFirstLine();
+    ASSERT_EQ(Fill(), 0);
+    EXPECT_EQ(Captions(Form.values), Days("4 4"));
+    EXPECT_EQ(Form.jobTotals.Caption(0), QStringLiteral("4"));
+    EXPECT_EQ(Cells(0), Days("- 1 - - - - -"));
+}
+
+TEST_F(ChartMatrixTest, ASavedChartWithRangesShowsItsSingleDays) {
+    SaveChart(Chores, {Job(QStringLiteral("Cook"), QStringLiteral("Mon-Fri")),
+                       Job(QStringLiteral("Rake"), QStringLiteral("Sat"))});
+    TickDay(Chores, QStringLiteral("Wed"));
+    ASSERT_EQ(Fill(), 0);
+    EXPECT_EQ(Cells(0), Days("- o o 1 o o -"));
+    EXPECT_EQ(Cells(1), Days("- - - - - - o"));
+    EXPECT_EQ(Form.values.Caption(2), QStringLiteral("5"));
+}
+
+TEST_F(ChartMatrixTest, AFillWritesNothing) {
+    MakeChart({{QStringLiteral("Cook"), QStringLiteral("Mon"), 5, true}});
+    const S before = Rows(Chores);
+    ASSERT_EQ(Fill(), 0);
+    EXPECT_EQ(Rows(Chores), before);
+    EXPECT_EQ(TableNames(), S{Chores});
+}
+
+TEST_F(ChartMatrixTest, EveryJobOfALargeChartHasItsLine) {
+    QList<Row> rows;
+    for (int job = 0; job < 800; ++job)
+        rows += Row{QStringLiteral("Job %1").arg(job), QStringLiteral("Mon"), 1, true};
+    MakeChart(rows);
+    ASSERT_EQ(Fill(), 0);
+    EXPECT_EQ(Form.jobs.Count(), 801);
+    EXPECT_EQ(Form.values.Caption(800), QStringLiteral("800"));
+    EXPECT_EQ(Form.dayTotals.Caption(1), QStringLiteral("800"));
+}
+
+} // namespace
