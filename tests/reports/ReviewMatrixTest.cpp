@@ -2,6 +2,11 @@
 
 #include "reports/DayStrip.h"
 
+#include <QApplication>
+#include <QHelpEvent>
+#include <QTextDocumentFragment>
+#include <QToolTip>
+
 namespace {
 
 using S = QStringList;
@@ -214,6 +219,22 @@ TEST_F(ReviewMatrixTest, ALongJobIsCutAndToldInFullByItsTip) {
     EXPECT_FALSE(form.Points[0].TextFits());
     EXPECT_EQ(form.width(), 961);
     Shoot(*form.window(), QStringLiteral("Review-longnames"));
+}
+
+TEST_F(ReviewMatrixTest, TheMouseOverACellTellsWhatItsNumberCounts) {
+    MakeChart(QStringLiteral("Chores Anna"),
+              {{QString(200, QLatin1Char('W')), QStringLiteral("Mon"), 5, true}});
+    const WeekChartRepresentation& form = OpenOn(QStringLiteral("Chores Anna"));
+    const auto tipOf = [](QWidget& cell) {
+        QHelpEvent ask(QEvent::ToolTip, cell.rect().center(),
+                       cell.mapToGlobal(cell.rect().center()));
+        QApplication::sendEvent(&cell, &ask);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(tipOf(form.Mon[0]), QStringLiteral("Number of jobs made"));
+    EXPECT_EQ(QTextDocumentFragment::fromHtml(tipOf(form.Job[0])).toPlainText(),
+              QString(200, QLatin1Char('W')));
+    QToolTip::hideText();
 }
 
 TEST_F(ReviewMatrixTest, TheLargestSumsFitTheirPlaces) {

@@ -286,11 +286,6 @@ TEST_F(WeekChartRepresentationTest, TheToolbarAndAChildOpenItTooBesideOtherForms
 }
 
 TEST_F(WeekChartRepresentationTest, ViewAccountsShowsTheAccountsAndLeavesTheReviewOpen) {
-    class Accounts : public FormWidget {
-    public:
-        Accounts() : FormWidget(Place::InMainWindow) {}
-    };
-    RegisterForm(QStringLiteral("DisplayAccount"), [] { return static_cast<Form*>(new Accounts); });
     Open();
     Click(Button("Command1"));
     EXPECT_TRUE(DefaultForm(QStringLiteral("DisplayAccount")).Widget().isVisible());
