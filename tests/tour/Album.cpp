@@ -71,6 +71,11 @@ QStringList Album::Files() {
     return QDir(Folder()).entryList(Patterns(), QDir::Files, QDir::Name);
 }
 
+void Album::Begin(const Text& chapter) {
+    chapter_ = chapter;
+    number_ = 0;
+}
+
 QString Album::NextFile(const QString& name, const QString& ending) {
     return QStringLiteral("%1/%2-%3-%4.%5")
         .arg(Folder(), chapter_)

@@ -19,6 +19,9 @@ public:
 
     explicit Album(QString chapter) : chapter_(std::move(chapter)) {}
 
+    /// What comes from here on belongs to another chapter, and is counted anew.
+    void Begin(const Text& chapter);
+
     /// A picture of the window, whole, as its user sees it. Fails the test if it cannot be saved.
     /// The picture says where in it the form and its controls stand, one a line: "name x y width
     /// height" under the key Parts, the form itself by the name of Form.

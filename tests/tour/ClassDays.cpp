@@ -213,12 +213,6 @@ void ClassWeek::LibraryIsMovedOn() {
     Shows("StartingFrom", "Starting from: Monday 3/12/2001 to Friday 3/16/2001");
     SaveChart({"Bea"}, "Bea's Sparkit Dutygrid has been created");
     Stored("SELECT FirstDate FROM \"Library Bea\" LIMIT 1", {"2001-03-12"});
-
-    Pictures.NameNextPrint("print-list-of-accounts");
-    Database().PrintUsersPasswords();
-    Printed({"List of Sparkit Dutygrid users and passwords",
-             "User Name Is: Ms Lind Password Is: chalk", "User Name Is: Mary Ann Password Is: m6"});
-    LogOff();
 }
 
 void ClassWeek::LeaveFromTheLogIn() {

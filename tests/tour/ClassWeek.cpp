@@ -22,7 +22,7 @@ const QList<Job> ClassDuties = {{"Be ready to start on time", "Mon-Fri", "", "Ea
 
 } // namespace
 
-TEST_F(ClassWeek, FromTheFirstStartIntoTheNextWeek) {
+TEST_F(ClassWeek, FromTheFirstStartThroughTwoWeeks) {
     FirstStartAtSchool();
     MakeAccounts();
     WriteClassDuties();
@@ -36,6 +36,13 @@ TEST_F(ClassWeek, FromTheFirstStartIntoTheNextWeek) {
     TheWeekend();
     TheNextMonday();
     LibraryIsMovedOn();
+    TheAccountsArePrinted();
+
+    Pictures.Begin("class-second-week");
+    AmirLooksAtHisAccount();
+    TheClassIsReviewed();
+    CarlMovesAway();
+    TheWeeksAreReported();
     LeaveFromTheLogIn();
 }
 
@@ -142,8 +149,13 @@ void ClassWeek::WriteTripForNobody() {
     Front("MainForm");
     Stored("SELECT UserName FROM \"Trip\"", {"Nobody"});
 
-    Database().AddToy(QStringLiteral("Amir"), QStringLiteral("Ice cream for all"),
-                      InFolder("IncentivesPictures/IceCream.png"), 20);
-    Database().Commit();
+    OpenAccounts();
+    Pick("StudentsList", "Amir");
+    Figures("Amir", "0", "", "500", "500");
+    Promise("Ice cream for all", "20", "IceCream.png", "incentive");
+    Stored("SELECT IncentiveName, IncentiveCost FROM USERS WHERE Name = 'Amir'",
+           {"Ice cream for all|20"});
+    Click("Okbtn");
+    Front("MainForm");
     LogOff();
 }

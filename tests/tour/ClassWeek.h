@@ -3,7 +3,7 @@
 #include "tests/tour/Story.h"
 
 /// Ms Lind and six children at school, from the first start of the program on Monday 5 March 2001
-/// to the Monday after.
+/// to the second Monday after.
 class ClassWeek : public Story {
 protected:
     ClassWeek() : Story("class", QDate(2001, 3, 5)) {}
@@ -24,5 +24,12 @@ protected:
     void TheWeekend();
     void TheNextMonday();
     void LibraryIsMovedOn();
+    void TheAccountsArePrinted();
+
+    // The second week.
+    void AmirLooksAtHisAccount();
+    void TheClassIsReviewed();
+    void CarlMovesAway();
+    void TheWeeksAreReported();
     void LeaveFromTheLogIn();
 };

@@ -21,6 +21,15 @@ struct Job {
     Text Points;
 };
 
+/// A line of the weekly review. A day's cell is "-" where the job is not to be done, "" while it is
+/// open, and else the number of times that it has been done.
+struct ReviewLine {
+    Text Job;
+    Text Value;
+    QList<Text> Days;
+    Text Points;
+};
+
 /// What the people of all chapters do again and again, step by step through the windows.
 class Story : public Tour {
 protected:
@@ -55,4 +64,35 @@ protected:
 
     /// The goal message comes with the next click.
     void ExpectGoal(const Text& picture = "");
+
+    /// Opens the account view by the toolbar.
+    void OpenAccounts();
+    /// The figures of the account view.
+    void Figures(const Text& name, const Text& points, const Text& goal, const Text& cost,
+                 const Text& needed, Here here = Here::current());
+    /// The account view stands as it does for an adult who has selected nobody.
+    void NobodyIsSelected(Here here = Here::current());
+    /// Promises the account selected an incentive, and returns to the account view. `file`: a stock
+    /// picture. `picture`: the filled form is taken, "" for no picture.
+    void Promise(const Text& incentive, const Text& cost, const Text& file, const Text& picture);
+    /// Prints the list of accounts from the account view.
+    void PrintAccounts();
+
+    /// Opens the weekly review by the toolbar; no chart is chosen.
+    void OpenReview(const QList<Text>& charts, Here here = Here::current());
+    /// The lines of the review, and the points of the days and of the week below them.
+    void Review(const QList<ReviewLine>& lines, const QList<Text>& days, const Text& points,
+                Here here = Here::current());
+
+    /// Opens the reports' form by the toolbar; no child is chosen.
+    void OpenReports(const QList<Text>& children, Here here = Here::current());
+    /// Chooses a child and sees what there is of it.
+    void ReportsOf(const Text& child, const QList<Text>& charts, const QList<Text>& histories,
+                   Here here = Here::current());
+    /// Asks for a report by dates, which opens the dialog for them.
+    void AskForDates(const Text& picture = "");
+    /// Chooses the days in the dialog, reads its last box, and is back at the reports, which tell
+    /// `message`; "" for none.
+    void ChooseDates(const QDate& start, const QDate& end, const Text& message = "",
+                     const Text& picture = "");
 };

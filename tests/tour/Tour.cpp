@@ -14,6 +14,7 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QCalendarWidget>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
@@ -26,6 +27,7 @@
 #include <QMenuBar>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QTableView>
 #include <QTest>
 #include <QToolBar>
 #include <stdexcept>
@@ -176,7 +178,7 @@ void Tour::BringIntoView(const QWidget& widget, const QPoint& place) {
     QTest::qWait(Quiet);
 }
 
-void Tour::ClickAt(QWidget& widget, const QPoint& place, Qt::KeyboardModifiers keys, bool twice) {
+void Tour::ClickAt(QWidget& widget, const QPoint& place, const HowToClick& how) {
     BringIntoView(widget, place);
     QWidget* window = widget.window();
     const QPoint inWindow = widget.mapTo(window, place);
@@ -188,10 +190,10 @@ void Tour::ClickAt(QWidget& widget, const QPoint& place, Qt::KeyboardModifiers k
         << widget.objectName().toStdString() << " cannot be reached";
     QWindow* surface = window->windowHandle();
     QTest::mouseMove(surface, inWindow);
-    if (twice)
-        QTest::mouseDClick(surface, Qt::LeftButton, keys, inWindow);
+    if (how.Twice)
+        QTest::mouseDClick(surface, how.Button, how.Keys, inWindow);
     else
-        QTest::mouseClick(surface, Qt::LeftButton, keys, inWindow);
+        QTest::mouseClick(surface, how.Button, how.Keys, inWindow);
 }
 
 void Tour::Click(const Text& control) {
@@ -242,8 +244,7 @@ void Tour::Choose(const Text& combo, const Text& entry) {
     EXPECT_EQ(box.currentText(), static_cast<const QString&>(entry)) << combo.toStdString();
 }
 
-void Tour::PickEntry(const QString& list, const QString& entry, Qt::KeyboardModifiers keys,
-                     bool twice) {
+void Tour::PickEntry(const QString& list, const QString& entry, const HowToClick& how) {
     auto& view = dynamic_cast<QAbstractItemView&>(Control(list));
     const QAbstractItemModel& model = *view.model();
     for (int row = 0; row < model.rowCount(); ++row) {
@@ -251,7 +252,7 @@ void Tour::PickEntry(const QString& list, const QString& entry, Qt::KeyboardModi
         if (index.data().toString() != entry)
             continue;
         view.scrollTo(index);
-        ClickAt(*view.viewport(), view.visualRect(index).center(), keys, twice);
+        ClickAt(*view.viewport(), view.visualRect(index).center(), how);
         Settle();
         return;
     }
@@ -259,11 +260,34 @@ void Tour::PickEntry(const QString& list, const QString& entry, Qt::KeyboardModi
 }
 
 void Tour::Pick(const Text& list, const Text& entry, Qt::KeyboardModifiers keys) {
-    PickEntry(list, entry, keys, false);
+    PickEntry(list, entry, {keys});
 }
 
 void Tour::DoublePick(const Text& list, const Text& entry) {
-    PickEntry(list, entry, {}, true);
+    PickEntry(list, entry, {{}, Qt::LeftButton, true});
+}
+
+void Tour::RightPress(const Text& list, const Text& entry) {
+    PickEntry(list, entry, {{}, Qt::RightButton});
+}
+
+void Tour::ChooseDay(const Text& calendar, const QDate& day) {
+    auto& month = dynamic_cast<QCalendarWidget&>(Control(calendar));
+    EXPECT_EQ(QPoint(month.yearShown(), month.monthShown()), QPoint(day.year(), day.month()))
+        << calendar.toStdString() << " shows another month";
+    auto& days = *month.findChild<QTableView*>(QStringLiteral("qt_calendar_calendarview"));
+    // The numbers of the days before the month's first end in a greater one than 1.
+    int before = -1;
+    for (int row = 0; row < days.model()->rowCount(); ++row)
+        for (int column = 0; column < days.model()->columnCount(); ++column) {
+            const QModelIndex index = days.model()->index(row, column);
+            if (days.isColumnHidden(column) || (before < 0 && index.data().toInt() != 1))
+                continue;
+            if (++before == day.day() - 1)
+                ClickAt(*days.viewport(), days.visualRect(index).center());
+        }
+    Settle();
+    EXPECT_EQ(month.selectedDate(), day) << calendar.toStdString();
 }
 
 void Tour::ScrollTo(const Text& bar, int value) {

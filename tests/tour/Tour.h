@@ -16,6 +16,12 @@
 /// The place in the story that a failed expectation names.
 using Here = std::source_location;
 
+struct HowToClick {
+    Qt::KeyboardModifiers Keys;
+    Qt::MouseButton Button = Qt::LeftButton;
+    bool Twice = false;
+};
+
 /// The program as delivered, in a folder of its own and with a user of its own, driven through its
 /// real windows and message boxes by mouse and keys.
 ///
@@ -51,6 +57,10 @@ protected:
     /// Clicks on a list's entry, the first of that text.
     void Pick(const Text& list, const Text& entry, Qt::KeyboardModifiers keys = {});
     void DoublePick(const Text& list, const Text& entry);
+    /// Presses the right button on a list's entry.
+    void RightPress(const Text& list, const Text& entry);
+    /// Clicks on a day of the month that the calendar shows.
+    void ChooseDay(const Text& calendar, const QDate& day);
     /// Moves a scroll bar by its arrows.
     void ScrollTo(const Text& bar, int value);
     /// Clicks below a list's last entry.
@@ -112,10 +122,8 @@ private:
     QWidget& Control(const QString& name) const;
     static QWidget& MainWindow();
     static void BringIntoView(const QWidget& widget, const QPoint& place);
-    void ClickAt(QWidget& widget, const QPoint& place, Qt::KeyboardModifiers keys = {},
-                 bool twice = false);
-    void PickEntry(const QString& list, const QString& entry, Qt::KeyboardModifiers keys,
-                   bool twice);
+    void ClickAt(QWidget& widget, const QPoint& place, const HowToClick& how = {});
+    void PickEntry(const QString& list, const QString& entry, const HowToClick& how);
 
     QTemporaryDir folder_;
     SystemPrompts prompts_;
