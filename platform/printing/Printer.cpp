@@ -61,6 +61,8 @@ public:
             pages_.pop_back();
         QPainter painter;
         Require(painter.begin(device_.get()));
+        // No printer reaches beyond this area; the margins of a PDF would show halves of lines.
+        painter.setClipRect(QRectF(QPointF(), Dots()));
         painter.setRenderHints(QPainter::SmoothPixmapTransform | QPainter::LosslessImageRendering);
         for (std::size_t page = 0; page < pages_.size(); ++page) {
             Require(page == 0 || device_->newPage());

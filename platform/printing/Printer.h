@@ -22,8 +22,8 @@ public:
 /// The program's printer: pages on a logical grid.
 ///
 /// All coordinates are grid units, ScaleWidth of them across the printable width and ScaleHeight
-/// down the printable height, on any paper. A job is kept in memory and sent at EndDoc, so that
-/// one that fails half-way prints nothing.
+/// down the printable height, on any paper; what is drawn beyond is lost. A job is kept in memory
+/// and sent at EndDoc, so that one that fails half-way prints nothing.
 class PrinterObject {
 public:
     explicit PrinterObject(PrintTarget& target);

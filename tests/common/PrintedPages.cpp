@@ -102,25 +102,40 @@ QString PrintedPages::LineAt(int page, double top) const {
     return texts.join(QLatin1Char(' '));
 }
 
+QImage PrintedPages::Sheet(int page) const {
+    const QString number = QString::number(page);
+    const QByteArray pixmap = Run(QStringLiteral("pdftoppm"),
+                                  {QStringLiteral("-r"), QString::number(DotsPerInch),
+                                   QStringLiteral("-f"), number, QStringLiteral("-l"), number,
+                                   QStringLiteral("-thinlinemode"), QStringLiteral("solid"), pdf_});
+    return QImage::fromData(pixmap, "PPM").convertToFormat(QImage::Format_RGB32);
+}
+
+QRect PrintedPages::PrintableArea() const {
+    const double scale = DotsPerInch / 72.0;
+    return QRectF(margins_.left() * scale, margins_.top() * scale,
+                  unit_.width() * GridWidth * scale, unit_.height() * GridHeight * scale)
+        .toRect();
+}
+
 const QImage& PrintedPages::Picture(int page) const {
     if (pictures_.isEmpty())
         pictures_.resize(Count());
     QImage& picture = pictures_[page - 1];
-    if (picture.isNull()) {
-        const QString number = QString::number(page);
-        const QByteArray pixmap =
-            Run(QStringLiteral("pdftoppm"),
-                {QStringLiteral("-r"), QString::number(DotsPerInch), QStringLiteral("-f"), number,
-                 QStringLiteral("-l"), number, QStringLiteral("-thinlinemode"),
-                 QStringLiteral("solid"), pdf_});
-        const QImage sheet = QImage::fromData(pixmap, "PPM").convertToFormat(QImage::Format_RGB32);
-        const double scale = DotsPerInch / 72.0;
-        picture = sheet.copy(QRectF(margins_.left() * scale, margins_.top() * scale,
-                                    unit_.width() * GridWidth * scale,
-                                    unit_.height() * GridHeight * scale)
-                                 .toRect());
-    }
+    if (picture.isNull())
+        picture = Sheet(page).copy(PrintableArea());
     return picture;
+}
+
+bool PrintedPages::HasInkInMargins(int page) const {
+    const QImage sheet = Sheet(page);
+    // The area's edge falls between dots.
+    const QRect area = PrintableArea().adjusted(-1, -1, 1, 1);
+    for (int y = 0; y < sheet.height(); ++y)
+        for (int x = 0; x < sheet.width(); ++x)
+            if (!area.contains(x, y) && !IsWhite(sheet.pixel(x, y)))
+                return true;
+    return false;
 }
 
 QRect PrintedPages::Pixels(int page, const QRectF& area) const {

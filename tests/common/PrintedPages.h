@@ -44,6 +44,8 @@ public:
     QColor At(int page, double x, double y) const;
     /// The smallest rectangle that holds everything which is not white in the area.
     QRectF Ink(int page, const QRectF& area) const;
+    /// True if something which is not white stands beyond the printable area.
+    bool HasInkInMargins(int page) const;
     /// The colours other than white of the area, the most frequent one; white if there is none.
     QColor MainColor(int page, const QRectF& area) const;
 
@@ -53,6 +55,9 @@ public:
 private:
     QPointF ToGrid(double xPoints, double yPoints) const;
     QRect Pixels(int page, const QRectF& area) const;
+    /// The picture of the whole sheet, and the place of the printable area in it.
+    QImage Sheet(int page) const;
+    QRect PrintableArea() const;
 
     QString pdf_;
     QMarginsF margins_;

@@ -117,13 +117,14 @@ TEST_F(JobReportPagesTest, EveryPageRepeatsTheHeaderAndNumbersFromOne) {
                                      {u"2.     job60"_s, u"0 "_s, u"1 "_s, 4}}));
 }
 
-TEST_F(JobReportPagesTest, PaperShowsTheReportAndLosesThe29thLine) {
-    MakeJobs(31);
+TEST_F(JobReportPagesTest, PaperShowsTheReportAndLosesTheLastTwoLines) {
+    MakeJobs(29 + 29 + 2);
     SetPrintTarget(&Paper);
     Database().PrintReport2(u"Anna"_s, {Chores}, Period);
     const PrintedPages pages(Paper.Files().last());
-    ASSERT_EQ(pages.Count(), 2);
-    for (const int page : {1, 2}) {
+    ASSERT_EQ(pages.Count(), 3);
+    for (const int page : {1, 2, 3}) {
+        EXPECT_FALSE(pages.HasInkInMargins(page)) << page;
         EXPECT_EQ(pages.LineAt(page, 0), u"Anna - Job Report"_s);
         EXPECT_EQ(pages.LineAt(page, 1), Period);
         EXPECT_EQ(pages.LineAt(page, 2), u"Jobs Completed Incomplete"_s);

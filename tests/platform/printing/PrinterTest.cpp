@@ -303,6 +303,24 @@ TEST_F(PrinterTest, DrawingOutsideThePageIsLostWithoutAnError) {
     EXPECT_EQ(pages.LineAt(1, 1), QStringLiteral("inside"));
 }
 
+TEST_F(PrinterTest, WhatReachesBeyondThePrintableAreaIsCutAtItsEdgeOnEveryPage) {
+    for (int page = 1; page <= 2; ++page) {
+        PrintAt(-0.3, 1, QStringLiteral("left"));
+        PrintAt(20.5, 2, QStringLiteral("right"));
+        PrintAt(5, -0.2, QStringLiteral("top"));
+        PrintAt(5, 29.8, QStringLiteral("bottom"));
+        printer_.Line(-1, 15, 22, 15, Black);
+        printer_.NewPage();
+    }
+    const PrintedPages pages = Send();
+    ASSERT_EQ(pages.Count(), 2);
+    for (const int page : {1, 2}) {
+        EXPECT_FALSE(pages.HasInkInMargins(page));
+        EXPECT_NEAR(pages.Ink(page, QRectF(0, 14.9, 21, 0.2)).width(), 21, 0.1);
+        EXPECT_FALSE(pages.Ink(page, QRectF(5, 29.8, 2, 0.2)).isEmpty()) << "the part within stays";
+    }
+}
+
 TEST_F(PrinterTest, EndDocWithoutADrawingSendsNothing) {
     printer_.SetFontSize(18);
     printer_.EndDoc();
