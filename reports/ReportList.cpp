@@ -2,6 +2,7 @@
 
 #include <QMouseEvent>
 #include <QTextDocument>
+#include <utility>
 
 ReportList::ReportList(QWidget* parent) : QListWidget(parent) {
     setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -24,17 +25,15 @@ void ReportList::mousePressEvent(QMouseEvent* event) {
         setCurrentItem(nullptr);
     }
     QListWidget::mousePressEvent(event);
-    pressed_ = isLeft;
+    pressed_ = true;
     if (event->button() == Qt::RightButton)
         emit RightPressed();
 }
 
 void ReportList::mouseReleaseEvent(QMouseEvent* event) {
     QListWidget::mouseReleaseEvent(event);
-    if (pressed_ && event->button() == Qt::LeftButton) {
-        pressed_ = false;
+    if (std::exchange(pressed_, false))
         emit Clicked();
-    }
 }
 
 void ReportList::keyPressEvent(QKeyEvent* event) {

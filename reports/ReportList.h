@@ -16,7 +16,8 @@ public:
     void AddItem(const QString& text) override;
 
 signals:
-    /// A click anywhere in the list by the left button, or another selection by keys.
+    /// A click anywhere in the list, by whichever button since each selects, or another selection
+    /// by keys.
     void Clicked();
     /// The right button went down anywhere in the list. What it went down on is selected then, and
     /// alone unless it was selected before.

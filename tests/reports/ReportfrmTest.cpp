@@ -91,6 +91,14 @@ TEST_F(ReportfrmTest, KeysChooseAChild) {
     EXPECT_EQ(Entries(Charts), QStringList{u"Chores Ben"_s});
 }
 
+TEST_F(ReportfrmTest, RightButtonChoosesAChildAsTheLeftDoes) {
+    Pick(Kids, u"Anna"_s);
+    RightClick(Kids, u"Ben"_s);
+    EXPECT_EQ(Selected(Kids), QStringList{u"Ben"_s});
+    EXPECT_EQ(Entries(Charts), QStringList{u"Chores Ben"_s});
+    EXPECT_EQ(Entries(Histories), QStringList{u"History Chores Ben from: 3/4/2001"_s});
+}
+
 TEST_F(ReportfrmTest, EveryActivationBeginsAnew) {
     Pick(Kids, u"Anna"_s);
     Pick(Charts, Piano);
