@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <utility>
 
 AccountList::AccountList(QWidget* parent) : QTreeWidget(parent) {
     setColumnCount(1);
@@ -40,15 +41,13 @@ void AccountList::mousePressEvent(QMouseEvent* event) {
         setCurrentItem(nullptr);
     }
     QTreeWidget::mousePressEvent(event);
-    pressed_ = event->button() == Qt::LeftButton;
+    pressed_ = true;
 }
 
 void AccountList::mouseReleaseEvent(QMouseEvent* event) {
     QTreeWidget::mouseReleaseEvent(event);
-    if (pressed_ && event->button() == Qt::LeftButton) {
-        pressed_ = false;
+    if (std::exchange(pressed_, false))
         emit Chosen();
-    }
 }
 
 void AccountList::mouseDoubleClickEvent(QMouseEvent* event) {

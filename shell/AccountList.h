@@ -23,7 +23,8 @@ public:
     void SetHeading(const QString& heading);
 
 signals:
-    /// A click anywhere in the list, or a row selected by keys.
+    /// A click anywhere in the list, by whichever button since each selects, or a row selected by
+    /// keys.
     void Chosen();
     /// A double click anywhere in the list, or the Enter key.
     void Opened();

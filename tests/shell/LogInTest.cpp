@@ -123,6 +123,16 @@ TEST_F(LogInTest, ListTouchedLastDecidesWhoLogsIn) {
     EXPECT_EQ(PasswordForm().LoginState, QStringLiteral("Teacher"));
 }
 
+TEST_F(LogInTest, RightButtonTouchesAListAsTheLeftDoes) {
+    ShowLogIn();
+    ClickRow(Students(), 0);
+    QTest::mouseClick(Teachers().viewport(), Qt::RightButton, {},
+                      Teachers().visualItemRect(Teachers().topLevelItem(1)).center());
+    Settle();
+    Click(Button("LogInbtn"));
+    EXPECT_EQ(PasswordForm().LoginName, QStringLiteral("Dad"));
+}
+
 TEST_F(LogInTest, LoginHandsTheAccountOverAndUnloadsTheForm) {
     const QPointer<LogIn> form = &ShowLogIn();
     const LoginWindow& window = OpenLoginWindow(Students(), 1);
