@@ -6,12 +6,11 @@
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/Prompts.h"
 #include "reports/DateRangefrm.h"
+#include "reports/WeekChartRepresentation.h"
 #include "shell/session/Session.h"
 #include "ui_Reportfrm.h"
 
 namespace {
-
-const QString Review = QStringLiteral("WeekChartRepresentation");
 
 /// The hourglass over a form, as long as it lives.
 class Hourglass {
@@ -29,13 +28,13 @@ private:
 
 Reportfrm::Reportfrm() : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::Reportfrm>()) {
     ui_->setupUi(this);
-    ui_->Command1->setEnabled(IsFormRegistered(Review));
     datesAreIn_.setSingleShot(true);
     On(ui_->StudentsList, &ReportList::Clicked, this, [this] { StudentsList_Click(); });
     On(ui_->ListView1, &ReportList::RightPressed, this, [this] { ListView1_RightPress(); });
     On(ui_->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
     On(ui_->Ok2, &QPushButton::clicked, this, [this] { Ok2_Click(); });
-    On(ui_->Command1, &QPushButton::clicked, this, [] { DefaultForm(Review).Show(); });
+    On(ui_->Command1, &QPushButton::clicked, this,
+       [] { Default<WeekChartRepresentation>().Show(); });
     On(ui_->Command2, &QPushButton::clicked, this, [this] { Command2_Click(); });
     On(ui_->Cancel, &QPushButton::clicked, this, [this] { Unload(); });
     On(&datesAreIn_, &QTimer::timeout, this, [this] {

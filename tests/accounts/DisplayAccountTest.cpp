@@ -378,17 +378,7 @@ TEST_F(DisplayAccountTest, ViewRefreshesItselfWhenTheEditorCloses) {
     EXPECT_EQ(Figures(), NoFigures);
 }
 
-/// In the place of the review where the program has none.
-class PlainReview : public FormWidget {
-public:
-    static inline const QString FormName = QStringLiteral("WeekChartRepresentation");
-
-    PlainReview() : FormWidget(Place::InMainWindow) {}
-};
-
 TEST_F(DisplayAccountTest, ReviewOpensBesideTheViewWhichStays) {
-    if (!IsFormRegistered(PlainReview::FormName))
-        RegisterFormClass<PlainReview>();
     OpenView();
     PressButton("Exitbtn");
     EXPECT_TRUE(IsShown(QStringLiteral("WeekChartRepresentation")));
