@@ -8,6 +8,10 @@ LineOutline::LineOutline(QWidget* parent) : QWidget(parent) {
 
 void LineOutline::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setPen(palette().color(QPalette::AlternateBase).darker(135));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    const QColor color = palette().color(QPalette::AlternateBase).darker(135);
+    // Areas, not strokes: at fractional scales a stroke on the edge falls out of the widget.
+    painter.fillRect(0, 0, width(), 1, color);
+    painter.fillRect(0, height() - 1, width(), 1, color);
+    painter.fillRect(0, 0, 1, height(), color);
+    painter.fillRect(width() - 1, 0, 1, height(), color);
 }

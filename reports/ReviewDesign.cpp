@@ -32,11 +32,15 @@ void WeekChartRepresentation::DesignHeader() {
         back->setAutoFillBackground(true);
         back->setBackgroundRole(QPalette::AlternateBase);
     }
+    // Filled, not stroked: a stroke one pixel wide is lost at some fractional scales.
     QPalette softLine = palette();
-    softLine.setColor(QPalette::WindowText, softLine.color(QPalette::AlternateBase).darker(115));
-    for (QFrame* line :
-         ui_->Surface->findChildren<QFrame*>(QRegularExpression(QStringLiteral("^Line[1-9]$"))))
+    softLine.setColor(QPalette::Window, softLine.color(QPalette::AlternateBase).darker(115));
+    for (QWidget* line :
+         ui_->Surface->findChildren<QWidget*>(QRegularExpression(QStringLiteral("^Line[1-9]$")))) {
+        line->setAutoFillBackground(true);
+        line->setBackgroundRole(QPalette::Window);
         line->setPalette(softLine);
+    }
     for (QLabel* head : {ui_->Label1, ui_->Label3, ui_->Label4})
         head->setFont(MatrixCell::Face());
     QPalette red = palette();

@@ -88,6 +88,22 @@ TEST_F(ReviewMatrixTest, FixedControlsStandWhereTheDesignSays) {
     }
 }
 
+TEST_F(ReviewMatrixTest, TheRulesAreSeen) {
+    MakeChart(QStringLiteral("Chores Anna"), Jobs(1));
+    OpenOn(QStringLiteral("Chores Anna"));
+    const QImage surface = Surface().grab().toImage();
+    const qreal ratio = surface.devicePixelRatio();
+    for (const char* name : {"Line1", "Line2", "Line5", "Line9"}) {
+        const QRect rule = Part(name).rect();
+        const QPoint on = Part(name).mapTo(&Surface(), QPoint(0, 0)) +
+                          QPoint(rule.width() * 3 / 4, rule.height() * 3 / 4);
+        const QPoint beside = on + (rule.width() == 1 ? QPoint(-3, 0) : QPoint(0, -3));
+        EXPECT_NE(surface.pixel((QPointF(on) * ratio).toPoint()),
+                  surface.pixel((QPointF(beside) * ratio).toPoint()))
+            << name;
+    }
+}
+
 TEST_F(ReviewMatrixTest, AMatrixOfFourJobsHasTheBoundFour) {
     MakeChart(QStringLiteral("Chores Anna"), Jobs(4));
     const WeekChartRepresentation& form = OpenOn(QStringLiteral("Chores Anna"));
