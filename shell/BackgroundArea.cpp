@@ -1,14 +1,47 @@
 #include "shell/BackgroundArea.h"
 
 #include "platform/forms/Colors.h"
+#include "platform/forms/Handlers.h"
 
+#include <QApplication>
+#include <QMdiSubWindow>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QScrollBar>
+#include <algorithm>
 
 BackgroundArea::BackgroundArea(QWidget* parent) : QMdiArea(parent) {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setFrameShape(QFrame::NoFrame);
+    On(qApp, &QApplication::focusChanged, this, [this](const QWidget*, const QWidget* now) {
+        // Under a pressed button nothing may move away.
+        if (now != nullptr && QGuiApplication::mouseButtons() == Qt::NoButton &&
+            viewport()->isAncestorOf(now) && qobject_cast<const QMdiSubWindow*>(now) == nullptr)
+            BringIntoView(*now);
+    });
+}
+
+namespace {
+
+/// How far to scroll for a stretch to lie within 0 and `room`; its start counts more.
+int ScrollFor(int first, int last, int room) {
+    constexpr int Margin = 8; // pixels
+    if (first < 0)
+        return first - Margin;
+    return last < room ? 0 : std::min(last - room + Margin, first);
+}
+
+} // namespace
+
+void BackgroundArea::BringIntoView(const QWidget& control) {
+    const QRect place(control.mapTo(viewport(), QPoint()), control.size());
+    QScrollBar& across = *horizontalScrollBar();
+    QScrollBar& down = *verticalScrollBar();
+    const int stepAcross = ScrollFor(place.left(), place.right(), viewport()->width());
+    const int stepDown = ScrollFor(place.top(), place.bottom(), viewport()->height());
+    across.setValue(across.value() + stepAcross);
+    down.setValue(down.value() + stepDown);
 }
 
 void BackgroundArea::SetBackColor(qint32 color) {
@@ -22,9 +55,30 @@ void BackgroundArea::SetPicture(const QImage& picture) {
     viewport()->update();
 }
 
+void BackgroundArea::SetWelcome(const WelcomePage& page) {
+    welcome_ = page;
+    viewport()->update();
+}
+
+bool BackgroundArea::ShowsWelcome() const {
+    const QList<QMdiSubWindow*> frames = subWindowList();
+    return !welcome_.IsEmpty() && picture_.isNull() && backColor_ == DeliveredColor &&
+           std::all_of(frames.begin(), frames.end(),
+                       [](const QMdiSubWindow* frame) { return frame->isHidden(); });
+}
+
+bool BackgroundArea::eventFilter(QObject* watched, QEvent* event) {
+    const bool comesOrGoes = event->type() == QEvent::Show || event->type() == QEvent::Hide;
+    if (comesOrGoes && qobject_cast<QMdiSubWindow*>(watched) != nullptr)
+        viewport()->update();
+    return QMdiArea::eventFilter(watched, event);
+}
+
 void BackgroundArea::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     painter.fillRect(event->rect(), ColorFromValue(backColor_));
+    if (ShowsWelcome())
+        welcome_.Paint(painter, viewport()->rect(), *this);
     if (picture_.isNull())
         return;
     const QPixmap& pixmap = FittedPicture();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shell/WelcomePage.h"
+
 #include <QImage>
 #include <QMdiArea>
 #include <QPixmap>
@@ -7,6 +9,9 @@
 /// The inside of the main window: the forms' sub-windows before a colour and a picture. The
 /// picture stands in the middle in its own size; one larger than the area is made smaller until
 /// it just covers it. The colour is seen around it and through it.
+///
+/// While no sub-window is open, and neither a picture nor a colour of somebody's own has been
+/// chosen, the area greets its user.
 class BackgroundArea : public QMdiArea {
     Q_OBJECT
 
@@ -21,15 +26,26 @@ public:
     QImage Picture() const { return picture_; }
     void SetPicture(const QImage& picture);
 
+    void SetWelcome(const WelcomePage& page);
+    /// True while the greeting is what the area shows.
+    bool ShowsWelcome() const;
+
 protected:
     void paintEvent(QPaintEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    /// Scrolls to a control that the keyboard has come to.
+    void BringIntoView(const QWidget& control);
     const QPixmap& FittedPicture();
 
-    /// Until the settings have been read: the light paper of the settings as delivered.
-    qint32 backColor_ = 15267066;
+    /// The light paper of the settings as delivered.
+    static constexpr qint32 DeliveredColor = 15267066;
+
+    /// Until the settings have been read, the delivered one.
+    qint32 backColor_ = DeliveredColor;
     QImage picture_;
+    WelcomePage welcome_;
     QPixmap fitted_;
     QSize fittedFor_;
 };

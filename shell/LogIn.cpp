@@ -19,6 +19,7 @@
 #include "ui_LogIn.h"
 
 #include <QCloseEvent>
+#include <QScreen>
 
 namespace {
 
@@ -38,7 +39,7 @@ const QString Welcome = QStringLiteral(
 
 LogIn::LogIn() : FormWidget(Place::TopLevel), ui(std::make_unique<Ui::LogIn>()) {
     ui->setupUi(this);
-    ui->Logo->setPixmap(LogoPicture(*this, QSize(240, 80)));
+    FitToScreen();
     ui->TeachersList->SetHeading(ui->TeachersList->Heading());
     ui->StudentsList->SetHeading(ui->StudentsList->Heading());
 
@@ -80,6 +81,23 @@ LogIn::~LogIn() = default;
 void LogIn::SelectVersion(bool school) {
     ui->ForSchool->setChecked(school);
     ui->ForHome->setChecked(!school);
+}
+
+/// All of it is to be seen on a small screen, and at twice the size on a middling one.
+void LogIn::FitToScreen() {
+    constexpr int LowScreen = 520; // pixels
+    const bool isLow = screen()->availableSize().height() < LowScreen;
+    ui->Logo->setPixmap(LogoPicture(*this, isLow ? QSize(150, 50) : QSize(240, 80)));
+    if (!isLow)
+        return;
+    ui->Image1->setFixedSize(100, 100);
+    ui->Side->setAlignment(ui->Image1, Qt::AlignHCenter);
+    for (AccountList* list : {ui->TeachersList, ui->StudentsList})
+        list->setMinimumHeight(120);
+    constexpr int Tight = 8;
+    ui->Page->setSpacing(Tight);
+    ui->Side->setSpacing(Tight);
+    ui->Page->setContentsMargins(Tight, Tight, Tight, Tight);
 }
 
 void LogIn::Load() {

@@ -37,6 +37,7 @@ private:
         QString State;
     };
 
+    void FitToScreen();
     void SetListHeaders();
     SelectedUser ReturnSelectedUser() const;
     void List_Click(qint16 list);

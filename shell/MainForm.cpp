@@ -10,6 +10,7 @@
 #include "shell/InitValues.h"
 #include "shell/LogIn.h"
 #include "shell/Settings.h"
+#include "shell/WelcomePage.h"
 #include "shell/session/Session.h"
 #include "ui_MainForm.h"
 
@@ -68,9 +69,13 @@ MainForm::MainForm() : Form(*this, Place::TopLevel), ui(std::make_unique<Ui::Mai
     ConnectMenus();
     SetMainWindowArea(ui->Area);
 
-    const QSize room = QGuiApplication::primaryScreen()->availableSize();
     // High enough for a chart with its responsible person, where the screen is.
-    resize(QSize(1180, 840).boundedTo(room - QSize(40, 60)));
+    const QSize wanted(1180, 840);
+    const QSize room = QGuiApplication::primaryScreen()->availableSize() - QSize(40, 60);
+    resize(wanted.boundedTo(room));
+    if (size() != wanted)
+        setWindowState(Qt::WindowMaximized);
+    FitToolbar(room);
 }
 
 MainForm::~MainForm() {
@@ -89,6 +94,16 @@ void MainForm::BuildToolbar() {
     }
     On(ui->KidToolbar, &QToolBar::actionTriggered, this,
        [this](const QAction* button) { KidToolbar_ButtonClick(button->data().toString()); });
+}
+
+/// On a small screen, or at a large scale, the room is the forms'.
+void MainForm::FitToolbar(const QSize& room) {
+    constexpr QSize Ample(800, 800); // pixels
+    if (room.height() >= Ample.height())
+        return;
+    ui->KidToolbar->setIconSize(QSize(24, 24));
+    ui->KidToolbar->setProperty("room", room.width() < Ample.width() ? QStringLiteral("small")
+                                                                     : QStringLiteral("low"));
 }
 
 void MainForm::ConnectMenus() {
@@ -156,6 +171,37 @@ void MainForm::LogOffNow() {
 
 void MainForm::Activate() {
     SetAccountRights();
+    ui->Area->SetWelcome(Welcome());
+}
+
+/// Made of the toolbar's buttons that the account sees and of the menu's keys.
+WelcomePage MainForm::Welcome() const {
+    struct Hint {
+        QLatin1String key;
+        QLatin1String menuEntry;
+        QLatin1String text;
+    };
+    const Hint hints[] = {
+        {QLatin1String("New"), QLatin1String("NewChart"),
+         QLatin1String("Write down the jobs of a week and choose who does them.")},
+        {QLatin1String("Open"), QLatin1String("OpenChart"),
+         QLatin1String("Change or print a Dutygrid.")},
+        {QLatin1String("OpenKid"), QLatin1String("FillChart"),
+         QLatin1String("See your jobs and tick off what you have done.")},
+        {QLatin1String("Review"), QLatin1String("mnuReviewDutygrid"),
+         QLatin1String("See what has been done, day by day.")},
+        {QLatin1String("View"), QLatin1String("VicewAccount"),
+         IsAdult(CurrentState) ? QLatin1String("See points, and set a goal to save up for.")
+                               : QLatin1String("See your points and what you save up for.")}};
+    WelcomePage page{
+        QLatin1String("Hi ") + CurrentUser, QStringLiteral("What would you like to do?"), {}};
+    for (const Hint& hint : hints) {
+        const QAction& button = ToolbarButton(hint.key);
+        if (button.isVisible() && button.isEnabled())
+            page.steps += {button.icon(), button.text(), QString(hint.text),
+                           MenuEntry(hint.menuEntry).shortcut().toString()};
+    }
+    return page;
 }
 
 bool MainForm::QueryUnload() {

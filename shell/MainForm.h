@@ -7,6 +7,8 @@
 #include <QMainWindow>
 #include <memory>
 
+struct WelcomePage;
+
 namespace Ui {
 class MainForm;
 }
@@ -49,6 +51,8 @@ protected:
 
 private:
     void BuildToolbar();
+    void FitToolbar(const QSize& room);
+    WelcomePage Welcome() const;
     void ConnectMenus();
     void OpenWith(QAction* entry, const QString& form);
     void SoundOnOff_Click(bool nowChecked);

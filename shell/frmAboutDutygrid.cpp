@@ -10,7 +10,7 @@ frmAboutDutygrid::frmAboutDutygrid()
     : FormWidget(Place::InMainWindow), ui(std::make_unique<Ui::frmAboutDutygrid>()) {
     ui->setupUi(this);
     ui->Label3->setText(QStringLiteral("Sparkit Dutygrid " DUTYGRID_VERSION));
-    ui->Picture1->setPixmap(LogoPicture(*this, QSize(360, 120)));
+    ui->Picture1->setPixmap(LogoPicture(*this, QSize(300, 100)));
 
     const auto openWebPage = [] {
         CurrentDesktop().ShellExecute(QStringLiteral("open"), ProductWebPage, 3);

@@ -127,7 +127,11 @@ void Form::Show() {
     if (!frame_.isNull())
         frame_->show();
     if (isNewFrame) {
-        frame_->resize(frame_->size() + size - widget_.size());
+        const QMdiArea& area = *MainWindowArea();
+        QSize whole = frame_->size() + size - widget_.size();
+        if (area.isVisible())
+            whole = whole.boundedTo(area.viewport()->size()).expandedTo(frame_->minimumSizeHint());
+        frame_->resize(whole);
         PlaceInArea(*MainWindowArea(), *frame_);
     }
     SetFocus();
