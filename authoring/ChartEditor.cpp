@@ -2,6 +2,7 @@
 
 #include "authoring/ComboLists.h"
 #include "authoring/EnterKey.h"
+#include "platform/forms/ElidingEdit.h"
 #include "platform/forms/Handlers.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/Numbers.h"
@@ -119,7 +120,7 @@ DropDownCombo* ChartEditor::MakeCombo(const QString& column, int index) {
 }
 
 QLineEdit* ChartEditor::MakeBox(const QString& column, int index) {
-    auto* box = new QLineEdit(ui_->Rows);
+    auto* box = new ElidingEdit(ui_->Rows);
     box->setAccessibleName(QStringLiteral("%1, job %2").arg(column).arg(index + 1));
     box->setMaxLength(TextFieldLength);
     On(new EnterKey(box), &EnterKey::Pressed, this, [this] { NewTask_Click(); });
@@ -297,9 +298,19 @@ void ChartEditor::SetRow(int index, const EditorRow& row) {
     Points[index].setText(row.Points);
 }
 
+/// Where the main window has no room for the whole frame it shows fewer rows; the rest is reached
+/// by the scroll bar.
+void ChartEditor::FitListToFrame() {
+    const int bottom = ui_->EditChartFrame->height();
+    ui_->RowsClip->resize(ui_->RowsClip->width(), bottom - ui_->RowsClip->y() - 2);
+    ui_->VScroll->resize(ui_->VScroll->width(), bottom - ui_->VScroll->y() - 6);
+}
+
 bool ChartEditor::eventFilter(QObject* watched, QEvent* event) {
     // The wheel over the rows scrolls them, as it does over the scroll bar itself.
     if (watched == ui_->EditChartFrame && event->type() == QEvent::Wheel)
         return QCoreApplication::sendEvent(ui_->VScroll, event);
+    if (watched == ui_->EditChartFrame && event->type() == QEvent::Resize)
+        FitListToFrame();
     return FormWidget::eventFilter(watched, event);
 }

@@ -105,6 +105,7 @@ private:
     template <class Action>
     void ForEachColumn(Action&& action);
     void PutRowInTabOrder(int index);
+    void FitListToFrame();
 
     void JobDelete_Click(int index);
     void Points_Change(int index);

@@ -15,6 +15,11 @@ DeleteChartForm::DeleteChartForm()
 
 DeleteChartForm::~DeleteChartForm() = default;
 
+void DeleteChartForm::Activate() {
+    // What cannot be undone is not one press of Enter away.
+    ui_->No->setFocus();
+}
+
 void DeleteChartForm::Yes_Click() {
     Database().DeleteChart(ChartName);
     // Hidden, not unloaded: an unload would ask whether to go without saving.

@@ -22,6 +22,9 @@ public:
     /// The editor's slot in ChartEditors.
     qint16 FormIndex = 0;
 
+protected:
+    void Activate() override;
+
 private:
     void Yes_Click();
 

@@ -1,5 +1,6 @@
 #include "authoring/DisplayAllPeople.h"
 
+#include "authoring/PersonCard.h"
 #include "platform/forms/DefaultForms.h"
 #include "platform/forms/FormViewAdapters.h"
 #include "platform/forms/Handlers.h"
@@ -18,11 +19,7 @@ public:
     explicit PictureList(const QSize& size) : size_(size) {}
 
     int AddPicture(const QImage& picture) override {
-        const QPixmap fitted = QPixmap::fromImage(Fitted(picture));
-        QIcon icon(fitted);
-        // A face stays as it is when it is selected; the frame round it tells.
-        icon.addPixmap(fitted, QIcon::Selected);
-        icons_.append(icon);
+        icons_.append(QIcon(QPixmap::fromImage(Fitted(picture))));
         return static_cast<int>(icons_.size());
     }
 
@@ -65,9 +62,6 @@ private:
     QListWidgetItem* AddNamed(const QString& text) {
         auto* item = new QListWidgetItem(text, &list_);
         item->setToolTip(Qt::convertFromPlainText(text));
-        item->setSizeHint(QSize(list_.iconSize().width() + 40,
-                                list_.iconSize().height() + 12 + 2 * list_.fontMetrics().height()));
-        item->setTextAlignment(Qt::AlignHCenter | Qt::AlignTop);
         return item;
     }
 
@@ -78,6 +72,8 @@ private:
 DisplayAllPeople::DisplayAllPeople()
     : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::DisplayAllPeople>()) {
     ui_->setupUi(this);
+    ui_->ListView1->setItemDelegate(new PersonCard(ui_->ListView1));
+    ui_->ListView1->installEventFilter(this);
     Images = std::make_unique<PictureList>(ui_->ListView1->iconSize());
     On(ui_->ListView1, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) {
         // The first of the two clicks may just have taken the item out of the selection.
@@ -94,6 +90,13 @@ void DisplayAllPeople::Load() {
     PeopleList people(*ui_->ListView1);
     LabelPicture scratch(*ui_->Image1);
     Database().AddUsersImages(*Images, people, QStringLiteral("Student"), scratch);
+}
+
+bool DisplayAllPeople::eventFilter(QObject* watched, QEvent* event) {
+    // The keyboard's place shows from the first key on, not only after a Tab.
+    if (watched == ui_->ListView1 && event->type() == QEvent::KeyPress)
+        window()->setAttribute(Qt::WA_KeyboardFocusChange);
+    return FormWidget::eventFilter(watched, event);
 }
 
 bool DisplayAllPeople::AnySelected() const {

@@ -35,6 +35,7 @@ public:
 
 protected:
     void Load() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void Ok_Click();

@@ -1,17 +1,21 @@
 #include "authoring/DropDownCombo.h"
 
+#include "platform/forms/ElidingEdit.h"
 #include "platform/forms/Handlers.h"
 
-#include <QLineEdit>
+#include <QAbstractItemView>
 #include <QPainter>
 #include <QPointer>
+#include <QScreen>
 #include <QStyleOptionComboBox>
 #include <QWheelEvent>
+#include <algorithm>
 
 DropDownCombo::DropDownCombo(QWidget* parent) : QComboBox(parent) {
-    setEditable(true);
+    setLineEdit(new ElidingEdit(this));
     setInsertPolicy(QComboBox::NoInsert);
     setCompleter(nullptr);
+    view()->setTextElideMode(Qt::ElideRight);
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     // At the end of typing the toolkit chooses the entry that equals the text, as if it had been
     // clicked; a typed text is not a click.
@@ -32,8 +36,29 @@ void DropDownCombo::SetText(const QString& text) {
 void DropDownCombo::showPopup() {
     const QPointer<DropDownCombo> self(this);
     emit AboutToDrop();
-    if (self)
-        QComboBox::showPopup();
+    if (!self)
+        return;
+    FitList();
+    QComboBox::showPopup();
+}
+
+/// The list is as wide as its longest entry, and ends above the lower edge of the screen rather
+/// than cover what is above the box.
+void DropDownCombo::FitList() {
+    constexpr int MostEntries = 10;
+    constexpr int FewestEntries = 4;
+    constexpr int Frame = 4; // pixels, upper and lower edge together
+    QAbstractItemView& list = *view();
+    const QRect room = screen()->availableGeometry();
+    const int entry = list.sizeHintForRow(0);
+    if (entry <= 0)
+        return;
+    const int below = room.bottom() - mapToGlobal(QPoint(0, height())).y();
+    const int fitting = (below - Frame) / entry;
+    setMaxVisibleItems(fitting < FewestEntries ? MostEntries : std::min(fitting, MostEntries));
+    const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &list);
+    list.setMinimumWidth(
+        std::min(list.sizeHintForColumn(0) + scrollBar + 2 * Frame, room.width() / 2));
 }
 
 void DropDownCombo::wheelEvent(QWheelEvent* event) {

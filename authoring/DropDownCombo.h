@@ -24,4 +24,7 @@ signals:
 protected:
     void wheelEvent(QWheelEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    void FitList();
 };

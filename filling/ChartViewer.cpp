@@ -4,6 +4,7 @@
 #include "filling/ViewerLayout.h"
 #include "platform/forms/FormViewAdapters.h"
 #include "platform/forms/Handlers.h"
+#include "platform/forms/ProgramStyle.h"
 #include "platform/forms/Twips.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/Numbers.h"
@@ -24,8 +25,9 @@ ChartViewer::ChartViewer()
     ui_->Shape2->setBackgroundRole(QPalette::AlternateBase);
     QPalette softLine = palette();
     softLine.setColor(QPalette::WindowText, softLine.color(QPalette::AlternateBase).darker(115));
-    for (QFrame* line : {ui_->Line1, ui_->Line2, ui_->Line3})
+    for (QFrame* line : {ui_->Line1, ui_->Line2})
         line->setPalette(softLine);
+    ui_->Line3->setPalette(QPalette(QColor::fromRgb(ProgramGold)));
     ui_->DoneColumn->setPixmap(QPixmap(QStringLiteral(":/art/Tick.png")));
     DesignRows();
     ShowResponsible(false);

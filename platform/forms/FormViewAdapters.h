@@ -4,6 +4,7 @@
 
 #include <QLabel>
 #include <QListWidget>
+#include <QTextDocument>
 
 /// The store's small interfaces on ordinary widgets.
 
@@ -28,12 +29,15 @@ private:
     QLabel& label_;
 };
 
-/// A list of names in a list widget.
+/// A list of names in a list widget; a name is also its entry's tool tip, since it may be cut.
 class ListNames : public NameList {
 public:
     explicit ListNames(QListWidget& list) : list_(list) {}
     void Clear() override { list_.clear(); }
-    void AddItem(const QString& text) override { list_.addItem(text); }
+    void AddItem(const QString& text) override {
+        auto* item = new QListWidgetItem(text, &list_);
+        item->setToolTip(Qt::convertFromPlainText(text));
+    }
 
 private:
     QListWidget& list_;

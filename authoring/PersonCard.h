@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+/// Paints the entries of a list of people: the picture, and below it the name on at most two
+/// lines. A chosen person's card is coloured and bears a tick; the keyboard's place is a ring.
+class PersonCard : public QStyledItemDelegate {
+    Q_OBJECT
+
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+};

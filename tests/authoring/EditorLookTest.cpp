@@ -1,0 +1,114 @@
+#include "tests/authoring/AuthoringTest.h"
+
+#include "platform/forms/ElidingEdit.h"
+
+#include <QImage>
+#include <QTextDocumentFragment>
+
+namespace {
+
+/// What long texts and small windows do to the chart editor and its dialogs.
+class EditorLookTest : public AuthoringTest {
+protected:
+    const QString longJob = u"Put the lunch box into the dishwasher and wipe it"_s;
+};
+
+TEST_F(EditorLookTest, TheJobListIsAsWideAsItsLongestJob) {
+    WriteJobs("Cook\r\n" + longJob.toLatin1() + "\r\n");
+    ChartEditor& editor = NewChart();
+    auto& combo = RowControl<DropDownCombo>(editor, u"Instructions"_s, 0);
+    combo.showPopup();
+    Settle();
+    EXPECT_GT(combo.view()->viewport()->width(),
+              combo.view()->fontMetrics().horizontalAdvance(longJob));
+    EXPECT_GT(combo.view()->width(), combo.width());
+    combo.hidePopup();
+}
+
+TEST_F(EditorLookTest, AListNearTheLowerEdgeIsShortenedRatherThanDroppedUpwards) {
+    QByteArray jobs;
+    for (int number = 0; number < 40; ++number)
+        jobs += "Job " + QByteArray::number(number) + "\r\n";
+    WriteJobs(jobs);
+    ChartEditor& editor = NewChart();
+    AddJobs(editor, 9);
+    auto& combo = RowControl<DropDownCombo>(editor, u"Instructions"_s, 9);
+    combo.showPopup();
+    Settle();
+    EXPECT_GE(combo.view()->mapToGlobal(QPoint()).y(), combo.mapToGlobal(QPoint()).y());
+    combo.hidePopup();
+}
+
+TEST_F(EditorLookTest, ALongTextIsCutForTheEyeOnlyAndOnlyWhileNobodyWritesInIt) {
+    ChartEditor& editor = NewChart();
+    auto& box = RowControl<ElidingEdit>(editor, u"AdultResponsable"_s, 0);
+    editor.SetRow(0, {u"a"_s, u"Mon"_s, longJob, u"Easy"_s, u"1"_s});
+    Find(editor, u"NewTask"_s).setFocus();
+    Settle();
+    EXPECT_TRUE(box.IsCut());
+    EXPECT_EQ(box.text(), longJob);
+    const QImage cut = box.grab().toImage();
+    box.setText(longJob + u" again"_s);
+    box.setCursorPosition(0);
+    EXPECT_EQ(box.grab().toImage(), cut) << "the same beginning and dots";
+    box.setText(u"Mum"_s);
+    EXPECT_FALSE(box.IsCut());
+    EXPECT_NE(box.grab().toImage(), cut);
+}
+
+TEST_F(EditorLookTest, ALowWindowShowsFewerRowsAndAllButtons) {
+    ChartEditor& editor = NewChart();
+    AddJobs(editor, 11);
+    auto& frame = Find(editor, u"EditChartFrame"_s);
+    EXPECT_EQ(frame.height(), 5055 / 15);
+    QWidget& window = editor.Frame();
+    window.resize(window.width(), window.height() - 120);
+    Settle();
+    EXPECT_EQ(frame.height(), 5055 / 15 - 120);
+    EXPECT_LE(Scroll(editor).geometry().bottom(), frame.rect().bottom());
+    auto& save = Find(editor, u"CreateChart"_s);
+    EXPECT_TRUE(editor.rect().contains(save.geometry()));
+    Scroll(editor).setValue(11);
+    auto& last = RowControl(editor, u"Instructions"_s, 11);
+    EXPECT_TRUE(last.visibleRegion().boundingRect().contains(last.rect()));
+}
+
+TEST_F(EditorLookTest, TheDeletionOfAChartIsNotOnePressOfEnterAway) {
+    auto& form = Default<DeleteChartForm>();
+    form.Show();
+    Settle();
+    EXPECT_TRUE(Find(form, u"No"_s).hasFocus());
+}
+
+TEST_F(EditorLookTest, ALongNameInTheListOfChartsIsCutInTheMiddleAndTold) {
+    const QString name = u"Chores "_s + QString(50, u'W');
+    StoreChart(name, {Job(u"a"_s)});
+    auto& form = Default<Openfrm>();
+    form.Show();
+    Settle();
+    auto& list = Find<QListWidget>(form, u"ChartList"_s);
+    EXPECT_FALSE(list.horizontalScrollBar()->isVisible());
+    EXPECT_EQ(list.horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+    EXPECT_EQ(list.textElideMode(), Qt::ElideMiddle);
+    EXPECT_EQ(QTextDocumentFragment::fromHtml(list.item(0)->toolTip()).toPlainText(), name);
+}
+
+TEST_F(EditorLookTest, NobodyLooksChosenBeforeAPersonIs) {
+    MakeAccount(u"Anna"_s, u"a"_s, u"Student"_s);
+    MakeAccount(u"Ben"_s, u"b"_s, u"Student"_s);
+    auto& form = Default<DisplayAllPeople>();
+    form.Show();
+    Settle();
+    auto& list = Find<QListWidget>(form, u"ListView1"_s);
+    list.setFocus();
+    Settle();
+    const auto edge = [&list](int row) {
+        const QRect card = list.visualItemRect(list.item(row));
+        return list.viewport()->grab().toImage().pixelColor(card.left() + 2, card.center().y());
+    };
+    EXPECT_EQ(edge(0), edge(1));
+    ClickRow(list, 1);
+    EXPECT_NE(edge(0), edge(1));
+}
+
+} // namespace
