@@ -1,0 +1,89 @@
+#include "platform/forms/SystemDesktop.h"
+#include "platform/forms/SystemPrompts.h"
+#include "shell/MainForm.h"
+#include "tests/look/LookTest.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTimer>
+
+namespace {
+
+/// What the toolkit brings: message boxes, menus, the dialogs for files and colours.
+class DialogsLookTest : public LookTest {
+protected:
+    /// Takes a picture of the dialog that comes up next, looks it over and dismisses it.
+    static void LookAtNext(const QString& name) {
+        QTimer::singleShot(400, [name] {
+            QWidget* dialog = QApplication::activeModalWidget();
+            ASSERT_NE(dialog, nullptr);
+            TakeScreen(name);
+            for (const QLabel* label : dialog->findChildren<QLabel*>())
+                if (label->isVisible() && !label->text().isEmpty()) {
+                    EXPECT_TRUE(dialog->rect().contains(
+                        QRect(label->mapTo(dialog, QPoint()), label->size())))
+                        << label->text().toStdString();
+                    EXPECT_GE(label->height(), label->wordWrap()
+                                                   ? label->heightForWidth(label->width())
+                                                   : label->fontMetrics().height());
+                }
+            for (const QPushButton* button : dialog->findChildren<QPushButton*>())
+                if (button->isVisible()) {
+                    EXPECT_GE(button->width(), button->minimumSizeHint().width());
+                }
+            dialog->close();
+        });
+    }
+};
+
+TEST_F(DialogsLookTest, MessageBoxes) {
+    MakeFamily();
+    StartSession(u"Mum"_s, u"Teacher"_s);
+    SystemPrompts prompts;
+    Prompt message;
+    message.Text = u"Please try another name, this one already exists."_s;
+    LookAtNext(u"Box-message"_s);
+    prompts.Show(message);
+    message.Icon = PromptIcon::Exclamation;
+    LookAtNext(u"Box-exclamation"_s);
+    prompts.Show(message);
+    message.Icon = PromptIcon::Critical;
+    message.Text = u"Run-time error '6':\n\nOverflow"_s;
+    LookAtNext(u"Box-error"_s);
+    prompts.Show(message);
+    Prompt question;
+    question.Text =
+        u"Please click the 'Yes' button to print your Sparkit Dutygrid showing check marks for "_s +
+        u"those jobs that have been completed for the week."_s;
+    question.Buttons = PromptButtons::YesNo;
+    LookAtNext(u"Box-question"_s);
+    prompts.Show(question);
+}
+
+TEST_F(DialogsLookTest, DialogsForFilesAndColours) {
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    MakeFamily();
+    StartSession(u"Mum"_s, u"Teacher"_s);
+    SystemDesktop desktop;
+    LookAtNext(u"Dialog-file"_s);
+    EXPECT_FALSE(desktop.OpenFile(Path(u"UsersPictures"_s)).has_value());
+    LookAtNext(u"Dialog-colour"_s);
+    EXPECT_FALSE(desktop.ChooseColor(255).has_value());
+}
+
+TEST_F(DialogsLookTest, Menus) {
+    MakeFamily();
+    StartSession(u"Mum"_s, u"Teacher"_s);
+    auto& window = Default<MainForm>();
+    window.menuBar()->setActiveAction(window.menuBar()->actions().first());
+    Settle();
+    TakeScreen(u"Menu-file"_s);
+    QWidget* menu = QApplication::activePopupWidget();
+    ASSERT_NE(menu, nullptr);
+    EXPECT_GE(menu->width(), menu->sizeHint().width());
+    menu->close();
+}
+
+} // namespace
