@@ -199,6 +199,7 @@ TEST_F(AddIncentivesTest, CancelledBrowseEmptiesTheNameAndAYesStoresNoPicture) {
     OpenEditor();
     Browse(BluePicture());
     Browse(std::nullopt);
+    EXPECT_FALSE(Preview().isValid()) << "the empty name is the empty picture's";
     Type(Box("ToyName"), QStringLiteral("Ball"));
     Type(Box("Value"), QStringLiteral("9"));
     Boxes.Expect(NoPictureQuestion, PromptAnswer::Yes);
