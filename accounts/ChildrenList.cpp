@@ -1,6 +1,7 @@
 #include "accounts/ChildrenList.h"
 
 #include <QDragMoveEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
 
@@ -30,6 +31,13 @@ void ChildrenList::mousePressEvent(QMouseEvent* event) {
     // is not to find the row below selected after it.
     if (event->button() == Qt::LeftButton)
         AccountList::mousePressEvent(event);
+}
+
+void ChildrenList::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Menu)
+        emit Pressed(Qt::RightButton);
+    else
+        AccountList::keyPressEvent(event);
 }
 
 void ChildrenList::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -21,13 +21,15 @@ public:
     }
 
 signals:
-    /// Any button went down; the selection is the one before.
+    /// Any button went down; the selection is the one before. What the right button does, the
+    /// Delete key and the key for a context menu do as well.
     void Pressed(Qt::MouseButton button);
     /// Something is dragged over the list: a row by the mouse, or what comes from elsewhere.
     void DraggedOver();
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;

@@ -2,7 +2,9 @@
 
 #include "authoring/ComboLists.h"
 #include "authoring/EnterKey.h"
+#include "authoring/RowFocus.h"
 #include "platform/forms/ElidingEdit.h"
+#include "platform/forms/FocusRing.h"
 #include "platform/forms/Handlers.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/Numbers.h"
@@ -14,6 +16,7 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QStringList>
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -56,6 +59,7 @@ ChartEditor::ChartEditor()
     ui_->setupUi(this);
     DesignRows();
     ui_->EditChartFrame->installEventFilter(this);
+    new FocusRing(ui_->VScroll);
 
     On(ui_->VScroll, &QScrollBar::valueChanged, this, [this] { SetTextsPosition(); });
     On(ui_->NewTask, &QPushButton::clicked, this, [this] { NewTask_Click(); });
@@ -99,6 +103,9 @@ void ChartEditor::DesignRows() {
     QWidget::setTabOrder(&Instructions[0], &DayOfWeek[0]);
     PutRowInTabOrder(0);
     QWidget::setTabOrder(&JobDelete[0], ui_->VScroll);
+    Number[0].setBuddy(&Instructions[0]);
+    // What an adult comes for, not the scroll bar that was there before the rows.
+    Instructions[0].setFocus();
 }
 
 void ChartEditor::PutRowInTabOrder(int index) {
@@ -111,9 +118,34 @@ void ChartEditor::PutRowInTabOrder(int index) {
     QWidget::setTabOrder(&Points[index], &JobDelete[index]);
 }
 
+/// The keyboard goes through all rows, those outside the frame too.
+void ChartEditor::WatchKeyboard(QWidget& control, int index) {
+    auto* watch = new RowFocus(&control);
+    On(watch, &RowFocus::ReachedByTab, this, [this, index] { BringRowIntoView(index); });
+    // The row above the top line is hidden and would be passed over.
+    if (index > 0)
+        On(watch, &RowFocus::GoingBack, this, [this, index, &control] {
+            if (&control == &Instructions[index])
+                BringRowIntoView(index - 1);
+        });
+}
+
+void ChartEditor::BringRowIntoView(int index) {
+    if (index >= Instructions.Count())
+        return;
+    const int pitch = Instructions.Height(0) + RowGap;
+    const int listBottom = TwipsOf(ui_->RowsClip->geometry().bottom());
+    const int rowsInView = std::max(1, (listBottom - ListTop) / pitch);
+    if (Instructions.Top(index) < ListTop)
+        ui_->VScroll->setValue(index);
+    else if (Instructions.Top(index) + RowHeight > listBottom)
+        ui_->VScroll->setValue(index - rowsInView + 1);
+}
+
 DropDownCombo* ChartEditor::MakeCombo(const QString& column, int index) {
     auto* combo = new DropDownCombo(ui_->Rows);
-    combo->setAccessibleName(QStringLiteral("%1, job %2").arg(column).arg(index + 1));
+    combo->SetSpokenName(QStringLiteral("%1, job %2").arg(column).arg(index + 1));
+    WatchKeyboard(*combo, index);
     combo->lineEdit()->setMaxLength(TextFieldLength);
     On(new EnterKey(combo), &EnterKey::Pressed, this, [this] { NewTask_Click(); });
     return combo;
@@ -122,6 +154,7 @@ DropDownCombo* ChartEditor::MakeCombo(const QString& column, int index) {
 QLineEdit* ChartEditor::MakeBox(const QString& column, int index) {
     auto* box = new ElidingEdit(ui_->Rows);
     box->setAccessibleName(QStringLiteral("%1, job %2").arg(column).arg(index + 1));
+    WatchKeyboard(*box, index);
     box->setMaxLength(TextFieldLength);
     On(new EnterKey(box), &EnterKey::Pressed, this, [this] { NewTask_Click(); });
     return box;
@@ -135,8 +168,9 @@ QLineEdit* ChartEditor::MakePoints(int index) {
 
 DropDownCombo* ChartEditor::MakeInstructions(int index) {
     auto* combo = new DropDownCombo(ui_->Rows);
-    combo->setAccessibleName(
+    combo->SetSpokenName(
         QStringLiteral("%1, job %2").arg(ui_->InstructionsLbl->text()).arg(index + 1));
+    WatchKeyboard(*combo, index);
     On(combo, &DropDownCombo::AboutToDrop, this, [this, index] { Instructions_DropDown(index); });
     On(combo, &QComboBox::activated, this, [this](int entry) { LastListIndex = ToInteger(entry); });
     On(new EnterKey(combo), &EnterKey::Pressed, this, [this, index] { Instructions_Enter(index); });
@@ -146,6 +180,7 @@ DropDownCombo* ChartEditor::MakeInstructions(int index) {
 QPushButton* ChartEditor::MakeDelete(int index) {
     auto* button = new QPushButton(QStringLiteral("Delete"), ui_->Rows);
     button->setAccessibleName(QStringLiteral("Delete job %1").arg(index + 1));
+    WatchKeyboard(*button, index);
     button->setAutoDefault(true);
     On(button, &QPushButton::clicked, this, [this, index] { JobDelete_Click(index); });
     return button;
@@ -202,6 +237,7 @@ void ChartEditor::CreateNewTask() {
     Difficulty[index].SetText(QString());
     Points[index].setText(QString());
     Number[index].setText(QStringLiteral("%1:").arg(index + 1));
+    Number[index].setBuddy(&Instructions[index]);
     ui_->VScroll->setMaximum(Instructions.Count() - 1);
     PutRowInTabOrder(index);
 }

@@ -106,6 +106,8 @@ private:
     void ForEachColumn(Action&& action);
     void PutRowInTabOrder(int index);
     void FitListToFrame();
+    void WatchKeyboard(QWidget& control, int index);
+    void BringRowIntoView(int index);
 
     void JobDelete_Click(int index);
     void Points_Change(int index);

@@ -4,12 +4,57 @@
 #include "platform/forms/Handlers.h"
 
 #include <QAbstractItemView>
+#include <QAccessibleWidget>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPointer>
 #include <QScreen>
 #include <QStyleOptionComboBox>
 #include <QWheelEvent>
 #include <algorithm>
+
+namespace {
+
+class ComboAccess : public QAccessibleWidget {
+public:
+    explicit ComboAccess(DropDownCombo* combo) : QAccessibleWidget(combo, QAccessible::ComboBox) {}
+
+    QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Value ? Combo().Text() : QAccessibleWidget::text(kind);
+    }
+
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.expandable = true;
+        state.expanded = Combo().view()->isVisible();
+        state.hasPopup = true;
+        state.editable = true;
+        return state;
+    }
+
+    QStringList actionNames() const override { return {showMenuAction(), setFocusAction()}; }
+    void doAction(const QString& action) override {
+        if (action == showMenuAction())
+            Combo().showPopup();
+        else
+            QAccessibleWidget::doAction(action);
+    }
+
+private:
+    DropDownCombo& Combo() const { return *static_cast<DropDownCombo*>(widget()); }
+};
+
+QAccessibleInterface* MakeComboAccess(const QString& key, QObject* object) {
+    return key == QLatin1String("DropDownCombo")
+               ? new ComboAccess(static_cast<DropDownCombo*>(object))
+               : nullptr;
+}
+
+} // namespace
+
+void InstallComboAccess() {
+    QAccessible::installFactory(MakeComboAccess);
+}
 
 DropDownCombo::DropDownCombo(QWidget* parent) : QComboBox(parent) {
     setLineEdit(new ElidingEdit(this));
@@ -33,6 +78,11 @@ void DropDownCombo::SetText(const QString& text) {
     lineEdit()->setCursorPosition(0);
 }
 
+void DropDownCombo::SetSpokenName(const QString& name) {
+    setAccessibleName(name);
+    lineEdit()->setAccessibleName(name);
+}
+
 void DropDownCombo::showPopup() {
     const QPointer<DropDownCombo> self(this);
     emit AboutToDrop();
@@ -40,6 +90,7 @@ void DropDownCombo::showPopup() {
         return;
     FitList();
     QComboBox::showPopup();
+    TellExpanded();
 }
 
 /// The list is as wide as its longest entry, and ends above the lower edge of the screen rather
@@ -59,6 +110,18 @@ void DropDownCombo::FitList() {
     const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &list);
     list.setMinimumWidth(
         std::min(list.sizeHintForColumn(0) + scrollBar + 2 * Frame, room.width() / 2));
+}
+
+void DropDownCombo::hidePopup() {
+    QComboBox::hidePopup();
+    TellExpanded();
+}
+
+void DropDownCombo::TellExpanded() {
+    QAccessible::State change;
+    change.expanded = true;
+    QAccessibleStateChangeEvent told(this, change);
+    QAccessible::updateAccessibility(&told);
 }
 
 void DropDownCombo::wheelEvent(QWheelEvent* event) {

@@ -14,8 +14,11 @@ public:
 
     QString Text() const { return currentText(); }
     void SetText(const QString& text);
+    /// What screen readers call the box.
+    void SetSpokenName(const QString& name);
 
     void showPopup() override;
+    void hidePopup() override;
 
 signals:
     /// The list is about to drop down and may still be filled.
@@ -27,4 +30,9 @@ protected:
 
 private:
     void FitList();
+    void TellExpanded();
 };
+
+/// Makes such boxes known to screen readers by their name. The toolkit calls a combo box by its
+/// text.
+void InstallComboAccess();

@@ -3,6 +3,7 @@
 #include "authoring/ChartEditor.h"
 #include "authoring/DeleteChartForm.h"
 #include "authoring/DisplayAllPeople.h"
+#include "authoring/DropDownCombo.h"
 #include "authoring/Newfrm.h"
 #include "authoring/Openfrm.h"
 #include "authoring/ResetDate.h"
@@ -10,6 +11,7 @@
 #include "shell/session/Session.h"
 
 void RegisterAuthoringForms() {
+    InstallComboAccess();
     RegisterFormClass<ChartEditor>();
     RegisterFormClass<Newfrm>();
     RegisterFormClass<Openfrm>();

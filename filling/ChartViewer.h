@@ -2,6 +2,7 @@
 
 #include "filling/BoxOutline.h"
 #include "filling/MarkImage.h"
+#include "filling/RowText.h"
 #include "platform/forms/ControlArray.h"
 #include "platform/forms/FittingLabel.h"
 #include "platform/forms/Form.h"
@@ -40,7 +41,7 @@ public:
     qint16 GoalPoints = 0;
 
     ControlArray<FittingLabel> Number;
-    ControlArray<FittingLabel> Instructions;
+    ControlArray<RowText> Instructions;
     ControlArray<FittingLabel> Difficulty;
     ControlArray<FittingLabel> Points;
     /// Never shown: holds the name of the row's adult.
@@ -87,7 +88,8 @@ private:
     void AllRowsBlack();
     void ShowResponsible(bool visible);
     void BringToFront(QWidget& control);
-    void NameMarks(int index);
+    void NameRow(int index);
+    void MoveKeyboard(int index, bool toMark);
     void BringRowIntoView(int index);
     void ScrollTo(int value);
 

@@ -7,12 +7,18 @@
 #include "support/SoundFunctions.h"
 #include "ui_ChartViewer.h"
 
-/// A screen reader says which job a picture belongs to, and what pressing it does.
-void ChartViewer::NameMarks(int index) {
+#include <QAccessible>
+
+/// A screen reader says which job a mark belongs to, and with the job what the row says of it.
+void ChartViewer::NameRow(int index) {
     const QString job =
-        QStringLiteral("job %1: %2").arg(QString::number(index + 1), Instructions[index].text());
-    ClearImg[index].setAccessibleName(QStringLiteral("Tick ") + job);
-    CheckImg[index].setAccessibleName(QStringLiteral("Untick ") + job);
+        QStringLiteral("Job %1: %2").arg(QString::number(index + 1), Instructions[index].text());
+    ClearImg[index].setAccessibleName(job);
+    CheckImg[index].setAccessibleName(job);
+    Instructions[index].setAccessibleName(job);
+    Instructions[index].setAccessibleDescription(
+        QStringLiteral("%1, %2 points. Space shows who is responsible.")
+            .arg(Difficulty[index].text(), Points[index].text()));
 }
 
 // Points move at once; the mark reaches the table at the next change of day or at Ok. The mark is
@@ -39,6 +45,10 @@ void ChartViewer::Flip(ControlArray<MarkImage>& from, ControlArray<MarkImage>& t
     BringToFront(to[index]);
     if (hadKeyboard)
         to[index].setFocus();
+    QAccessible::State change;
+    change.checked = true;
+    QAccessibleStateChangeEvent told(&to[index], change);
+    QAccessible::updateAccessibility(&told);
 }
 
 qint16 ChartViewer::PointsOf(int index) const {

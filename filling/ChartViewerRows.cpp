@@ -13,8 +13,9 @@ using namespace ViewerLayout;
 
 namespace {
 
-FittingLabel* NewText(QWidget* parent, Qt::Alignment alignment = Qt::AlignLeft) {
-    auto* label = new FittingLabel(parent);
+template <class Text = FittingLabel>
+Text* NewText(QWidget* parent, Qt::Alignment alignment = Qt::AlignLeft) {
+    auto* label = new Text(parent);
     label->setAlignment(alignment | Qt::AlignVCenter);
     label->SetForeColor(Qt::black);
     return label;
@@ -54,8 +55,13 @@ void ChartViewer::DesignRows() {
     design(Number, QStringLiteral("Number"), 120, 375,
            [list] { return NewText(list, Qt::AlignRight); });
     design(Instructions, QStringLiteral("Instructions"), 840, 3855, [this, list] {
-        FittingLabel* text = NewText(list);
-        WatchRow(*text, Instructions.Count());
+        const int index = Instructions.Count();
+        auto* text = NewText<RowText>(list);
+        WatchRow(*text, index);
+        On(text, &RowText::Chosen, this, [this, index] { HighlightRow(index); });
+        On(text, &RowText::ReachedByTab, this, [this, index] { BringRowIntoView(index); });
+        On(text, &RowText::Moved, this,
+           [this, index](int step) { MoveKeyboard(index + step, false); });
         return text;
     });
     design(Difficulty, QStringLiteral("Difficulty"), 5160, 1815, [this, list] {
@@ -72,19 +78,21 @@ void ChartViewer::DesignRows() {
            [list] { return new QLabel(list); });
     design(RectCheck, QStringLiteral("RectCheck"), 9480, 375,
            [list] { return new BoxOutline(list); });
-    const auto makeMark = [this, list](const QString& picture, int index,
+    const auto makeMark = [this, list](const QString& picture, bool isTick, int index,
                                        void (ChartViewer::*click)(int)) {
-        auto* mark = new MarkImage(picture, PixelsOf(ListTop), list);
+        auto* mark = new MarkImage(picture, isTick, PixelsOf(ListTop), list);
         On(mark, &MarkImage::clicked, this, [this, index, click] { (this->*click)(index); });
         On(mark, &MarkImage::ReachedByTab, this, [this, index] { BringRowIntoView(index); });
+        On(mark, &MarkImage::Moved, this,
+           [this, index](int step) { MoveKeyboard(index + step, true); });
         return mark;
     };
     design(ClearImg, QStringLiteral("ClearImg"), 9480, 375, [this, makeMark] {
-        return makeMark(QStringLiteral(":/art/Box.png"), ClearImg.Count(),
+        return makeMark(QStringLiteral(":/art/Box.png"), false, ClearImg.Count(),
                         &ChartViewer::ClearImg_Click);
     });
     design(CheckImg, QStringLiteral("CheckImg"), 9480, 375, [this, makeMark] {
-        return makeMark(QStringLiteral(":/art/Tick.png"), CheckImg.Count(),
+        return makeMark(QStringLiteral(":/art/Tick.png"), true, CheckImg.Count(),
                         &ChartViewer::CheckImg_Click);
     });
 
@@ -95,8 +103,10 @@ void ChartViewer::DesignRows() {
     AdultResponsable[0].setText(QStringLiteral("AdultResponsable"));
     AdultResponsable.SetVisible(0, false);
     CheckImg.SetVisible(0, false);
-    NameMarks(0);
+    Number[0].setBuddy(&Instructions[0]);
+    NameRow(0);
     ui_->Picture1->raise();
+    setTabOrder(&Instructions[0], &CheckImg[0]);
     setTabOrder(&CheckImg[0], &ClearImg[0]);
     setTabOrder(&ClearImg[0], ui_->PreviousDay);
 }
@@ -120,7 +130,7 @@ void ChartViewer::SetRow(int index, const ViewerRow& row) {
     CheckImg[index].lower();
     ClearImg[index].lower();
     BringToFront(row.Completed ? CheckImg[index] : ClearImg[index]);
-    NameMarks(index);
+    NameRow(index);
 }
 
 bool ChartViewer::CheckVisible(int index) const {
@@ -155,8 +165,10 @@ void ChartViewer::CreateNewTask(int index) {
     BringToFront(RectCheck[index]);
     Number.SetVisible(index, true);
     Number[index].setText(QString::number(index + 1) + QLatin1Char(':'));
-    NameMarks(index);
-    setTabOrder(&ClearImg[index - 1], &CheckImg[index]);
+    Number[index].setBuddy(&Instructions[index]);
+    NameRow(index);
+    setTabOrder(&ClearImg[index - 1], &Instructions[index]);
+    setTabOrder(&Instructions[index], &CheckImg[index]);
     setTabOrder(&CheckImg[index], &ClearImg[index]);
     // A change of day moves nothing by itself: the place that the user scrolled to outlasts the
     // smaller ranges that the bar passes through while the rows are made.
@@ -205,7 +217,21 @@ void ChartViewer::SetTextsPosition() {
     }
 }
 
-/// The keyboard may reach a mark that is scrolled away.
+/// From row to row in one column, by the arrow keys.
+void ChartViewer::MoveKeyboard(int index, bool toMark) {
+    if (index < 0 || index >= Instructions.Count())
+        return;
+    // First, since a text that is scrolled away is hidden.
+    BringRowIntoView(index);
+    if (!toMark)
+        Instructions[index].setFocus(Qt::TabFocusReason);
+    else if (CheckImg.Visible(index))
+        CheckImg[index].setFocus(Qt::TabFocusReason);
+    else
+        ClearImg[index].setFocus(Qt::TabFocusReason);
+}
+
+/// The keyboard may reach a row that is scrolled away.
 void ChartViewer::BringRowIntoView(int index) {
     if (index >= CheckImg.Count())
         return;
@@ -233,6 +259,16 @@ void ChartViewer::ColourRow(int index, const QColor& color) {
     Points[index].SetForeColor(color);
     Number[index].SetForeColor(color);
     RectCheck[index].SetBorderColor(color);
+    // Colour alone does not tell everybody which row is meant.
+    const bool selected = color == Qt::blue;
+    Instructions[index].SetSelected(selected);
+    for (FittingLabel* text : {&Number[index], static_cast<FittingLabel*>(&Instructions[index]),
+                               &Difficulty[index], &Points[index]})
+        if (text->font().bold() != selected) {
+            QFont font = text->font();
+            font.setBold(selected);
+            text->setFont(font);
+        }
 }
 
 void ChartViewer::AllRowsBlack() {

@@ -7,8 +7,8 @@
 #include <cmath>
 #include <numbers>
 
-MarkImage::MarkImage(const QString& picture, int coveredAbove, QWidget* parent)
-    : QAbstractButton(parent), picture_(picture), coveredAbove_(coveredAbove) {
+MarkImage::MarkImage(const QString& picture, bool isTick, int coveredAbove, QWidget* parent)
+    : QAbstractButton(parent), picture_(picture), isTick_(isTick), coveredAbove_(coveredAbove) {
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::PointingHandCursor);
 }
@@ -48,6 +48,8 @@ void MarkImage::focusInEvent(QFocusEvent* event) {
 void MarkImage::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         click();
+    else if (event->key() == Qt::Key_Down || event->key() == Qt::Key_Up)
+        emit Moved(event->key() == Qt::Key_Down ? 1 : -1);
     else
         QAbstractButton::keyPressEvent(event);
 }

@@ -11,9 +11,11 @@ class MarkImage : public QAbstractButton {
     Q_OBJECT
 
 public:
-    /// `picture`: resource path. `coveredAbove`: pixels in the parent; a mark that has been
-    /// scrolled above that line is neither painted nor clicked.
-    MarkImage(const QString& picture, int coveredAbove, QWidget* parent);
+    /// `picture`: resource path. `isTick`: the picture of a job done. `coveredAbove`: pixels in the
+    /// parent; a mark that has been scrolled above that line is neither painted nor clicked.
+    MarkImage(const QString& picture, bool isTick, int coveredAbove, QWidget* parent);
+
+    bool IsTick() const { return isTick_; }
 
     QSize sizeHint() const override;
 
@@ -24,6 +26,8 @@ public:
 signals:
     /// The keyboard has come here by Tab.
     void ReachedByTab();
+    /// An arrow key; 1 down, -1 up.
+    void Moved(int step);
 
 protected:
     bool hitButton(const QPoint& place) const override;
@@ -37,6 +41,7 @@ private:
     bool IsCovered() const { return y() < coveredAbove_; }
 
     QPixmap picture_;
+    bool isTick_;
     int coveredAbove_;
     Movement pop_;
 };

@@ -6,6 +6,14 @@ MonthCalendar::MonthCalendar(QWidget* parent) : QCalendarWidget(parent), parts_(
     setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     setNavigationBarVisible(true);
     setSelectedDate(Today());
+    // The toolkit leaves these to their pictures.
+    const auto name = [this](const QString& part, const QString& text) {
+        if (auto* widget = findChild<QWidget*>(part))
+            widget->setAccessibleName(text);
+    };
+    name(QStringLiteral("qt_calendar_prevmonth"), QStringLiteral("Previous month"));
+    name(QStringLiteral("qt_calendar_nextmonth"), QStringLiteral("Next month"));
+    name(QStringLiteral("qt_calendar_calendarview"), QStringLiteral("Days of the month"));
     connect(this, &QCalendarWidget::selectionChanged, this,
             [this] { parts_ = PartsOf(selectedDate()); });
 }

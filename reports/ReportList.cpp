@@ -1,5 +1,6 @@
 #include "reports/ReportList.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QTextDocument>
 #include <utility>
@@ -37,6 +38,10 @@ void ReportList::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void ReportList::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Menu) {
+        emit RightPressed();
+        return;
+    }
     const QList<QListWidgetItem*> before = selectedItems();
     QListWidget::keyPressEvent(event);
     if (selectedItems() != before)

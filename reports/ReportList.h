@@ -20,7 +20,8 @@ signals:
     /// by keys.
     void Clicked();
     /// The right button went down anywhere in the list. What it went down on is selected then, and
-    /// alone unless it was selected before.
+    /// alone unless it was selected before. The Delete key and the key for a context menu tell the
+    /// same of the selection as it is.
     void RightPressed();
 
 protected:

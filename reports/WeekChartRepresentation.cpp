@@ -1,6 +1,7 @@
 #include "reports/WeekChartRepresentation.h"
 
 #include "platform/forms/DefaultForms.h"
+#include "platform/forms/FocusRing.h"
 #include "platform/forms/Handlers.h"
 #include "platform/forms/Twips.h"
 #include "platform/runtime/Dates.h"
@@ -21,6 +22,7 @@ WeekChartRepresentation::WeekChartRepresentation()
     DesignHeader();
     DesignLines();
     On(ui_->ChartList, &ClickList::Click, this, [this] { ChartList_Click(); });
+    new FocusRing(ui_->VScroll);
     On(ui_->VScroll, &QScrollBar::valueChanged, this, [this] { VScroll_Change(); });
     On(ui_->Command1, &QPushButton::clicked, this,
        [] { DefaultForm(QStringLiteral("DisplayAccount")).Show(); });

@@ -2,7 +2,7 @@
 
 #include <QLabel>
 
-/// A label that tells of clicks on it.
+/// A label that tells of clicks on it, and of Space or Enter when it has the keyboard.
 class LinkLabel : public QLabel {
     Q_OBJECT
 
@@ -14,4 +14,11 @@ signals:
 
 protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 };
+
+/// Makes such labels known to screen readers as links.
+void InstallLinkAccess();

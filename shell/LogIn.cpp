@@ -43,6 +43,9 @@ LogIn::LogIn() : FormWidget(Place::TopLevel), ui(std::make_unique<Ui::LogIn>()) 
     ui->TeachersList->SetHeading(ui->TeachersList->Heading());
     ui->StudentsList->SetHeading(ui->StudentsList->Heading());
 
+    // What everybody comes for; the version above is chosen once.
+    ui->TeachersList->setFocus();
+
     On(ui->TeachersList, &AccountList::Chosen, this, [this] { List_Click(1); });
     On(ui->StudentsList, &AccountList::Chosen, this, [this] { List_Click(2); });
     On(ui->TeachersList, &AccountList::Opened, this, [this] {

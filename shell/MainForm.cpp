@@ -16,7 +16,9 @@
 
 #include <QGuiApplication>
 #include <QMdiSubWindow>
+#include <QMenuBar>
 #include <QScreen>
+#include <QShortcut>
 #include <QToolBar>
 #include <algorithm>
 #include <array>
@@ -91,6 +93,7 @@ void MainForm::BuildToolbar() {
         button->setToolTip(entry.tip);
         button->setData(QString(entry.key));
         button->setEnabled(entry.form.isEmpty() || IsFormRegistered(entry.form));
+        ui->KidToolbar->widgetForAction(button)->setFocusPolicy(Qt::TabFocus);
     }
     On(ui->KidToolbar, &QToolBar::actionTriggered, this,
        [this](const QAction* button) { KidToolbar_ButtonClick(button->data().toString()); });
@@ -106,6 +109,20 @@ void MainForm::FitToolbar(const QSize& room) {
                                                                      : QStringLiteral("low"));
 }
 
+/// To and fro between the toolbar and the form in front; Tab stays within each of them.
+void MainForm::SwapToolbarAndForm() {
+    const bool isOnToolbar = ui->KidToolbar->isAncestorOf(focusWidget());
+    if (QMdiSubWindow* front = ui->Area->activeSubWindow(); isOnToolbar && front != nullptr) {
+        front->setFocus(Qt::ShortcutFocusReason);
+        return;
+    }
+    for (QAction* action : ui->KidToolbar->actions())
+        if (action->isVisible() && action->isEnabled()) {
+            ui->KidToolbar->widgetForAction(action)->setFocus(Qt::TabFocusReason);
+            return;
+        }
+}
+
 void MainForm::ConnectMenus() {
     OpenWith(ui->NewChart, QStringLiteral("Newfrm"));
     OpenWith(ui->OpenChart, QStringLiteral("Openfrm"));
@@ -116,6 +133,11 @@ void MainForm::ConnectMenus() {
     OpenWith(ui->BackOptions, QStringLiteral("BackgroundOptions"));
     OpenWith(ui->OtherOp, QStringLiteral("OtherOptions"));
     OpenWith(ui->About, QStringLiteral("frmAboutDutygrid"));
+    // The titles have no letters of their own for the Alt key.
+    On(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, this,
+       [this] { menuBar()->setActiveAction(ui->File->menuAction()); });
+    On(new QShortcut(Qt::Key_F6, this), &QShortcut::activated, this,
+       [this] { SwapToolbarAndForm(); });
     On(ui->LogOff, &QAction::triggered, this, [this] { LogOffNow(); });
     On(ui->Exit, &QAction::triggered, this, [this] {
         Unload();

@@ -54,6 +54,7 @@ private:
     void FitToolbar(const QSize& room);
     WelcomePage Welcome() const;
     void ConnectMenus();
+    void SwapToolbarAndForm();
     void OpenWith(QAction* entry, const QString& form);
     void SoundOnOff_Click(bool nowChecked);
     void ShowHelpFile();

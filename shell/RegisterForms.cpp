@@ -1,8 +1,10 @@
 #include "shell/RegisterForms.h"
 
 #include "platform/forms/DefaultForms.h"
+#include "platform/forms/FormAccess.h"
 #include "shell/BackgroundOptions.h"
 #include "shell/ChangePasswordfrm.h"
+#include "shell/LinkLabel.h"
 #include "shell/LogIn.h"
 #include "shell/LoginWindow.h"
 #include "shell/MainForm.h"
@@ -12,6 +14,8 @@
 #include "support/SoundFunctions.h"
 
 void RegisterShellForms() {
+    InstallFormAccess();
+    InstallLinkAccess();
     RegisterFormClass<LogIn>();
     RegisterFormClass<LoginWindow>();
     RegisterFormClass<MainForm>();

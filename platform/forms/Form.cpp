@@ -2,6 +2,7 @@
 
 #include "platform/forms/ActivationTracker.h"
 #include "platform/forms/DefaultForms.h"
+#include "platform/forms/FormAccess.h"
 #include "platform/forms/FormFrame.h"
 #include "platform/forms/MainWindowArea.h"
 #include "platform/forms/Twips.h"
@@ -91,6 +92,7 @@ void Form::EnsureLoaded() {
     if (loaded_)
         return;
     loaded_ = true;
+    NameListsByLabels(widget_);
     Load();
 }
 

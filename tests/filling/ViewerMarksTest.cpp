@@ -234,6 +234,8 @@ TEST_F(ViewerMarksTest, SpaceAndEnterFlipAMarkAndKeepTheKeyboardOnIt) {
     Press(viewer.ClearImg[0], Qt::Key_Enter);
     EXPECT_EQ(PointsIn(), QStringLiteral("5"));
     Press(viewer.CheckImg[0], Qt::Key_Tab);
+    EXPECT_TRUE(viewer.Instructions[1].hasFocus());
+    Press(viewer.Instructions[1], Qt::Key_Tab);
     EXPECT_TRUE(viewer.ClearImg[1].hasFocus());
     Press(viewer.ClearImg[1], Qt::Key_Tab);
     EXPECT_TRUE(Button(viewer, QStringLiteral("PreviousDay")).hasFocus());
@@ -249,17 +251,30 @@ TEST_F(ViewerMarksTest, TabBringsAMarkThatIsScrolledAwayIntoView) {
         EXPECT_TRUE(list.rect().contains(viewer.ClearImg[row].geometry())) << row;
         EXPECT_TRUE(viewer.Instructions.Visible(row));
         Press(viewer.ClearImg[row], Qt::Key_Tab);
+        if (row < 11)
+            Press(viewer.Instructions[row + 1], Qt::Key_Tab);
     }
     viewer.ClearImg[4].setFocus(Qt::BacktabFocusReason);
     EXPECT_EQ(viewer.ClearImg.Top(4), 1250);
 }
 
-TEST_F(ViewerMarksTest, AScreenReaderHearsWhatPressingAMarkDoes) {
+TEST_F(ViewerMarksTest, SpaceOnAJobChoosesItsRowWhichIsBoldAsWellAsBlue) {
     ChartViewer& viewer = OpenWith({QStringLiteral("5"), QStringLiteral("3")});
-    EXPECT_EQ(viewer.ClearImg[0].accessibleName(), QStringLiteral("Tick job 1: Job for 5"));
-    EXPECT_EQ(viewer.CheckImg[0].accessibleName(), QStringLiteral("Untick job 1: Job for 5"));
-    EXPECT_EQ(viewer.ClearImg[1].accessibleName(), QStringLiteral("Tick job 2: Job for 3"));
-    EXPECT_EQ(viewer.CheckImg[1].accessibleName(), QStringLiteral("Untick job 2: Job for 3"));
+    Press(viewer.Instructions[1], Qt::Key_Space);
+    EXPECT_EQ(viewer.Instructions[1].ForeColor(), QColor(Qt::blue));
+    EXPECT_TRUE(viewer.Points[1].font().bold());
+    EXPECT_FALSE(viewer.Points[0].font().bold());
+    Press(viewer.Instructions[0], Qt::Key_Return);
+    EXPECT_FALSE(viewer.Points[1].font().bold());
+    EXPECT_TRUE(viewer.Number[0].font().bold());
+}
+
+TEST_F(ViewerMarksTest, AScreenReaderHearsWhichJobAMarkBelongsTo) {
+    ChartViewer& viewer = OpenWith({QStringLiteral("5"), QStringLiteral("3")});
+    EXPECT_EQ(viewer.ClearImg[0].accessibleName(), QStringLiteral("Job 1: Job for 5"));
+    EXPECT_EQ(viewer.CheckImg[0].accessibleName(), QStringLiteral("Job 1: Job for 5"));
+    EXPECT_EQ(viewer.ClearImg[1].accessibleName(), QStringLiteral("Job 2: Job for 3"));
+    EXPECT_EQ(viewer.CheckImg[1].accessibleName(), QStringLiteral("Job 2: Job for 3"));
 }
 
 TEST_F(ViewerMarksTest, OkStoresTheMarksAndClosesTheForm) {

@@ -1,0 +1,59 @@
+#include "filling/RowText.h"
+
+#include <QAccessible>
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QPainter>
+
+RowText::RowText(QWidget* parent) : FittingLabel(parent) {
+    // The mouse has ways of its own on a row.
+    setFocusPolicy(Qt::TabFocus);
+}
+
+void RowText::SetSelected(bool selected) {
+    if (selected_ == selected)
+        return;
+    selected_ = selected;
+    QAccessibleEvent change(this, selected ? QAccessible::Selection : QAccessible::SelectionRemove);
+    QAccessible::updateAccessibility(&change);
+}
+
+void RowText::focusInEvent(QFocusEvent* event) {
+    FittingLabel::focusInEvent(event);
+    update();
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
+        emit ReachedByTab();
+}
+
+void RowText::focusOutEvent(QFocusEvent* event) {
+    FittingLabel::focusOutEvent(event);
+    update();
+}
+
+void RowText::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        emit Chosen();
+        break;
+    case Qt::Key_Down:
+        emit Moved(1);
+        break;
+    case Qt::Key_Up:
+        emit Moved(-1);
+        break;
+    default:
+        FittingLabel::keyPressEvent(event);
+    }
+}
+
+void RowText::paintEvent(QPaintEvent* event) {
+    FittingLabel::paintEvent(event);
+    if (!hasFocus())
+        return;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 5, 5);
+}

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "platform/forms/HelpWindow.h"
+#include "platform/runtime/Desktop.h"
+#include "platform/runtime/Prompts.h"
+#include "tests/common/FormTest.h"
+
+#include <memory>
+
+/// Message boxes that nobody needs to answer: questions are answered with No.
+class SilentPrompts : public Prompts {
+public:
+    QStringList Shown;
+
+    PromptAnswer Show(const Prompt& prompt) override;
+};
+
+/// File and colour dialogs that are cancelled.
+class SilentDesktop : public Desktop {
+public:
+    QStringList Opened;
+
+    std::optional<QString> OpenFile(const QString&) override { return std::nullopt; }
+    std::optional<qint32> ChooseColor(qint32) override { return std::nullopt; }
+    void ShellExecute(const QString&, const QString& target, int) override { Opened += target; }
+    void ShowHelp(const QString&, int) override {}
+    void PlaySoundA(const QString&, quint32) override {}
+    bool WantsLessMotion() override { return true; }
+};
+
+/// A family's world of its own with one form shown in it, filled as in everyday use.
+class Stage : public FormTest {
+public:
+    Stage();
+    ~Stage() override;
+
+    /// The forms that can be shown, in the order of the program's day.
+    static QStringList Names();
+
+    /// Shows a form and waits until it is in front. Returns its window or sub-window's inside.
+    QWidget& Show(const QString& name);
+
+    /// Lets events run until the windows have come to rest.
+    static void WaitForRest() { Settle(); }
+
+    /// Message boxes shown and web pages opened so far.
+    QStringList Told() const { return silentPrompts_.Shown + silentDesktop_.Opened; }
+
+private:
+    void TestBody() override {}
+    void FillStore();
+    QWidget& ShowForm(const QString& name);
+    static void WaitForKeyboard(const QWidget& form);
+    QWidget& OpenEditor();
+    QWidget& OpenViewer();
+    void PickChart(const QString& form);
+
+    SilentPrompts silentPrompts_;
+    SilentDesktop silentDesktop_;
+    std::unique_ptr<HelpWindow> help_;
+};
