@@ -177,7 +177,10 @@ TEST_F(ProgramStyleTest, AScrollBarsThumbStandsOutFromItsGroove) {
     const QImage picture = bar.grab().toImage();
     const QPoint thumb = PlaceOfThumb(bar).center();
     const QPoint groove(8, PlaceOfThumb(bar).bottom() + 20);
-    EXPECT_GE(Contrast(picture.pixelColor(thumb), picture.pixelColor(groove)), ForControls);
+    const auto colorAt = [&picture](const QPoint& place) {
+        return picture.pixelColor((QPointF(place) * picture.devicePixelRatio()).toPoint());
+    };
+    EXPECT_GE(Contrast(colorAt(thumb), colorAt(groove)), ForControls);
 }
 
 TEST_F(ProgramStyleTest, AScrollBarWithNothingToScrollHasNoThumb) {
