@@ -42,6 +42,22 @@ ChartViewer::ChartViewer()
 
 ChartViewer::~ChartViewer() = default;
 
+namespace {
+
+/// An account without an incentive leaves the caption as it is.
+class CostCaption : public LabelCaption {
+public:
+    using LabelCaption::LabelCaption;
+    bool IsStored = false;
+
+    void SetCaption(const QString& caption) override {
+        IsStored = true;
+        LabelCaption::SetCaption(caption);
+    }
+};
+
+} // namespace
+
 // Each activation turns the page and arms the goal again, also on a return to the form.
 void ChartViewer::Activate() {
     LabelPicture userPicture(*ui_->Image2);
@@ -53,13 +69,16 @@ void ChartViewer::Activate() {
     ui_->UsersName->setText(CurrentUser);
     Database().RetrevePicture(CurrentUser, userPicture);
     // Label3 shows the cost of the incentive for a moment, then the account's points.
-    Database().RetrieveToy(CurrentUser, toyName, toyPicture, pointsLabel);
+    CostCaption costLabel(*ui_->Label3);
+    Database().RetrieveToy(CurrentUser, toyName, toyPicture, costLabel);
     const QString toy = ui_->ToyName->text();
     ui_->ToyName->setText(toy + QLatin1Char(' ') + ui_->Label3->text() + QStringLiteral(" Points"));
     GoalPoints = ToInteger(Val(ui_->Label3->text()));
     Database().RetrievePoints(CurrentUser, pointsLabel);
     ShowPointsNeeded();
-    ui_->WayToGoal->Show(Val(ui_->Label3->text()), GoalPoints, toy, toyPicture.Picture());
+    // Points that only stood in the place of the cost are no goal to reach.
+    ui_->WayToGoal->Show(Val(ui_->Label3->text()), costLabel.IsStored ? GoalPoints : 0, toy,
+                         toyPicture.Picture());
     ui_->ChartNamelbl->setText(CurrentUser + QStringLiteral("'s ") + FirstWord(ChartName) +
                                QStringLiteral(" Dutygrid"));
     SetCaption(ui_->ChartNamelbl->text());

@@ -68,8 +68,10 @@ void DateRangefrm::Ok_Click() {
     ui_->Label2->setText(QStringLiteral("Starting from: ") + DateText(StartDate) +
                          QStringLiteral(" until ") + DateText(EndDate));
     HideCalendar();
-    if (ui_->Command1->isEnabled() || ui_->Command2->isEnabled())
+    if (ui_->Command1->isEnabled() || ui_->Command2->isEnabled()) {
+        ui_->Command2->setFocus();
         return;
+    }
     Default<Reportfrm>().StartDate = StartDate;
     Default<Reportfrm>().EndDate = EndDate;
     Tell(ui_->Label2->text());

@@ -2,9 +2,15 @@
 
 #include "platform/runtime/Dates.h"
 
+#include <QTextCharFormat>
+
 MonthCalendar::MonthCalendar(QWidget* parent) : QCalendarWidget(parent), parts_(PartsOf(Today())) {
     setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     setNavigationBarVisible(true);
+    // As the weeks of the charts; and no day stands out from the others.
+    setFirstDayOfWeek(Qt::Sunday);
+    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
+        setWeekdayTextFormat(day, QTextCharFormat());
     setSelectedDate(Today());
     // The toolkit leaves these to their pictures.
     const auto name = [this](const QString& part, const QString& text) {

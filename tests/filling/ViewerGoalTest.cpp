@@ -82,11 +82,22 @@ TEST_F(ViewerGoalTest, ANewIncentiveIsShownAtTheNextActivation) {
     EXPECT_EQ(Words(viewer), QStringLiteral("5 of 50 points towards Kite"));
 }
 
-// Without a stored cost the label of the points is taken for it, as it stood before.
+TEST_F(ViewerGoalTest, PointsInThePlaceOfACostThatIsNotStoredAreNoGoal) {
+    SetGoal(QString(), 0);
+    SetPoints(5);
+    ChartViewer& viewer = OpenWithJobsOf({QStringLiteral("5")});
+    ShowList();
+    viewer.Show();
+    Settle();
+    EXPECT_EQ(viewer.GoalPoints, 5);
+    EXPECT_EQ(Words(viewer), QStringLiteral("No goal is set"));
+    EXPECT_FALSE(Way(viewer).IsReached());
+}
+
 TEST_F(ViewerGoalTest, ACostReadAsZeroIsNoGoal) {
     SetGoal(QStringLiteral("Hug"), 0);
     ChartViewer& viewer = OpenWithJobsOf({QStringLiteral("5")});
-    EXPECT_EQ(Words(viewer), QStringLiteral("0 of 10 points towards Hug"));
+    EXPECT_EQ(Words(viewer), QStringLiteral("No goal is set"));
     ShowList();
     viewer.Show();
     Settle();
