@@ -3,6 +3,7 @@
 #include "platform/forms/LookColors.h"
 
 #include <QPainter>
+#include <QPushButton>
 #include <QStyleFactory>
 #include <QStyleOptionSlider>
 
@@ -99,6 +100,18 @@ void DrawMark(const QStyleOption& option, QPainter& painter, bool isRound) {
     painter.restore();
 }
 
+/// Other buttons have a dark edge instead, which would not show on the colour of a primary one.
+void DrawButtonFocus(const QWidget& button, QPainter& painter) {
+    if (button.property("role").toString() != QLatin1String("primary"))
+        return;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(Card, 2));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(button.rect()).adjusted(4, 4, -4, -4), 4, 4);
+    painter.restore();
+}
+
 } // namespace
 
 DutygridStyle::DutygridStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
@@ -116,6 +129,8 @@ void DutygridStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
                                   QPainter* painter, const QWidget* widget) const {
     if (element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton)
         DrawMark(*option, *painter, element == PE_IndicatorRadioButton);
+    else if (element == PE_FrameFocusRect && qobject_cast<const QPushButton*>(widget) != nullptr)
+        DrawButtonFocus(*widget, *painter);
     else
         QProxyStyle::drawPrimitive(element, option, painter, widget);
 }

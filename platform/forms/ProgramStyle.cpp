@@ -34,9 +34,7 @@ QPushButton[role="primary"] { background: @teal; border-color: @tealpressed; col
     font-weight: 600; }
 QPushButton[role="primary"]:hover { background: @tealhover; }
 QPushButton[role="primary"]:pressed { background: @tealpressed; }
-/* On the button's own colour a dark edge would not show: a white ring within it does. */
-QPushButton[role="primary"]:focus { border: 2px solid @tealpressed; outline: 2px solid @card;
-    outline-offset: 1px; outline-radius: 5px; }
+QPushButton[role="primary"]:focus { border: 2px solid @tealpressed; }
 QPushButton[role="primary"]:disabled { background: @band; border-color: @line; color: @unusable; }
 QLineEdit, QComboBox, QListView, QTreeView, QTextBrowser {
     background: @card; color: @ink; border: 1px solid @outline; border-radius: 4px;

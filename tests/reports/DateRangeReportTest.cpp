@@ -216,7 +216,8 @@ TEST_F(DateRangeReportTest, DatesOfNobodyDoNotServeTheNextReport) {
 
 TEST_F(DateRangeReportTest, FormThatGoesTakesItsWaitAlong) {
     AskForDatesOf(u"Anna"_s);
-    const QPointer<Reportfrm> form = &Form();
+    Reportfrm& shown = Form();
+    const QPointer<Reportfrm> form = &shown;
     Push(u"Cancel"_s);
     EXPECT_TRUE(form.isNull());
     EXPECT_TRUE(IsShown(u"DateRangefrm"_s));

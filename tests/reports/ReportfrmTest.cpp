@@ -328,7 +328,8 @@ TEST_F(ReportfrmTest, ReviewOpensTheWeeksTable) {
 }
 
 TEST_F(ReportfrmTest, ExitUnloadsTheForm) {
-    const QPointer<Reportfrm> form = &Form();
+    Reportfrm& shown = Form();
+    const QPointer<Reportfrm> form = &shown;
     Push(u"Cancel"_s);
     EXPECT_TRUE(form.isNull());
     EXPECT_EQ(ExistingForm(u"Reportfrm"_s), nullptr);
