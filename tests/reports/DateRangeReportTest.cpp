@@ -30,9 +30,9 @@ protected:
     }
     /// Dates that come when nobody is to wait for them any more print nothing.
     void ExpectWaitIsOver() {
-        Form().StartDate = QDate(2001, 3, 1);
-        Form().EndDate = QDate(2001, 3, 31);
-        Form().DatesChosen = true;
+        Report().StartDate = QDate(2001, 3, 1);
+        Report().EndDate = QDate(2001, 3, 31);
+        Report().DatesChosen = true;
         Settle();
         EXPECT_TRUE(Paper.Files().isEmpty());
     }
@@ -40,22 +40,22 @@ protected:
 
 TEST_F(DateRangeReportTest, PrintsTheTablesThatBeginInTheSpan) {
     AskForDatesOf(u"Anna"_s);
-    EXPECT_EQ(Form().cursor().shape(), Qt::ArrowCursor) << "no hourglass while dates are chosen";
+    EXPECT_EQ(Report().cursor().shape(), Qt::ArrowCursor) << "no hourglass while dates are chosen";
     GiveDates(QDate(2001, 3, 4), QDate(2001, 3, 11));
-    EXPECT_EQ(Form().SelectedCharts, (QStringList{Week1, Week2}));
+    EXPECT_EQ(Report().SelectedCharts, (QStringList{Week1, Week2}));
     ASSERT_EQ(Paper.Files().size(), 1);
     const PrintedPages pages = LastPages();
     EXPECT_EQ(pages.LineAt(1, 0), u"Anna - Job Report"_s);
     EXPECT_EQ(pages.LineAt(1, 1), u"Starting from: 3/4/2001 until 3/11/2001"_s);
     EXPECT_EQ(pages.LineAt(1, 3), u"1. Dust 1 1"_s);
     EXPECT_EQ(pages.LineAt(1, 4), u"2. Sweep 2 1"_s);
-    EXPECT_FALSE(Form().DatesChosen);
-    EXPECT_EQ(Form().cursor().shape(), Qt::ArrowCursor);
+    EXPECT_FALSE(Report().DatesChosen);
+    EXPECT_EQ(Report().cursor().shape(), Qt::ArrowCursor);
 }
 
 TEST_F(DateRangeReportTest, ChildIsTheOneSelectedWhenDatesWereAskedFor) {
     AskForDatesOf(u"Anna"_s);
-    ToFront(Form());
+    ToFront(Report());
     Pick(Kids, u"Ben"_s);
     ToFront(Dialog());
     GiveDates(QDate(2001, 3, 1), QDate(2001, 3, 31));
@@ -68,13 +68,13 @@ TEST_F(DateRangeReportTest, EqualDatesAreRefusedAfterTheDialogClosedAndTheListWa
     Boxes.Expect(u"Starting from: 3/4/2001 until 3/4/2001"_s);
     Boxes.Expect(EndNotBehindStart, PromptAnswer::Ok, [] {
         EXPECT_EQ(ExistingForm(u"DateRangefrm"_s), nullptr);
-        EXPECT_EQ(Form().SelectedCharts, QStringList{Week1});
-        EXPECT_TRUE(Form().DatesChosen);
-        EXPECT_EQ(Form().cursor().shape(), Qt::WaitCursor);
+        EXPECT_EQ(Report().SelectedCharts, QStringList{Week1});
+        EXPECT_TRUE(Report().DatesChosen);
+        EXPECT_EQ(Report().cursor().shape(), Qt::WaitCursor);
     });
     GiveDate(u"Command2"_s, QDate(2001, 3, 4));
-    EXPECT_FALSE(Form().DatesChosen);
-    EXPECT_EQ(Form().cursor().shape(), Qt::ArrowCursor);
+    EXPECT_FALSE(Report().DatesChosen);
+    EXPECT_EQ(Report().cursor().shape(), Qt::ArrowCursor);
     EXPECT_TRUE(Paper.Files().isEmpty());
 }
 
@@ -93,9 +93,9 @@ TEST_F(DateRangeReportTest, SpanWithOneTableHasNone) {
     Boxes.Expect(u"Starting from: 3/1/2001 until 3/10/2001"_s);
     Boxes.Expect(NoneInRange);
     GiveDate(u"Command2"_s, QDate(2001, 3, 10));
-    EXPECT_EQ(Form().SelectedCharts, QStringList{Week1});
+    EXPECT_EQ(Report().SelectedCharts, QStringList{Week1});
     EXPECT_TRUE(Paper.Files().isEmpty());
-    EXPECT_FALSE(Form().DatesChosen);
+    EXPECT_FALSE(Report().DatesChosen);
 }
 
 TEST_F(DateRangeReportTest, SpanWithoutATableHasNone) {
@@ -104,7 +104,7 @@ TEST_F(DateRangeReportTest, SpanWithoutATableHasNone) {
     Boxes.Expect(u"Starting from: 2/20/2001 until 3/1/2001"_s);
     Boxes.Expect(NoneInRange);
     GiveDate(u"Command2"_s, QDate(2001, 3, 1));
-    EXPECT_TRUE(Form().SelectedCharts.isEmpty());
+    EXPECT_TRUE(Report().SelectedCharts.isEmpty());
     EXPECT_TRUE(Paper.Files().isEmpty());
 }
 
@@ -128,12 +128,12 @@ TEST_F(DateRangeReportTest, FailedPrintIsToldAsASpanWithoutTables) {
     Boxes.Expect(NoneInRange);
     GiveDate(u"Command2"_s, QDate(2001, 3, 31));
     EXPECT_TRUE(Paper.Files().isEmpty());
-    EXPECT_FALSE(Form().DatesChosen);
+    EXPECT_FALSE(Report().DatesChosen);
 }
 
 TEST_F(DateRangeReportTest, WindowStaysLiveDuringTheWait) {
     AskForDatesOf(u"Anna"_s);
-    ToFront(Form());
+    ToFront(Report());
     Pick(Kids, u"Anna"_s);
     Pick(Histories, Week1);
     Push(u"Ok2"_s);
@@ -169,7 +169,7 @@ TEST_F(DateRangeReportTest, LaterReportTakesTheDatesFirstAndTheEarlierGoesOnWait
     GiveDates(QDate(2001, 3, 1), QDate(2001, 3, 31));
     ASSERT_EQ(Paper.Files().size(), 1);
     EXPECT_EQ(LastPages().LineAt(1, 0), u"Ben - Job Report"_s);
-    EXPECT_FALSE(Form().DatesChosen);
+    EXPECT_FALSE(Report().DatesChosen);
     Settle();
     EXPECT_EQ(Paper.Files().size(), 1) << "the earlier one waits";
 
@@ -183,7 +183,7 @@ TEST_F(DateRangeReportTest, LaterReportTakesTheDatesFirstAndTheEarlierGoesOnWait
 
 TEST_F(DateRangeReportTest, TwoReportsWaitingForOneDialogAreServedOneByOne) {
     AskForDatesOf(u"Ben"_s);
-    ToFront(Form());
+    ToFront(Report());
     AskForDatesOf(u"Anna"_s);
     GiveDates(QDate(2001, 3, 1), QDate(2001, 3, 31));
     ASSERT_EQ(Paper.Files().size(), 1);
@@ -193,10 +193,10 @@ TEST_F(DateRangeReportTest, TwoReportsWaitingForOneDialogAreServedOneByOne) {
 TEST_F(DateRangeReportTest, HundredWaitsCostNothing) {
     for (int wait = 0; wait < 100; ++wait) {
         Boxes.Expect(WithDates, PromptAnswer::Yes);
-        QTest::mouseClick(&Find(Form(), u"Command2"_s), Qt::LeftButton);
+        QTest::mouseClick(&Find(Report(), u"Command2"_s), Qt::LeftButton);
     }
     Settle();
-    ToFront(Form());
+    ToFront(Report());
     AskForDatesOf(u"Anna"_s);
     GiveDates(QDate(2001, 3, 1), QDate(2001, 3, 31));
     EXPECT_EQ(Paper.Files().size(), 1);
@@ -206,9 +206,9 @@ TEST_F(DateRangeReportTest, DatesOfNobodyDoNotServeTheNextReport) {
     Dialog().Show();
     Settle();
     GiveDates(QDate(2001, 3, 1), QDate(2001, 3, 31));
-    EXPECT_TRUE(Form().DatesChosen);
+    EXPECT_TRUE(Report().DatesChosen);
     AskForDatesOf(u"Anna"_s);
-    EXPECT_FALSE(Form().DatesChosen);
+    EXPECT_FALSE(Report().DatesChosen);
     EXPECT_TRUE(Paper.Files().isEmpty());
 }
 
@@ -216,8 +216,7 @@ TEST_F(DateRangeReportTest, DatesOfNobodyDoNotServeTheNextReport) {
 
 TEST_F(DateRangeReportTest, FormThatGoesTakesItsWaitAlong) {
     AskForDatesOf(u"Anna"_s);
-    Reportfrm& shown = Form();
-    const QPointer<Reportfrm> form = &shown;
+    const QPointer<Reportfrm> form = &Report();
     Push(u"Cancel"_s);
     EXPECT_TRUE(form.isNull());
     EXPECT_TRUE(IsShown(u"DateRangefrm"_s));
@@ -226,7 +225,7 @@ TEST_F(DateRangeReportTest, FormThatGoesTakesItsWaitAlong) {
     // A fresh instance, hidden, has been given the dates.
     ASSERT_NE(ExistingForm(u"Reportfrm"_s), nullptr);
     EXPECT_FALSE(IsShown(u"Reportfrm"_s));
-    EXPECT_EQ(Form().EndDate, QDate(2001, 3, 31));
+    EXPECT_EQ(Report().EndDate, QDate(2001, 3, 31));
     Open();
     AskForDatesOf(u"Anna"_s);
     EXPECT_TRUE(Paper.Files().isEmpty()) << "only dates of its own serve it";
@@ -236,7 +235,7 @@ TEST_F(DateRangeReportTest, FormThatGoesTakesItsWaitAlong) {
 
 TEST_F(DateRangeReportTest, FormClosedByItsFrameDuringTheWait) {
     AskForDatesOf(u"Anna"_s);
-    Form().Frame().close();
+    Report().Frame().close();
     Settle();
     EXPECT_EQ(ExistingForm(u"Reportfrm"_s), nullptr);
     ExpectWaitIsOver();
@@ -244,10 +243,10 @@ TEST_F(DateRangeReportTest, FormClosedByItsFrameDuringTheWait) {
 
 TEST_F(DateRangeReportTest, FormThatGoesBetweenTheDatesAndTheReport) {
     AskForDatesOf(u"Anna"_s);
-    Form().StartDate = QDate(2001, 3, 1);
-    Form().EndDate = QDate(2001, 3, 31);
-    Form().DatesChosen = true;
-    Form().Unload();
+    Report().StartDate = QDate(2001, 3, 1);
+    Report().EndDate = QDate(2001, 3, 31);
+    Report().DatesChosen = true;
+    Report().Unload();
     Settle();
     EXPECT_TRUE(Paper.Files().isEmpty());
 }

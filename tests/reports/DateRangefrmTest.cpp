@@ -82,7 +82,7 @@ TEST_F(DateRangefrmTest, FirstOkTakesTheStartAndShowsAnEmptyEnd) {
     EXPECT_EQ(Dialog().StartDate, QDate(2001, 2, 26));
     EXPECT_FALSE(Dialog().EndDate.isValid());
     EXPECT_EQ(RangeShown(), u"Starting from: 2/26/2001 until "_s);
-    EXPECT_FALSE(Form().StartDate.isValid()) << "nothing is handed over yet";
+    EXPECT_FALSE(Report().StartDate.isValid()) << "nothing is handed over yet";
 }
 
 TEST_F(DateRangefrmTest, SecondOkHandsBothDatesOverSaysThemAndUnloads) {
@@ -92,19 +92,19 @@ TEST_F(DateRangefrmTest, SecondOkHandsBothDatesOverSaysThemAndUnloads) {
         ExpectCalendarHidden();
         EXPECT_FALSE(IsEnabled(u"Command1"_s));
         EXPECT_FALSE(IsEnabled(u"Command2"_s));
-        EXPECT_EQ(Form().StartDate, QDate(2001, 3, 1));
-        EXPECT_EQ(Form().EndDate, QDate(2001, 3, 12));
-        EXPECT_FALSE(Form().DatesChosen) << "set behind the box";
+        EXPECT_EQ(Report().StartDate, QDate(2001, 3, 1));
+        EXPECT_EQ(Report().EndDate, QDate(2001, 3, 12));
+        EXPECT_FALSE(Report().DatesChosen) << "set behind the box";
     });
     GiveDate(u"Command2"_s, QDate(2001, 3, 12));
-    EXPECT_TRUE(Form().DatesChosen);
+    EXPECT_TRUE(Report().DatesChosen);
     EXPECT_EQ(ExistingForm(u"DateRangefrm"_s), nullptr);
 }
 
 TEST_F(DateRangefrmTest, EndMayBeBeforeTheStart) {
     GiveDates(QDate(2001, 3, 9), QDate(2001, 3, 2));
-    EXPECT_EQ(Form().StartDate, QDate(2001, 3, 9));
-    EXPECT_EQ(Form().EndDate, QDate(2001, 3, 2));
+    EXPECT_EQ(Report().StartDate, QDate(2001, 3, 9));
+    EXPECT_EQ(Report().EndDate, QDate(2001, 3, 2));
 }
 
 TEST_F(DateRangefrmTest, DatesAreInTheSystemsShortForm) {
@@ -114,10 +114,10 @@ TEST_F(DateRangefrmTest, DatesAreInTheSystemsShortForm) {
 }
 
 TEST_F(DateRangefrmTest, ActivationTakesTheReportsFlagBack) {
-    ToFront(Form());
-    Form().DatesChosen = true;
+    ToFront(Report());
+    Report().DatesChosen = true;
     ToFront(Dialog());
-    EXPECT_FALSE(Form().DatesChosen);
+    EXPECT_FALSE(Report().DatesChosen);
 }
 
 TEST_F(DateRangefrmTest, ExitUnloadsAndChoosesNothing) {
@@ -126,8 +126,8 @@ TEST_F(DateRangefrmTest, ExitUnloadsAndChoosesNothing) {
     Click(Find(Dialog(), u"cmdExit"_s));
     EXPECT_TRUE(dialog.isNull());
     EXPECT_EQ(ExistingForm(u"DateRangefrm"_s), nullptr);
-    EXPECT_FALSE(Form().DatesChosen);
-    EXPECT_FALSE(Form().StartDate.isValid());
+    EXPECT_FALSE(Report().DatesChosen);
+    EXPECT_FALSE(Report().StartDate.isValid());
     // Named again it begins anew.
     EXPECT_TRUE(IsEnabled(u"Command1"_s));
     EXPECT_EQ(RangeShown(), QString());

@@ -21,7 +21,7 @@ void ReportTest::SetUp() {
     StartSession(u"Mum"_s, u"Teacher"_s);
 }
 
-Reportfrm& ReportTest::Form() {
+Reportfrm& ReportTest::Report() {
     return Default<Reportfrm>();
 }
 
@@ -30,9 +30,9 @@ DateRangefrm& ReportTest::Dialog() {
 }
 
 Reportfrm& ReportTest::Open() {
-    Form().Show();
+    Report().Show();
     Settle();
-    return Form();
+    return Report();
 }
 
 bool ReportTest::IsShown(const QString& form) {
@@ -46,7 +46,7 @@ void ReportTest::ToFront(::Form& form) {
 }
 
 ReportList& ReportTest::List(const QString& name) {
-    return Find<ReportList>(Form(), name);
+    return Find<ReportList>(Report(), name);
 }
 
 QStringList ReportTest::Entries(const QString& list) {
@@ -92,7 +92,7 @@ void ReportTest::RightClick(const QString& list, const QString& entry) {
 }
 
 void ReportTest::Push(const QString& button) {
-    Click(Find(Form(), button));
+    Click(Find(Report(), button));
 }
 
 void ReportTest::AskForDates() {

@@ -39,7 +39,7 @@ protected:
 
     /// Opens the form from the main window and waits for its activation.
     static Reportfrm& Open();
-    static Reportfrm& Form();
+    static Reportfrm& Report();
     static DateRangefrm& Dialog();
     static bool IsShown(const QString& form);
     /// Brings a form to the front and lets it be activated.

@@ -22,13 +22,13 @@ protected:
 };
 
 TEST_F(ReportfrmTest, TextsOfTheForm) {
-    EXPECT_EQ(Form().Caption(), u"Sparkit Dutygrid Report"_s);
+    EXPECT_EQ(Report().Caption(), u"Sparkit Dutygrid Report"_s);
     const QList<std::pair<QString, QString>> labels = {{u"Label1"_s, u"Choose name:"_s},
                                                        {u"Label2"_s, u"Choose Dutygrid:"_s},
                                                        {u"Label3"_s, u"Print Dutygrid Report"_s},
                                                        {u"Label4"_s, u"Choose History Report:"_s}};
     for (const auto& [name, text] : labels)
-        EXPECT_EQ(Find<QLabel>(Form(), name).text(), text);
+        EXPECT_EQ(Find<QLabel>(Report(), name).text(), text);
     const QList<std::pair<QString, QString>> buttons = {
         {u"Ok"_s, u"Print Dutygrid Report"_s},
         {u"Ok2"_s, u"Print History Report"_s},
@@ -36,8 +36,8 @@ TEST_F(ReportfrmTest, TextsOfTheForm) {
         {u"Command1"_s, u"Review Dutygrid"_s},
         {u"Cancel"_s, u"Exit"_s}};
     for (const auto& [name, text] : buttons)
-        EXPECT_EQ(Find<QPushButton>(Form(), name).text(), text);
-    Shoot(Form(), u"Reportfrm-empty"_s);
+        EXPECT_EQ(Find<QPushButton>(Report(), name).text(), text);
+    Shoot(Report(), u"Reportfrm-empty"_s);
 }
 
 TEST_F(ReportfrmTest, ActivationListsTheChildrenAndTheChartsOfNobody) {
@@ -52,7 +52,7 @@ TEST_F(ReportfrmTest, ClickOnAChildListsItsChartsAndItsHistory) {
     EXPECT_EQ(Entries(Charts), (QStringList{Chores, Piano}));
     EXPECT_EQ(Entries(Histories), (QStringList{Week1, Week2, Week3}));
     EXPECT_EQ(Selected(Charts), QStringList());
-    Shoot(Form(), u"Reportfrm-child"_s);
+    Shoot(Report(), u"Reportfrm-child"_s);
     Pick(Kids, u"Ben"_s);
     EXPECT_EQ(Entries(Charts), QStringList{u"Chores Ben"_s});
     EXPECT_EQ(Entries(Histories), QStringList{u"History Chores Ben from: 3/4/2001"_s});
@@ -105,7 +105,7 @@ TEST_F(ReportfrmTest, EveryActivationBeginsAnew) {
     DefaultForm(u"frmAboutDutygrid"_s).Show();
     Settle();
     MakeAccount(u"Zoe"_s, u"z"_s, u"Student"_s);
-    ToFront(Form());
+    ToFront(Report());
     EXPECT_EQ(Entries(Kids), (QStringList{u"Anna"_s, u"Ben"_s, u"Zoe"_s}));
     EXPECT_EQ(Selected(Kids), QStringList());
     EXPECT_EQ(Entries(Charts), QStringList{u"Spare"_s});
@@ -133,15 +133,15 @@ TEST_F(ReportfrmTest, OfSeveralChartsTheLastIsPrinted) {
     EXPECT_EQ(Selected(Charts), (QStringList{Chores, Piano}));
     Push(u"Ok"_s);
     EXPECT_TRUE(LastPrint().contains(u"Scales"_s));
-    EXPECT_EQ(Form().SelectedCharts, (QStringList{Chores, Piano}));
+    EXPECT_EQ(Report().SelectedCharts, (QStringList{Chores, Piano}));
 }
 
 TEST_F(ReportfrmTest, ChartButNoChildIsAskedFor) {
     Pick(Charts, u"Spare"_s);
     Boxes.Expect(NoChart, PromptAnswer::Ok,
-                 [] { EXPECT_EQ(Form().cursor().shape(), Qt::WaitCursor); });
+                 [] { EXPECT_EQ(Report().cursor().shape(), Qt::WaitCursor); });
     Push(u"Ok"_s);
-    EXPECT_EQ(Form().cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(Report().cursor().shape(), Qt::ArrowCursor);
     EXPECT_TRUE(Paper.Files().isEmpty());
 }
 
@@ -158,7 +158,7 @@ TEST_F(ReportfrmTest, ChartThatIsGoneIsARunTimeErrorAndThePointerIsNormalAgain) 
     Database().DeleteChart(Chores);
     Boxes.Expect(u"Run-time error '3078':\n\nThe database cannot find the table 'Chores Anna'."_s);
     Push(u"Ok"_s);
-    EXPECT_EQ(Form().cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(Report().cursor().shape(), Qt::ArrowCursor);
     EXPECT_TRUE(Paper.Files().isEmpty());
 }
 
@@ -169,7 +169,7 @@ TEST_F(ReportfrmTest, ReportOverSelectedHistoryTables) {
     Pick(Histories, Week1);
     Pick(Histories, Week3, Qt::ControlModifier);
     Push(u"Ok2"_s);
-    EXPECT_EQ(Form().SelectedCharts, (QStringList{Week1, Week3}));
+    EXPECT_EQ(Report().SelectedCharts, (QStringList{Week1, Week3}));
     const PrintedPages pages = LastPages();
     EXPECT_EQ(pages.LineAt(1, 0), u"Anna - Job Report"_s);
     EXPECT_EQ(pages.LineAt(1, 1), Database().ReturnDateRange(u"Anna"_s, {Week1, Week3}));
@@ -182,9 +182,9 @@ TEST_F(ReportfrmTest, NoHistorySelectedIsAskedForEvenWithAChartSelected) {
     Pick(Kids, u"Anna"_s);
     Pick(Charts, Chores);
     Boxes.Expect(NoHistory, PromptAnswer::Ok,
-                 [] { EXPECT_EQ(Form().cursor().shape(), Qt::WaitCursor); });
+                 [] { EXPECT_EQ(Report().cursor().shape(), Qt::WaitCursor); });
     Push(u"Ok2"_s);
-    EXPECT_EQ(Form().cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(Report().cursor().shape(), Qt::ArrowCursor);
     EXPECT_TRUE(Paper.Files().isEmpty());
 }
 
@@ -203,7 +203,7 @@ TEST_F(ReportfrmTest, MissingListOfJobsIsARunTimeError) {
     Pick(Histories, Week1);
     Boxes.Expect(RuntimeError(ErrorNumber::FileNotFound).Report());
     Push(u"Ok2"_s);
-    EXPECT_EQ(Form().cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(Report().cursor().shape(), Qt::ArrowCursor);
     EXPECT_TRUE(Paper.Files().isEmpty());
 }
 
@@ -220,7 +220,7 @@ TEST_F(ReportfrmTest, SelectedChartsAreReportedWithoutAQuestion) {
     EXPECT_EQ(pages.LineAt(1, 3), u"1. Dust 1 0"_s);
     EXPECT_EQ(pages.LineAt(1, 4), u"2. Sweep 0 1"_s);
     EXPECT_EQ(pages.LineAt(1, 5), u"3. Scales 0 1"_s);
-    EXPECT_EQ(Form().cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(Report().cursor().shape(), Qt::ArrowCursor);
 }
 
 TEST_F(ReportfrmTest, WholeHistoryCoversTheChildAndSpansTheDatabase) {
@@ -228,17 +228,17 @@ TEST_F(ReportfrmTest, WholeHistoryCoversTheChildAndSpansTheDatabase) {
                    QDate(1999, 1, 9));
     Pick(Kids, u"Anna"_s);
     Boxes.Expect(WithDates, PromptAnswer::No,
-                 [] { EXPECT_EQ(Form().cursor().shape(), Qt::WaitCursor); });
+                 [] { EXPECT_EQ(Report().cursor().shape(), Qt::WaitCursor); });
     Boxes.Expect(WholeHistory, PromptAnswer::Yes);
     Push(u"Command2"_s);
-    EXPECT_EQ(Form().SelectedCharts, QStringList{u"All"_s});
+    EXPECT_EQ(Report().SelectedCharts, QStringList{u"All"_s});
     const PrintedPages pages = LastPages();
     EXPECT_EQ(pages.LineAt(1, 0), u"Anna - Job Report"_s);
     EXPECT_EQ(pages.LineAt(1, 1), u"Starting from: 1/3/1999 until 3/24/2001"_s);
     EXPECT_EQ(pages.LineAt(1, 3), u"1. Dust 2 1"_s);
     EXPECT_EQ(pages.LineAt(1, 4), u"2. Sweep 2 1"_s);
     EXPECT_EQ(pages.LineAt(1, 5), QString());
-    EXPECT_EQ(Form().cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(Report().cursor().shape(), Qt::ArrowCursor);
 }
 
 TEST_F(ReportfrmTest, WholeHistoryIsNotPrintedOnNo) {
@@ -247,8 +247,8 @@ TEST_F(ReportfrmTest, WholeHistoryIsNotPrintedOnNo) {
     Boxes.Expect(WholeHistory, PromptAnswer::No);
     Push(u"Command2"_s);
     EXPECT_TRUE(Paper.Files().isEmpty());
-    EXPECT_EQ(Form().SelectedCharts, QStringList{u"All"_s});
-    EXPECT_EQ(Form().cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(Report().SelectedCharts, QStringList{u"All"_s});
+    EXPECT_EQ(Report().cursor().shape(), Qt::ArrowCursor);
 }
 
 // Deletion
@@ -328,8 +328,7 @@ TEST_F(ReportfrmTest, ReviewOpensTheWeeksTable) {
 }
 
 TEST_F(ReportfrmTest, ExitUnloadsTheForm) {
-    Reportfrm& shown = Form();
-    const QPointer<Reportfrm> form = &shown;
+    const QPointer<Reportfrm> form = &Report();
     Push(u"Cancel"_s);
     EXPECT_TRUE(form.isNull());
     EXPECT_EQ(ExistingForm(u"Reportfrm"_s), nullptr);
@@ -343,9 +342,9 @@ TEST_F(ReportfrmTest, LongAndStrangeNamesAreListedAndPrinted) {
     MakeChartTable(history, {{u"Dust"_s, true}}, kid);
     DefaultForm(u"frmAboutDutygrid"_s).Show();
     Settle();
-    ToFront(Form());
+    ToFront(Report());
     Pick(Kids, kid);
-    Shoot(Form(), u"Reportfrm-long"_s);
+    Shoot(Report(), u"Reportfrm-long"_s);
     EXPECT_EQ(Entries(Charts), QStringList{u"Chart 'of' \"him\""_s});
     Pick(Histories, history);
     Push(u"Ok2"_s);
