@@ -6,6 +6,7 @@
 #include "ui_WeekChartRepresentation.h"
 
 #include <QRegularExpression>
+#include <array>
 
 using namespace ReviewLayout;
 
@@ -20,10 +21,11 @@ constexpr int GrandTotalSlack = 28;
 } // namespace
 
 CellArray& WeekChartRepresentation::Day(int day) {
-    CellArray* const days[] = {&Sun, &Mon, &Tue, &Wed, &Thu, &Fri, &Sat};
+    const std::array<CellArray*, DaysOfWeek> days = {&Sun, &Mon, &Tue, &Wed, &Thu, &Fri, &Sat};
     if (day < 1 || day > DaysOfWeek)
         throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
-    return *days[day - 1];
+    CellArray* const cells = days[static_cast<std::size_t>(day) - 1];
+    return *cells;
 }
 
 void WeekChartRepresentation::DesignHeader() {
