@@ -19,12 +19,7 @@ void Story::NewAccount(const Account& account, const Text& picture) {
     Type("Password", account.Password);
     if (account.Adult)
         Click("TeacherOp");
-    const Text folder = InFolder("UsersPictures");
-    DesktopCalls.FileAnswers += folder + "/" + account.Picture;
-    DesktopCalls.FileFolders.clear();
-    Click("Command1");
-    EXPECT_EQ(DesktopCalls.FileFolders, QStringList(folder));
-    ShowsPicture("Image1", true);
+    BrowseForPicture("UsersPictures", account.Picture);
     if (!picture.isEmpty())
         Shoot(picture);
     Click("Ok");
@@ -35,6 +30,15 @@ void Story::NewAccount(const Account& account, const Text& picture) {
                 .arg(account.Name, account.Password,
                      account.Adult ? QStringLiteral("Teacher") : QStringLiteral("Student"),
                      account.Adult ? QStringLiteral("<null>") : QStringLiteral("500"))});
+}
+
+void Story::BrowseForPicture(const Text& folder, const Text& file) {
+    const Text path = InFolder(folder);
+    DesktopCalls.FileAnswers += path + "/" + file;
+    DesktopCalls.FileFolders.clear();
+    Click("Command1");
+    EXPECT_EQ(DesktopCalls.FileFolders, QStringList(path));
+    ShowsPicture("Image1", true);
 }
 
 void Story::LogIn(const Text& list, const Text& name, const Text& password) {

@@ -44,6 +44,9 @@ protected:
     /// By the toolbar, back to the log-in form.
     void LogOff();
 
+    /// Chooses one of the stock pictures of the folder in the form in front, which shows it then.
+    void BrowseForPicture(const Text& folder, const Text& file);
+
     /// Opens an editor on a new chart.
     void BeginChart(const Text& name);
     /// Fills a row of the editor; the one behind the last is added first.

@@ -28,12 +28,7 @@ void Story::Promise(const Text& incentive, const Text& cost, const Text& file,
     Type("ToyName", incentive);
     Type("Value", cost);
     ShowsPicture("Image1", false);
-    const Text folder = InFolder("IncentivesPictures");
-    DesktopCalls.FileAnswers += folder + "/" + file;
-    DesktopCalls.FileFolders.clear();
-    Click("Command1");
-    EXPECT_EQ(DesktopCalls.FileFolders, QStringList(folder));
-    ShowsPicture("Image1", true);
+    BrowseForPicture("IncentivesPictures", file);
     if (!picture.isEmpty())
         Shoot(picture);
     Click("AddIncentive");
