@@ -2,7 +2,6 @@
 
 #include "authoring/ComboLists.h"
 #include "authoring/EnterKey.h"
-#include "authoring/RowFocus.h"
 #include "platform/forms/ElidingEdit.h"
 #include "platform/forms/FocusRing.h"
 #include "platform/forms/Handlers.h"
@@ -14,7 +13,7 @@
 #include "ui_ChartEditor.h"
 
 #include <QCoreApplication>
-#include <QEvent>
+#include <QKeyEvent>
 #include <QStringList>
 #include <algorithm>
 #include <array>
@@ -26,7 +25,6 @@ constexpr int RowHeight = 330;
 constexpr int RowGap = 50;
 constexpr int ListTop = 600;
 
-constexpr int TextFieldLength = 255;
 constexpr int DaysInWeek = 7;
 
 TwipRect Column(int left, int width) {
@@ -58,7 +56,8 @@ ChartEditor::ChartEditor()
     : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::ChartEditor>()) {
     ui_->setupUi(this);
     DesignRows();
-    ui_->EditChartFrame->installEventFilter(this);
+    for (QWidget* control : findChildren<QWidget*>())
+        control->installEventFilter(this);
     new FocusRing(ui_->VScroll);
 
     On(ui_->VScroll, &QScrollBar::valueChanged, this, [this] { SetTextsPosition(); });
@@ -118,21 +117,32 @@ void ChartEditor::PutRowInTabOrder(int index) {
     QWidget::setTabOrder(&Points[index], &JobDelete[index]);
 }
 
+/// The row that has the form's keyboard, -1 if none has it.
+int ChartEditor::FocusedRow() {
+    const QWidget* focus = focusWidget();
+    for (int index = 0; index < Instructions.Count(); ++index) {
+        bool isHere = false;
+        ForEachColumn([&](auto& column) { isHere = isHere || &column[index] == focus; });
+        if (isHere)
+            return index;
+    }
+    return -1;
+}
+
 /// The keyboard goes through all rows, those outside the frame too.
-void ChartEditor::WatchKeyboard(QWidget& control, int index) {
-    auto* watch = new RowFocus(&control);
-    On(watch, &RowFocus::ReachedByTab, this, [this, index] { BringRowIntoView(index); });
+bool ChartEditor::MoveByTab(bool next) {
     // The row above the top line is hidden and would be passed over.
-    if (index > 0)
-        On(watch, &RowFocus::GoingBack, this, [this, index, &control] {
-            if (&control == &Instructions[index])
-                BringRowIntoView(index - 1);
-        });
+    const int row = FocusedRow();
+    if (!next && row > 0 && focusWidget() == &Instructions[row])
+        BringRowIntoView(row - 1);
+    if (!focusNextPrevChild(next))
+        return false;
+    if (const int reached = FocusedRow(); reached >= 0)
+        BringRowIntoView(reached);
+    return true;
 }
 
 void ChartEditor::BringRowIntoView(int index) {
-    if (index >= Instructions.Count())
-        return;
     const int pitch = Instructions.Height(0) + RowGap;
     const int listBottom = TwipsOf(ui_->RowsClip->geometry().bottom());
     const int rowsInView = std::max(1, (listBottom - ListTop) / pitch);
@@ -145,8 +155,7 @@ void ChartEditor::BringRowIntoView(int index) {
 DropDownCombo* ChartEditor::MakeCombo(const QString& column, int index) {
     auto* combo = new DropDownCombo(ui_->Rows);
     combo->SetSpokenName(QStringLiteral("%1, job %2").arg(column).arg(index + 1));
-    WatchKeyboard(*combo, index);
-    combo->lineEdit()->setMaxLength(TextFieldLength);
+    combo->installEventFilter(this);
     On(new EnterKey(combo), &EnterKey::Pressed, this, [this] { NewTask_Click(); });
     return combo;
 }
@@ -154,8 +163,7 @@ DropDownCombo* ChartEditor::MakeCombo(const QString& column, int index) {
 QLineEdit* ChartEditor::MakeBox(const QString& column, int index) {
     auto* box = new ElidingEdit(ui_->Rows);
     box->setAccessibleName(QStringLiteral("%1, job %2").arg(column).arg(index + 1));
-    WatchKeyboard(*box, index);
-    box->setMaxLength(TextFieldLength);
+    box->installEventFilter(this);
     On(new EnterKey(box), &EnterKey::Pressed, this, [this] { NewTask_Click(); });
     return box;
 }
@@ -170,7 +178,7 @@ DropDownCombo* ChartEditor::MakeInstructions(int index) {
     auto* combo = new DropDownCombo(ui_->Rows);
     combo->SetSpokenName(
         QStringLiteral("%1, job %2").arg(ui_->InstructionsLbl->text()).arg(index + 1));
-    WatchKeyboard(*combo, index);
+    combo->installEventFilter(this);
     On(combo, &DropDownCombo::AboutToDrop, this, [this, index] { Instructions_DropDown(index); });
     On(combo, &QComboBox::activated, this, [this](int entry) { LastListIndex = ToInteger(entry); });
     On(new EnterKey(combo), &EnterKey::Pressed, this, [this, index] { Instructions_Enter(index); });
@@ -180,7 +188,7 @@ DropDownCombo* ChartEditor::MakeInstructions(int index) {
 QPushButton* ChartEditor::MakeDelete(int index) {
     auto* button = new QPushButton(QStringLiteral("Delete"), ui_->Rows);
     button->setAccessibleName(QStringLiteral("Delete job %1").arg(index + 1));
-    WatchKeyboard(*button, index);
+    button->installEventFilter(this);
     button->setAutoDefault(true);
     On(button, &QPushButton::clicked, this, [this, index] { JobDelete_Click(index); });
     return button;
@@ -199,6 +207,10 @@ QPushButton& ChartEditor::ResetTime() {
 QPushButton& ChartEditor::DeleteChart() {
     EnsureLoaded();
     return *ui_->DeleteChart;
+}
+
+QWidget& ChartEditor::Rows() {
+    return *ui_->Rows;
 }
 
 void ChartEditor::Load() {
@@ -244,8 +256,13 @@ void ChartEditor::CreateNewTask() {
 
 void ChartEditor::SetTextsPosition() {
     const int pitch = Instructions.Height(0) + RowGap;
+    const int value = ui_->VScroll->value();
+    // A row that is hidden cannot keep the keyboard, and the toolkit would hand it to the next
+    // control by itself: to the bar instead, not into another job.
+    if (const int row = FocusedRow(); row >= 0 && row < value)
+        ui_->VScroll->setFocus(Qt::OtherFocusReason);
     for (int index = 0; index < Instructions.Count(); ++index) {
-        const int top = pitch * index + ListTop + RowGap - ui_->VScroll->value() * pitch;
+        const int top = pitch * (index - value) + ListTop + RowGap;
         ForEachColumn([index, top](auto& column) {
             column.SetTop(index, top);
             column.SetVisible(index, top >= ListTop);
@@ -305,11 +322,13 @@ ChartWeek ChartEditor::ChartWeekDates(bool nextWeek) const {
 }
 
 QString ChartEditor::Title(const QString& Mode) {
-    if (IsNewChart) {
+    if (!IsNewChart)
+        Database().ReadDates(ChartName);
+    // A chart without rows leaves the dates of the chart read before it. There may be none.
+    if (IsNewChart || Database().FirstDateText.isEmpty()) {
         FirstDate = ChartWeekDates(NextWeek).First;
         LastDate = ChartWeekDates(NextWeek).Last;
     } else {
-        Database().ReadDates(ChartName);
         FirstDate = DateFromText(Database().FirstDateText);
         LastDate = DateFromText(Database().LastDateText);
     }
@@ -348,5 +367,14 @@ bool ChartEditor::eventFilter(QObject* watched, QEvent* event) {
         return QCoreApplication::sendEvent(ui_->VScroll, event);
     if (watched == ui_->EditChartFrame && event->type() == QEvent::Resize)
         FitListToFrame();
+    // By the key: the toolkit calls it Tab, too, when it moves the focus off a hidden control.
+    if (event->type() == QEvent::KeyPress && watched == focusWidget()) {
+        const auto* press = static_cast<QKeyEvent*>(event);
+        const bool back = press->key() == Qt::Key_Backtab ||
+                          (press->key() == Qt::Key_Tab && press->modifiers() & Qt::ShiftModifier);
+        if ((back || press->key() == Qt::Key_Tab) &&
+            !(press->modifiers() & (Qt::ControlModifier | Qt::AltModifier)))
+            return MoveByTab(!back);
+    }
     return FormWidget::eventFilter(watched, event);
 }

@@ -62,6 +62,8 @@ public:
     QLabel& StartingFrom();
     QPushButton& ResetTime();
     QPushButton& DeleteChart();
+    /// What holds the controls of all rows.
+    QWidget& Rows();
 
     /// Adds one row at the end, below the last one, wherever that is scrolled to. Its day list is
     /// the caller's to fill.
@@ -106,7 +108,8 @@ private:
     void ForEachColumn(Action&& action);
     void PutRowInTabOrder(int index);
     void FitListToFrame();
-    void WatchKeyboard(QWidget& control, int index);
+    int FocusedRow();
+    bool MoveByTab(bool next);
     void BringRowIntoView(int index);
 
     void JobDelete_Click(int index);

@@ -75,9 +75,10 @@ DisplayAllPeople::DisplayAllPeople()
     ui_->ListView1->setItemDelegate(new PersonCard(ui_->ListView1));
     ui_->ListView1->installEventFilter(this);
     Images = std::make_unique<PictureList>(ui_->ListView1->iconSize());
-    On(ui_->ListView1, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) {
+    On(ui_->ListView1, &OpeningList::Opened, this, [this](QListWidgetItem* item) {
         // The first of the two clicks may just have taken the item out of the selection.
-        item->setSelected(true);
+        if (item != nullptr)
+            item->setSelected(true);
         Ok_Click();
     });
     On(ui_->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });

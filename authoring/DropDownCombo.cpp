@@ -5,6 +5,8 @@
 
 #include <QAbstractItemView>
 #include <QAccessibleWidget>
+#include <QApplication>
+#include <QCompleter>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPointer>
@@ -26,7 +28,7 @@ public:
     QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
         state.expandable = true;
-        state.expanded = Combo().view()->isVisible();
+        state.expanded = Combo().IsDropped();
         state.hasPopup = true;
         state.editable = true;
         return state;
@@ -56,12 +58,18 @@ void InstallComboAccess() {
     QAccessible::installFactory(MakeComboAccess);
 }
 
+/// An editor has three boxes a row: what makes the toolkit build a box's list, and its completer,
+/// before anybody asks for them costs four times as much as the rest of the box.
 DropDownCombo::DropDownCombo(QWidget* parent) : QComboBox(parent) {
-    setLineEdit(new ElidingEdit(this));
-    setInsertPolicy(QComboBox::NoInsert);
+    // A text that has no completer yet would be given one of its own.
+    static QPointer<QCompleter> passing;
+    if (passing.isNull())
+        passing = new QCompleter(qApp);
+    auto* edit = new ElidingEdit(this);
+    edit->setCompleter(passing);
+    setLineEdit(edit);
     setCompleter(nullptr);
-    view()->setTextElideMode(Qt::ElideRight);
-    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    setInsertPolicy(QComboBox::NoInsert);
     // At the end of typing the toolkit chooses the entry that equals the text, as if it had been
     // clicked; a typed text is not a click.
     disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
@@ -83,6 +91,12 @@ void DropDownCombo::SetSpokenName(const QString& name) {
     lineEdit()->setAccessibleName(name);
 }
 
+bool DropDownCombo::IsDropped() const {
+    // Not view(): that would make the list, which takes longer than all the rest of the box.
+    const auto* list = findChild<const QAbstractItemView*>();
+    return list != nullptr && list->isVisible();
+}
+
 void DropDownCombo::showPopup() {
     const QPointer<DropDownCombo> self(this);
     emit AboutToDrop();
@@ -100,6 +114,7 @@ void DropDownCombo::FitList() {
     constexpr int FewestEntries = 4;
     constexpr int Frame = 4; // pixels, upper and lower edge together
     QAbstractItemView& list = *view();
+    list.setTextElideMode(Qt::ElideRight);
     const QRect room = screen()->availableGeometry();
     const int entry = list.sizeHintForRow(0);
     if (entry <= 0)

@@ -17,6 +17,8 @@ public:
     /// What screen readers call the box.
     void SetSpokenName(const QString& name);
 
+    /// Whether the list can be seen.
+    bool IsDropped() const;
     void showPopup() override;
     void hidePopup() override;
 

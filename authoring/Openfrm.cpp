@@ -4,18 +4,36 @@
 #include "authoring/EditorSlots.h"
 #include "platform/forms/FormViewAdapters.h"
 #include "platform/forms/Handlers.h"
+#include "platform/forms/HiddenWhile.h"
 #include "platform/runtime/Prompts.h"
+#include "platform/runtime/RuntimeError.h"
 #include "shell/session/Session.h"
 #include "ui_Openfrm.h"
 
 Openfrm::Openfrm() : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::Openfrm>()) {
     ui_->setupUi(this);
-    On(ui_->ChartList, &QListWidget::itemDoubleClicked, this, [this] { Ok_Click(); });
+    On(ui_->ChartList, &OpeningList::Opened, this, [this] { Ok_Click(); });
     On(ui_->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
     On(ui_->Cancel, &QPushButton::clicked, this, [this] { Unload(); });
 }
 
 Openfrm::~Openfrm() = default;
+
+namespace {
+
+/// The chart's child; "" for a chart that a failed save has left without rows. Such a one must
+/// open all the same: to delete it in the editor is the way to be rid of it.
+QString ChildOf(const QString& chart) {
+    try {
+        return Database().ReturnExistingKidName(chart);
+    } catch (const RuntimeError& error) {
+        if (error.Number() != static_cast<int>(ErrorNumber::NoCurrentRecord))
+            throw;
+        return {};
+    }
+}
+
+} // namespace
 
 QString Openfrm::SelectedChart() const {
     return SelectedEntry(*ui_->ChartList);
@@ -37,11 +55,12 @@ void Openfrm::Ok_Click() {
         editor.ChartName = name;
         editor.FormIndex = ChartFormIndex;
         editor.IsNewChart = false;
-        editor.KidName = Database().ReturnExistingKidName(name);
+        editor.KidName = ChildOf(name);
         editor.ResetTime().show();
         editor.DeleteChart().show();
         editor.NextWeek = false;
         editor.Show();
+        const HiddenWhile rowsCome(editor.Rows());
         Database().ReadInfoFromChart(name, ChartFormIndex, false, QString());
     });
     Unload();

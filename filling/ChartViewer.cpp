@@ -4,6 +4,7 @@
 #include "filling/ViewerLayout.h"
 #include "platform/forms/FormViewAdapters.h"
 #include "platform/forms/Handlers.h"
+#include "platform/forms/HiddenWhile.h"
 #include "platform/forms/ProgramStyle.h"
 #include "platform/forms/Twips.h"
 #include "platform/runtime/Dates.h"
@@ -13,10 +14,9 @@
 #include "support/SoundFunctions.h"
 #include "ui_ChartViewer.h"
 
-#include <QPointer>
-#include <QScopeGuard>
 #include <QWheelEvent>
 #include <algorithm>
+#include <optional>
 
 ChartViewer::ChartViewer()
     : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::ChartViewer>()) {
@@ -44,14 +44,14 @@ ChartViewer::~ChartViewer() = default;
 
 namespace {
 
-/// An account without an incentive leaves the caption as it is.
-class CostCaption : public LabelCaption {
+/// Of an incentive without a name or a cost nothing is stored, and the caption stays as it is.
+class IncentiveCaption : public LabelCaption {
 public:
     using LabelCaption::LabelCaption;
-    bool IsStored = false;
+    std::optional<QString> Stored;
 
     void SetCaption(const QString& caption) override {
-        IsStored = true;
+        Stored = caption;
         LabelCaption::SetCaption(caption);
     }
 };
@@ -62,23 +62,24 @@ public:
 void ChartViewer::Activate() {
     LabelPicture userPicture(*ui_->Image2);
     LabelPicture toyPicture(*ui_->Image3);
-    LabelCaption toyName(*ui_->ToyName);
+    IncentiveCaption toyName(*ui_->ToyName);
     LabelCaption pointsLabel(*ui_->Label3);
 
     NextDay_Click();
     ui_->UsersName->setText(CurrentUser);
     Database().RetrevePicture(CurrentUser, userPicture);
     // Label3 shows the cost of the incentive for a moment, then the account's points.
-    CostCaption costLabel(*ui_->Label3);
+    IncentiveCaption costLabel(*ui_->Label3);
     Database().RetrieveToy(CurrentUser, toyName, toyPicture, costLabel);
-    const QString toy = ui_->ToyName->text();
-    ui_->ToyName->setText(toy + QLatin1Char(' ') + ui_->Label3->text() + QStringLiteral(" Points"));
+    ui_->ToyName->setText(ui_->ToyName->text() + QLatin1Char(' ') + ui_->Label3->text() +
+                          QStringLiteral(" Points"));
     GoalPoints = ToInteger(Val(ui_->Label3->text()));
     Database().RetrievePoints(CurrentUser, pointsLabel);
     ShowPointsNeeded();
-    // Points that only stood in the place of the cost are no goal to reach.
-    ui_->WayToGoal->Show(Val(ui_->Label3->text()), costLabel.IsStored ? GoalPoints : 0, toy,
-                         toyPicture.Picture());
+    // The way is to what is stored: points that only stood in the place of the cost are no goal,
+    // and a caption that has grown is no name.
+    ui_->WayToGoal->Show(Val(ui_->Label3->text()), costLabel.Stored ? GoalPoints : 0,
+                         toyName.Stored.value_or(QString()), toyPicture.Picture());
     ui_->ChartNamelbl->setText(CurrentUser + QStringLiteral("'s ") + FirstWord(ChartName) +
                                QStringLiteral(" Dutygrid"));
     SetCaption(ui_->ChartNamelbl->text());
@@ -122,18 +123,7 @@ void ChartViewer::TurnPage(int step) {
 }
 
 void ChartViewer::ExchangeRows(int step) {
-    // A row shown in a list that is on the screen makes the window look for what lies under the
-    // mouse, eight times a row: the list goes while its rows are made. The keyboard stays where it
-    // was if that is still there.
-    const QPointer<QWidget> focus =
-        ui_->CleanUpList->isAncestorOf(focusWidget()) ? focusWidget() : nullptr;
-    const bool wasHidden = ui_->CleanUpList->isHidden();
-    ui_->CleanUpList->hide();
-    const auto showAgain = qScopeGuard([&] {
-        ui_->CleanUpList->setHidden(wasHidden);
-        if (!focus.isNull())
-            focus->setFocus();
-    });
+    const HiddenWhile rowsChange(*ui_->CleanUpList);
     RemoveRows();
     QString day;
     while (Database().PrintReturnNr_Articles(day, ChartName) == 0) {

@@ -87,9 +87,12 @@ private:
     void ColourRow(int index, const QColor& color);
     void AllRowsBlack();
     void ShowResponsible(bool visible);
+    /// Once for each time that a row's adult has made the form higher.
+    void KeepGrownFormInside();
     void BringToFront(QWidget& control);
     void NameRow(int index);
     void MoveKeyboard(int index, bool toMark);
+    MarkImage& VisibleMark(int index) const;
     void BringRowIntoView(int index);
     void ScrollTo(int value);
 
@@ -109,4 +112,5 @@ private:
 
     std::unique_ptr<Ui::ChartViewer> ui_;
     int scrollValue_ = 0;
+    bool hasGrown_ = false;
 };

@@ -8,6 +8,7 @@
 #include "ui_ChartViewer.h"
 
 #include <QSignalBlocker>
+#include <utility>
 
 using namespace ViewerLayout;
 
@@ -58,7 +59,10 @@ void ChartViewer::DesignRows() {
         const int index = Instructions.Count();
         auto* text = NewText<RowText>(list);
         WatchRow(*text, index);
-        On(text, &RowText::Chosen, this, [this, index] { HighlightRow(index); });
+        On(text, &RowText::Chosen, this, [this, index] {
+            HighlightRow(index);
+            KeepGrownFormInside();
+        });
         On(text, &RowText::ReachedByTab, this, [this, index] { BringRowIntoView(index); });
         On(text, &RowText::Moved, this,
            [this, index](int step) { MoveKeyboard(index + step, false); });
@@ -82,7 +86,7 @@ void ChartViewer::DesignRows() {
                                        void (ChartViewer::*click)(int)) {
         auto* mark = new MarkImage(picture, isTick, PixelsOf(ListTop), list);
         On(mark, &MarkImage::clicked, this, [this, index, click] { (this->*click)(index); });
-        On(mark, &MarkImage::ReachedByTab, this, [this, index] { BringRowIntoView(index); });
+        On(mark, &MarkImage::WantsToBeSeen, this, [this, index] { BringRowIntoView(index); });
         On(mark, &MarkImage::Moved, this,
            [this, index](int step) { MoveKeyboard(index + step, true); });
         return mark;
@@ -118,6 +122,8 @@ void ChartViewer::WatchRow(QWidget& text, int index) {
         HighlightRow(index);
     });
     On(watch, &MouseWatch::Dragged, this, [this](int x, int y) { Drag(x, y); });
+    // Not before: under a pressed button nothing may move away.
+    On(watch, &MouseWatch::Released, this, [this] { KeepGrownFormInside(); });
 }
 
 void ChartViewer::SetRow(int index, const ViewerRow& row) {
@@ -209,6 +215,10 @@ void ChartViewer::SetTextsPosition() {
         // The marks are not hidden: which of the two is visible is the mark. They slide under
         // Picture1 instead.
         const bool shown = Instructions.Top(row) >= ListTop;
+        // The keyboard stays in the row. Hiding its text would send it on as Tab does, and it would
+        // have the row brought back into view.
+        if (!shown && Instructions[row].hasFocus())
+            VisibleMark(row).setFocus();
         Instructions.SetVisible(row, shown);
         Difficulty.SetVisible(row, shown);
         Points.SetVisible(row, shown);
@@ -223,12 +233,12 @@ void ChartViewer::MoveKeyboard(int index, bool toMark) {
         return;
     // First, since a text that is scrolled away is hidden.
     BringRowIntoView(index);
-    if (!toMark)
-        Instructions[index].setFocus(Qt::TabFocusReason);
-    else if (CheckImg.Visible(index))
-        CheckImg[index].setFocus(Qt::TabFocusReason);
-    else
-        ClearImg[index].setFocus(Qt::TabFocusReason);
+    QWidget& control = toMark ? static_cast<QWidget&>(VisibleMark(index)) : Instructions[index];
+    control.setFocus(Qt::TabFocusReason);
+}
+
+MarkImage& ChartViewer::VisibleMark(int index) const {
+    return CheckImg.Visible(index) ? CheckImg[index] : ClearImg[index];
 }
 
 /// The keyboard may reach a row that is scrolled away.
@@ -245,12 +255,18 @@ void ChartViewer::BringRowIntoView(int index) {
 
 void ChartViewer::HighlightRow(int index) {
     LabelPicture picture(*ui_->Image1);
+    hasGrown_ = hasGrown_ || ui_->Namelbl->isHidden();
     AllRowsBlack();
     ColourRow(index, Qt::blue);
     ShowResponsible(true);
     SetHeight(FormHeightWithResponsible);
     ui_->Namelbl->setText(AdultResponsable[index].text());
     Database().RetrevePicture(AdultResponsable[index].text(), picture);
+}
+
+void ChartViewer::KeepGrownFormInside() {
+    if (std::exchange(hasGrown_, false))
+        KeepInMainWindow();
 }
 
 void ChartViewer::ColourRow(int index, const QColor& color) {

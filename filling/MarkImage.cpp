@@ -1,5 +1,7 @@
 #include "filling/MarkImage.h"
 
+#include "platform/forms/ActivationTracker.h"
+
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -36,22 +38,42 @@ void MarkImage::hideEvent(QHideEvent* event) {
 }
 
 bool MarkImage::hitButton(const QPoint& place) const {
-    return !IsCovered() && QAbstractButton::hitButton(place);
+    return !IsCovered() && !ActivationTracker::Instance().IsPressOnNewFront() &&
+           QAbstractButton::hitButton(place);
+}
+
+bool MarkImage::IsOutOfSight() const {
+    return IsCovered() || geometry().bottom() >= parentWidget()->height();
 }
 
 void MarkImage::focusInEvent(QFocusEvent* event) {
     QAbstractButton::focusInEvent(event);
     if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
-        emit ReachedByTab();
+        emit WantsToBeSeen();
 }
 
 void MarkImage::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        click();
-    else if (event->key() == Qt::Key_Down || event->key() == Qt::Key_Up)
-        emit Moved(event->key() == Qt::Key_Down ? 1 : -1);
-    else
+    switch (event->key()) {
+    case Qt::Key_Down:
+        emit Moved(1);
+        break;
+    case Qt::Key_Up:
+        emit Moved(-1);
+        break;
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (IsOutOfSight()) {
+            emit WantsToBeSeen();
+        } else if (event->key() == Qt::Key_Space) {
+            QAbstractButton::keyPressEvent(event);
+        } else {
+            click();
+        }
+        break;
+    default:
         QAbstractButton::keyPressEvent(event);
+    }
 }
 
 void MarkImage::paintEvent(QPaintEvent*) {

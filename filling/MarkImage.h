@@ -6,7 +6,8 @@
 #include <QPixmap>
 
 /// One of the two pictures of a mark: clicked with the mouse, or with Space or Enter when it has
-/// the keyboard.
+/// the keyboard. What its user has not seen is not clicked: a press that has just brought up the
+/// page does nothing, and a key at a mark out of sight only asks to have it brought into view.
 class MarkImage : public QAbstractButton {
     Q_OBJECT
 
@@ -24,8 +25,8 @@ public:
     bool IsMoving() const { return pop_.IsRunning(); }
 
 signals:
-    /// The keyboard has come here by Tab.
-    void ReachedByTab();
+    /// The keyboard has come here by Tab, or a key finds the mark out of sight.
+    void WantsToBeSeen();
     /// An arrow key; 1 down, -1 up.
     void Moved(int step);
 
@@ -39,6 +40,7 @@ protected:
 
 private:
     bool IsCovered() const { return y() < coveredAbove_; }
+    bool IsOutOfSight() const;
 
     QPixmap picture_;
     bool isTick_;

@@ -29,6 +29,10 @@ bool MouseWatch::eventFilter(QObject*, QEvent* event) {
             emit Dragged(TwipsOf(place.x()), TwipsOf(place.y()));
         return true;
     }
+    case QEvent::MouseButtonRelease:
+        if (pressed_ && static_cast<QMouseEvent*>(event)->buttons() == Qt::NoButton)
+            emit Released();
+        return false;
     default:
         return false;
     }

@@ -17,6 +17,8 @@ signals:
     void Pressed(int x, int y);
     /// The mouse moved with the left button, and no other, held since a press here.
     void Dragged(int x, int y);
+    /// All buttons are up again after a press here.
+    void Released();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -4,6 +4,7 @@
 #include "platform/runtime/RuntimeError.h"
 #include "platform/runtime/TextFiles.h"
 #include "print/JobTallies.h"
+#include "store/ChartFields.h"
 #include "store/DatabaseCls.h"
 #include "store/JobNameFile.h"
 #include "store/TableNames.h"
@@ -36,7 +37,7 @@ bool MeansAllHistory(const QStringList& chartNames) {
 }
 
 bool IsOutsidePeriods(const QString& tableName) {
-    const QString prefix = KindPrefix(tableName);
+    const QStringView prefix = KindPrefix(tableName);
     return prefix == QLatin1String("USER") || prefix == QLatin1String("MSys");
 }
 
@@ -122,15 +123,16 @@ JobCounts DatabaseCls::CountJobHistory(const QString& JobName, const QString& Ki
 void DatabaseCls::TakeCounts(const QString& askedJob, const QString& kidName,
                              const QStringList& chartNames, JobTallies& counted) {
     const TableStore::Reading reading(Tables());
-    const auto countRows = [&](TableWalk& rows) {
+    TableWalk rows = Tables().WalkThrough(CountedFields);
+    const auto countRows = [&] {
         for (; !rows.Eof(); rows.MoveNext())
             counted.Count(rows.Value(Instructions), askedJob,
                           [&] { return rows.Value(Completed); });
     };
     if (!MeansAllHistory(chartNames)) {
         for (const QString& name : chartNames) {
-            TableWalk rows = Tables().WalkThrough(name, CountedFields);
-            countRows(rows);
+            rows.Open(name);
+            countRows();
         }
         return;
     }
@@ -139,16 +141,16 @@ void DatabaseCls::TakeCounts(const QString& askedJob, const QString& kidName,
         const QString name = Tables().TableName(index);
         if (KindPrefix(name) != QLatin1String("Hist"))
             continue;
-        TableWalk rows = Tables().WalkThrough(name, CountedFields);
+        rows.Open(name);
         // Whose table it is says its first row, whatever the table is called.
-        const QVariant owner = rows.Value(UserName);
-        if (!owner.isNull() && owner.toString() == kidName)
-            countRows(rows);
+        if (Holds(rows.Value(UserName), kidName))
+            countRows();
     }
 }
 
 QString DatabaseCls::ReturnDateRange(const QString&, const QStringList& ChartNames) {
     const TableStore::Reading reading(Tables());
+    TableWalk row = Tables().WalkThrough(PeriodFields);
     const bool isAll = MeansAllHistory(ChartNames);
     const int tableCount = Tables().TableCount();
     const qsizetype count = isAll ? tableCount : ChartNames.size();
@@ -160,8 +162,7 @@ QString DatabaseCls::ReturnDateRange(const QString&, const QStringList& ChartNam
         const QString tableName = Tables().TableName(index);
         if (IsOutsidePeriods(tableName))
             continue;
-        const TableWalk row =
-            Tables().WalkThrough(isAll ? tableName : ChartNames.at(index), PeriodFields);
+        row.Open(isAll ? tableName : ChartNames.at(index));
         Opened = AddIntegers(Opened, 1);
         const QDate first = DateOf(row.Value(FirstDate));
         const QDate last = DateOf(row.Value(LastDate));

@@ -3,7 +3,7 @@
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Pictures.h"
 #include "platform/runtime/ProgramFolder.h"
-#include "print/SheetTitle.h"
+#include "print/SheetSetUp.h"
 #include "store/ChartFields.h"
 #include "store/DatabaseCls.h"
 
@@ -29,13 +29,15 @@ constexpr qint32 Rgb(int red, int green, int blue) {
 }
 
 /// The title in the words of the three kinds of page; the recordset stands on its first row.
-QString Title(const Recordset& rows, const QString& chartName, bool blankBoxes,
+QString Title(const Recordset& rows, const QString& chartName, Mode blankBoxes,
               const QString& kidName) {
     const QString week = QStringLiteral("from %1 to %2")
                              .arg(TextOf(rows.Value(ChartField::FirstDate)),
                                   TextOf(rows.Value(ChartField::LastDate)));
-    if (!blankBoxes)
+    if (blankBoxes.IsFalse())
         return kidName + QStringLiteral("'s Job List - ") + week;
+    if (!blankBoxes.IsTrue())
+        return {};
     if (kidName.isEmpty())
         return QStringLiteral("Sparkit Dutygrid ") + week;
     return kidName + QStringLiteral("'s ") + chartName + QStringLiteral(" Dutygrid ") + week;
@@ -44,7 +46,7 @@ QString Title(const Recordset& rows, const QString& chartName, bool blankBoxes,
 /// One call's way down the pages.
 class ChartSheet {
 public:
-    ChartSheet(PrinterObject& printer, bool blankBoxes, const QString& openMark)
+    ChartSheet(PrinterObject& printer, Mode blankBoxes, const QString& openMark)
         : printer_(printer), blankBoxes_(blankBoxes), openMark_(openMark) {}
 
     /// Goes one grid row down.
@@ -63,7 +65,7 @@ private:
     void PrintMark(bool completed);
 
     PrinterObject& printer_;
-    bool blankBoxes_;
+    Mode blankBoxes_;
     const QString& openMark_;
     /// Grid rows from the top of the current page.
     qint16 LineNo = 0;
@@ -116,12 +118,12 @@ void ChartSheet::PrintRow(const Recordset& row, qint16 itemNo) {
 }
 
 void ChartSheet::PrintMark(bool completed) {
-    if (blankBoxes_)
+    if (blankBoxes_.IsTrue())
         printer_.Print(EmptyBoxText);
-    else if (completed)
+    else if (blankBoxes_.IsFalse() && completed)
         printer_.PaintPicture(LoadPicture(InProgramFolder(QStringLiteral("Images/CheckWhite.jpg"))),
                               printer_.CurrentX(), printer_.CurrentY() + 0.1, 0.5, 0.5);
-    else
+    else if (blankBoxes_.IsFalse())
         printer_.Print(openMark_);
 }
 
@@ -136,14 +138,15 @@ qint32 DatabaseCls::ReturnRandomColor() const {
     return Colors[generator.bounded(static_cast<quint32>(Colors.size()))];
 }
 
-void DatabaseCls::PrintChart(const QString& ChartName, bool BlankBoxes, const QString& KidName,
+void DatabaseCls::PrintChart(const QString& ChartName, Mode BlankBoxes, const QString& KidName,
                              const QString& OpenMark) {
     Recordset rows = Tables().OpenRecordset(ChartName);
     rows.MoveFirst();
 
     PrinterObject& printer = Printer();
     const PrintJobGuard job(printer);
-    PrintSheetTitle(printer, Title(rows, ChartName, BlankBoxes, KidName));
+    SetUpSheet(printer);
+    printer.Print(Title(rows, ChartName, BlankBoxes, KidName));
 
     ChartSheet sheet(printer, BlankBoxes, OpenMark);
     for (int number = 1; number <= 7; ++number) {

@@ -1,6 +1,6 @@
 #include "platform/printing/Printer.h"
 #include "platform/runtime/Numbers.h"
-#include "print/SheetTitle.h"
+#include "print/SheetSetUp.h"
 #include "store/ChartFields.h"
 #include "store/DatabaseCls.h"
 #include "store/TableNames.h"
@@ -12,7 +12,8 @@ void DatabaseCls::PrintUsersPasswords() {
 
     PrinterObject& printer = Printer();
     const PrintJobGuard job(printer);
-    PrintSheetTitle(printer, QStringLiteral("List of Sparkit Dutygrid users and passwords"));
+    SetUpSheet(printer);
+    printer.Print(QStringLiteral("List of Sparkit Dutygrid users and passwords"));
 
     qint16 LineNo = 1;
     for (; !rows.Eof(); rows.MoveNext()) {

@@ -45,6 +45,7 @@ void DateRangefrm::ShowCalendar() {
     ui_->Calendar1->show();
     ui_->Ok->show();
     Arrange(6500, 370, 370, 402);
+    KeepInMainWindow();
     ui_->Calendar1->setFocus();
 }
 

@@ -22,6 +22,7 @@ MonthCalendar::MonthCalendar(QWidget* parent) : QCalendarWidget(parent), parts_(
     name(QStringLiteral("qt_calendar_calendarview"), QStringLiteral("Days of the month"));
     connect(this, &QCalendarWidget::selectionChanged, this,
             [this] { parts_ = PartsOf(selectedDate()); });
+    connect(this, &QCalendarWidget::currentPageChanged, this, &MonthCalendar::TakeDayAlong);
 }
 
 MonthCalendar::Parts MonthCalendar::PartsOf(const QDate& date) {
@@ -38,6 +39,14 @@ void MonthCalendar::SetMonth(qint16 month) {
 
 void MonthCalendar::SetYear(qint16 year) {
     Choose({parts_.day, parts_.month, year});
+}
+
+void MonthCalendar::TakeDayAlong(int year, int month) {
+    const QDate day = selectedDate();
+    if (day.year() == year && day.month() == month)
+        return;
+    const QDate first(year, month, 1);
+    setSelectedDate(first.addDays(qMin(day.day(), first.daysInMonth()) - 1));
 }
 
 void MonthCalendar::Choose(const Parts& parts) {

@@ -27,6 +27,9 @@ private:
     };
     static Parts PartsOf(const QDate& date);
     void Choose(const Parts& parts);
+    /// Turning the pages chooses the same day of the month turned to, or its last: the day that is
+    /// marked is the value.
+    void TakeDayAlong(int year, int month);
 
     Parts parts_;
 };

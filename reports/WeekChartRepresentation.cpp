@@ -37,8 +37,6 @@ void WeekChartRepresentation::Load() {
     Database().PopulateChartList(list, true);
     list.Clear();
     Database().PopulateChartList(list, false);
-    for (int row = 0; row < ui_->ChartList->count(); ++row)
-        ui_->ChartList->item(row)->setToolTip(ui_->ChartList->item(row)->text());
     ui_->Surface->setVisible(false);
 }
 

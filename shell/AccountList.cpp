@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QTextDocument>
 #include <utility>
 
 AccountList::AccountList(QWidget* parent) : QTreeWidget(parent) {
@@ -18,7 +19,7 @@ AccountList::AccountList(QWidget* parent) : QTreeWidget(parent) {
 
 void AccountList::AddItem(const QString& text) {
     auto* item = new QTreeWidgetItem(this, {text});
-    item->setToolTip(0, text);
+    item->setToolTip(0, Qt::convertFromPlainText(text));
     // Rows of two lines' height: children aim at them.
     item->setSizeHint(0, QSize(0, fontMetrics().height() * 2));
 }

@@ -10,10 +10,13 @@
 #include <QScrollBar>
 #include <algorithm>
 
-BackgroundArea::BackgroundArea(QWidget* parent) : QMdiArea(parent) {
+BackgroundArea::BackgroundArea(QWidget* parent)
+    : QMdiArea(parent), welcome_(new WelcomePage(viewport())) {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setFrameShape(QFrame::NoFrame);
+    // The toolkit would hand the state of a maximised form on to each form that opens beside it.
+    setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
     On(qApp, &QApplication::focusChanged, this, [this](const QWidget*, const QWidget* now) {
         // Under a pressed button nothing may move away.
         if (now != nullptr && QGuiApplication::mouseButtons() == Qt::NoButton &&
@@ -46,39 +49,56 @@ void BackgroundArea::BringIntoView(const QWidget& control) {
 
 void BackgroundArea::SetBackColor(qint32 color) {
     backColor_ = color;
+    LookAfterWelcome();
     viewport()->update();
 }
 
 void BackgroundArea::SetPicture(const QImage& picture) {
     picture_ = picture;
     fittedFor_ = QSize();
+    LookAfterWelcome();
     viewport()->update();
 }
 
-void BackgroundArea::SetWelcome(const WelcomePage& page) {
-    welcome_ = page;
-    viewport()->update();
+void BackgroundArea::SetGreeting(const Greeting& greeting) {
+    welcome_->SetGreeting(greeting);
+    LookAfterWelcome();
 }
 
 bool BackgroundArea::ShowsWelcome() const {
     const QList<QMdiSubWindow*> frames = subWindowList();
-    return !welcome_.IsEmpty() && picture_.isNull() && backColor_ == DeliveredColor &&
+    return !welcome_->IsEmpty() && picture_.isNull() && backColor_ == DeliveredColor &&
            std::all_of(frames.begin(), frames.end(),
                        [](const QMdiSubWindow* frame) { return frame->isHidden(); });
+}
+
+void BackgroundArea::LookAfterWelcome() {
+    if (!ShowsWelcome()) {
+        welcome_->hide();
+        return;
+    }
+    // Over the area, not inside it: of what an area holds screen readers are told the forms alone.
+    if (welcome_->parentWidget() != window())
+        welcome_->setParent(window());
+    welcome_->ShowIn({viewport()->mapTo(window(), QPoint()), viewport()->size()});
+    welcome_->raise();
 }
 
 bool BackgroundArea::eventFilter(QObject* watched, QEvent* event) {
     const bool comesOrGoes = event->type() == QEvent::Show || event->type() == QEvent::Hide;
     if (comesOrGoes && qobject_cast<QMdiSubWindow*>(watched) != nullptr)
-        viewport()->update();
+        LookAfterWelcome();
     return QMdiArea::eventFilter(watched, event);
+}
+
+void BackgroundArea::resizeEvent(QResizeEvent* event) {
+    QMdiArea::resizeEvent(event);
+    LookAfterWelcome();
 }
 
 void BackgroundArea::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     painter.fillRect(event->rect(), ColorFromValue(backColor_));
-    if (ShowsWelcome())
-        welcome_.Paint(painter, viewport()->rect(), *this);
     if (picture_.isNull())
         return;
     const QPixmap& pixmap = FittedPicture();

@@ -26,18 +26,22 @@ public:
     QImage Picture() const { return picture_; }
     void SetPicture(const QImage& picture);
 
-    void SetWelcome(const WelcomePage& page);
+    void SetGreeting(const Greeting& greeting);
     /// True while the greeting is what the area shows.
     bool ShowsWelcome() const;
+    /// Gives the keyboard to the greeting. False if it is not shown.
+    bool FocusWelcome() { return welcome_->TakeKeyboard(); }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     /// Scrolls to a control that the keyboard has come to.
     void BringIntoView(const QWidget& control);
     const QPixmap& FittedPicture();
+    void LookAfterWelcome();
 
     /// The light paper of the settings as delivered.
     static constexpr qint32 DeliveredColor = 15267066;
@@ -45,7 +49,7 @@ private:
     /// Until the settings have been read, the delivered one.
     qint32 backColor_ = DeliveredColor;
     QImage picture_;
-    WelcomePage welcome_;
+    WelcomePage* welcome_;
     QPixmap fitted_;
     QSize fittedFor_;
 };

@@ -25,9 +25,11 @@ BackgroundOptions::BackgroundOptions()
 BackgroundOptions::~BackgroundOptions() = default;
 
 void BackgroundOptions::BrowseButton_Click() {
-    if (const auto chosen = AskForFile(QString()))
-        browseFileName_ = *chosen;
-    LabelPicture(*ui->Image1).SetPicture(LoadPicture(browseFileName_));
+    const QString file = AskForFile(QString()).value_or(browseFileName_);
+    // What cannot be loaded is not chosen.
+    const QImage picture = LoadPicture(file);
+    browseFileName_ = file;
+    LabelPicture(*ui->Image1).SetPicture(picture);
     ui->Picture1->hide();
 }
 

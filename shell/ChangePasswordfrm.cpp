@@ -28,9 +28,12 @@ void ChangePasswordfrm::Activate() {
 }
 
 void ChangePasswordfrm::BrowsePicture() {
-    if (const auto chosen = AskForFile(InProgramFolder(QStringLiteral("UsersPictures"))))
-        opFileName_ = *chosen;
-    LabelPicture(*ui->Image1).SetPicture(LoadPicture(opFileName_));
+    const QString file =
+        AskForFile(InProgramFolder(QStringLiteral("UsersPictures"))).value_or(opFileName_);
+    // What cannot be loaded is not chosen.
+    const QImage picture = LoadPicture(file);
+    opFileName_ = file;
+    LabelPicture(*ui->Image1).SetPicture(picture);
 }
 
 void ChangePasswordfrm::Ok_Click() {

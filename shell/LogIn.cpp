@@ -20,6 +20,7 @@
 
 #include <QCloseEvent>
 #include <QScreen>
+#include <QSignalBlocker>
 
 namespace {
 
@@ -82,8 +83,16 @@ LogIn::LogIn() : FormWidget(Place::TopLevel), ui(std::make_unique<Ui::LogIn>()) 
 LogIn::~LogIn() = default;
 
 void LogIn::SelectVersion(bool school) {
-    ui->ForSchool->setChecked(school);
-    ui->ForHome->setChecked(!school);
+    QRadioButton& option = school ? *ui->ForSchool : *ui->ForHome;
+    if (option.isChecked())
+        return;
+    {
+        // Not by the option's signal: what fails in its handler fails here, in its caller.
+        const QSignalBlocker ofSchool(ui->ForSchool);
+        const QSignalBlocker ofHome(ui->ForHome);
+        option.setChecked(true);
+    }
+    Version_Click(school);
 }
 
 /// All of it is to be seen on a small screen, and at twice the size on a middling one.
@@ -108,13 +117,16 @@ void LogIn::Load() {
     ActiveList = 0;
 }
 
+// No session can begin where one of these steps fails.
 void LogIn::Activate() {
-    ReadSettings();
-    ui->TeachersList->Clear();
-    ui->StudentsList->Clear();
-    Database().PopulateUserList(ui->TeachersList, *ui->StudentsList);
-    SelectVersion(SchoolMode != 0);
-    WithErrorsEndingTheRun([this] { WelcomeOnFirstRun(); });
+    WithErrorsEndingTheRun([this] {
+        ReadSettings();
+        ui->TeachersList->Clear();
+        ui->StudentsList->Clear();
+        Database().PopulateUserList(ui->TeachersList, *ui->StudentsList);
+        SelectVersion(SchoolMode != 0);
+        WelcomeOnFirstRun();
+    });
 }
 
 void LogIn::WelcomeOnFirstRun() {

@@ -109,13 +109,16 @@ void MainForm::FitToolbar(const QSize& room) {
                                                                      : QStringLiteral("low"));
 }
 
-/// To and fro between the toolbar and the form in front; Tab stays within each of them.
+/// To and fro between the toolbar and the form in front, or the greeting; Tab stays within each of
+/// them.
 void MainForm::SwapToolbarAndForm() {
     const bool isOnToolbar = ui->KidToolbar->isAncestorOf(focusWidget());
     if (QMdiSubWindow* front = ui->Area->activeSubWindow(); isOnToolbar && front != nullptr) {
         front->setFocus(Qt::ShortcutFocusReason);
         return;
     }
+    if (isOnToolbar && ui->Area->FocusWelcome())
+        return;
     for (QAction* action : ui->KidToolbar->actions())
         if (action->isVisible() && action->isEnabled()) {
             ui->KidToolbar->widgetForAction(action)->setFocus(Qt::TabFocusReason);
@@ -193,11 +196,11 @@ void MainForm::LogOffNow() {
 
 void MainForm::Activate() {
     SetAccountRights();
-    ui->Area->SetWelcome(Welcome());
+    ui->Area->SetGreeting(MakeGreeting());
 }
 
 /// Made of the toolbar's buttons that the account sees and of the menu's keys.
-WelcomePage MainForm::Welcome() const {
+Greeting MainForm::MakeGreeting() const {
     struct Hint {
         QLatin1String key;
         QLatin1String menuEntry;
@@ -215,15 +218,15 @@ WelcomePage MainForm::Welcome() const {
         {QLatin1String("View"), QLatin1String("VicewAccount"),
          IsAdult(CurrentState) ? QLatin1String("See points, and set a goal to save up for.")
                                : QLatin1String("See your points and what you save up for.")}};
-    WelcomePage page{
+    Greeting greeting{
         QLatin1String("Hi ") + CurrentUser, QStringLiteral("What would you like to do?"), {}};
     for (const Hint& hint : hints) {
-        const QAction& button = ToolbarButton(hint.key);
+        QAction& button = ToolbarButton(hint.key);
         if (button.isVisible() && button.isEnabled())
-            page.steps += {button.icon(), button.text(), QString(hint.text),
-                           MenuEntry(hint.menuEntry).shortcut().toString()};
+            greeting.steps += {&button, button.text(), QString(hint.text),
+                               MenuEntry(hint.menuEntry).shortcut().toString()};
     }
-    return page;
+    return greeting;
 }
 
 bool MainForm::QueryUnload() {

@@ -7,7 +7,7 @@
 #include <QMainWindow>
 #include <memory>
 
-struct WelcomePage;
+struct Greeting;
 
 namespace Ui {
 class MainForm;
@@ -52,7 +52,7 @@ protected:
 private:
     void BuildToolbar();
     void FitToolbar(const QSize& room);
-    WelcomePage Welcome() const;
+    Greeting MakeGreeting() const;
     void ConnectMenus();
     void SwapToolbarAndForm();
     void OpenWith(QAction* entry, const QString& form);

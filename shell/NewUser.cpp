@@ -27,10 +27,13 @@ void NewUser::Activate() {
 }
 
 void NewUser::BrowsePicture() {
-    if (const auto chosen = AskForFile(InProgramFolder(QStringLiteral("UsersPictures"))))
-        browseFileName_ = *chosen;
-    PictureFile = browseFileName_;
-    LabelPicture(*ui->Image1).SetPicture(LoadPicture(PictureFile));
+    const QString file =
+        AskForFile(InProgramFolder(QStringLiteral("UsersPictures"))).value_or(browseFileName_);
+    // What cannot be loaded is not chosen.
+    const QImage picture = LoadPicture(file);
+    browseFileName_ = file;
+    PictureFile = file;
+    LabelPicture(*ui->Image1).SetPicture(picture);
 }
 
 void NewUser::Ok_Click() {

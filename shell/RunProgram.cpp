@@ -8,6 +8,7 @@
 #include "platform/forms/ProgramStyle.h"
 #include "platform/forms/SystemDesktop.h"
 #include "platform/forms/SystemPrinter.h"
+#include "platform/forms/SystemProgress.h"
 #include "platform/forms/SystemPrompts.h"
 #include "platform/printing/Printer.h"
 #include "platform/runtime/Actions.h"
@@ -43,6 +44,7 @@ int RunProgram(QApplication& application) {
     SystemPrompts prompts;
     SystemDesktop desktop;
     SystemPrinter printer;
+    const SystemProgress progress;
     SetPrompts(&prompts);
     SetDesktop(&desktop);
     SetPrintTarget(&printer);

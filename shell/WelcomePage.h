@@ -1,30 +1,55 @@
 #pragma once
 
-#include <QIcon>
 #include <QList>
-#include <QRect>
 #include <QString>
+#include <QWidget>
 
-class QPainter;
-class QWidget;
+class QAction;
+class QLabel;
+class QVBoxLayout;
 
-/// What an empty main window tells the user: a greeting, and what can be done from here.
-struct WelcomePage {
+/// What an empty main window tells its user: a greeting, and what can be done from here.
+struct Greeting {
+    /// One of the main window's commands.
     struct Step {
-        QIcon icon;
+        QAction* command = nullptr;
         QString name;
         QString text;
         /// The key that does it; "" for none.
         QString key;
+
+        bool operator==(const Step&) const = default;
     };
 
     QString greeting;
     QString question;
     QList<Step> steps;
 
-    bool IsEmpty() const { return steps.isEmpty(); }
+    bool operator==(const Greeting&) const = default;
+};
 
-    /// Paints the page as a card in the middle of the area, and the program's logo above it where
-    /// there is room for both. Nothing where there is not even room for the card.
-    void Paint(QPainter& painter, const QRect& area, const QWidget& onWidget) const;
+/// The greeting as a card with a button for each step, and the program's logo above it.
+class WelcomePage : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit WelcomePage(QWidget* parent);
+
+    void SetGreeting(const Greeting& greeting);
+    bool IsEmpty() const { return greeting_.steps.isEmpty(); }
+
+    /// Shows the page in the middle of the area, the logo where there is room for both. Hides it
+    /// where there is not even room for the card.
+    void ShowIn(const QRect& area);
+
+    /// Gives the keyboard to the first button. False if the page is not shown.
+    bool TakeKeyboard();
+
+private:
+    void MakeCard();
+
+    Greeting greeting_;
+    QVBoxLayout* layout_;
+    QLabel* logo_;
+    QWidget* card_ = nullptr;
 };

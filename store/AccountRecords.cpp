@@ -21,8 +21,7 @@ Recordset DatabaseCls::ForEachAccount(const QString& name,
         rows.MoveFirst();
     while (!rows.Eof()) {
         // Names are no keys: every row of the name is meant.
-        const QVariant rowName = rows.Value(AccountField::Name);
-        if (!rowName.isNull() && rowName.toString() == name)
+        if (Holds(rows.Value(AccountField::Name), name))
             action(rows);
         rows.MoveNext();
     }
@@ -31,25 +30,29 @@ Recordset DatabaseCls::ForEachAccount(const QString& name,
 
 void DatabaseCls::AddUser(const QString& Name, const QString& Password, const QString& State,
                           const QString& ImagePath) {
-    Recordset rows = Tables().OpenRecordset(UsersTable);
-    rows.AddNew();
-    rows.SetValue(AccountField::Name, Name);
-    rows.SetValue(AccountField::Password, Password);
-    rows.SetValue(AccountField::Points, 0);
-    rows.SetValue(AccountField::State, State);
-    if (State != QLatin1String("Parent") && State != Teacher)
-        rows.SetValue(AccountField::IncentiveCost, FirstIncentiveCost);
-    if (!ImagePath.isEmpty())
-        StorePicture(rows, AccountField::Image, ImagePath);
-    rows.Update();
-}
-
-void DatabaseCls::ChangePicture(const QString& Name, const QString& ImagePath) {
-    ForEachAccount(Name, [&](Recordset& rows) {
-        rows.Edit();
+    OnOneConnection([&] {
+        Recordset rows = Tables().OpenRecordset(UsersTable);
+        rows.AddNew();
+        rows.SetValue(AccountField::Name, Name);
+        rows.SetValue(AccountField::Password, Password);
+        rows.SetValue(AccountField::Points, 0);
+        rows.SetValue(AccountField::State, State);
+        if (State != QLatin1String("Parent") && State != Teacher)
+            rows.SetValue(AccountField::IncentiveCost, FirstIncentiveCost);
         if (!ImagePath.isEmpty())
             StorePicture(rows, AccountField::Image, ImagePath);
         rows.Update();
+    });
+}
+
+void DatabaseCls::ChangePicture(const QString& Name, const QString& ImagePath) {
+    OnOneConnection([&] {
+        ForEachAccount(Name, [&](Recordset& rows) {
+            rows.Edit();
+            if (!ImagePath.isEmpty())
+                StorePicture(rows, AccountField::Image, ImagePath);
+            rows.Update();
+        });
     });
 }
 
@@ -126,19 +129,18 @@ void DatabaseCls::DeleteAccount(const QString& Name) {
 
     // Forward while deleting, on purpose: the table behind a deleted one moves to its index and
     // is passed over, and the last indexes come to nothing.
+    TableWalk rows = Tables().WalkThrough({QStringLiteral("UserName")});
     const int last = Tables().TableCount() - 1;
     for (int index = 0; index <= last; ++index) {
         WithErrorsSkipped([&] {
             const QString table = Tables().TableName(index);
             if (KindPrefix(table) == QLatin1String("MSys") || table == UsersTable)
                 return;
-            Recordset rows = Tables().OpenRecordset(table);
-            if (!rows.Eof())
-                rows.MoveFirst();
-            if (TextOf(rows.Value(ChartField::UserName)) == Name) {
-                rows.Close();
+            rows.Open(table);
+            const bool isOwn = Holds(rows.Value(0), Name);
+            rows.Leave();
+            if (isOwn)
                 Tables().DeleteTable(table);
-            }
         });
     }
 }

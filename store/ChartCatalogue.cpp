@@ -12,6 +12,16 @@ const QString SystemPrefix = QStringLiteral("MSys");
 const QString HistoryPrefix = QStringLiteral("Hist");
 const QString PrintedPrefix = QStringLiteral("Prin");
 
+/// What a list asks of a chart's first row; the places in the list of fields.
+const QStringList WeekFields = {QStringLiteral("FirstDate"), QStringLiteral("LastDate"),
+                                QStringLiteral("UserName"), QStringLiteral("AutoCreate")};
+namespace Week {
+constexpr int FirstDate = 0;
+constexpr int LastDate = 1;
+constexpr int UserName = 2;
+constexpr int AutoCreate = 3;
+} // namespace Week
+
 QString KeyOfOneWeekAgo() {
     DateCls date;
     date.SetValue(Today());
@@ -21,8 +31,17 @@ QString KeyOfOneWeekAgo() {
 
 } // namespace
 
+QStringList DatabaseCls::TableNamesWhere(const std::function<bool(const QString&)>& isWanted) {
+    QStringList names;
+    const int count = Tables().TableCount();
+    for (int index = 0; index < count; ++index)
+        if (const QString name = Tables().TableName(index); isWanted(name))
+            names += name;
+    return names;
+}
+
 bool DatabaseCls::IsChartName(const QString& tableName) {
-    const QString prefix = KindPrefix(tableName);
+    const QStringView prefix = KindPrefix(tableName);
     return prefix != SystemPrefix && tableName != UsersTable && prefix != HistoryPrefix &&
            prefix != PrintedPrefix;
 }
@@ -32,6 +51,7 @@ bool DatabaseCls::SpanHolds(const QString& key) const {
 }
 
 void DatabaseCls::DeleteChart(const QString& Name) {
+    RefuseAccountsName(Name);
     Tables().DeleteTable(Name);
 }
 
@@ -43,35 +63,40 @@ bool DatabaseCls::CheckForDuplicates(const QString& Name) {
     return false;
 }
 
-void DatabaseCls::PopulateChartList(NameList& List, bool OwnOnly) {
+void DatabaseCls::PopulateChartList(NameList& List, Mode OwnOnly) {
     const QString today = DateKey(Today());
     const QString oneWeekAgo = KeyOfOneWeekAgo();
     const TableStore::Reading reading(Tables());
     // The names as they are before the walk: rolling a chart on drops and makes history tables,
     // which would move a chart behind them past the walk.
-    QStringList charts;
-    const int count = Tables().TableCount();
-    for (int index = 0; index < count; ++index)
-        if (IsChartName(Tables().TableName(index)))
-            charts += Tables().TableName(index);
-
-    for (const QString& name : charts) {
-        if (!OwnOnly) {
+    const QStringList charts = TableNamesWhere(IsChartName);
+    if (OwnOnly.IsFalse()) {
+        for (const QString& name : charts)
             List.AddItem(name);
-            continue;
-        }
-        ReadDates(name);
-        if (SpanHolds(oneWeekAgo))
+        return;
+    }
+    if (!OwnOnly.IsTrue())
+        return;
+
+    TableWalk rows = Tables().WalkThrough(WeekFields);
+    for (const QString& name : charts) {
+        rows.Open(name);
+        KeepDates(rows);
+        if (SpanHolds(oneWeekAgo) && BooleanOf(rows.Value(Week::AutoCreate))) {
+            rows.Leave();
             RollOn(name);
-        ReadDates(name);
-        if (!SpanHolds(today))
-            continue;
-        Recordset rows = Tables().OpenRecordset(name);
-        if (!rows.Eof())
-            rows.MoveFirst();
-        if (TextOf(rows.Value(ChartField::UserName)) == forms_.CurrentUserName())
+            rows.Open(name);
+            KeepDates(rows);
+        }
+        if (SpanHolds(today) && Holds(rows.Value(Week::UserName), forms_.CurrentUserName()))
             List.AddItem(name);
     }
+}
+
+/// As ReadDates does: an empty chart leaves the dates as they are.
+void DatabaseCls::KeepDates(const TableWalk& rows) {
+    if (!rows.Eof())
+        KeepDates(rows.Value(Week::FirstDate), rows.Value(Week::LastDate));
 }
 
 QString DatabaseCls::ReturnExistingKidName(const QString& Name) {
@@ -94,20 +119,18 @@ bool DatabaseCls::ReturnAutoCreate(const QString& Name) {
 
 void DatabaseCls::ListByOwnerAndMonth(const QString& userName, NameList& list, bool history) {
     list.Clear();
-    const int count = Tables().TableCount();
-    for (int index = 0; index < count; ++index) {
-        const QString name = Tables().TableName(index);
-        const QString prefix = KindPrefix(name);
-        const bool isHistory = prefix == HistoryPrefix;
-        if (isHistory != history || prefix == SystemPrefix || name == UsersTable)
-            continue;
-        Recordset rows = Tables().OpenRecordset(name);
-        if (!rows.Eof())
-            rows.MoveFirst();
+    const TableStore::Reading reading(Tables());
+    TableWalk rows = Tables().WalkThrough(WeekFields);
+    const auto isListed = [history](const QString& name) {
+        const QStringView prefix = KindPrefix(name);
+        return history == (prefix == HistoryPrefix) && prefix != SystemPrefix && name != UsersTable;
+    };
+    for (const QString& name : TableNamesWhere(isListed)) {
+        rows.Open(name);
         // The month's number alone, of whatever year.
-        if (TextOf(rows.Value(ChartField::UserName)) == userName &&
-            DateOf(rows.Value(ChartField::FirstDate)).month() == Today().month())
-            list.AddItem(rows.Name());
+        if (Holds(rows.Value(Week::UserName), userName) &&
+            DateOf(rows.Value(Week::FirstDate)).month() == Today().month())
+            list.AddItem(name);
     }
 }
 
@@ -122,22 +145,20 @@ void DatabaseCls::RetreveHistoryChartsAvailable(const QString& UserName, NameLis
 void DatabaseCls::CreateChartNames(const QString& UserName, QStringList& Names,
                                    const QDate& StartDate, const QDate& EndDate) {
     qsizetype n = 0;
-    const int count = Tables().TableCount();
-    for (int index = 0; index < count; ++index) {
-        const QString name = Tables().TableName(index);
-        if (KindPrefix(name) != HistoryPrefix)
-            continue;
-        Recordset rows = Tables().OpenRecordset(name);
+    const TableStore::Reading reading(Tables());
+    TableWalk rows = Tables().WalkThrough(WeekFields);
+    const auto isHistory = [](const QString& name) { return KindPrefix(name) == HistoryPrefix; };
+    for (const QString& name : TableNamesWhere(isHistory)) {
+        rows.Open(name);
         if (rows.Eof())
             continue;
-        rows.MoveFirst();
-        const QString owner = TextOf(rows.Value(ChartField::UserName));
-        const QDate first = DateOf(rows.Value(ChartField::FirstDate));
-        if (owner == UserName && DateKey(StartDate) <= DateKey(first) &&
-            DateKey(first) <= DateKey(EndDate) && first.month() == Today().month()) {
+        const bool isOwn = Holds(rows.Value(Week::UserName), UserName);
+        const QDate first = DateOf(rows.Value(Week::FirstDate));
+        if (isOwn && DateKey(StartDate) <= DateKey(first) && DateKey(first) <= DateKey(EndDate) &&
+            first.month() == Today().month()) {
             // From the first find on the array ends at the last one, whatever it held before.
             Names.resize(n + 1);
-            Names[n] = rows.Name();
+            Names[n] = name;
             ++n;
         }
     }

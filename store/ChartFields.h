@@ -1,6 +1,12 @@
 #pragma once
 
 #include <QString>
+#include <QVariant>
+
+/// True if a field holds exactly this text. Null equals nothing.
+inline bool Holds(const QVariant& field, const QString& text) {
+    return !field.isNull() && field.toString() == text;
+}
 
 /// Positions of the fields of a chart table; the order is part of the format.
 namespace ChartField {

@@ -1,9 +1,19 @@
 #include "platform/runtime/Numbers.h"
 #include "store/ChartFields.h"
 #include "store/DatabaseCls.h"
+#include "store/TableNames.h"
 #include "support/DateCls.h"
 
 namespace {
+
+/// All fields of a chart but AutoCreate: history does not roll on.
+QStringList FieldsOfHistory() {
+    QStringList names;
+    for (const FieldDefinition& field : ChartTableFields())
+        names += field.Name;
+    names.removeAt(ChartField::AutoCreate);
+    return names;
+}
 
 QDate OneWeekLater(const QDate& date) {
     DateCls moved;
@@ -15,6 +25,7 @@ QDate OneWeekLater(const QDate& date) {
 } // namespace
 
 void DatabaseCls::DuplicateChartHistory(const QString& Name) {
+    RefuseAccountsName(Name);
     Recordset chart = Tables().OpenRecordset(Name);
     if (!chart.Eof())
         chart.MoveFirst();
@@ -23,13 +34,7 @@ void DatabaseCls::DuplicateChartHistory(const QString& Name) {
     if (ChartExist(historyName))
         Tables().DeleteTable(historyName);
     CreateChart(historyName);
-    Recordset history = Tables().OpenRecordset(historyName);
-    for (; !chart.Eof(); chart.MoveNext()) {
-        history.AddNew();
-        for (int field = ChartField::Instructions; field <= ChartField::UserName; ++field)
-            history.SetValue(field, chart.Value(field));
-        history.Update();
-    }
+    Tables().CopyRows(Name, historyName, FieldsOfHistory());
 }
 
 /// Moves a chart of the week just past to the next week, if it rolls on by itself. The copy comes

@@ -34,6 +34,7 @@ bool DatabaseCls::FallsOnDay(const QString& dayOfWeek, const QString& day) {
 }
 
 void DatabaseCls::CreateChart(const QString& Name) {
+    RefuseAccountsName(Name);
     if (ChartExist(Name))
         Tables().DeleteTable(Name);
     Tables().CreateTable(Name, ChartTableFields());
@@ -54,12 +55,13 @@ void DatabaseCls::EmptyRecordset(Recordset* Rows) {
     }
 }
 
-void DatabaseCls::WriteInfoToChart(const QString& Name, qint16 FormIndex, bool UpdateTicks,
+void DatabaseCls::WriteInfoToChart(const QString& Name, qint16 FormIndex, Mode UpdateTicks,
                                    const QString& UserName, const QDate& FirstDate,
                                    const QDate& LastDate, bool AutoCreate) {
-    if (UpdateTicks)
+    RefuseAccountsName(Name);
+    if (UpdateTicks.IsTrue())
         WriteTicks(Name, FormIndex);
-    else
+    else if (UpdateTicks.IsFalse())
         WriteEditorRows(Name, FormIndex, UserName, FirstDate, LastDate, AutoCreate);
 }
 
@@ -110,7 +112,7 @@ void DatabaseCls::WriteTicks(const QString& name, qint16 formIndex) {
     }
 }
 
-void DatabaseCls::ReadInfoFromChart(const QString& Name, qint16 FormIndex, bool ToViewer,
+void DatabaseCls::ReadInfoFromChart(const QString& Name, qint16 FormIndex, Mode ToViewer,
                                     const QString& Day) {
     const int count = Tables().TableCount();
     int index = 0;
@@ -123,9 +125,9 @@ void DatabaseCls::ReadInfoFromChart(const QString& Name, qint16 FormIndex, bool 
     const qint16 recordCount = ToInteger(rows.RecordCount());
     if (!rows.Eof())
         rows.MoveFirst();
-    if (ToViewer)
+    if (ToViewer.IsTrue())
         ReadIntoViewer(rows, FormIndex, Day);
-    else
+    else if (ToViewer.IsFalse())
         ReadIntoEditor(rows, recordCount, FormIndex);
 }
 
@@ -196,8 +198,10 @@ void DatabaseCls::ReadDates(const QString& Name) {
     if (rows.Eof())
         return;
     rows.MoveFirst();
-    const QVariant first = rows.Value(ChartField::FirstDate);
-    const QVariant last = rows.Value(ChartField::LastDate);
+    KeepDates(rows.Value(ChartField::FirstDate), rows.Value(ChartField::LastDate));
+}
+
+void DatabaseCls::KeepDates(const QVariant& first, const QVariant& last) {
     FirstDateText = TextOf(first);
     LastDateText = TextOf(last);
     FirstDateKey = DateKey(DateOf(first));
@@ -209,9 +213,10 @@ qint16 DatabaseCls::PrintReturnNr_Articles(const QString& DayAbbreviation,
     Recordset rows = Tables().OpenRecordset(ChartName);
     qint16 count = 0;
     rows.MoveFirst();
+    if (DayAbbreviation.isEmpty())
+        return count;
     while (!rows.Eof()) {
-        if (!DayAbbreviation.isEmpty() &&
-            FallsOnDay(TextOf(rows.Value(ChartField::DayOfWeek)), DayAbbreviation))
+        if (FallsOnDay(TextOf(rows.Value(ChartField::DayOfWeek)), DayAbbreviation))
             count = AddIntegers(count, 1);
         rows.MoveNext();
     }

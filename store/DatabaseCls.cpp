@@ -1,6 +1,7 @@
 #include "store/DatabaseCls.h"
 
 #include "platform/runtime/ProgramFolder.h"
+#include "platform/runtime/Progress.h"
 #include "platform/runtime/RuntimeError.h"
 
 #include <QFileInfo>
@@ -17,20 +18,15 @@ QString DatabaseFile() {
 
 } // namespace
 
-void DatabaseCls::OpenAhead() {
-    if (const QString path = DatabaseFile(); QFileInfo(path).isFile())
-        openedAhead_ =
-            std::async(std::launch::async, [path] { return TableStore::OpenDatabase(path); });
-}
-
 void DatabaseCls::InitDatabse() {
     // What the former connection has written belongs to an action that was reported as done.
     Commit();
     const QString path = DatabaseFile();
-    if (openedAhead_.valid())
-        ChartDb = openedAhead_.get();
-    else if (QFileInfo(path).isFile())
-        ChartDb = TableStore::OpenDatabase(path);
+    if (QFileInfo(path).isFile())
+        ChartDb = TableStore::OpenDatabase(path, [](int done, int all) {
+            ReportProgress(QStringLiteral("Your Dutygrids are moved into a faster file..."), done,
+                           all);
+        });
     else
         ChartDb =
             TableStore::CreateDatabase(path, QStringLiteral(";LANGID=0x0409;CP=1252;COUNTRY=0"));
@@ -39,6 +35,21 @@ void DatabaseCls::InitDatabse() {
 void DatabaseCls::Commit() {
     if (ChartDb)
         ChartDb->Commit();
+}
+
+void DatabaseCls::OnOneConnection(const std::function<void()>& operation) {
+    const std::shared_ptr<TableStore> connection = ChartDb;
+    const auto commitWhatNobodyElseWill = [&] {
+        if (connection != ChartDb)
+            connection->Commit();
+    };
+    try {
+        operation();
+    } catch (const RuntimeError&) {
+        commitWhatNobodyElseWill();
+        throw;
+    }
+    commitWhatNobodyElseWill();
 }
 
 TableStore& DatabaseCls::Tables() const {

@@ -3,12 +3,12 @@
 #include "platform/tables/TableStore.h"
 #include "store/FormViews.h"
 #include "store/JobCounts.h"
+#include "store/Mode.h"
 
 #include <QDate>
 #include <QString>
 #include <QStringList>
 #include <functional>
-#include <future>
 #include <memory>
 
 class JobTallies;
@@ -17,7 +17,8 @@ class JobTallies;
 ///
 /// Each operation opens the tables it needs afresh and keeps nothing between calls but the
 /// members named here. A failure of the engine, a missing table or a bad value is raised as the
-/// RuntimeError of the failing call; what was written until then stands.
+/// RuntimeError of the failing call; what was written until then stands. Whatever writes to a
+/// chart raises 5 for the name of the accounts' table in any case, and writes nothing.
 class DatabaseCls {
 public:
     explicit DatabaseCls(ChartForms& forms);
@@ -33,12 +34,9 @@ public:
     QString LastDateKey;
 
     /// Opens Database/Charts.mdb beneath the program folder, or makes an empty one where there is
-    /// none. Each call opens the file anew and lets go of the former one. Raises 3000.
+    /// none. Each call opens the file anew and lets go of the former one, once the picture being
+    /// stored through it, if any, is whole. Raises 3000.
     void InitDatabse();
-    /// Begins to open the database in the background, if its file is there, so that InitDatabse
-    /// need not wait as long; what goes wrong is raised there. A database of some years takes
-    /// longer to open than all else at the start.
-    void OpenAhead();
 
     // Chart tables
 
@@ -48,13 +46,13 @@ public:
     /// With `UpdateTicks` false replaces the table `Name` by the rows of the chart editor in slot
     /// `FormIndex`; a day range becomes one row a day. With true stores the marks of the chart
     /// viewer in that slot in the rows of the day last read; the other arguments are unused then.
-    void WriteInfoToChart(const QString& Name, qint16 FormIndex, bool UpdateTicks,
+    void WriteInfoToChart(const QString& Name, qint16 FormIndex, Mode UpdateTicks,
                           const QString& UserName, const QDate& FirstDate, const QDate& LastDate,
                           bool AutoCreate);
 
     /// Fills the chart viewer (`ToViewer`) with the rows of `Day` ("Sun" to "Sat"), or the chart
     /// editor with all rows. Raises 91 if no table has exactly that name.
-    void ReadInfoFromChart(const QString& Name, qint16 FormIndex, bool ToViewer,
+    void ReadInfoFromChart(const QString& Name, qint16 FormIndex, Mode ToViewer,
                            const QString& Day);
 
     /// Reads the chart's week into the four members; an empty chart leaves them as they are.
@@ -96,7 +94,7 @@ public:
     /// Adds `Delta` points to the account, or sets them to 0 (`Reset`). A balance that would fall
     /// below 0 stays as it is, with a message. Raises 6 beyond 16 bits, 94 for Null points, 3021
     /// if there is no account at all.
-    void AddPoints(const QString& UserName, qint16 Delta, bool Reset);
+    void AddPoints(const QString& UserName, qint16 Delta, Mode Reset);
     void RetrievePoints(const QString& UserName, CaptionTarget& Target);
     /// Replaces the account's incentive; "" and 0 store Null. Raises 3021 if there is no account
     /// at all.
@@ -117,7 +115,7 @@ public:
     bool CheckForDuplicates(const QString& Name);
     /// Adds all charts (`OwnOnly` false), or rolls every auto-create chart of the week just past
     /// on and adds the current user's charts of the week that holds today. Not cleared first.
-    void PopulateChartList(NameList& List, bool OwnOnly);
+    void PopulateChartList(NameList& List, Mode OwnOnly);
     /// The chart's owner. Raises 3021 for an empty chart.
     QString ReturnExistingKidName(const QString& Name);
     /// False also for a missing or empty chart.
@@ -141,7 +139,7 @@ public:
 
     /// Prints one chart. `OpenMark`: the text in the mark cell of a row that is not completed,
     /// when `BlankBoxes` is false. Raises 3021 for an empty chart, 482 for a printer fault.
-    void PrintChart(const QString& ChartName, bool BlankBoxes, const QString& KidName,
+    void PrintChart(const QString& ChartName, Mode BlankBoxes, const QString& KidName,
                     const QString& OpenMark);
     /// Prints every account with its password.
     void PrintUsersPasswords();
@@ -199,6 +197,9 @@ private:
     TableStore& Tables() const;
     static bool FallsOnDay(const QString& dayOfWeek, const QString& day);
     static bool IsChartName(const QString& tableName);
+    QStringList TableNamesWhere(const std::function<bool(const QString&)>& isWanted);
+    void KeepDates(const TableWalk& rows);
+    void KeepDates(const QVariant& first, const QVariant& last);
     bool SpanHolds(const QString& key) const;
     void WriteEditorRows(const QString& name, qint16 formIndex, const QString& userName,
                          const QDate& firstDate, const QDate& lastDate, bool autoCreate);
@@ -206,6 +207,9 @@ private:
     void ReadIntoEditor(Recordset& rows, qint16 recordCount, qint16 formIndex);
     void ReadIntoViewer(Recordset& rows, qint16 formIndex, const QString& day);
     void RollOn(const QString& name);
+    /// Runs an operation that stores pictures, and so lets events run between their pieces. If one
+    /// of them opens the file anew, the operation still ends on the connection that it began on.
+    void OnOneConnection(const std::function<void()>& operation);
     static void StorePicture(Recordset& rows, const QString& field, const QString& path);
     void TakeOutPicture(const QString& account, const QString& field, PictureTarget& target,
                         const std::function<void(Recordset&)>& beforePicture);
@@ -221,6 +225,6 @@ private:
     QStringList JobNames;
     /// While FillMatrix runs: a walk over the table for each job would make a large chart slow.
     std::shared_ptr<PointSums> pointSums_;
-    std::unique_ptr<TableStore> ChartDb;
-    std::future<std::unique_ptr<TableStore>> openedAhead_;
+    /// Shared with the operations that let events run (OnOneConnection).
+    std::shared_ptr<TableStore> ChartDb;
 };

@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QUrl>
 
 namespace {
@@ -23,9 +24,24 @@ QByteArray ReadPiece(QFile& file, qint64 size) {
     return piece;
 }
 
-/// One legal file name for any account name: percent-encoded, and never so long that a file
-/// system refuses it.
+/// True for a name that a file can bear on any system, as it stands.
+bool IsFileName(const QString& name) {
+    constexpr int longest = 255; // bytes
+    static const QRegularExpression letters(
+        QStringLiteral(R"(^[^\x{0}-\x{1f}\x{7f}/\\:*?"<>|]+$)"));
+    static const QRegularExpression devices(
+        QStringLiteral(R"(^(CON|PRN|AUX|NUL|(COM|LPT)[0-9])(\.|$))"),
+        QRegularExpression::CaseInsensitiveOption);
+    return letters.match(name).hasMatch() && !devices.match(name).hasMatch() &&
+           !name.endsWith(QLatin1Char('.')) && !name.endsWith(QLatin1Char(' ')) &&
+           name.toUtf8().size() <= longest;
+}
+
+/// The account's name where a file can bear it; else the name percent-encoded, and never so long
+/// that a file system refuses it.
 QString ScratchFileName(const QString& account) {
+    if (IsFileName(account))
+        return account;
     constexpr int longest = 120;
     const QByteArray encoded = QUrl::toPercentEncoding(account, QByteArray(), QByteArray("."));
     return QStringLiteral("picture-") + QString::fromLatin1(encoded.left(longest));
@@ -35,7 +51,9 @@ QString ScratchFileName(const QString& account) {
 /// smaller picture keeps the tail of the one before behind it.
 void WriteScratchFile(const Recordset& rows, const QString& field, const QString& scratch) {
     QFile file(scratch);
-    if (!file.open(QIODevice::ReadWrite))
+    // A link there would lead the bytes into another file, out of the folder.
+    const bool isLink = QFileInfo(scratch).isSymLink();
+    if ((isLink && !file.remove()) || !file.open(QIODevice::ReadWrite))
         throw RuntimeError(ErrorNumber::PathFileAccessError);
     const qint64 size = rows.FieldSize(field);
     const qint64 rest = size % PieceSize;
@@ -75,7 +93,7 @@ void DatabaseCls::TakeOutPicture(const QString& account, const QString& field,
     // Fails from the second picture on, as the folder is there then.
     QDir().mkdir(folder);
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
-        if (rows.Value(AccountField::Name).toString() != account)
+        if (!Holds(rows.Value(AccountField::Name), account))
             continue;
         beforePicture(rows);
         WithErrorsSkipped([&] {

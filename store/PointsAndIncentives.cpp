@@ -5,7 +5,7 @@
 #include "store/DatabaseCls.h"
 #include "store/TableNames.h"
 
-void DatabaseCls::AddPoints(const QString& UserName, qint16 Delta, bool Reset) {
+void DatabaseCls::AddPoints(const QString& UserName, qint16 Delta, Mode Reset) {
     // Going back to the first row at the end finds out that there are no accounts at all.
     ForEachAccount(UserName, [&](Recordset& rows) {
         const qint16 balance = AddIntegers(IntegerOf(rows.Value(AccountField::Points)), Delta);
@@ -14,7 +14,7 @@ void DatabaseCls::AddPoints(const QString& UserName, qint16 Delta, bool Reset) {
             return;
         }
         rows.Edit();
-        rows.SetValue(AccountField::Points, Reset ? 0 : int{balance});
+        rows.SetValue(AccountField::Points, Reset.IsTrue() ? 0 : int{balance});
         rows.Update();
     }).MoveFirst();
 }
@@ -27,17 +27,20 @@ void DatabaseCls::RetrievePoints(const QString& UserName, CaptionTarget& Target)
 
 void DatabaseCls::AddToy(const QString& UserName, const QString& ToyName,
                          const QString& PicturePath, qint16 Cost) {
-    ForEachAccount(UserName, [&](Recordset& rows) {
-        rows.Edit();
-        rows.SetValue(AccountField::IncentiveName,
-                      ToyName.isEmpty() ? QVariant() : QVariant(ToyName));
-        rows.SetValue(AccountField::IncentiveCost, Cost == 0 ? QVariant() : QVariant(int{Cost}));
-        if (PicturePath.isEmpty())
-            rows.SetValue(AccountField::IncentivePicture, QVariant());
-        else
-            StorePicture(rows, AccountField::IncentivePicture, PicturePath);
-        rows.Update();
-    }).MoveFirst();
+    OnOneConnection([&] {
+        ForEachAccount(UserName, [&](Recordset& rows) {
+            rows.Edit();
+            rows.SetValue(AccountField::IncentiveName,
+                          ToyName.isEmpty() ? QVariant() : QVariant(ToyName));
+            rows.SetValue(AccountField::IncentiveCost,
+                          Cost == 0 ? QVariant() : QVariant(int{Cost}));
+            if (PicturePath.isEmpty())
+                rows.SetValue(AccountField::IncentivePicture, QVariant());
+            else
+                StorePicture(rows, AccountField::IncentivePicture, PicturePath);
+            rows.Update();
+        }).MoveFirst();
+    });
 }
 
 void DatabaseCls::RetrieveToy(const QString& UserName, CaptionTarget& NameLabel,
@@ -62,6 +65,7 @@ bool DatabaseCls::AllChecked(const QString& Name) {
 }
 
 void DatabaseCls::ClearChartPoints(const QString& Name) {
+    RefuseAccountsName(Name);
     Recordset rows = Tables().OpenRecordset(Name);
     if (!rows.Eof())
         rows.MoveFirst();

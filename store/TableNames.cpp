@@ -1,5 +1,15 @@
 #include "store/TableNames.h"
 
+#include "platform/runtime/RuntimeError.h"
+
+void RefuseAccountsName(const QString& chartName) {
+    if (chartName.toCaseFolded() == UsersTable.toCaseFolded())
+        throw RuntimeError(ErrorNumber::InvalidProcedureCall,
+                           QStringLiteral("The name \"%1\" is kept for the accounts. Please give "
+                                          "the Dutygrid another one.")
+                               .arg(chartName));
+}
+
 QList<FieldDefinition> ChartTableFields() {
     return {
         {QStringLiteral("Instructions"), FieldType::Memo},
@@ -29,6 +39,6 @@ QList<FieldDefinition> UsersTableFields() {
     };
 }
 
-QString KindPrefix(const QString& tableName) {
-    return tableName.left(4);
+QStringView KindPrefix(const QString& tableName) {
+    return QStringView(tableName).left(4);
 }

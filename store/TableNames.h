@@ -8,6 +8,10 @@
 /// The accounts' table.
 inline const QString UsersTable = QStringLiteral("USERS");
 
+/// Raises 5 for the name of the accounts' table, in any case as table names ignore it: no chart
+/// may make, replace, copy or drop that table.
+void RefuseAccountsName(const QString& chartName);
+
 /// The fields of a chart table, in order.
 QList<FieldDefinition> ChartTableFields();
 
@@ -16,4 +20,4 @@ QList<FieldDefinition> ChartTableFields();
 QList<FieldDefinition> UsersTableFields();
 
 /// The first four characters of a table's name, which tell its kind.
-QString KindPrefix(const QString& tableName);
+QStringView KindPrefix(const QString& tableName);

@@ -2,6 +2,7 @@
 
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/RuntimeError.h"
+#include "platform/runtime/TextFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -13,6 +14,7 @@
 #include <QStringList>
 #include <limits>
 #include <map>
+#include <optional>
 #include <utility>
 
 namespace {
@@ -56,27 +58,30 @@ struct StoredValue {
 };
 
 using Values = std::map<QString, StoredValue, IgnoringCase>;
+using Keys = std::map<QString, Values, IgnoringCase>;
 
 /// The user's keys by their full paths, as in the file: an object with a member for each key, in
 /// it one for each value, in that the value's type and data.
 class Store {
 public:
-    /// Reads the file; one that is not there yet is an empty store.
+    /// Reads the file; one that is not there yet is an empty store. A damaged one is put aside,
+    /// for a user who knows what was in it, and the store begins afresh.
     Store(quint32 root, const QString& keyPath, const QString& computerName)
-        : rootIsHere_(root == HKEY_CURRENT_USER),
+        : rootIsHere_(root == HKEY_CURRENT_USER && computerName.isEmpty()),
           path_(keyPath.startsWith(QLatin1Char('\\')) ? keyPath.mid(1) : keyPath) {
-        if (!computerName.isEmpty())
-            throw Fault();
-        keys_[QString()];
         QFile file(FileName());
-        if (!file.exists())
-            return;
-        if (!file.open(QIODevice::ReadOnly))
-            throw Fault();
-        const QJsonDocument document = QJsonDocument::fromJson(file.readAll());
-        const QJsonObject keys = Object(document.isObject() ? document.object() : QJsonValue());
-        for (auto key = keys.begin(); key != keys.end(); ++key)
-            keys_[key.key()] = ReadValues(Object(key.value()));
+        if (rootIsHere_ && file.exists()) {
+            if (!file.open(QIODevice::ReadOnly))
+                throw Fault();
+            const QByteArray text = file.readAll();
+            if (file.error() != QFileDevice::NoError)
+                throw Fault();
+            if (auto keys = ReadKeys(text))
+                keys_ = std::move(*keys);
+            else
+                PutAside(file);
+        }
+        keys_[QString()];
     }
 
     /// The values of the key; null if it is not there.
@@ -135,10 +140,7 @@ public:
         }
         QDir().mkpath(QFileInfo(FileName()).path());
         QSaveFile file(FileName());
-        if (!file.open(QIODevice::WriteOnly))
-            throw Fault();
-        file.write(QJsonDocument(keys).toJson());
-        if (!file.commit())
+        if (!file.open(QIODevice::WriteOnly) || !CommitWith(file, QJsonDocument(keys).toJson()))
             throw Fault();
     }
 
@@ -150,24 +152,43 @@ private:
     static QString TypeMember() { return QStringLiteral("type"); }
     static QString DataMember() { return QStringLiteral("data"); }
 
-    static QJsonObject Object(const QJsonValue& value) {
-        if (!value.isObject())
-            throw Fault();
-        return value.toObject();
+    /// Nothing if the text is not what Write writes.
+    static std::optional<Keys> ReadKeys(const QByteArray& text) {
+        const QJsonDocument document = QJsonDocument::fromJson(text);
+        if (!document.isObject())
+            return std::nullopt;
+        Keys result;
+        const QJsonObject keys = document.object();
+        for (auto key = keys.begin(); key != keys.end(); ++key) {
+            if (!key.value().isObject())
+                return std::nullopt;
+            Values& values = result[key.key()];
+            const QJsonObject members = key.value().toObject();
+            for (auto member = members.begin(); member != members.end(); ++member) {
+                if (!member.value().isObject())
+                    return std::nullopt;
+                const QJsonObject value = member.value().toObject();
+                values[member.key()] = {value.value(TypeMember()).toInt(),
+                                        value.value(DataMember())};
+            }
+        }
+        return result;
     }
 
-    static Values ReadValues(const QJsonObject& members) {
-        Values values;
-        for (auto member = members.begin(); member != members.end(); ++member) {
-            const QJsonObject value = Object(member.value());
-            values[member.key()] = {value.value(TypeMember()).toInt(), value.value(DataMember())};
-        }
-        return values;
+    /// Renames the file to the first free one of registry.json.damaged1, 2 and so on.
+    static void PutAside(QFile& file) {
+        file.close();
+        const QString aside = FileName() + QStringLiteral(".damaged");
+        int number = 1;
+        while (QFileInfo::exists(aside + QString::number(number)))
+            ++number;
+        if (!file.rename(aside + QString::number(number)))
+            throw Fault();
     }
 
     bool rootIsHere_;
     QString path_;
-    std::map<QString, Values, IgnoringCase> keys_;
+    Keys keys_;
 };
 
 QString TextFor(const QVariant& value) {

@@ -12,8 +12,9 @@ inline constexpr quint32 HKEY_CURRENT_USER = 0x80000001;
 /// folder for settings; nothing is kept between calls.
 ///
 /// A key path has its names separated by backslashes; one backslash before it is dropped. Names
-/// ignore case. A computer name other than "" cannot be reached. Where an operation fails it raises
-/// the number named with it, its own name as the text and "clsRegistry" as the source.
+/// ignore case. No key of another computer, one named other than "", can be opened. A damaged file
+/// is renamed and the keys begin afresh. Where an operation fails it raises the number named with
+/// it, its own name as the text and "clsRegistry" as the source.
 class clsRegistry {
 public:
     /// Stores a value. One that is not there yet becomes a string, whatever is passed; otherwise

@@ -6,7 +6,8 @@
 
 #include <QApplication>
 #include <QMdiArea>
-#include <QWindow>
+#include <QMouseEvent>
+#include <QStyleHints>
 
 namespace {
 
@@ -15,12 +16,25 @@ QPointer<QMdiArea>& Area() {
     return area;
 }
 
-/// The form in front inside the main window, null if none is shown there.
+/// The form in front inside the main window, active or not; null if none is shown there.
 QWidget* FrontSubWindow(const QWidget& topLevel) {
     if (Area().isNull() || Area()->window() != &topLevel)
         return nullptr;
-    auto* frame = dynamic_cast<FormFrame*>(Area()->activeSubWindow());
+    auto* frame = dynamic_cast<FormFrame*>(Area()->currentSubWindow());
     return frame == nullptr || frame->isHidden() ? nullptr : frame->widget();
+}
+
+/// The form that a press at this place goes to, null if the window is none of ours.
+Form* FormAt(QWidget& topLevel, const QPoint& place) {
+    for (QWidget* at = topLevel.childAt(place); at != nullptr; at = at->parentWidget())
+        if (const auto* frame = dynamic_cast<FormFrame*>(at))
+            return dynamic_cast<Form*>(frame->widget());
+    return dynamic_cast<Form*>(&topLevel);
+}
+
+bool IsBoxOrMenuUp() {
+    return QApplication::activeModalWidget() != nullptr ||
+           QApplication::activePopupWidget() != nullptr;
 }
 
 } // namespace
@@ -50,48 +64,127 @@ ActivationTracker::ActivationTracker() {
     timer_.setSingleShot(true);
     timer_.setInterval(0);
     connect(&timer_, &QTimer::timeout, this, &ActivationTracker::Look);
-    connect(qApp, &QGuiApplication::focusWindowChanged, this, &ActivationTracker::Schedule);
+    connect(qApp, &QGuiApplication::focusWindowChanged, this, &ActivationTracker::NoteFocus);
     connect(qApp, &QGuiApplication::applicationStateChanged, this, &ActivationTracker::Schedule);
+    qApp->installEventFilter(this);
 }
 
 void ActivationTracker::Schedule() {
     timer_.start();
 }
 
+void ActivationTracker::NoteFocus(QWindow* now) {
+    focusIsElsewhere_ = now == nullptr && !HasFocusGone();
+    if (now != nullptr)
+        focus_ = now;
+    Schedule();
+}
+
+/// The window of ours that had the focus last is there no more.
+bool ActivationTracker::HasFocusGone() const {
+    return focus_.isNull() || !focus_->isVisible();
+}
+
 void ActivationTracker::Reset() {
     timer_.stop();
     topLevel_ = nullptr;
     front_ = nullptr;
+    left_ = nullptr;
+    pressOnNewFront_ = false;
+    doubleClickEnds_ = 0;
+}
+
+// At the window, before the toolkit looks for the control under the mouse: the activation may
+// exchange it.
+bool ActivationTracker::eventFilter(QObject* watched, QEvent* event) {
+    const bool isPress =
+        event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+    if (!isPress || !watched->isWindowType() || IsBoxOrMenuUp())
+        return false;
+    return !TakePress(static_cast<QWindow&>(*watched), static_cast<const QMouseEvent&>(*event));
+}
+
+/// Brings what the press goes to to the front. False if nothing is left to deliver the press to.
+bool ActivationTracker::TakePress(QWindow& window, const QMouseEvent& press) {
+    const QPointer<QWidget> topLevel = QWidget::find(window.winId());
+    if (topLevel.isNull())
+        return true;
+    pressOnNewFront_ = press.timestamp() < doubleClickEnds_;
+    // The activation may end or hide the form: then the one beneath gets the press.
+    for (Form* form = FormAt(*topLevel, press.position().toPoint());
+         form != nullptr && BringToFront(*form);
+         form = FormAt(*topLevel, press.position().toPoint())) {
+        // A box that the activation has shown has taken the release that belongs to this press.
+        const bool isHeld = QGuiApplication::mouseButtons().testFlag(press.button());
+        if (topLevel.isNull() || !topLevel->isVisible() || !isHeld)
+            return false;
+        pressOnNewFront_ = true;
+        const int interval = QGuiApplication::styleHints()->mouseDoubleClickInterval();
+        doubleClickEnds_ = press.timestamp() + static_cast<quint64>(interval);
+    }
+    return true;
+}
+
+/// Does what a desktop does at a press. True if forms have been activated by it.
+bool ActivationTracker::BringToFront(const Form& form) {
+    QWidget& topLevel = *form.Widget().window();
+    if (QWidget* active = QApplication::activeWindow(); active != &topLevel) {
+        left_ = active;
+        topLevel.activateWindow();
+    } else {
+        left_ = nullptr;
+    }
+    if (form.FormPlace() == Form::Place::InMainWindow)
+        Area()->setActiveSubWindow(static_cast<FormFrame*>(&form.Frame()));
+    return CompleteActivation(topLevel);
 }
 
 void ActivationTracker::Look() {
-    if (QApplication::activeModalWidget() != nullptr ||
-        QApplication::activePopupWidget() != nullptr)
+    if (IsBoxOrMenuUp())
         return;
-    QWidget* topLevel = QApplication::activeWindow();
+    QWidget* topLevel = ActiveTopLevel();
     if (topLevel == nullptr || !topLevel->isVisible() || topLevel->isMinimized() ||
         dynamic_cast<Form*>(topLevel) == nullptr)
         return;
+    // A box or the help has closed, and no window manager hands the focus on.
+    if (QApplication::activeWindow() == nullptr && HasFocusGone() && !focusIsElsewhere_)
+        topLevel->activateWindow();
+    CompleteActivation(*topLevel);
+}
 
-    QWidget* inside = FrontSubWindow(*topLevel);
-    QWidget* front = inside != nullptr ? inside : topLevel;
-    const bool otherTopLevel = topLevel_ != topLevel;
+/// Where the toolkit names none, since another program has the focus or no window manager hands it
+/// round, the last one is still the one in front of the program's own.
+QWidget* ActivationTracker::ActiveTopLevel() {
+    QWidget* active = QApplication::activeWindow();
+    if (active == nullptr || active == left_)
+        return topLevel_;
+    left_ = nullptr;
+    return active;
+}
+
+/// Activates the form in front in this window if it has not been so far. True if it did.
+bool ActivationTracker::CompleteActivation(QWidget& topLevel) {
+    QWidget* inside = FrontSubWindow(topLevel);
+    QWidget* front = inside != nullptr ? inside : &topLevel;
+    const bool otherTopLevel = topLevel_ != &topLevel;
     const bool otherFront = front_ != front;
-    topLevel_ = topLevel;
+    topLevel_ = &topLevel;
     front_ = front;
+    if (!otherFront && (inside == nullptr || !otherTopLevel))
+        return false;
 
     if (inside == nullptr) {
-        if (otherFront)
-            Activate(dynamic_cast<Form&>(*topLevel));
-        return;
+        Activate(dynamic_cast<Form&>(topLevel));
+        return true;
     }
     // A main window that comes back is activated before the form inside it. Its handler may end
     // that form.
     const QPointer<QWidget> guarded = inside;
     if (otherTopLevel)
-        Activate(dynamic_cast<Form&>(*topLevel));
+        Activate(dynamic_cast<Form&>(topLevel));
     if (otherFront && !guarded.isNull())
         Activate(dynamic_cast<Form&>(*guarded));
+    return true;
 }
 
 void ActivationTracker::Activate(Form& form) {

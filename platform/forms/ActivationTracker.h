@@ -5,6 +5,9 @@
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
+#include <QWindow>
+
+class QMouseEvent;
 
 /// Tells forms that they have come to the front.
 ///
@@ -13,6 +16,9 @@
 /// reports only schedule a look at the windows once all pending events have been handled, and a
 /// form is activated when the form in front then differs from the one before. Message boxes,
 /// dialogs, menus, help and other programs are no forms and change nothing.
+///
+/// A press of the mouse does not wait for that look: the form that it goes to comes to the front,
+/// and has been activated, before the press is delivered to what then stands there.
 class ActivationTracker : public QObject {
     Q_OBJECT
 
@@ -22,15 +28,38 @@ public:
     /// Asks for a look when the event queue is empty.
     void Schedule();
 
+    /// Whether the last press has brought its form to the front: who pressed had not seen what the
+    /// activation has left there. A double click is one press in this.
+    bool IsPressOnNewFront() const { return pressOnNewFront_; }
+
     /// Forgets what was in front; for the end of a test.
     void Reset();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     ActivationTracker();
+    void NoteFocus(QWindow* now);
+    bool HasFocusGone() const;
     void Look();
+    QWidget* ActiveTopLevel();
+    bool CompleteActivation(QWidget& topLevel);
+    bool BringToFront(const Form& form);
+    bool TakePress(QWindow& window, const QMouseEvent& press);
     static void Activate(Form& form);
 
     QTimer timer_;
     QPointer<QWidget> topLevel_;
     QPointer<QWidget> front_;
+    /// The active window that a press has left for another. The window system may go on naming it
+    /// for a while.
+    QPointer<QWidget> left_;
+    /// The window of ours that had the focus last.
+    QPointer<QWindow> focus_;
+    /// Another program has taken the focus, and may keep it.
+    bool focusIsElsewhere_ = false;
+    bool pressOnNewFront_ = false;
+    /// In milliseconds of the events' clock.
+    quint64 doubleClickEnds_ = 0;
 };

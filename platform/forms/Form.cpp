@@ -17,6 +17,9 @@
 
 namespace {
 
+/// Where a title shows that its document has been changed.
+const QString ChangeMark = QStringLiteral("[*]");
+
 /// Hands the front to the sub-window used last among those still shown.
 void ActivateNextInMainWindow(QMdiArea& area) {
     const QList<QMdiSubWindow*> frames = area.subWindowList(QMdiArea::ActivationHistoryOrder);
@@ -93,51 +96,55 @@ void Form::EnsureLoaded() {
         return;
     loaded_ = true;
     NameListsByLabels(widget_);
-    Load();
+    try {
+        Load();
+    } catch (...) {
+        if (!unloaded_)
+            Drop();
+        throw;
+    }
 }
 
 void Form::Show() {
     EnsureLoaded();
     if (unloaded_)
         return;
-    // A new frame would give every form the same size: a form keeps the one it has been given, or
-    // comes in the one that its controls ask for.
-    const bool isNewFrame = place_ == Place::InMainWindow && frame_.isNull();
-    const bool hasOwnSize = widget_.testAttribute(Qt::WA_Resized) || widget_.layout() == nullptr;
-    const QSize size = hasOwnSize ? widget_.size() : widget_.sizeHint();
-    if (isNewFrame) {
-        if (MainWindowArea() == nullptr)
-            DefaultForm(QStringLiteral("MainForm"));
-        QMdiArea* area = MainWindowArea();
-        if (area == nullptr)
-            throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
-        // The size that the form was designed with, else the one that its controls ask for.
-        const bool designed = widget_.testAttribute(Qt::WA_Resized);
-        const QSize inside = designed ? widget_.size() : widget_.sizeHint();
-        auto* frame = new FormFrame(*this);
-        area->addSubWindow(frame);
-        frame_ = frame;
-        const QSize wanted = inside + frame->sizeHint() - widget_.sizeHint();
-        frame->resize(
-            area->isVisible()
-                ? wanted.boundedTo(area->viewport()->size()).expandedTo(frame->minimumSizeHint())
-                : wanted);
-    }
-    if (place_ == Place::TopLevel && !widget_.testAttribute(Qt::WA_Moved))
-        MoveToMiddle(widget_);
-    widget_.show();
-    if (!frame_.isNull())
-        frame_->show();
-    if (isNewFrame) {
-        const QMdiArea& area = *MainWindowArea();
-        QSize whole = frame_->size() + size - widget_.size();
-        if (area.isVisible())
-            whole = whole.boundedTo(area.viewport()->size()).expandedTo(frame_->minimumSizeHint());
-        frame_->resize(whole);
-        PlaceInArea(*MainWindowArea(), *frame_);
+    if (place_ == Place::TopLevel) {
+        if (!widget_.testAttribute(Qt::WA_Moved))
+            MoveToMiddle(widget_);
+        widget_.show();
+    } else {
+        ShowInMainWindow();
     }
     SetFocus();
     ActivationTracker::Instance().Schedule();
+}
+
+/// A new frame has a size of its own making: a form keeps the one it has been given, or comes in
+/// the one that its controls ask for.
+void Form::ShowInMainWindow() {
+    if (!frame_.isNull()) {
+        widget_.show();
+        frame_->show();
+        return;
+    }
+    if (MainWindowArea() == nullptr)
+        DefaultForm(QStringLiteral("MainForm"));
+    QMdiArea* area = MainWindowArea();
+    if (area == nullptr)
+        throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
+    const bool hasOwnSize = widget_.testAttribute(Qt::WA_Resized) || widget_.layout() == nullptr;
+    const QSize inside = hasOwnSize ? widget_.size() : widget_.sizeHint();
+    frame_ = new FormFrame(*this);
+    area->addSubWindow(static_cast<FormFrame*>(frame_.data()));
+    widget_.show();
+    frame_->show();
+    // Only a frame that is shown knows how wide its edges are.
+    QSize whole = inside + frame_->size() - widget_.size();
+    if (area->isVisible())
+        whole = whole.boundedTo(area->viewport()->size()).expandedTo(frame_->minimumSizeHint());
+    frame_->resize(whole);
+    PlaceInArea(*area, *frame_);
 }
 
 void Form::SetFocus() {
@@ -173,8 +180,12 @@ bool Form::Unload() {
     if (!QueryUnload())
         return false;
     // The question may have let other events run, and one of them may have ended the form.
-    if (unloaded_)
-        return true;
+    if (!unloaded_)
+        Drop();
+    return true;
+}
+
+void Form::Drop() {
     unloaded_ = true;
     ForgetDefaultForm(*this);
     Unloaded();
@@ -182,15 +193,15 @@ bool Form::Unload() {
     if (wasShown)
         Hide();
     Frame().deleteLater();
-    return true;
 }
 
+// The toolkit takes the mark away where it stands in a title by itself, and shows one for two.
 QString Form::Caption() const {
-    return widget_.windowTitle();
+    return widget_.windowTitle().replace(ChangeMark + ChangeMark, ChangeMark);
 }
 
 void Form::SetCaption(const QString& caption) {
-    widget_.setWindowTitle(caption);
+    widget_.setWindowTitle(QString(caption).replace(ChangeMark, ChangeMark + ChangeMark));
 }
 
 void Form::SetMousePointer(int pointer) {
@@ -223,6 +234,15 @@ void Form::SetHeight(int twips) {
         return;
     const int change = PixelsOf(twips) - widget_.height();
     Frame().resize(Frame().width(), Frame().height() + change);
+}
+
+void Form::KeepInMainWindow() {
+    const QMdiArea* area = MainWindowArea();
+    if (frame_.isNull() || area == nullptr || !area->isVisible() || FillsOrLeftItsPlace(*frame_))
+        return;
+    const int lowest = std::max(0, area->viewport()->height() - frame_->height());
+    if (frame_->y() > lowest)
+        frame_->move(frame_->x(), lowest);
 }
 
 void Form::HandleClose(QCloseEvent& event) {

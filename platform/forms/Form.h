@@ -23,7 +23,8 @@ public:
     /// A mark that other forms set and read.
     QString Tag;
 
-    /// Runs the form's load logic, the first time only. Show does so as well.
+    /// Runs the form's load logic, the first time only. Show does so as well. A form whose load
+    /// raises goes for good, as an unloaded one does: what names it again makes a fresh one.
     void EnsureLoaded();
 
     /// Shows the form, not modally, and brings it to the front.
@@ -38,6 +39,7 @@ public:
     /// Brings a shown form to the front.
     void SetFocus();
 
+    /// The title, as it is shown: any text stands as it is.
     QString Caption() const;
     void SetCaption(const QString& caption);
 
@@ -49,6 +51,9 @@ public:
     int Top() const;
     void Move(int left, int top);
     void SetHeight(int twips);
+    /// Moves a form that has grown beyond the lower edge of the main window up again, at most to
+    /// the upper edge.
+    void KeepInMainWindow();
 
     QWidget& Widget() const { return widget_; }
     /// The window that carries the form: itself, or its sub-window's frame.
@@ -71,6 +76,10 @@ protected:
 private:
     friend class ActivationTracker;
     friend class FormFrame;
+
+    /// Ends the form without asking it.
+    void Drop();
+    void ShowInMainWindow();
 
     QWidget& widget_;
     Place place_;

@@ -1,5 +1,7 @@
 #include "platform/forms/FormAccess.h"
 
+#include "platform/forms/FormFrame.h"
+
 #include <QAbstractItemView>
 #include <QAccessibleWidget>
 #include <QLabel>
@@ -22,7 +24,8 @@ public:
     explicit FrameAccess(QWidget* frame) : QAccessibleWidget(frame, QAccessible::Window) {}
 
     QString text(QAccessible::Text kind) const override {
-        return kind == QAccessible::Name ? widget()->windowTitle() : QAccessibleWidget::text(kind);
+        return kind == QAccessible::Name ? static_cast<FormFrame*>(widget())->Caption()
+                                         : QAccessibleWidget::text(kind);
     }
 };
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QMdiSubWindow>
+#include "platform/forms/Form.h"
 
-class Form;
+#include <QMdiSubWindow>
 
 /// The frame of a form inside the main window. Closing it unloads the form, which may refuse.
 class FormFrame : public QMdiSubWindow {
@@ -10,6 +10,8 @@ class FormFrame : public QMdiSubWindow {
 
 public:
     explicit FormFrame(Form& form);
+
+    QString Caption() const { return form_.Caption(); }
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -4,6 +4,7 @@
 #include "platform/runtime/Numbers.h"
 
 #include <QPainter>
+#include <QTextDocument>
 #include <QTimerEvent>
 #include <algorithm>
 #include <cmath>
@@ -72,7 +73,7 @@ void GoalPath::Tell() {
     setUpdatesEnabled(true);
     const QString words = Words(points_, cost_, name_);
     setAccessibleDescription(words);
-    setToolTip(words.toHtmlEscaped());
+    setToolTip(Qt::convertFromPlainText(words));
     atRest_ = QPixmap();
     update();
 }

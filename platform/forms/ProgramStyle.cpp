@@ -15,6 +15,9 @@ namespace {
 const char StyleSheet[] = R"(
 QLabel[role="heading"] { font-size: 15pt; font-weight: 600; color: @deep; }
 QLabel[role="hint"] { color: @muted; }
+QLabel[role="greeting"] { font-size: 18pt; font-weight: 600; color: @deep; }
+QLabel[role="question"] { font-size: 11pt; color: @muted; }
+QFrame[role="welcome"] { background: @card; border: 1px solid @line; border-radius: 12px; }
 QFrame[role="card"], QGroupBox {
     background: @card; border: 1px solid @line; border-radius: 8px;
 }

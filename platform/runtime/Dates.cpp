@@ -12,8 +12,7 @@ QDate& FixedToday() {
     return date;
 }
 
-QString ShortPattern() {
-    const QLocale locale;
+QString ShortPattern(const QLocale& locale) {
     if (locale.language() == QLocale::C)
         return QStringLiteral("M/d/yyyy");
     QString pattern = locale.dateFormat(QLocale::ShortFormat);
@@ -30,11 +29,25 @@ const std::array<QString, 7>& DayNames() {
     return names;
 }
 
-/// The locale whose digits the short text has. The platform writes digits from beyond the basic
-/// plane (Adlam, Chakma) but cannot read them back: Latin ones there.
-QLocale DigitsLocale() {
-    const QLocale locale;
-    return locale.zeroDigit().size() > 1 ? QLocale::c() : locale;
+/// How the short text looks in a locale.
+struct ShortForm {
+    explicit ShortForm(const QLocale& locale)
+        : Locale(locale), Pattern(ShortPattern(locale)),
+          Digits(locale.zeroDigit().size() > 1 ? QLocale::c() : locale) {}
+
+    QLocale Locale;
+    QString Pattern;
+    /// The locale whose digits the text has. The platform writes digits from beyond the basic
+    /// plane (Adlam, Chakma) but cannot read them back: Latin ones there.
+    QLocale Digits;
+};
+
+/// That of the system, kept while it is the same: lists turn thousands of dates into texts.
+const ShortForm& SystemsShortForm() {
+    static ShortForm form{QLocale()};
+    if (form.Locale != QLocale())
+        form = ShortForm(QLocale());
+    return form;
 }
 
 } // namespace
@@ -48,22 +61,20 @@ void SetToday(const QDate& date) {
 }
 
 QString DateText(const QDate& date) {
-    return DigitsLocale().toString(date, ShortPattern());
+    const ShortForm& form = SystemsShortForm();
+    return form.Digits.toString(date, form.Pattern);
 }
 
 QDate DateFromText(const QString& text) {
-    const QDate date = DigitsLocale().toDate(text, ShortPattern());
+    const ShortForm& form = SystemsShortForm();
+    const QDate date = form.Digits.toDate(text, form.Pattern);
     if (!date.isValid())
         throw RuntimeError(ErrorNumber::TypeMismatch);
     return date;
 }
 
 QString DateKey(const QDate& date) {
-    const QLatin1Char zero('0');
-    return QStringLiteral("%1%2%3")
-        .arg(date.year(), 4, 10, zero)
-        .arg(date.month(), 2, 10, zero)
-        .arg(date.day(), 2, 10, zero);
+    return QString::asprintf("%04d%02d%02d", date.year(), date.month(), date.day());
 }
 
 QString WeekdayName(const QDate& date) {

@@ -4,6 +4,7 @@
 #include "platform/runtime/RuntimeError.h"
 
 #include <QRegularExpression>
+#include <algorithm>
 #include <cfenv>
 #include <cmath>
 #include <limits>
@@ -44,6 +45,11 @@ double NumberOf(const QVariant& value) {
 } // namespace
 
 double Val(const QString& text) {
+    // Dates as keys are read by the thousand.
+    constexpr qsizetype mostDigits = 9;
+    const auto isDigit = [](QChar letter) { return letter >= u'0' && letter <= u'9'; };
+    if (text.size() <= mostDigits && std::all_of(text.begin(), text.end(), isDigit))
+        return text.toInt();
     static const QRegularExpression number(
         QStringLiteral(R"(^[ \t\n]*([+-]?(?:[0-9]+\.?[0-9]*|\.[0-9]+)(?:[eEdD][+-]?[0-9]+)?))"));
     const QRegularExpressionMatch match = number.match(text);

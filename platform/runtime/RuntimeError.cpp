@@ -4,6 +4,8 @@ namespace {
 
 QString StandardText(ErrorNumber number) {
     switch (number) {
+    case ErrorNumber::InvalidProcedureCall:
+        return QStringLiteral("Invalid procedure call or argument");
     case ErrorNumber::Overflow:
         return QStringLiteral("Overflow");
     case ErrorNumber::SubscriptOutOfRange:

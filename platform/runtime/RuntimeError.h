@@ -5,6 +5,7 @@
 
 /// The numbers of the run-time errors that the program itself raises.
 enum class ErrorNumber {
+    InvalidProcedureCall = 5,
     Overflow = 6,
     SubscriptOutOfRange = 9,
     TypeMismatch = 13,

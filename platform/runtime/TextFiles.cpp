@@ -78,6 +78,11 @@ double InputFile::InputNumber() {
     return number;
 }
 
+bool CommitWith(QSaveFile& file, const QByteArray& content) {
+    // By itself a commit takes what a full disk has cut short for the whole.
+    return file.write(content) == content.size() && file.flush() && file.commit();
+}
+
 OutputFile::OutputFile(const QString& path) : file_(std::make_unique<QSaveFile>(path)) {
     const QFileInfo info(path);
     if (!info.dir().exists())
@@ -91,7 +96,7 @@ OutputFile::OutputFile(const QString& path) : file_(std::make_unique<QSaveFile>(
 OutputFile::~OutputFile() = default;
 
 void OutputFile::PrintText(const QString& text) {
-    file_->write(text.toUtf8() + "\r\n");
+    content_ += text.toUtf8() + "\r\n";
 }
 
 void OutputFile::PrintNumber(qint64 number) {
@@ -100,6 +105,6 @@ void OutputFile::PrintNumber(qint64 number) {
 }
 
 void OutputFile::Close() {
-    if (!file_->commit())
+    if (!CommitWith(*file_, content_))
         throw RuntimeError(ErrorNumber::PathFileAccessError);
 }

@@ -29,6 +29,10 @@ private:
     qsizetype position_ = 0;
 };
 
+/// Fills an open file and puts it in the place of the one there was, which stays until all has
+/// been written. False if the disk refuses any part of it.
+bool CommitWith(QSaveFile& file, const QByteArray& content);
+
 /// A text file written anew, line by line. What was there stays until Close has written all.
 class OutputFile {
 public:
@@ -49,4 +53,5 @@ public:
 
 private:
     std::unique_ptr<QSaveFile> file_;
+    QByteArray content_;
 };

@@ -3,19 +3,15 @@
 #include "platform/tables/TableEngine.h"
 
 #include <algorithm>
-#include <limits>
-#include <map>
+#include <optional>
 
 namespace {
 
 /// Rows read at once on a walk, while nobody else writes to the table.
 constexpr int BatchSize = 64;
 
-constexpr qint64 FirstPossibleRow = std::numeric_limits<qint64>::min();
-constexpr qint64 LastPossibleRow = std::numeric_limits<qint64>::max();
-
 struct Row {
-    qint64 Id = 0;
+    qint64 Key = 0;
     std::vector<Cell> Cells;
 };
 
@@ -54,14 +50,13 @@ private:
         return table_->Shape->Fields[static_cast<std::size_t>(position)];
     }
     void RefuseDropped() const;
-    void Read(qint64 firstRow, int count);
-    void MoveTo(qint64 firstRow, int count);
+    void Read(qint64 firstKey, int count);
+    void MoveTo(qint64 firstKey, int count);
     void LeaveRow();
     Row& CurrentRow();
     const Cell& CurrentCell(int position) { return CurrentRow().Cells[std::size_t(position)]; }
-    bool IsUndisturbed() const { return stamp_ == engine_->StampOf(*table_); }
+    bool IsUndisturbed() const { return stamp_ == table_->Changes; }
     void CountOwnWrite(bool wasUndisturbed);
-    qint64 NewRowIdentity();
     void InsertRow();
     bool HoldsPendingCells() const;
     void UpdateRow();
@@ -69,7 +64,7 @@ private:
     std::shared_ptr<TableEngine> engine_;
     std::shared_ptr<Table> table_;
     Place place_ = Place::Behind;
-    /// The current row, also when it has been deleted.
+    /// The key of the current row, also when it has been deleted.
     qint64 row_ = 0;
     /// Rows as they were at `stamp_`, the current one among them if it exists.
     std::vector<Row> rows_;
@@ -79,8 +74,8 @@ private:
     quint64 stamp_ = 0;
 
     Pending pending_ = Pending::Nothing;
-    /// Cells set since AddNew or Edit, by position.
-    std::map<int, Cell> pendingCells_;
+    /// Cells set since AddNew or Edit, by position; nothing for a field that was not set.
+    std::vector<std::optional<Cell>> pendingCells_;
 
     /// The statement of the last edit, and the fields that it writes.
     std::string updateSql_;
@@ -93,8 +88,8 @@ private:
 };
 
 Recordset::Cursor::Cursor(std::shared_ptr<TableEngine> engine, const QString& tableName)
-    : engine_(std::move(engine)), table_(engine_->Find(tableName)) {
-    MoveTo(FirstPossibleRow, 1);
+    : engine_(std::move(engine)), table_(engine_->Current().Open(tableName)) {
+    MoveTo(table_->FirstKey(), 1);
 }
 
 void Recordset::Cursor::RefuseDropped() const {
@@ -104,32 +99,33 @@ void Recordset::Cursor::RefuseDropped() const {
 
 int Recordset::Cursor::Count() {
     RefuseDropped();
-    Query query(*engine_, "SELECT count(*) FROM " + Quoted(table_->Name));
+    Query query(engine_->Sql(),
+                "SELECT count(*) FROM " + table_->Shape->Rows + " WHERE Key BETWEEN ?1 AND ?2");
+    query.Bind(1, table_->FirstKey());
+    query.Bind(2, table_->LastKey());
     query.Step();
     return static_cast<int>(query.Number(0));
 }
 
-void Recordset::Cursor::Read(qint64 firstRow, int count) {
+void Recordset::Cursor::Read(qint64 firstKey, int count) {
     RefuseDropped();
     std::vector<Row> rows;
-    const bool isFirst = firstRow == FirstPossibleRow && count == 1;
-    Query query(*engine_, isFirst ? table_->Shape->FirstRowSql : table_->Shape->SelectSql);
-    if (!isFirst) {
-        query.Bind(1, firstRow);
-        query.Bind(2, count);
-    }
+    Query query(engine_->Sql(), table_->Shape->SelectSql);
+    query.Bind(1, firstKey);
+    query.Bind(2, table_->LastKey());
+    query.Bind(3, count);
     while (query.Step()) {
         Row& row = rows.emplace_back();
-        row.Id = query.Number(0);
+        row.Key = query.Number(0);
         row.Cells.reserve(table_->Shape->Fields.size());
         for (int position = 0; position < FieldCount(); ++position)
             row.Cells.push_back(query.Read(position + 1));
     }
     rows_ = std::move(rows);
     index_ = 0;
-    startTable_ = firstRow == FirstPossibleRow;
+    startTable_ = firstKey == table_->FirstKey();
     endTable_ = rows_.size() < static_cast<std::size_t>(count);
-    stamp_ = engine_->StampOf(*table_);
+    stamp_ = table_->Changes;
 }
 
 void Recordset::Cursor::LeaveRow() {
@@ -139,24 +135,24 @@ void Recordset::Cursor::LeaveRow() {
     bytesPosition_ = -1;
 }
 
-void Recordset::Cursor::MoveTo(qint64 firstRow, int count) {
-    Read(firstRow, count);
+void Recordset::Cursor::MoveTo(qint64 firstKey, int count) {
+    Read(firstKey, count);
     place_ = rows_.empty() ? Place::Behind : Place::OnRow;
     if (!rows_.empty())
-        row_ = rows_.front().Id;
+        row_ = rows_.front().Key;
 }
 
 void Recordset::Cursor::MoveFirst() {
     LeaveRow();
     if (!IsUndisturbed() || !startTable_ || rows_.empty())
-        MoveTo(FirstPossibleRow, 1);
+        MoveTo(table_->FirstKey(), 1);
     if (rows_.empty()) {
         place_ = Place::Behind;
         throw RuntimeError(ErrorNumber::NoCurrentRecord);
     }
     RefuseDropped();
     index_ = 0;
-    row_ = rows_.front().Id;
+    row_ = rows_.front().Key;
     place_ = Place::OnRow;
 }
 
@@ -170,9 +166,9 @@ void Recordset::Cursor::MoveNext() {
     const std::size_t next = place_ == Place::OnRow ? index_ + 1 : index_;
     if (isUndisturbed && next < rows_.size()) {
         index_ = next;
-        row_ = rows_[next].Id;
+        row_ = rows_[next].Key;
         place_ = Place::OnRow;
-    } else if ((isUndisturbed && endTable_) || row_ == LastPossibleRow) {
+    } else if (isUndisturbed && endTable_) {
         place_ = Place::Behind;
     } else {
         // While others write, rows read ahead would only be read again.
@@ -187,7 +183,7 @@ Row& Recordset::Cursor::CurrentRow() {
     if (!IsUndisturbed()) {
         Read(row_, 1);
         startTable_ = false;
-        if (!rows_.empty() && rows_.front().Id != row_)
+        if (!rows_.empty() && rows_.front().Key != row_)
             rows_.clear();
         endTable_ = false;
     }
@@ -224,28 +220,29 @@ QVariant Recordset::Cursor::Value(int position) {
 void Recordset::Cursor::SetValue(int position, const QVariant& value) {
     if (pending_ == Pending::Nothing)
         throw RuntimeError(ErrorNumber::NoCurrentRecord);
-    pendingCells_[position] = CellFor(Field(Checked(position)), value);
+    const FieldDefinition& field = Field(Checked(position));
+    pendingCells_[static_cast<std::size_t>(position)] = CellFor(field, value);
 }
 
 void Recordset::Cursor::AppendChunk(const QString& field, const QByteArray& bytes) {
     const int position = LongBinaryPosition(field);
     if (pending_ == Pending::Nothing)
         throw RuntimeError(ErrorNumber::NoCurrentRecord);
-    Cell& cell = pendingCells_[position];
-    if (!std::holds_alternative<std::string>(cell))
+    std::optional<Cell>& cell = pendingCells_[static_cast<std::size_t>(position)];
+    if (!cell || !std::holds_alternative<std::string>(*cell))
         cell = std::string();
-    std::get<std::string>(cell).append(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    std::get<std::string>(*cell).append(bytes.constData(), static_cast<std::size_t>(bytes.size()));
 }
 
 void Recordset::Cursor::AddNew() {
     RefuseDropped();
-    pendingCells_.clear();
+    pendingCells_.assign(table_->Shape->Fields.size(), std::nullopt);
     pending_ = Pending::NewRow;
 }
 
 void Recordset::Cursor::Edit() {
     CurrentRow();
-    pendingCells_.clear();
+    pendingCells_.assign(table_->Shape->Fields.size(), std::nullopt);
     pending_ = Pending::ChangedRow;
 }
 
@@ -264,31 +261,23 @@ void Recordset::Cursor::Update() {
 void Recordset::Cursor::CountOwnWrite(bool wasUndisturbed) {
     ++table_->Changes;
     if (wasUndisturbed)
-        stamp_ = engine_->StampOf(*table_);
-}
-
-qint64 Recordset::Cursor::NewRowIdentity() {
-    Query last(*engine_, table_->Shape->LastRowSql);
-    last.Step();
-    return std::max(table_->NextRow, last.Number(0) + 1);
+        stamp_ = table_->Changes;
 }
 
 void Recordset::Cursor::InsertRow() {
     engine_->BeginWrite();
     RefuseDropped();
-    Query query(*engine_, table_->Shape->InsertSql);
-    if (table_->NextRow > 1)
-        query.Bind(1, NewRowIdentity());
-    else
-        query.BindNull(1);
-    auto pending = pendingCells_.begin();
+    const qint64 key = engine_->LastSeen().NextKey(*table_);
+    Query query(engine_->Sql(), table_->Shape->InsertSql);
+    query.Bind(1, key);
     for (int position = 0; position < FieldCount(); ++position) {
-        if (pending != pendingCells_.end() && pending->first == position)
-            query.Bind(position + 2, Field(position), (pending++)->second);
-        else
-            query.Bind(position + 2, Field(position), InitialCell(Field(position)));
+        std::optional<Cell>& cell = pendingCells_[static_cast<std::size_t>(position)];
+        if (!cell)
+            cell = InitialCell(Field(position));
+        query.Bind(position + 2, Field(position), *cell);
     }
     query.Run();
+    table_->NextKey = key + 1;
     const bool wasUndisturbed = IsUndisturbed();
     endTable_ = false;
     CountOwnWrite(wasUndisturbed);
@@ -300,14 +289,20 @@ bool Recordset::Cursor::HoldsPendingCells() const {
     if (place_ != Place::OnRow || !IsUndisturbed() || rows_.empty())
         return false;
     const std::vector<Cell>& cells = rows_[index_].Cells;
-    return std::all_of(pendingCells_.begin(), pendingCells_.end(), [&](const auto& pending) {
-        return Field(pending.first).Type != FieldType::LongBinary &&
-               cells[static_cast<std::size_t>(pending.first)] == pending.second;
-    });
+    for (std::size_t i = 0; i < pendingCells_.size(); ++i)
+        if (pendingCells_[i] && (Field(static_cast<int>(i)).Type == FieldType::LongBinary ||
+                                 cells[i] != *pendingCells_[i]))
+            return false;
+    return true;
 }
 
 void Recordset::Cursor::UpdateRow() {
-    if (pendingCells_.empty()) {
+    // The same fields are written in one row after the other.
+    std::vector<int> positions;
+    for (int position = 0; position < FieldCount(); ++position)
+        if (pendingCells_[static_cast<std::size_t>(position)])
+            positions.push_back(position);
+    if (positions.empty()) {
         CurrentRow();
         return;
     }
@@ -315,25 +310,21 @@ void Recordset::Cursor::UpdateRow() {
     RefuseDropped();
     if (HoldsPendingCells())
         return;
-    // The same fields are written in one row after the other.
-    std::vector<int> positions;
-    for (const auto& [position, cell] : pendingCells_)
-        positions.push_back(position);
     if (positions != updatePositions_) {
         updatePositions_ = positions;
-        updateSql_ = "UPDATE " + Quoted(table_->Name) + " SET ";
+        updateSql_ = "UPDATE " + table_->Shape->Rows + " SET ";
         int column = 1;
         for (const int position : positions) {
             updateSql_ += (column > 1 ? ", " : "") + Quoted(Field(position).Name) + " = ?" +
                           std::to_string(column);
             ++column;
         }
-        updateSql_ += " WHERE rowid = ?" + std::to_string(column);
+        updateSql_ += " WHERE Key = ?" + std::to_string(column);
     }
-    Query query(*engine_, updateSql_);
+    Query query(engine_->Sql(), updateSql_);
     int parameter = 1;
-    for (const auto& [position, cell] : pendingCells_)
-        query.Bind(parameter++, Field(position), cell);
+    for (const int position : positions)
+        query.Bind(parameter++, Field(position), *pendingCells_[std::size_t(position)]);
     query.Bind(parameter, row_);
     if (query.Run() == 0) {
         LeaveRow();
@@ -341,7 +332,8 @@ void Recordset::Cursor::UpdateRow() {
     }
     const bool wasUndisturbed = IsUndisturbed();
     if (wasUndisturbed) {
-        for (const auto& [position, cell] : pendingCells_) {
+        for (const int position : positions) {
+            const Cell& cell = *pendingCells_[std::size_t(position)];
             const std::string* bytes = std::get_if<std::string>(&cell);
             const bool isLength = bytes && Field(position).Type == FieldType::LongBinary;
             rows_[index_].Cells[static_cast<std::size_t>(position)] =
@@ -356,16 +348,17 @@ void Recordset::Cursor::Delete() {
     LeaveRow();
     engine_->BeginWrite();
     RefuseDropped();
-    Query query(*engine_, "DELETE FROM " + Quoted(table_->Name) + " WHERE rowid = ?1");
+    Query query(engine_->Sql(), "DELETE FROM " + table_->Shape->Rows + " WHERE Key = ?1");
     query.Bind(1, row_);
+    // Asked before the row has gone, for it may be the last.
+    engine_->LastSeen().NextKey(*table_);
     if (query.Run() == 0)
         throw RuntimeError(ErrorNumber::NoCurrentRecord);
+    engine_->LastSeen().RetireKey(*table_, row_);
     const bool wasUndisturbed = IsUndisturbed();
     if (wasUndisturbed)
         rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(index_));
     place_ = Place::OnDeletedRow;
-    if (row_ < LastPossibleRow)
-        table_->NextRow = std::max(table_->NextRow, row_ + 1);
     CountOwnWrite(wasUndisturbed);
 }
 
@@ -378,8 +371,8 @@ QByteArray Recordset::Cursor::GetChunk(const QString& field, qint64 offset, qint
     const int position = LongBinaryPosition(field);
     CurrentRow();
     if (bytesPosition_ != position || bytesStamp_ != stamp_) {
-        Query query(*engine_, "SELECT " + Quoted(Field(position).Name) + " FROM " +
-                                  Quoted(table_->Name) + " WHERE rowid = ?1");
+        Query query(engine_->Sql(), "SELECT " + Quoted(Field(position).Name) + " FROM " +
+                                        table_->Shape->Rows + " WHERE Key = ?1");
         query.Bind(1, row_);
         bytes_ = query.Step() ? query.Bytes(0) : std::string();
         bytesPosition_ = position;

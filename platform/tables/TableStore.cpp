@@ -2,8 +2,9 @@
 
 #include "platform/tables/TableEngine.h"
 
-std::unique_ptr<TableStore> TableStore::OpenDatabase(const QString& path) {
-    return std::unique_ptr<TableStore>(new TableStore(TableEngine::Open(path)));
+std::unique_ptr<TableStore> TableStore::OpenDatabase(const QString& path,
+                                                     const CarryOverWatch& watch) {
+    return std::unique_ptr<TableStore>(new TableStore(TableEngine::Open(path, watch)));
 }
 
 std::unique_ptr<TableStore> TableStore::CreateDatabase(const QString& path, const QString& locale) {
@@ -17,24 +18,20 @@ TableStore::~TableStore() {
 }
 
 int TableStore::TableCount() {
-    return engine_->Guard([&] {
-        engine_->NoticeOthers();
-        return static_cast<int>(engine_->Tables().size());
-    });
+    return engine_->Guard([&] { return static_cast<int>(engine_->Current().Tables().size()); });
 }
 
 QString TableStore::TableName(int index) const {
-    const auto& tables = engine_->Tables();
-    if (index < 0 || static_cast<std::size_t>(index) >= tables.size())
-        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
-    return tables[static_cast<std::size_t>(index)]->Name;
+    return engine_->Guard([&] {
+        const auto& tables = engine_->LastSeen().Tables();
+        if (index < 0 || static_cast<std::size_t>(index) >= tables.size())
+            throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+        return tables[static_cast<std::size_t>(index)]->Name;
+    });
 }
 
 bool TableStore::HasTable(const QString& name) {
-    return engine_->Guard([&] {
-        engine_->NoticeOthers();
-        return engine_->Known(name) != nullptr;
-    });
+    return engine_->Guard([&] { return engine_->Current().Find(name) != nullptr; });
 }
 
 void TableStore::CreateTable(const QString& name, const QList<FieldDefinition>& fields) {
@@ -49,8 +46,18 @@ Recordset TableStore::OpenRecordset(const QString& name) {
     return {engine_, name};
 }
 
+void TableStore::CopyRows(const QString& from, const QString& to, const QStringList& fields) {
+    engine_->Guard([&] { engine_->CopyRows(from, to, fields); });
+}
+
+TableWalk TableStore::WalkThrough(const QStringList& fields) {
+    return {engine_, fields};
+}
+
 TableWalk TableStore::WalkThrough(const QString& name, const QStringList& fields) {
-    return {engine_, name, fields};
+    TableWalk walk(engine_, fields);
+    walk.Open(name);
+    return walk;
 }
 
 void TableStore::Commit() {

@@ -5,6 +5,7 @@
 
 #include <QList>
 #include <QString>
+#include <functional>
 #include <memory>
 
 /// The types of a field; the numbers are those of the table format.
@@ -30,13 +31,17 @@ struct FieldDefinition {
 /// between two commits becomes durable as a whole or not at all. Faults of the engine are raised
 /// as RuntimeError 3000 with the engine's own words.
 ///
-/// Table names ignore case by full Unicode rules and may hold any character.
+/// Table names ignore case by full Unicode rules and may hold any character; none is reserved.
 class TableStore {
 public:
-    /// Opens an existing file. Raises 3000 for a file that is no database, for a database of
-    /// another program and for one that a newer version of this program made; none of these is
-    /// written to.
-    static std::unique_ptr<TableStore> OpenDatabase(const QString& path);
+    /// Told, while a file of the former format is carried over, how many of its tables are done.
+    using CarryOverWatch = std::function<void(int done, int all)>;
+
+    /// Opens an existing file. One of the former format is carried over, and a copy of it is left
+    /// beside it. Raises 3000 for a file that is no database, for a database of another program
+    /// and for one that a newer version of this program made; none of these is written to.
+    static std::unique_ptr<TableStore> OpenDatabase(const QString& path,
+                                                    const CarryOverWatch& watch = {});
 
     /// Makes a new database without tables. `locale` is kept with the database for the record.
     /// Raises 3000 if the folder is missing or cannot be written.
@@ -50,14 +55,15 @@ public:
     /// Number of tables. Sees what another process has made or dropped since.
     int TableCount();
 
-    /// Name of the table at `index`, 0 to TableCount() - 1, in the order of the tables' making;
-    /// dropping a table moves those behind it one down. Raises 9 outside.
+    /// Name of the table at `index`, 0 to TableCount() - 1. Tables stand in the order of their
+    /// names, whose case does not count; dropping a table moves those behind it one down. Raises 9
+    /// outside.
     QString TableName(int index) const;
 
     /// True if a table of that name exists in any case.
     bool HasTable(const QString& name);
 
-    /// Makes a table. Raises 3000 if one of that name exists or the engine reserves the name.
+    /// Makes a table. Raises 3000 if one of that name exists.
     void CreateTable(const QString& name, const QList<FieldDefinition>& fields);
 
     /// Drops a table. Raises 3078 if there is none of that name.
@@ -66,8 +72,14 @@ public:
     /// A cursor on the table, at its first row. Raises 3078 if there is none of that name.
     Recordset OpenRecordset(const QString& name);
 
-    /// A look through a few fields of the table. Raises 3078 if there is none of that name, 9 for
-    /// an unknown field.
+    /// Adds all rows of one table to another, in their order: the fields named as they are, the
+    /// others as a new row has them. Raises 3078 for a missing table.
+    void CopyRows(const QString& from, const QString& to, const QStringList& fields);
+
+    /// A look through a few fields of one table after another.
+    TableWalk WalkThrough(const QStringList& fields);
+    /// The same, on the first row of a table. Raises 3078 if there is none of that name, 9 for an
+    /// unknown field.
     TableWalk WalkThrough(const QString& name, const QStringList& fields);
 
     /// While it lives, many reads in a row see one state of the file and are quick: they need not

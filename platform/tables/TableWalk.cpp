@@ -6,11 +6,12 @@
 
 struct TableWalk::Run {
     std::shared_ptr<TableEngine> engine;
-    std::shared_ptr<Table> table;
-    /// The fields asked for, in their order.
+    QStringList names;
+    /// The shape that the statement reads, and its fields asked for, in their order.
+    std::shared_ptr<const TableShape> shape;
     std::vector<const FieldDefinition*> fields;
     std::unique_ptr<SQLite::Statement> statement;
-    bool isAtEnd = false;
+    bool isAtEnd = true;
 };
 
 namespace {
@@ -27,24 +28,46 @@ const FieldDefinition& FieldNamed(const TableShape& shape, const QString& name) 
 
 } // namespace
 
-TableWalk::TableWalk(std::shared_ptr<TableEngine> engine, const QString& tableName,
-                     const QStringList& fields)
+TableWalk::TableWalk(std::shared_ptr<TableEngine> engine, const QStringList& fields)
     : run_(std::make_unique<Run>()) {
     run_->engine = std::move(engine);
-    run_->engine->Guard([&] {
-        run_->table = run_->engine->Find(tableName);
-        std::string sql = "SELECT ";
-        for (const QString& name : fields) {
-            run_->fields.push_back(&FieldNamed(*run_->table->Shape, name));
-            sql += (run_->fields.size() > 1 ? ", " : "") + Quoted(run_->fields.back()->Name);
-        }
-        sql += " FROM " + Quoted(run_->table->Name) + " ORDER BY rowid";
-        run_->statement = run_->engine->Prepare(sql);
-        run_->isAtEnd = !run_->statement->executeStep();
-    });
+    run_->names = fields;
 }
 
 TableWalk::~TableWalk() = default;
+TableWalk::TableWalk(TableWalk&&) noexcept = default;
+TableWalk& TableWalk::operator=(TableWalk&&) noexcept = default;
+
+void TableWalk::Open(const QString& tableName) {
+    Run& run = *run_;
+    run.engine->Guard([&] {
+        Leave();
+        const std::shared_ptr<Table> table = run.engine->Current().Open(tableName);
+        if (table->Shape != run.shape) {
+            std::vector<const FieldDefinition*> fields;
+            std::string columns;
+            for (const QString& name : run.names) {
+                fields.push_back(&FieldNamed(*table->Shape, name));
+                columns += (columns.empty() ? "" : ", ") + Quoted(fields.back()->Name);
+            }
+            run.statement = std::make_unique<SQLite::Statement>(
+                run.engine->Sql().Connection(), "SELECT " + columns + " FROM " +
+                                                    table->Shape->Rows +
+                                                    " WHERE Key BETWEEN ?1 AND ?2 ORDER BY Key");
+            run.fields = std::move(fields);
+            run.shape = table->Shape;
+        }
+        run.statement->bind(1, int64_t{table->FirstKey()});
+        run.statement->bind(2, int64_t{table->LastKey()});
+        run.isAtEnd = !run.statement->executeStep();
+    });
+}
+
+void TableWalk::Leave() {
+    if (run_->statement)
+        run_->statement->tryReset();
+    run_->isAtEnd = true;
+}
 
 bool TableWalk::Eof() const {
     return run_->isAtEnd;

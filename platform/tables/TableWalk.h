@@ -7,17 +7,22 @@
 
 class TableEngine;
 
-/// One look through the rows of a table, from the first to the last, that reads a few fields only:
-/// far quicker than a cursor where thousands of tables are looked through. Rows stand in the order
-/// of their making. While it lives nothing is to be written and no table dropped.
+/// One look through the rows of one table after another, from the first to the last, that reads a
+/// few fields only: far quicker than cursors where thousands of tables are looked through. Rows
+/// stand in the order of their making. While it stands on a row nothing is to be written.
 class TableWalk {
 public:
-    /// On the first row. Raises 3078 if there is no table of that name, 9 for an unknown field.
-    TableWalk(std::shared_ptr<TableEngine> engine, const QString& tableName,
-              const QStringList& fields);
+    /// On no table and behind its rows.
+    TableWalk(std::shared_ptr<TableEngine> engine, const QStringList& fields);
     ~TableWalk();
-    TableWalk(const TableWalk&) = delete;
-    TableWalk& operator=(const TableWalk&) = delete;
+    TableWalk(TableWalk&&) noexcept;
+    TableWalk& operator=(TableWalk&&) noexcept;
+
+    /// Goes to the first row of a table. Raises 3078 if there is none of that name, 9 for an
+    /// unknown field.
+    void Open(const QString& tableName);
+    /// Lets go of the row it stands on, and of the file.
+    void Leave();
 
     /// True behind the last row.
     bool Eof() const;

@@ -27,7 +27,7 @@ public:
         return WeeklyReview();
     }
     QString CurrentUserName() const override { return CurrentUser; }
-    bool IsSchool() const override { return SchoolMode != 0; }
+    bool IsSchool() const override { return SchoolMode == -1; }
 };
 
 std::unique_ptr<DatabaseCls>& Store() {

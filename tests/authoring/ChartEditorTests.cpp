@@ -11,12 +11,6 @@ const QStringList Columns = {u"Number"_s,           u"Instructions"_s, u"DayOfWe
                              u"AdultResponsable"_s, u"Difficulty"_s,   u"Points"_s,
                              u"JobDelete"_s};
 
-QWheelEvent WheelDown(const QWidget& over) {
-    const QPointF middle(over.width() / 2.0, over.height() / 2.0);
-    return QWheelEvent(middle, over.mapToGlobal(middle), {}, QPoint(0, -120), Qt::NoButton,
-                       Qt::NoModifier, Qt::NoScrollPhase, false);
-}
-
 } // namespace
 
 class ChartEditorForm : public AuthoringTest {};
@@ -379,20 +373,6 @@ TEST_F(ChartEditorForm, ChoosingADayAndADifficultyPutsThemInTheRow) {
     EXPECT_EQ(editor.Row(0).DayOfWeek, u"Mon-Fri"_s);
     EXPECT_EQ(editor.Row(0).Difficulty, u"Hard"_s);
     EXPECT_EQ(editor.LastListIndex, 0) << "only the job lists count";
-}
-
-TEST_F(ChartEditorForm, WheelScrollsTheRowsAndChangesNoBox) {
-    ChartEditor& editor = NewChart();
-    AddJobs(editor, 14);
-    auto& day = RowControl<QComboBox>(editor, u"DayOfWeek"_s, 2);
-    day.setEditText(u"Tue"_s);
-    day.setFocus();
-    QWheelEvent turn = WheelDown(day);
-    QSpontaneKeyEvent::setSpontaneous(&turn); // as from the device: only then parents get it too
-    qApp->notify(&day, &turn);
-    Settle();
-    EXPECT_EQ(day.currentText(), u"Tue"_s);
-    EXPECT_GT(Scroll(editor).value(), 0);
 }
 
 TEST_F(ChartEditorForm, TabWalksTheRowsFromLeftToRightAndDown) {

@@ -171,6 +171,13 @@ TEST_F(NewDialog, AnyTextIsAName) {
     EXPECT_EQ(ChartFormIndex, names.size());
 }
 
+TEST_F(NewDialog, NameOfAnyLengthIsTakenWhole) {
+    const QString name(300, u'n');
+    Type(Name(), name);
+    Click(Ok());
+    EXPECT_EQ(LastEditor().ChartName, name);
+}
+
 TEST_F(NewDialog, CounterBeyondSixteenBitsIsARunTimeErrorAndLeavesNoEditor) {
     ChartFormIndex = std::numeric_limits<qint16>::max();
     Type(Name(), u"Chores"_s);
@@ -209,7 +216,7 @@ TEST_F(OpenDialog, ListsTheChartsOfAllChildrenAndWeeksButNoOtherTable) {
     StoreChart(u"Printed"_s, {Job(u"a"_s)});
     const QStringList before = TableNames();
     Open();
-    EXPECT_EQ(Entries(List()), (QStringList{u"Chores Anna"_s, u"Old Ben"_s, u"Later"_s}));
+    EXPECT_EQ(Entries(List()), (QStringList{u"Chores Anna"_s, u"Later"_s, u"Old Ben"_s}));
     EXPECT_FALSE(Find(Dialog(), u"Ok"_s).isHidden());
     EXPECT_EQ(TableNames(), before) << "listing rolls nothing on";
 }
@@ -281,6 +288,37 @@ TEST_F(OpenDialog, DoubleClickOnAChartOpensIt) {
     EXPECT_EQ(ChartFormIndex, 1);
 }
 
+TEST_F(OpenDialog, DoubleClickOnTheEmptyPartIsOk) {
+    StoreChart(u"Chores Anna"_s, {Job(u"a"_s)});
+    Open();
+    for (const bool isSelected : {false, true}) {
+        if (isSelected)
+            ClickRow(List(), 0);
+        Boxes.Expect(u"Please select a Dutygrid to open"_s);
+        // Its first click takes the selection away.
+        DoubleClickEmptyPart(List());
+        Boxes.VerifyAllShown();
+        EXPECT_TRUE(Shown(Dialog()));
+    }
+    EXPECT_EQ(ChartFormIndex, 0);
+}
+
+TEST_F(OpenDialog, EnterInTheListIsOk) {
+    StoreChart(u"Chores Anna"_s, {Job(u"a"_s)});
+    StoreChart(u"Chores Ben"_s, {Job(u"b"_s)}, u"Ben"_s);
+    Open();
+    Boxes.Expect(u"Please select a Dutygrid to open"_s);
+    Press(List(), Qt::Key_Return);
+    Settle();
+    EXPECT_TRUE(Shown(Dialog()));
+
+    ClickRow(List(), 1);
+    Press(List(), Qt::Key_Enter);
+    Settle();
+    EXPECT_EQ(LastEditor().ChartName, u"Chores Ben"_s);
+    EXPECT_EQ(ExistingForm(u"Openfrm"_s), nullptr);
+}
+
 TEST_F(OpenDialog, SameChartTwiceGivesTwoEditorsAndTheLastSaveWins) {
     MakeAccount(u"Anna"_s, u"a"_s, u"Student"_s);
     StoreChart(u"Chores Anna"_s, {Job(u"a"_s)});
@@ -320,11 +358,18 @@ TEST_F(OpenDialog, ChartOfAChildThatWasDeletedKeepsTheChildOfItsTable) {
 }
 
 TEST_F(OpenDialog, ChartThatCannotBeReadLeavesNoEditorAndItsSlotFree) {
-    Database().CreateChart(u"Bare"_s);
+    {
+        const auto tables = TableStore::OpenDatabase(Path(u"Database/Charts.mdb"_s));
+        tables->CreateTable(u"A list"_s, {{u"Instructions"_s, FieldType::Memo}});
+        Recordset rows = tables->OpenRecordset(u"A list"_s);
+        rows.AddNew();
+        rows.Update();
+        tables->Commit();
+    }
     StoreChart(u"Chores Anna"_s, {Job(u"a"_s)});
     Open();
     ClickRow(List(), 0);
-    Boxes.Expect(u"Run-time error '3021':\n\nNo current record."_s);
+    Boxes.Expect(RuntimeError(ErrorNumber::SubscriptOutOfRange).Report());
     Click(Find(Dialog(), u"Ok"_s));
     EXPECT_EQ(ChartFormIndex, 0);
     EXPECT_EQ(EditorAt(0), nullptr);

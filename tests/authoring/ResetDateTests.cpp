@@ -48,8 +48,27 @@ TEST_F(ResetDialog, ChartWhoseLastDayIsTodayComesUpWithThisWeekChosen) {
 }
 
 TEST_F(ResetDialog, YearsAreComparedBeforeMonths) {
-    Open({2000, 12, 3});
-    EXPECT_TRUE(NextWeek().isChecked());
+    // 7 March is within the days of both weeks that are open now, but not within their years.
+    Open({2000, 3, 5});
+    EXPECT_TRUE(NextWeek().isChecked()) << "last year's week";
+    Dialog().Unload();
+    Open({2002, 3, 3});
+    EXPECT_TRUE(NextWeek().isChecked()) << "next year's week";
+}
+
+TEST_F(ResetDialog, DayOfAWeekOverTheTurnOfTheYearLiesWithinIt) {
+    for (const QDate& today : {QDate(2000, 12, 31), QDate(2001, 1, 3), QDate(2001, 1, 6)}) {
+        SetToday(today);
+        Open({2000, 12, 31});
+        EXPECT_TRUE(ThisWeek().isChecked()) << today.toString(Qt::ISODate).toStdString();
+        Dialog().Unload();
+    }
+    for (const QDate& today : {QDate(2000, 12, 30), QDate(2001, 1, 7)}) {
+        SetToday(today);
+        Open({2000, 12, 31});
+        EXPECT_TRUE(NextWeek().isChecked()) << today.toString(Qt::ISODate).toStdString();
+        Dialog().Unload();
+    }
 }
 
 TEST_F(ResetDialog, EachReturnToTheFormChoosesAnew) {

@@ -4,6 +4,7 @@
 #include "platform/runtime/Dates.h"
 #include "store/ChartFields.h"
 #include "store/TableNames.h"
+#include "tests/common/FormerFile.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -81,6 +82,17 @@ void BenchTest::OpenLargeDatabase() {
     Database().InitDatabse();
 }
 
+QString BenchTest::PresentFile() {
+    return Path(QStringLiteral("Database/Charts.mdb"));
+}
+
+QString BenchTest::FormerFile() {
+    const QString file = Path(QStringLiteral("former.sqlite"));
+    if (!QFile::exists(file))
+        WriteFormerFile(file, PresentFile());
+    return file;
+}
+
 double BenchTest::TimeOf(const std::function<void()>& work) {
     QElapsedTimer timer;
     timer.start();
@@ -116,11 +128,31 @@ void BenchTest::ExpectRatio(const char* what, double limit, const std::function<
         if (::testing::Test::HasFatalFailure())
             return;
         ratio = medians.Program / medians.Floor;
-        std::printf("%-44s %8.2f %s, floor %8.2f %s, ratio %5.2f, at most %.0f\n", what,
+        std::printf("%-44s %8.2f %s, floor %8.2f %s, ratio %5.2f, at most %.2f\n", what,
                     medians.Program, unit, medians.Floor, unit, ratio, limit);
         std::fflush(stdout);
         if (ratio <= limit)
             return;
     }
     ADD_FAILURE() << what << ": " << ratio << " times the floor";
+}
+
+void BenchTest::ExpectTime(const char* what, double limit, const std::function<double()>& run) {
+    double median = 0;
+    for (int attempt = 0; attempt < Attempts; ++attempt) {
+        // The first run warms the caches and counts for nothing.
+        run();
+        std::vector<double> times;
+        for (int count = 0; count < Runs && !::testing::Test::HasFatalFailure(); ++count)
+            times.push_back(run());
+        if (::testing::Test::HasFatalFailure())
+            return;
+        median = Median(times);
+        std::printf("%-44s %8.2f ms, best %8.2f ms, less than %.0f ms\n", what, median,
+                    *std::min_element(times.begin(), times.end()), limit);
+        std::fflush(stdout);
+        if (median < limit)
+            return;
+    }
+    ADD_FAILURE() << what << ": " << median << " ms";
 }

@@ -18,6 +18,11 @@ protected:
 
     static QString ChildName(int child);
 
+    /// The test's database file.
+    static QString PresentFile();
+    /// The same tables in the former format, a table of the engine for each of them.
+    static QString FormerFile();
+
     /// One run of each kind at a time, so that both meet the same weather; milliseconds.
     struct Medians {
         double Program = 0;
@@ -30,6 +35,10 @@ protected:
     /// busy with other things gets two more chances.
     static void ExpectRatio(const char* what, double limit, const std::function<Medians()>& measure,
                             const char* unit = "ms");
+
+    /// Fails the test if the median of 21 runs is not below `limit` milliseconds. `run` gives the
+    /// time of one. A machine that is busy with other things gets two more chances.
+    static void ExpectTime(const char* what, double limit, const std::function<double()>& run);
 
     /// Wall time of a piece of work, milliseconds.
     static double TimeOf(const std::function<void()>& work);

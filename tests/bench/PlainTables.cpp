@@ -12,12 +12,6 @@ std::string Quoted(const std::string& name) {
 
 } // namespace
 
-PlainTables::PlainTables(const QString& file)
-    : database_(file.toUtf8().constData(), SQLite::OPEN_READWRITE) {
-    database_.exec("PRAGMA journal_mode=DELETE");
-    database_.exec("PRAGMA synchronous=EXTRA");
-}
-
 void PlainTables::MakeTable(const std::string& name) {
     database_.exec("CREATE TABLE " + Quoted(name) +
                    " (Instructions MEMO TEXT, DayOfWeek TEXT(255), AdultResponsable TEXT(255),"
@@ -53,28 +47,7 @@ void PlainTables::SaveAgain(const std::string& chart, const std::string& history
     MakeTable(chart);
     SQLite::Statement insert(database_, "INSERT INTO " + Quoted(chart) +
                                             " VALUES(?1,?2,?3,?4,?5,0,?6,?7,?8,?9)");
-    for (int job = 0; job < jobs; ++job) {
-        const std::string instructions = "Job number " + std::to_string(job);
-        for (const char* day : {"Mon", "Tue", "Wed", "Thu", "Fri"}) {
-            insert.bindNoCopy(1, instructions);
-            insert.bindNoCopy(2, day);
-            insert.bindNoCopy(3, "Mum");
-            insert.bindNoCopy(4, "Easy");
-            insert.bind(5, 5);
-            if (job == 0) {
-                insert.bindNoCopy(6, "2001-03-04");
-                insert.bindNoCopy(7, "2001-03-10");
-                insert.bindNoCopy(8, owner);
-                insert.bind(9, -1);
-            } else {
-                for (int field = 6; field <= 8; ++field)
-                    insert.bind(field);
-                insert.bind(9, 0);
-            }
-            insert.exec();
-            insert.reset();
-        }
-    }
+    InsertRows(insert, 1, owner, jobs, [] {});
 }
 
 QStringList PlainTables::ChartNames() {

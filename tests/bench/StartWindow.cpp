@@ -3,7 +3,6 @@
 #include "platform/runtime/ProgramFolder.h"
 #include "shell/AccountList.h"
 #include "shell/RunProgram.h"
-#include "shell/session/Session.h"
 
 namespace {
 
@@ -24,7 +23,6 @@ bool IsFilledList(const QWidget& widget) {
 /// form or, with a second argument, up to the moment at which the accounts can be seen in it.
 int main(int argc, char** argv) {
     SetProgramFolder(QString::fromLocal8Bit(argv[1]));
-    Database().OpenAhead();
     PaintWatch application(argc, argv, argc > 2 ? IsFilledList : IsLogIn);
     return RunProgram(application);
 }

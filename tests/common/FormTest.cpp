@@ -16,10 +16,13 @@
 #include <QDir>
 #include <QLineEdit>
 #include <QTest>
+#include <QTextDocumentFragment>
 #include <QWindow>
 #include <utility>
 
 FormTest::FormTest() {
+    // What an earlier test has pressed and never released is not held here.
+    QTestPrivate::qtestMouseButtons = Qt::NoButton;
     qputenv("XDG_CONFIG_HOME", Path(QStringLiteral("config")).toLocal8Bit());
     clsRegistry registry;
     const QString key = QStringLiteral("Dutygrid");
@@ -155,6 +158,39 @@ void FormTest::DoubleClickRow(QWidget& list, int row) {
     QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, middle);
     QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, middle);
     Settle();
+}
+
+namespace {
+
+QPoint EmptyPart(const QAbstractItemView& view) {
+    const QPoint below(20, view.viewport()->height() - 4);
+    EXPECT_FALSE(view.indexAt(below).isValid()) << "the list is full";
+    return below;
+}
+
+} // namespace
+
+void FormTest::ClickEmptyPart(QWidget& list) {
+    auto& view = dynamic_cast<QAbstractItemView&>(list);
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, EmptyPart(view));
+    Settle();
+}
+
+void FormTest::DoubleClickEmptyPart(QWidget& list) {
+    auto& view = dynamic_cast<QAbstractItemView&>(list);
+    const QPoint place = EmptyPart(view);
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, place);
+    Settle();
+}
+
+QString FormTest::ShownTip(const QString& toolTip) {
+    return Qt::mightBeRichText(toolTip) ? QTextDocumentFragment::fromHtml(toolTip).toPlainText()
+                                        : toolTip;
+}
+
+QString FormTest::ShownTitle(const QWidget& form) {
+    return form.window()->windowHandle()->title();
 }
 
 void FormTest::Type(QWidget& control, const QString& text) {

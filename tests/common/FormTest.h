@@ -38,10 +38,18 @@ protected:
     /// A click or double click in the middle of a list's row.
     static void ClickRow(QWidget& list, int row);
     static void DoubleClickRow(QWidget& list, int row);
+    /// A click or a double click below the last row of a list.
+    static void ClickEmptyPart(QWidget& list);
+    static void DoubleClickEmptyPart(QWidget& list);
     /// Replaces a text box's or combo box's text by typed keys.
     static void Type(QWidget& control, const QString& text);
     /// A key press and release on a control.
     static void Press(QWidget& control, Qt::Key key);
+
+    /// What a tool tip shows, as far as it is text.
+    static QString ShownTip(const QString& toolTip);
+    /// The title that the window system shows for a form's window.
+    static QString ShownTitle(const QWidget& form);
 
     /// Saves a picture of a form to the folder named by DUTYGRID_SHOTS, if that is set.
     static void Shoot(QWidget& form, const QString& name);

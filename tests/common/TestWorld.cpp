@@ -86,6 +86,10 @@ QString ProgramTest::PictureFile(const QString& name, QRgb color) {
 
 QStringList ProgramTest::Rows(const QString& table) {
     Database().Commit();
+    return RowsInFile(table);
+}
+
+QStringList ProgramTest::RowsInFile(const QString& table) {
     const auto tables = TableStore::OpenDatabase(Path(QStringLiteral("Database/Charts.mdb")));
     Recordset rows = tables->OpenRecordset(table);
     const bool accounts = table == UsersTable;
@@ -101,12 +105,12 @@ QStringList ProgramTest::Rows(const QString& table) {
     return result;
 }
 
-QStringList ProgramTest::TableNames() {
+QStringList ProgramTest::TableNames(bool withAccounts) {
     Database().Commit();
     const auto tables = TableStore::OpenDatabase(Path(QStringLiteral("Database/Charts.mdb")));
     QStringList names;
     for (int index = 0; index < tables->TableCount(); ++index)
-        if (tables->TableName(index) != UsersTable)
+        if (withAccounts || tables->TableName(index) != UsersTable)
             names += tables->TableName(index);
     return names;
 }

@@ -26,11 +26,13 @@ protected:
                                QRgb color = 0xff2266aa);
 
     /// All rows of a table, each as its fields' texts joined by "|"; Null as "<null>", true as
-    /// "-1" and false as "0".
+    /// "-1" and false as "0". Commits first.
     static QStringList Rows(const QString& table);
+    /// The same as another process would find them in the file, also after a kill at this moment.
+    static QStringList RowsInFile(const QString& table);
 
-    /// Names of all tables but USERS, in order.
-    static QStringList TableNames();
+    /// Names of all tables in order, USERS among them or not.
+    static QStringList TableNames(bool withAccounts = false);
 
     ScriptedPrompts Boxes;
     ScriptedDesktop DesktopCalls;

@@ -8,6 +8,7 @@
 /// What this executable does instead of testing when started as a child: the first argument.
 inline const QString PlayCommand = QStringLiteral("--play");
 inline const QString HoldCommand = QStringLiteral("--hold");
+inline const QString RewriteCommand = QStringLiteral("--rewrite");
 
 /// Another process of this executable, which reports numbers to the one that started it. It dies
 /// with its parent, and at the latest with this object.

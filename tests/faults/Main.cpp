@@ -2,6 +2,7 @@
 #include "tests/faults/ChildProcess.h"
 #include "tests/faults/FaultWorld.h"
 #include "tests/faults/Household.h"
+#include "tests/faults/SmallFiles.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
@@ -36,24 +37,38 @@ int Play(const QStringList& arguments) {
 int Hold(const QStringList& arguments) {
     SQLite::Database database(arguments.at(0).toUtf8().constData(), SQLite::OPEN_READWRITE, 5000);
     database.exec(arguments.at(1).toUtf8().constData());
-    database.exec("INSERT INTO USERS(Name, Points, State) VALUES('Other copy', 7, 'Student')");
+    // The next row of the accounts' table.
+    database.exec("INSERT INTO Rows1(Key, Name, Points, State)"
+                  " SELECT max(Key) + 1, 'Other copy', 7, 'Student' FROM Rows1"
+                  " WHERE Key >> 32 = (SELECT Id FROM Catalogue WHERE Name = 'USERS')");
     ReportToParent(1);
     QThread::msleep(arguments.at(2).toULong());
     database.exec("COMMIT");
     return 0;
 }
 
+/// Rewrites the small files of a folder without end; reports the number of each state once it is
+/// written.
+int Rewrite(const QStringList& arguments) {
+    for (int number = 1;; ++number) {
+        SmallFiles(arguments.at(0)).Write(number);
+        ReportToParent(number);
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    if (argc > 1 &&
-        (PlayCommand == QLatin1String(argv[1]) || HoldCommand == QLatin1String(argv[1]))) {
+    const QString command = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
+    if (command == PlayCommand || command == HoldCommand || command == RewriteCommand) {
         EndWithParent();
         // No windows: a start without them takes a third of the time.
         const QCoreApplication application(argc, argv);
-        const QStringList arguments = QCoreApplication::arguments();
-        return arguments.at(1) == PlayCommand ? Play(arguments.mid(2)) : Hold(arguments.mid(2));
+        const QStringList arguments = QCoreApplication::arguments().mid(2);
+        return command == PlayCommand   ? Play(arguments)
+               : command == HoldCommand ? Hold(arguments)
+                                        : Rewrite(arguments);
     }
     const QGuiApplication application(argc, argv);
     testing::InitGoogleTest(&argc, argv);

@@ -85,5 +85,5 @@ TEST_F(SecondProcessTest, TwoCopiesThatBothMakeChartsLoseNone) {
     EXPECT_EQ(Boxes.Errors(), QStringList());
     const QByteArray content = SnapshotOf(File());
     EXPECT_TRUE(content.startsWith(SoundFile));
-    EXPECT_EQ(content.count("of this copy: "), charts);
+    EXPECT_EQ(content.count("of this copy | text "), charts);
 }

@@ -40,7 +40,8 @@ QByteArray SnapshotOf(const QString& databaseFile) {
     while (integrity.executeStep())
         out += "integrity: " + QByteArray::fromStdString(integrity.getColumn(0).getString()) + '\n';
 
-    SQLite::Statement tables(database, "SELECT name, sql FROM sqlite_master ORDER BY rowid");
+    SQLite::Statement tables(database, "SELECT name, sql FROM sqlite_master WHERE type = 'table' "
+                                       "ORDER BY rowid");
     while (tables.executeStep()) {
         const std::string name = tables.getColumn(0).getString();
         out += "table " + QByteArray::fromStdString(name) + ": " +

@@ -1,8 +1,12 @@
 #include "tests/filling/FillingTest.h"
 
 #include "platform/forms/DefaultForms.h"
+#include "platform/forms/MainWindowArea.h"
 #include "platform/runtime/Dates.h"
 
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QTest>
 #include <gtest/gtest.h>
 
 namespace {
@@ -133,6 +137,48 @@ TEST_F(OpenFillfrmTest, ADoubleClickOpensTheChart) {
     EXPECT_EQ(Jobs(*ViewerAt(0)), (S{QStringLiteral("Wed job 1"), QStringLiteral("Wed job 2")}));
 }
 
+TEST_F(OpenFillfrmTest, ADoubleClickOnTheEmptyPartIsOk) {
+    MakeChart(QStringLiteral("Chores Anna"), JobsOn(QStringLiteral("Wed"), 1));
+    ShowList();
+    for (const bool isSelected : {false, true}) {
+        if (isSelected)
+            ClickRow(List(), 0);
+        Boxes.Expect(QStringLiteral("Please select a Dutygrid to open"));
+        // Its first click takes the selection away.
+        DoubleClickEmptyPart(List());
+        Boxes.VerifyAllShown();
+        EXPECT_TRUE(IsOpen());
+    }
+    EXPECT_EQ(ChartFormIndex, 0);
+}
+
+TEST_F(OpenFillfrmTest, ADoubleClickByAnotherButtonOpensNothing) {
+    MakeChart(QStringLiteral("Chores Anna"), JobsOn(QStringLiteral("Wed"), 1));
+    ShowList();
+    ClickRow(List(), 0);
+    const QPoint row = List().visualItemRect(List().item(0)).center();
+    QTest::mouseDClick(List().viewport(), Qt::RightButton, {}, row);
+    Settle();
+    EXPECT_TRUE(IsOpen());
+    EXPECT_EQ(ChartFormIndex, 0);
+}
+
+TEST_F(OpenFillfrmTest, EnterInTheListIsOk) {
+    MakeChart(QStringLiteral("Chores Anna"), JobsOn(QStringLiteral("Wed"), 1));
+    ShowList();
+    Boxes.Expect(QStringLiteral("Please select a Dutygrid to open"));
+    Press(List(), Qt::Key_Enter);
+    Settle();
+    EXPECT_TRUE(IsOpen());
+
+    ClickRow(List(), 0);
+    Press(List(), Qt::Key_Return);
+    Settle();
+    EXPECT_FALSE(IsOpen());
+    ASSERT_NE(ViewerAt(0), nullptr);
+    EXPECT_EQ(ViewerAt(0)->ChartName, QStringLiteral("Chores Anna"));
+}
+
 TEST_F(OpenFillfrmTest, DayBeforeTodayCountsFromSunday) {
     // 4 March 2001 was a Sunday.
     const QList<int> expected = {7, 1, 2, 3, 4, 5, 6};
@@ -209,6 +255,16 @@ TEST_F(OpenFillfrmTest, AChartWithoutASundayKeepsTheDesignedRowUntilTheFirstPage
     EXPECT_EQ(Ticked(QStringLiteral("Chores Anna")), S{});
 }
 
+TEST_F(OpenFillfrmTest, OkOnTheViewerTakesOffTheMarkOfAChartInUse) {
+    MakeChart(QStringLiteral("Chores Anna"), JobsOn(QStringLiteral("Wed"), 1));
+    const ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
+    EXPECT_EQ(viewer.Tag, QStringLiteral("USED"));
+    // The form is deleted only when events are delivered.
+    Button(viewer, QStringLiteral("Ok")).click();
+    EXPECT_EQ(viewer.Tag, QString());
+    EXPECT_TRUE(viewer.IsUnloaded());
+}
+
 TEST_F(OpenFillfrmTest, AfterOkOnTheViewerTheNextOpeningAsksNothing) {
     MakeChart(QStringLiteral("Chores Anna"), JobsOn(QStringLiteral("Wed"), 2));
     ChartViewer& first = OpenChart(QStringLiteral("Chores Anna"));
@@ -253,6 +309,19 @@ TEST_F(OpenFillfrmTest, OnNoTheChartInUseComesToTheFrontAndTheListCloses) {
     EXPECT_FALSE(IsOpen());
     // It came to the front from another form, so the page was turned, once.
     EXPECT_EQ(Jobs(first), S{QStringLiteral("Sweep")});
+}
+
+TEST_F(OpenFillfrmTest, OnNoTheChartInUseComesToTheFrontAlsoBeforeAFormOpenedSince) {
+    MakeChart(QStringLiteral("Chores Anna"), {{QStringLiteral("Cook"), QStringLiteral("Wed")},
+                                              {QStringLiteral("Sweep"), QStringLiteral("Thu")}});
+    ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
+    DefaultForm(QStringLiteral("frmAboutDutygrid")).Show();
+    Settle();
+    ShowList();
+    Boxes.Expect(ListQuestion, PromptAnswer::No);
+    Pick(QStringLiteral("Chores Anna"));
+    EXPECT_TRUE(MainWindowArea()->activeSubWindow() == &viewer.Frame());
+    EXPECT_EQ(Jobs(viewer), S{QStringLiteral("Sweep")});
 }
 
 TEST_F(OpenFillfrmTest, AChartEditorOpenedAfterTheViewerHidesItFromTheQuestion) {

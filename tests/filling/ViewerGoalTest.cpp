@@ -82,6 +82,34 @@ TEST_F(ViewerGoalTest, ANewIncentiveIsShownAtTheNextActivation) {
     EXPECT_EQ(Words(viewer), QStringLiteral("5 of 50 points towards Kite"));
 }
 
+TEST_F(ViewerGoalTest, TheWayNamesWhatIsStoredNotTheGrownCaption) {
+    SetGoal(QString(), 500);
+    SetPoints(5);
+    ChartViewer& viewer = OpenWithJobsOf({QStringLiteral("5")});
+    EXPECT_EQ(Words(viewer), QStringLiteral("5 of 500 points towards the goal"));
+    ShowList();
+    viewer.Show();
+    Settle();
+    const QString grown = QStringLiteral(" 500 Points 500 Points");
+    EXPECT_TRUE(TextAt(viewer, QStringLiteral("ToyName")).endsWith(grown))
+        << TextAt(viewer, QStringLiteral("ToyName")).toStdString();
+    EXPECT_EQ(Words(viewer), QStringLiteral("5 of 500 points towards the goal"));
+    EXPECT_EQ(ShownTip(Way(viewer).toolTip()), Words(viewer));
+
+    SetGoal(QStringLiteral("Kite"), 500);
+    ShowList();
+    viewer.Show();
+    Settle();
+    EXPECT_EQ(Words(viewer), QStringLiteral("5 of 500 points towards Kite"));
+    SetGoal(QString(), 500);
+    ShowList();
+    viewer.Show();
+    Settle();
+    EXPECT_EQ(TextAt(viewer, QStringLiteral("ToyName")),
+              QStringLiteral("Kite 500 Points 500 Points"));
+    EXPECT_EQ(Words(viewer), QStringLiteral("5 of 500 points towards the goal"));
+}
+
 TEST_F(ViewerGoalTest, PointsInThePlaceOfACostThatIsNotStoredAreNoGoal) {
     SetGoal(QString(), 0);
     SetPoints(5);

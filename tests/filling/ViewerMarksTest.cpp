@@ -67,9 +67,9 @@ TEST_F(ViewerMarksTest, ATickMovesThePointsAtOnceAndTheTickOnlyAtThePage) {
 TEST_F(ViewerMarksTest, PointsOutlastAKillBeforeTheTickIsStored) {
     ChartViewer& viewer = OpenWith({QStringLiteral("5")});
     Click(viewer.ClearImg[0]);
-    // What another process would find in the file.
-    EXPECT_TRUE(Rows(UsersTable).last().contains(QStringLiteral("Anna|a|5|")));
-    EXPECT_EQ(Ticked(QStringLiteral("Chores Anna")), S{});
+    EXPECT_EQ(RowsInFile(UsersTable).last(), QStringLiteral("Anna|a|5|Student|<null>|500"));
+    EXPECT_EQ(RowsInFile(QStringLiteral("Chores Anna")),
+              S{QStringLiteral("Job for 5|Wed|Mum|Easy|5|0|2001-03-04|2001-03-10|Anna|-1")});
 }
 
 TEST_F(ViewerMarksTest, EveryFurtherClickMovesThePoints) {

@@ -314,6 +314,32 @@ TEST_F(ViewerRowsTest, DraggingARowTheListOrTheFormMovesTheForm) {
     }
 }
 
+TEST_F(ViewerRowsTest, AFormMadeHigherByARowMovesIntoTheMainWindowWhenTheButtonIsUp) {
+    ChartViewer& viewer = OpenWith(2, 1);
+    const QWidget& room = *viewer.Frame().parentWidget();
+    const int low = room.height() - viewer.Frame().height() + 20;
+    viewer.Move(600, low * 15);
+    QWidget& row = viewer.Instructions[0];
+    QTest::mousePress(&row, Qt::LeftButton, {}, QPoint(10, 8));
+    EXPECT_EQ(viewer.height(), 9800 / 15);
+    EXPECT_EQ(viewer.Top(), low * 15) << "nothing moves away under the mouse";
+    QTest::mouseRelease(&row, Qt::LeftButton, {}, QPoint(10, 8));
+    EXPECT_EQ(viewer.Frame().pos(),
+              QPoint(40, std::max(0, room.height() - viewer.Frame().height())));
+    // Only where it grows: a form that has been dragged out stays there.
+    viewer.Move(600, low * 15);
+    Click(viewer.Instructions[1]);
+    EXPECT_EQ(viewer.Top(), low * 15);
+}
+
+TEST_F(ViewerRowsTest, AFormMadeHigherByAKeyMovesIntoTheMainWindow) {
+    ChartViewer& viewer = OpenWith(2, 1);
+    const QWidget& room = *viewer.Frame().parentWidget();
+    viewer.Move(600, (room.height() - viewer.Frame().height() + 20) * 15);
+    Press(viewer.Instructions[0], Qt::Key_Space);
+    EXPECT_EQ(viewer.Frame().y(), std::max(0, room.height() - viewer.Frame().height()));
+}
+
 TEST_F(ViewerRowsTest, ADragNeedsTheLeftButtonAlone) {
     ChartViewer& viewer = OpenWith(2, 1);
     QWidget& row = viewer.Instructions[0];
@@ -352,9 +378,9 @@ TEST_F(ViewerRowsTest, AMaximisedViewerStaysMaximised) {
 
 TEST_F(ViewerRowsTest, APressOnTheNumberOrAHeadingIsNotStoredAndStartsNoDrag) {
     ChartViewer& viewer = OpenWith(2, 1);
-    viewer.Move(1500, 600);
     // A place left from an earlier press.
     QTest::mouseClick(&viewer.Instructions[0], Qt::LeftButton, {}, QPoint(10, 8));
+    viewer.Move(1500, 600);
     for (QWidget* label : {static_cast<QWidget*>(&viewer.Number[1]),
                            &Find<QWidget>(viewer, QStringLiteral("DayLbl")),
                            &Find<QWidget>(viewer, QStringLiteral("Label4"))}) {

@@ -18,7 +18,7 @@ TEST_F(JobReportCountsTest, JobFoundOnlyOpenShowsZeroCompleted) {
 
 TEST_F(JobReportCountsTest, NullMarkCountsAsIncomplete) {
     MakeChartTable(Chores, {{u"Dust"_s, true}, {u"Sweep"_s, true}});
-    Spoil(Chores, u"Completed = NULL WHERE Instructions = 'Dust'"_s);
+    Spoil(Chores, u"Completed = NULL"_s, u"Instructions = 'Dust'"_s);
     WriteJobs("Dust\r\nSweep\r\n");
     EXPECT_EQ(Counts(Print({Chores})), (QStringList{u"Dust 0/1"_s, u"Sweep 1/0"_s}));
 }
@@ -49,7 +49,7 @@ TEST_F(JobReportCountsTest, EntryWithACommaIsReadAsTwoJobs) {
 
 TEST_F(JobReportCountsTest, EmptyEntryIsNotFoundInRowsWithoutAText) {
     MakeChartTable(Chores, {{u"Dust"_s}, {u"Sweep"_s}});
-    Spoil(Chores, u"Instructions = NULL WHERE Instructions = 'Dust'"_s);
+    Spoil(Chores, u"Instructions = NULL"_s, u"Instructions = 'Dust'"_s);
     WriteJobs("\r\nSweep\r\n");
     EXPECT_EQ(Counts(Print({Chores})), QStringList{u"Sweep 0/1"_s});
 }
@@ -90,6 +90,8 @@ TEST_F(JobReportCountsTest, OnlyTheFirstNameSaysAll) {
     EXPECT_EQ(Counts(Print({All, u"no such table"_s})), QStringList{u"Dust 0/1"_s});
     EXPECT_EQ(Counts(Print({ThisWeek, All})), QStringList{u"Dust 2/1"_s});
     EXPECT_EQ(Counts(Print({u"all"_s})), QStringList{u"Dust 2/0"_s});
+    MakeChartTable(u"All chores"_s, {{u"Dust"_s, true}, {u"Dust"_s, true}, {u"Dust"_s, true}});
+    EXPECT_EQ(Counts(Print({u"All chores"_s})), QStringList{u"Dust 3/0"_s});
 }
 
 TEST_F(JobReportCountsTest, ModeChoosesTheListOfJobs) {
@@ -99,6 +101,8 @@ TEST_F(JobReportCountsTest, ModeChoosesTheListOfJobs) {
     EXPECT_EQ(Counts(Print({Chores})), QStringList{u"Dust 0/1"_s});
     SchoolMode = -1;
     EXPECT_EQ(Counts(Print({Chores})), QStringList{u"Wipe the board 0/1"_s});
+    SchoolMode = 1;
+    EXPECT_EQ(Counts(Print({Chores})), QStringList{u"Dust 0/1"_s}) << "true is -1 alone";
 }
 
 TEST_F(JobReportCountsTest, Report2TakesAnyFile) {
@@ -250,8 +254,8 @@ protected:
             MakeChartTable(table.Name, table.Rows, table.Owner);
             if (Below(2) == 0) {
                 table.NullMarks.insert(Below(static_cast<int>(table.Rows.size())));
-                Spoil(table.Name,
-                      u"Completed = NULL WHERE rowid = %1"_s.arg(*table.NullMarks.cbegin() + 1));
+                Spoil(table.Name, u"Completed = NULL"_s,
+                      u"Key & 0xffffffff = %1"_s.arg(*table.NullMarks.cbegin() + 1));
             }
             tables.append(table);
         }

@@ -1,13 +1,5 @@
 #include "tests/print/JobReportTest.h"
 
-#include <SQLiteCpp/SQLiteCpp.h>
-
-void JobReportTest::Spoil(const QString& table, const QString& assignment) {
-    Database().Commit();
-    SQLite::Database file(Path(u"Database/Charts.mdb"_s).toStdString(), SQLite::OPEN_READWRITE);
-    file.exec(u"UPDATE \"%1\" SET %2"_s.arg(table, assignment).toStdString());
-}
-
 void JobReportTest::WriteJobs(const QByteArray& content, const QString& file) {
     QFile list(Path(u"Jobs/"_s + file));
     ASSERT_TRUE(list.open(QIODevice::WriteOnly));

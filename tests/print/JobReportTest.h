@@ -3,6 +3,7 @@
 #include "platform/runtime/RuntimeError.h"
 #include "tests/common/ChartRows.h"
 #include "tests/common/PrintedPages.h"
+#include "tests/common/SpoiledRows.h"
 #include "tests/common/TestWorld.h"
 #include "tests/print/RecordedPaper.h"
 
@@ -16,9 +17,6 @@ protected:
     JobReportTest() { SetPrintTarget(&Recorded); }
 
     static inline const QString All = u"All"_s;
-
-    /// Makes fields of the table Null in all rows, or gives them what no program of ours stores.
-    static void Spoil(const QString& table, const QString& assignment);
 
     static void WriteJobs(const QByteArray& content, const QString& file = u"HomeJobs.dat"_s);
 

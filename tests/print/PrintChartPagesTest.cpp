@@ -1,3 +1,4 @@
+#include "tests/common/SpoiledRows.h"
 #include "tests/print/PrintChartTest.h"
 
 #include <QFile>
@@ -113,6 +114,26 @@ TEST_F(PrintChartTest, DaysBehindABreakGoOnBelowIt) {
     EXPECT_NEAR(second.Find(2, QStringLiteral("Tuesday")).Place.top(), 10.1, Near);
 }
 
+TEST_F(PrintChartTest, ContinuedPageHoldsItsDaysAndNothingElse) {
+    MakeChart(Jobs(QStringLiteral("Sun"), 20) + Jobs(QStringLiteral("Mon"), 8) +
+              Jobs(QStringLiteral("Sat"), 1));
+    const QList<RecordedPage> pages = Record();
+    ASSERT_EQ(pages.size(), 2);
+    QStringList expected = {QStringLiteral("Monday")};
+    const QString blanks(29, QLatin1Char(' '));
+    for (int number = 1; number <= 8; ++number)
+        expected += {QStringLiteral("%1.%2Monjob%1").arg(number).arg(blanks),
+                     QStringLiteral("%1 Points").arg(number)};
+    expected += {QStringLiteral("Saturday"), QStringLiteral("1.%1Satjob1").arg(blanks),
+                 QStringLiteral("1 Points")};
+    QStringList words;
+    for (const RecordedPage::Text& text : pages[1].Texts)
+        words += text.Words;
+    EXPECT_EQ(words, expected);
+    EXPECT_EQ(pages[1].Strokes.size(), 2 + 7 + 2) << "columns and rules of the two days";
+    EXPECT_TRUE(Print().Ink(2, QRectF(0, 0, 21, 1.1)).isEmpty());
+}
+
 TEST_F(PrintChartTest, DayOf30RowsRunsOffTheBottomOfItsOwnPage) {
     MakeChart(Jobs(QStringLiteral("Wed"), 30));
     const PrintedPages pages = Print();
@@ -192,6 +213,28 @@ TEST_F(PrintChartTest, NullInInstructionsRaises94AndSendsNothing) {
     EXPECT_TRUE(Paper.Files().isEmpty());
 }
 
+TEST_F(PrintChartTest, NullMarkCountsAsNotCompleted) {
+    MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Sun"), 5, true},
+               {QStringLiteral("Beds"), QStringLiteral("Sun"), 5, true}});
+    Spoil(Chart, QStringLiteral("Completed = NULL"), QStringLiteral("Instructions = 'Dishes'"));
+    const PrintedPages pages = Print(false, EmptyBoxText);
+    EXPECT_TRUE(HasEmptyBox(pages, 1, 3));
+    EXPECT_TRUE(HasCheck(pages, 1, 4));
+}
+
+TEST_F(PrintChartTest, AModeThatIsNeitherTrueNorFalsePrintsNeitherTitleNorMarks) {
+    MakeChart({{QStringLiteral("Sweep"), QStringLiteral("Wed")},
+               {QStringLiteral("Mop"), QStringLiteral("Wed"), 5, true}});
+    Database().PrintChart(Chart, Mode(1), Kid, QStringLiteral("open"));
+    const QString text = PdfPrintTarget::TextOf(Paper.Files().last());
+    EXPECT_TRUE(text.contains(QStringLiteral("Sweep")));
+    EXPECT_FALSE(text.contains(QStringLiteral("from")));
+    EXPECT_FALSE(text.contains(QStringLiteral("open")));
+    const PrintedPages pages(Paper.Files().last());
+    for (const int row : {6, 7})
+        EXPECT_TRUE(pages.Ink(1, MarkCell(row)).isEmpty()) << row;
+}
+
 TEST_F(PrintChartTest, NullInTheFirstRowsDatesRaises94) {
     MakeChart(Jobs(QStringLiteral("Sun"), 2));
     SetNull(0, ChartField::LastDate);
@@ -203,6 +246,8 @@ TEST_F(PrintChartTest, MissingPrinterRaises482) {
     MakeChart(Jobs(QStringLiteral("Sun"), 2));
     SetPrintTarget(nullptr);
     EXPECT_EQ(ErrorOfPrint(), 482);
+    SetNull(0, ChartField::LastDate);
+    EXPECT_EQ(ErrorOfPrint(), 482) << "the page is set up before the dates are read";
 }
 
 TEST_F(PrintChartTest, DeviceThatRefusesRaises482AndTheNextPrintIsWhole) {

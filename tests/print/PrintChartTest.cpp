@@ -93,30 +93,36 @@ TEST_F(PrintChartTest, BoxRunsFromOneToTwentyOnWholeGridRowsOverAllRowsOfItsDay)
 }
 
 TEST_F(PrintChartTest, HeightOfTheDaysNameDecidesTheBoxesTop) {
-    // On paper half as high the name takes twice the grid rows: 2.1 + 1.2 + 0.3 rounds to 4.
-    class HalfPaper : public PrintTarget {
+    class LowPaper : public PrintTarget {
     public:
-        explicit HalfPaper(QString path) : path_(std::move(path)) {}
+        LowPaper(QString path, double height) : path_(std::move(path)), height_(height) {}
         std::unique_ptr<QPagedPaintDevice> Open() override {
             auto device = std::make_unique<QPdfWriter>(path_);
-            device->setPageSize(QPageSize(QSizeF(595, 431), QPageSize::Point));
+            device->setPageSize(QPageSize(QSizeF(595, height_), QPageSize::Point));
             return device;
         }
         void Sent() override {}
 
     private:
         QString path_;
+        double height_;
     };
-    HalfPaper half(Path(QStringLiteral("half.pdf")));
-    SetPrintTarget(&half);
     MakeChart(Jobs(QStringLiteral("Sun"), 2));
-    Database().PrintChart(Chart, false, Kid, QString());
-    const PrintedPages pages(Path(QStringLiteral("half.pdf")));
-    EXPECT_TRUE(pages.Ink(1, QRectF(0.8, 2, 0.3, 1.8)).isEmpty());
-    const QRectF edge = pages.Ink(1, QRectF(0.8, 0, 0.3, 30));
-    EXPECT_NEAR(edge.top(), 4, 0.2);
-    EXPECT_NEAR(edge.bottom(), 6, 0.2);
-    EXPECT_NEAR(pages.Find(1, QStringLiteral("Sunjob1")).Place.top(), 3.2, Near);
+    const auto expectBox = [this](double paperHeight, double top) {
+        LowPaper paper(Path(QStringLiteral("low.pdf")), paperHeight);
+        SetPrintTarget(&paper);
+        Database().PrintChart(Chart, false, Kid, QString());
+        SetPrintTarget(&Paper);
+        const PrintedPages pages(Path(QStringLiteral("low.pdf")));
+        const QRectF edge = pages.Ink(1, QRectF(0.8, 0, 0.3, 30));
+        EXPECT_NEAR(edge.top(), top, 0.2) << paperHeight;
+        EXPECT_NEAR(edge.bottom(), top + 2, 0.2) << paperHeight;
+        EXPECT_NEAR(pages.Find(1, QStringLiteral("Sunjob1")).Place.top(), 3.2, Near);
+    };
+    // The name at 2.1 takes 1.05 grid rows: 3.15 and 0.3 round to 3.
+    expectBox(483, 3);
+    // It takes 1.2: 3.3 and 0.3 round to 4.
+    expectBox(431, 4);
 }
 
 TEST_F(PrintChartTest, BoxLineIsFortyDotsWideAndTheRulesOne) {
@@ -148,9 +154,27 @@ TEST_F(PrintChartTest, RowsArePartedByRulesExceptAboveTheFirst) {
         EXPECT_NEAR(rule.left(), 1, 0.1);
         EXPECT_NEAR(rule.right(), 20, 0.1);
     }
-    const QColor box = BoxColor(pages, 1, 3, 6);
-    EXPECT_NE(box, QColor(0, 0, 0));
-    EXPECT_EQ(pages.MainColor(1, QRectF(15, 2.9, 1.5, 0.2)), box) << "above the first row";
+}
+
+TEST_F(PrintChartTest, LinesOfADayAreItsTwoColumnsAndOneRuleBetweenEachTwoRows) {
+    // A rule above the first row would hide in the box's own edge: every line counts.
+    MakeChart(Jobs(QStringLiteral("Sun"), 3) + Jobs(QStringLiteral("Mon"), 1) +
+              Jobs(QStringLiteral("Sat"), 2));
+    const QList<RecordedPage> pages = Record();
+    ASSERT_EQ(pages.size(), 1);
+    using Ends = QPair<QPointF, QPointF>;
+    const QList<Ends> expected = {
+        {{13, 3}, {13, 6}},   {{18, 3}, {18, 6}},   {{1, 4}, {20, 4}},
+        {{1, 5}, {20, 5}},    {{13, 7}, {13, 8}},   {{18, 7}, {18, 8}},
+        {{13, 13}, {13, 15}}, {{18, 13}, {18, 15}}, {{1, 14}, {20, 14}},
+    };
+    QList<Ends> drawn;
+    for (const RecordedPage::Stroke& stroke : pages.first().Strokes) {
+        drawn.append({Rounded(stroke.From), Rounded(stroke.To)});
+        EXPECT_EQ(stroke.Color, qRgb(0, 0, 0));
+        EXPECT_EQ(stroke.Width, 1);
+    }
+    EXPECT_EQ(drawn, expected);
 }
 
 TEST_F(PrintChartTest, EveryBoxHasOneOfSevenColoursAndAllOfThemComeUp) {

@@ -5,6 +5,9 @@
 #include "store/TableNames.h"
 #include "tests/common/PrintedPages.h"
 #include "tests/common/TestWorld.h"
+#include "tests/print/RecordedPaper.h"
+
+#include <cmath>
 
 /// What reading a page costs in exactness, in grid units.
 inline constexpr double Near = 0.07;
@@ -66,6 +69,20 @@ protected:
     PrintedPages Print(bool blankBoxes = false, const QString& openMark = QString()) {
         Database().PrintChart(Chart, blankBoxes, Kid, openMark);
         return PrintedPages(Paper.Files().last());
+    }
+
+    /// All that is drawn, in its order and also where no reader of the paper could tell it apart.
+    QList<RecordedPage> Record(const QString& openMark = QString()) {
+        RecordedPaper paper;
+        SetPrintTarget(&paper);
+        Database().PrintChart(Chart, false, Kid, openMark);
+        SetPrintTarget(&Paper);
+        return paper.Jobs.value(0);
+    }
+
+    /// A place to a thousandth of a grid unit.
+    static QPointF Rounded(const QPointF& place) {
+        return {std::round(place.x() * 1000) / 1000, std::round(place.y() * 1000) / 1000};
     }
 
     static int ErrorOfPrint(bool blankBoxes = false) {

@@ -30,10 +30,11 @@ public:
     }
     void drawLines(const QLineF* lines, int count) override {
         for (int line = 0; line < count; ++line)
-            pages_.last().Strokes.append(
-                {InUnits(lines[line].p1()), InUnits(lines[line].p2()), pen_.color().rgb()});
+            pages_.last().Strokes.append({InUnits(lines[line].p1()), InUnits(lines[line].p2()),
+                                          pen_.color().rgb(), pen_.widthF()});
     }
     void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
+    void drawPath(const QPainterPath&) override {}
 
 private:
     QPointF InUnits(const QPointF& dots) const {

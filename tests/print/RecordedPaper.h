@@ -20,6 +20,8 @@ struct RecordedPage {
         QPointF From;
         QPointF To;
         QRgb Color = 0;
+        /// In device dots.
+        double Width = 0;
     };
     QList<Text> Texts;
     QList<Stroke> Strokes;

@@ -42,7 +42,7 @@ TEST_F(DateRangeReportTest, PrintsTheTablesThatBeginInTheSpan) {
     AskForDatesOf(u"Anna"_s);
     EXPECT_EQ(Report().cursor().shape(), Qt::ArrowCursor) << "no hourglass while dates are chosen";
     GiveDates(QDate(2001, 3, 4), QDate(2001, 3, 11));
-    EXPECT_EQ(Report().SelectedCharts, (QStringList{Week1, Week2}));
+    EXPECT_EQ(Report().SelectedCharts, (QStringList{Week2, Week1}));
     ASSERT_EQ(Paper.Files().size(), 1);
     const PrintedPages pages = LastPages();
     EXPECT_EQ(pages.LineAt(1, 0), u"Anna - Job Report"_s);

@@ -4,6 +4,7 @@
 #include <QFrame>
 #include <QLabel>
 #include <QPushButton>
+#include <QTableView>
 
 namespace {
 
@@ -101,6 +102,14 @@ TEST_F(DateRangefrmTest, SecondOkHandsBothDatesOverSaysThemAndUnloads) {
     EXPECT_EQ(ExistingForm(u"DateRangefrm"_s), nullptr);
 }
 
+TEST_F(DateRangefrmTest, OkTakesTheDayMarkedInTheMonthTurnedTo) {
+    Click(Find(Dialog(), u"Command1"_s));
+    Click(Find(Dialog(), u"qt_calendar_prevmonth"_s));
+    Click(Find(Dialog(), u"Ok"_s));
+    EXPECT_EQ(Dialog().StartDate, QDate(2001, 2, 7));
+    EXPECT_EQ(RangeShown(), u"Starting from: 2/7/2001 until "_s);
+}
+
 TEST_F(DateRangefrmTest, EndMayBeBeforeTheStart) {
     GiveDates(QDate(2001, 3, 9), QDate(2001, 3, 2));
     EXPECT_EQ(Report().StartDate, QDate(2001, 3, 9));
@@ -146,6 +155,50 @@ TEST(MonthCalendarTest, PartsAreWrittenInAnyOrder) {
     calendar.SetMonth(2);
     calendar.SetYear(2004);
     EXPECT_EQ(calendar.Value(), QDate(2004, 2, 29));
+    SetToday(QDate());
+}
+
+/// The texts of the days that a calendar marks.
+QStringList Marked(const MonthCalendar& calendar) {
+    QStringList days;
+    const auto& view = *calendar.findChild<QTableView*>(u"qt_calendar_calendarview"_s);
+    for (const QModelIndex& cell : view.selectionModel()->selectedIndexes())
+        days += cell.data().toString();
+    return days;
+}
+
+void ExpectMarkedDayIs(const MonthCalendar& calendar, const QDate& day) {
+    EXPECT_EQ(calendar.Value(), day);
+    EXPECT_EQ(QDate(calendar.yearShown(), calendar.monthShown(), 1),
+              QDate(day.year(), day.month(), 1));
+    EXPECT_EQ(Marked(calendar), QStringList{QString::number(day.day())});
+}
+
+void Turn(const MonthCalendar& calendar, const QString& button) {
+    QTest::mouseClick(calendar.findChild<QWidget*>(button), Qt::LeftButton);
+}
+
+TEST(MonthCalendarTest, TheMarkedDayIsTheValueHoweverThePagesAreTurned) {
+    SetToday(QDate(2001, 1, 31));
+    MonthCalendar calendar;
+    calendar.show();
+    ExpectMarkedDayIs(calendar, QDate(2001, 1, 31));
+    Turn(calendar, u"qt_calendar_nextmonth"_s);
+    ExpectMarkedDayIs(calendar, QDate(2001, 2, 28));
+    Turn(calendar, u"qt_calendar_nextmonth"_s);
+    ExpectMarkedDayIs(calendar, QDate(2001, 3, 28));
+    for (int month = 0; month < 3; ++month)
+        Turn(calendar, u"qt_calendar_prevmonth"_s);
+    ExpectMarkedDayIs(calendar, QDate(2000, 12, 28));
+    auto& days = *calendar.findChild<QTableView*>(u"qt_calendar_calendarview"_s);
+    QTest::keyClick(&days, Qt::Key_Right);
+    ExpectMarkedDayIs(calendar, QDate(2000, 12, 29));
+    QTest::keyClick(&days, Qt::Key_PageDown);
+    ExpectMarkedDayIs(calendar, QDate(2001, 1, 29));
+    QTest::keyClick(&days, Qt::Key_Down);
+    ExpectMarkedDayIs(calendar, QDate(2001, 2, 5));
+    calendar.setCurrentPage(2004, 2);
+    ExpectMarkedDayIs(calendar, QDate(2004, 2, 5));
     SetToday(QDate());
 }
 

@@ -33,10 +33,14 @@ void ReviewTest::MakeChartOfLastWeek(const QString& name) {
     tables->Commit();
 }
 
-WeekChartRepresentation& ReviewTest::Open() {
+void ReviewTest::OpenByMenu() {
     auto& menu = DefaultForm(QStringLiteral("MainForm")).Widget();
     Find<QAction>(menu, QStringLiteral("mnuReviewDutygrid")).trigger();
     Settle();
+}
+
+WeekChartRepresentation& ReviewTest::Open() {
+    OpenByMenu();
     return dynamic_cast<WeekChartRepresentation&>(DefaultForm(WeekChartRepresentation::FormName));
 }
 

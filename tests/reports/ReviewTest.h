@@ -21,7 +21,8 @@ protected:
     /// Puts the chart's week seven days back and lets it roll on by itself.
     static void MakeChartOfLastWeek(const QString& name);
 
-    /// Opens the form as the menu does.
+    /// Opens the form as the menu does, and gives it.
+    static void OpenByMenu();
     static WeekChartRepresentation& Open();
     /// Opens the form and clicks a chart.
     static WeekChartRepresentation& OpenOn(const QString& chart);

@@ -45,6 +45,28 @@ protected:
     }
 };
 
+TEST_F(WeekChartRepresentationTest, ToolTipsOfTheListShowNamesAsTheyStand) {
+    const QString name = QStringLiteral("<b>x</b> & Anna");
+    MakeChart(name, Jobs(1));
+    Open();
+    ASSERT_EQ(Listed(), S{name});
+    EXPECT_EQ(ShownTip(List().item(0)->toolTip()), name);
+}
+
+TEST_F(WeekChartRepresentationTest, AFormWhoseLoadFailedIsLoadedAfreshTheNextTime) {
+    MakeChart(Chores, Jobs(1));
+    Database().CreateChart(QStringLiteral("Empty Anna"));
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        Boxes.Expect(RuntimeError(ErrorNumber::NoCurrentRecord).Report());
+        OpenByMenu();
+        Boxes.VerifyAllShown();
+        EXPECT_FALSE(IsOpen());
+    }
+    Database().DeleteChart(QStringLiteral("Empty Anna"));
+    Open();
+    EXPECT_EQ(Listed(), S{Chores});
+}
+
 TEST_F(WeekChartRepresentationTest, TextsAreThoseOfTheDesign) {
     const WeekChartRepresentation& form = Open();
     EXPECT_EQ(form.Caption(), QStringLiteral("Weekly Dutygrid Review"));
@@ -215,7 +237,8 @@ TEST_F(WeekChartRepresentationTest, AShorterChartPullsTheBarBackAndItsLinesWithI
 TEST_F(WeekChartRepresentationTest, TheFirstLineMayLeaveTheSurfaceWithoutLimit) {
     MakeChart(Chores, Jobs(30));
     const WeekChartRepresentation& form = OpenOn(Chores);
-    Scroll().setValue(30);
+    for (const int value : {25, 28, 30})
+        Scroll().setValue(value);
     EXPECT_EQ(form.Job.Top(0), 1320 - 30 * 510);
     EXPECT_TRUE(form.Job.Visible(0));
     EXPECT_EQ(form.Job.Top(30), 1320);

@@ -199,6 +199,43 @@ TEST_F(NewUserTest, FileThatIsNoPictureIsReported) {
     EXPECT_TRUE(Ends.isEmpty());
 }
 
+TEST_F(NewUserTest, FileThatIsNoPictureIsNotChosen) {
+    NewUser& form = Open();
+    Type(Box("UserName"), QStringLiteral("Kim"));
+    Type(Box("Password"), QStringLiteral("cat"));
+    Boxes.Expect(QStringLiteral("Run-time error '481':\n\nInvalid picture"));
+    Browse(Path(QStringLiteral("Settings/Settings.txt")));
+    EXPECT_EQ(form.PictureFile, QString());
+    Boxes.Expect(QStringLiteral("You have to select a picture for your account"));
+    PressOk();
+    EXPECT_TRUE(IsOpen());
+    EXPECT_TRUE(Rows(UsersTable).isEmpty());
+}
+
+TEST_F(NewUserTest, FileThatIsNoPictureKeepsTheOneChosenBefore) {
+    NewUser& form = Open();
+    Type(Box("UserName"), QStringLiteral("Kim"));
+    Type(Box("Password"), QStringLiteral("cat"));
+    Browse(Picture());
+    for (const auto& [file, report] :
+         {std::pair(QStringLiteral("Settings/Settings.txt"),
+                    QStringLiteral("Run-time error '481':\n\nInvalid picture")),
+          std::pair(QStringLiteral("gone.png"),
+                    QStringLiteral("Run-time error '53':\n\nFile not found"))}) {
+        Boxes.Expect(report);
+        Browse(Path(file));
+        EXPECT_EQ(form.PictureFile, Picture());
+        EXPECT_EQ(ColorOfLabel(form, QStringLiteral("Image1")), QColor(Qt::red));
+    }
+    // The dialog holds the former file as well.
+    Browse(std::nullopt);
+    EXPECT_EQ(form.PictureFile, Picture());
+    PressOk();
+    EXPECT_EQ(Rows(UsersTable).size(), 1);
+    ClickRow(Students(), 0);
+    EXPECT_EQ(ColorOfLabel(BackAtLogIn(), QStringLiteral("Image1")), QColor(Qt::red));
+}
+
 TEST_F(NewUserTest, PictureThatHasGoneIsReportedAndNothingIsStored) {
     Open();
     Type(Box("UserName"), QStringLiteral("Kim"));
@@ -360,6 +397,23 @@ TEST_F(ChangePasswordTest, WrongPasswordWithoutAPictureAsksForAChange) {
     EXPECT_TRUE(IsOpen());
     EXPECT_EQ(Box("OldPAss").text(), QStringLiteral("CAT"));
     EXPECT_EQ(Password(), QStringLiteral("cat"));
+}
+
+TEST_F(ChangePasswordTest, FileThatIsNoPictureIsNotChosen) {
+    Open();
+    Type(Box("OldPAss"), QStringLiteral("wrong"));
+    Boxes.Expect(QStringLiteral("Run-time error '481':\n\nInvalid picture"));
+    Browse(Path(QStringLiteral("Settings/Settings.txt")));
+    Boxes.Expect(QStringLiteral("Please make a change or click on the 'Cancel' button."));
+    PressOk();
+    EXPECT_TRUE(IsOpen());
+
+    Browse(Picture());
+    Boxes.Expect(QStringLiteral("Run-time error '481':\n\nInvalid picture"));
+    Browse(Path(QStringLiteral("Settings/Settings.txt")));
+    PressOk();
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(StoredColor(), QColor(Qt::red)) << "the one chosen before";
 }
 
 TEST_F(ChangePasswordTest, CancelledDialogIsNoPicture) {

@@ -1,3 +1,6 @@
+#include "platform/tables/TableStore.h"
+#include "store/ChartFields.h"
+#include "store/TableNames.h"
 #include "support/clsRegistry.h"
 #include "tests/shell/ShellTest.h"
 
@@ -286,6 +289,38 @@ TEST_F(LogInTest, FaultOfTheSettingsAtActivationEndsTheProcess) {
     EXPECT_EQ(Ends, QList<int>{1});
 }
 
+TEST_F(LogInTest, FaultOfTheFileRewrittenWithinTheSettingsEndsTheProcess) {
+    PutSettings(true, 123);
+    MakeSettingsReadOnly();
+    Boxes.Expect(QStringLiteral("Run-time error '75':\n\nPath/File access error"));
+    ShowLogIn();
+    EXPECT_EQ(Ends, QList<int>{1});
+    EXPECT_NE(MainWindow().BackColor(), 123) << "the reading ended with the writing within";
+    EXPECT_TRUE(Names(Students()).isEmpty()) << "and the activation with the reading";
+}
+
+TEST_F(LogInTest, FaultOfTheSettingsAtTheVersionsSwitchDoesNotEndTheProcess) {
+    ShowLogIn();
+    MakeSettingsReadOnly();
+    Boxes.Expect(QStringLiteral("Run-time error '75':\n\nPath/File access error"));
+    Click(Button("ForSchool"));
+    EXPECT_TRUE(Ends.isEmpty());
+}
+
+TEST_F(LogInTest, FaultWhileTheListsAreFilledEndsTheProcess) {
+    {
+        const auto tables = TableStore::OpenDatabase(Path(QStringLiteral("Database/Charts.mdb")));
+        Recordset rows = tables->OpenRecordset(UsersTable);
+        rows.AddNew();
+        rows.SetValue(AccountField::Name, QStringLiteral("Nobody's child"));
+        rows.Update();
+        tables->Commit();
+    }
+    Boxes.Expect(QStringLiteral("Run-time error '94':\n\nInvalid use of Null"));
+    ShowLogIn();
+    EXPECT_EQ(Ends, QList<int>{1});
+}
+
 class FirstRunTest : public LogInTest {
 protected:
     FirstRunTest() { QDir(Path(QStringLiteral("config"))).removeRecursively(); }
@@ -305,13 +340,43 @@ TEST_F(FirstRunTest, WelcomesOncePerUserEvenIfThereAreAccounts) {
     EXPECT_EQ(Marker().toString(), QStringLiteral("1"));
     EXPECT_EQ(Names(Students()).size(), 2) << "the lists have been filled before";
 
-    // Another activation, and another start with another database.
+    // Another activation, and another start.
     OpenNewUser();
     BackFromNewUser();
     DropDefaultForms();
     Restart();
     ShowLogIn();
     EXPECT_EQ(Boxes.Shown().size(), 1);
+}
+
+TEST_F(FirstRunTest, WelcomesOncePerUserAndNotOncePerDatabase) {
+    Boxes.Expect(Welcome);
+    ShowLogIn();
+    ASSERT_EQ(Boxes.Shown().size(), 1);
+
+    // Another database, with another child.
+    DropDefaultForms();
+    ResetSession();
+    const QString file = Path(QStringLiteral("Database/Charts.mdb"));
+    ASSERT_TRUE(QFile::rename(file, Path(QStringLiteral("Database/Former.mdb"))));
+    {
+        const auto tables = TableStore::CreateDatabase(file, QString());
+        tables->CreateTable(UsersTable, UsersTableFields());
+        tables->Commit();
+    }
+    Database().InitDatabse();
+    MakeAccount(QStringLiteral("Zoe"), QStringLiteral("z"), QStringLiteral("Student"));
+    ShowLogIn();
+    EXPECT_EQ(Names(Students()), QStringList{QStringLiteral("Zoe")});
+    EXPECT_EQ(Boxes.Shown().size(), 1);
+
+    // The same database, with another user of the machine.
+    DropDefaultForms();
+    qputenv("XDG_CONFIG_HOME", Path(QStringLiteral("AnotherUser")).toLocal8Bit());
+    Boxes.Expect(Welcome);
+    ShowLogIn();
+    EXPECT_EQ(Boxes.Shown().size(), 2);
+    EXPECT_EQ(Marker().toString(), QStringLiteral("1"));
 }
 
 TEST_F(FirstRunTest, MarkerOfZeroStillWelcomes) {
@@ -324,6 +389,26 @@ TEST_F(FirstRunTest, MarkerOfZeroStillWelcomes) {
     EXPECT_EQ(Marker().toString(), QStringLiteral("1"));
 }
 
+TEST_F(FirstRunTest, DamagedRegistryWelcomesOnceMoreAndTheProgramGoesOn) {
+    for (const QByteArray& damaged :
+         {QByteArray(), QByteArray("{\"Dutygrid\": {"), QByteArray("x")}) {
+        SCOPED_TRACE(damaged.constData());
+        const QString folder = Path(QStringLiteral("config/sparkit-dutygrid"));
+        ASSERT_TRUE(QDir().mkpath(folder));
+        QFile file(folder + QStringLiteral("/registry.json"));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(damaged);
+        file.close();
+        DropDefaultForms();
+        Boxes.Expect(Welcome);
+        ShowLogIn();
+        Boxes.VerifyAllShown();
+        EXPECT_EQ(Marker().toString(), QStringLiteral("1"));
+        EXPECT_EQ(Names(Students()).size(), 2);
+        EXPECT_TRUE(Ends.isEmpty());
+    }
+}
+
 TEST_F(FirstRunTest, RegistryThatCannotBeWrittenEndsTheProcess) {
     // A file stands where the user's folder of settings belongs.
     ASSERT_TRUE(QFile::copy(PictureFile(), Path(QStringLiteral("config"))));
@@ -334,6 +419,16 @@ TEST_F(FirstRunTest, RegistryThatCannotBeWrittenEndsTheProcess) {
 }
 
 class NoAccountsTest : public ShellTest {};
+
+TEST_F(NoAccountsTest, ToolTipsShowNamesAsTheyStand) {
+    const QString adult = QStringLiteral("<b>Mum</b> & Dad");
+    const QString child = QStringLiteral("<b>x</b>");
+    MakeAccount(adult, QStringLiteral("m"), QStringLiteral("Teacher"));
+    MakeAccount(child, QStringLiteral("k"), QStringLiteral("Student"));
+    ShowLogIn();
+    EXPECT_EQ(ShownTip(Teachers().topLevelItem(0)->toolTip(0)), adult);
+    EXPECT_EQ(ShownTip(Students().topLevelItem(0)->toolTip(0)), child);
+}
 
 TEST_F(NoAccountsTest, EmptyListsScoldAndChangeAccountDoesNothing) {
     LogIn& form = ShowLogIn();
@@ -371,7 +466,7 @@ TEST_F(NoAccountsTest, ManyAccountsAndLongNamesAreReadable) {
                 QStringLiteral("Teacher"));
     LogIn& form = ShowLogIn();
     EXPECT_EQ(Students().topLevelItemCount(), 12);
-    EXPECT_EQ(Teachers().topLevelItem(0)->toolTip(0), longName);
+    EXPECT_EQ(ShownTip(Teachers().topLevelItem(0)->toolTip(0)), longName);
     ClickRow(Teachers(), 1);
     Shoot(form, QStringLiteral("LogIn-many"));
     Click(Find(form, QStringLiteral("LogInbtn")));

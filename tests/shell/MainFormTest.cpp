@@ -3,6 +3,8 @@
 #include "support/SoundFunctions.h"
 #include "tests/shell/ShellTest.h"
 
+#include <QAccessible>
+#include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QLabel>
@@ -322,6 +324,78 @@ TEST_F(MainFormTest, EditorLeftOpenByAnAdultIsVisibleToTheChildAfterALogOff) {
     EXPECT_EQ(ChartEditors.Peek(ChartFormIndex - 1), &editor);
     EXPECT_FALSE(MainWindow().ToolbarButton(QLatin1String("New")).isVisible());
     EXPECT_TRUE(MainWindow().ToolbarButton(QLatin1String("OpenKid")).isVisible());
+}
+
+TEST_F(MainFormTest, EditorLeftOpenByAnAdultIsVisibleToTheNextAdultAfterALogOff) {
+    MakeAccount(QStringLiteral("Dad"), QStringLiteral("d"), QStringLiteral("Teacher"));
+    MakeAccount(QStringLiteral("Mum"), QStringLiteral("m"), QStringLiteral("Teacher"));
+    ShowLogIn();
+    LogInAs(Teachers(), 0, QStringLiteral("d"));
+    const ChartEditor& editor = OpenEditor(QStringLiteral("Chores"));
+    Push(QLatin1String("LogOff"));
+    WaitForActive(Default<LogIn>());
+    EXPECT_FALSE(editor.isVisible());
+    LogInAs(Teachers(), 1, QStringLiteral("m"));
+    EXPECT_EQ(CurrentUser, QStringLiteral("Mum"));
+    EXPECT_TRUE(editor.isVisible());
+    EXPECT_EQ(editor.ChartName, QStringLiteral("Chores"));
+    EXPECT_EQ(ChartEditors.Peek(ChartFormIndex - 1), &editor);
+}
+
+TEST_F(MainFormTest, VersionChangedWhileAnEditorIsOpenDoesNotTouchIt) {
+    MakeAccount(QStringLiteral("Mum"), QStringLiteral("m"), QStringLiteral("Teacher"));
+    ShowLogIn();
+    LogInAs(Teachers(), 0, QStringLiteral("m"));
+    const ChartEditor& editor = OpenEditor(QStringLiteral("Chores"));
+    const auto days = [&editor](int row) {
+        const auto& list = Find<QComboBox>(editor, QStringLiteral("DayOfWeek(%1)").arg(row));
+        QStringList entries;
+        for (int entry = 0; entry < list.count(); ++entry)
+            entries += list.itemText(entry);
+        return entries.join(QLatin1Char(' '));
+    };
+    const auto expectHomeWeek = [&] {
+        EXPECT_EQ(days(0), QStringLiteral("Sun Mon Tue Wed Thu Fri Sat Mon-Fri Sun-Sat"));
+        EXPECT_EQ(editor.FirstDate, QDate(2001, 3, 4));
+        EXPECT_EQ(editor.LastDate, QDate(2001, 3, 10));
+        EXPECT_EQ(Find<QLabel>(editor, QStringLiteral("StartingFrom")).text(),
+                  QStringLiteral("Starting from: Sunday 3/4/2001 to Saturday 3/10/2001"));
+        EXPECT_EQ(editor.Caption(), QStringLiteral("Editing Chores chart"));
+    };
+    expectHomeWeek();
+
+    Push(QLatin1String("LogOff"));
+    WaitForActive(Default<LogIn>());
+    Click(Find(Default<LogIn>(), QStringLiteral("ForSchool")));
+    ASSERT_EQ(SchoolMode, -1);
+    LogInAs(Teachers(), 0, QStringLiteral("m"));
+    ASSERT_TRUE(editor.isVisible());
+    expectHomeWeek();
+    // A row that is added now is the school's.
+    Click(Find(editor, QStringLiteral("NewTask")));
+    EXPECT_EQ(days(1), QStringLiteral("Mon Tue Wed Thu Fri Mon-Fri"));
+    expectHomeWeek();
+}
+
+TEST_F(MainFormTest, TitlesShowNamesAsTheyStand) {
+    const QString name = QStringLiteral("a[*]b [*][*]");
+    MakeAccount(name, QStringLiteral("m"), QStringLiteral("Teacher"));
+    ShowLogIn();
+    LogInAs(Teachers(), 0, QStringLiteral("m"));
+    const QString greeting = QStringLiteral("Sparkit Dutygrid - Hi ") + name;
+    EXPECT_EQ(ShownTitle(MainWindow()), greeting);
+    EXPECT_EQ(MainWindow().Caption(), greeting);
+
+    const ChartEditor& editor = OpenEditor(QStringLiteral("[*]"));
+    EXPECT_EQ(editor.Caption(), QStringLiteral("Editing [*] chart"));
+    QWidget& frame = editor.Frame();
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&frame)->text(QAccessible::Name),
+              QStringLiteral("Editing [*] chart"));
+    // On its own frame a title is only painted: it has to differ from one without the name.
+    const QImage titled = frame.grab().toImage();
+    Shoot(frame, QStringLiteral("ChartEditor-title"));
+    editor.Widget().setWindowTitle(QStringLiteral("Editing  chart"));
+    EXPECT_NE(frame.grab().toImage(), titled);
 }
 
 TEST_F(MainFormTest, LastSlotOfTheRunOverflowsTheCounter) {

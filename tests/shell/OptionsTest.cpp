@@ -4,6 +4,7 @@
 #include "tests/shell/ShellTest.h"
 
 #include <QDir>
+#include <QFile>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
@@ -153,18 +154,38 @@ TEST_F(BackgroundOptionsTest, CancelChangesNothing) {
     EXPECT_EQ(SettingsBytes(), before);
 }
 
-TEST_F(BackgroundOptionsTest, FileThatIsNoPictureIsReportedAndNeverStored) {
+TEST_F(BackgroundOptionsTest, FileThatIsNoPictureIsReportedAndNotChosen) {
     Open();
     const QByteArray before = SettingsBytes();
     const QString invalid = QStringLiteral("Run-time error '481':\n\nInvalid picture");
     Boxes.Expect(invalid);
     Browse(Path(QStringLiteral("Settings/Settings.txt")));
+    EXPECT_TRUE(IsOpen());
+    EXPECT_TRUE(SwatchShows());
+    EXPECT_EQ(SettingsBytes(), before);
+    EXPECT_EQ(MainWindow().BackColor(), 4711);
+
+    Browse(PictureFile());
     Boxes.Expect(invalid);
+    Browse(Path(QStringLiteral("Settings/Settings.txt")));
+    PressOk();
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(BackgroundPicture, PictureFile()) << "the one in the preview";
+    EXPECT_EQ(MainWindow().Picture().size(), QSize(24, 24));
+    EXPECT_TRUE(Ends.isEmpty());
+}
+
+TEST_F(BackgroundOptionsTest, PictureThatHasGoneIsReportedAndNothingIsStored) {
+    Open();
+    const QByteArray before = SettingsBytes();
+    const QString picture = PictureFile();
+    Browse(picture);
+    ASSERT_TRUE(QFile::remove(picture));
+    Boxes.Expect(QStringLiteral("Run-time error '53':\n\nFile not found"));
     PressOk();
     EXPECT_TRUE(IsOpen());
     EXPECT_EQ(SettingsBytes(), before);
     EXPECT_EQ(MainWindow().BackColor(), 4711);
-    EXPECT_TRUE(Ends.isEmpty());
 }
 
 TEST_F(BackgroundOptionsTest, SettingsThatCannotBeWrittenAreReportedAndTheFormStays) {

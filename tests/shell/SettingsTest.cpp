@@ -196,17 +196,25 @@ TEST_F(SettingsTest, PathWithACommaIsCutThereAndTheLinesBehindShiftByOne) {
     // "back" is a picture; the path stored goes on with a comma and a number.
     const QString cut = Path(QStringLiteral("back"));
     ASSERT_TRUE(QFile::copy(PictureFile(), cut));
-    BackgroundPicture = cut + QStringLiteral(",77");
-    SoundOn = 0;
-    MainWindow().SetBackColor(1);
-    WriteSettings();
-    ReadSettings();
-    EXPECT_EQ(BackgroundPicture, cut);
-    EXPECT_EQ(BackgroundColor, 77);
-    EXPECT_EQ(MainWindow().BackColor(), 77);
-    // The colour's line is read as the version, the version's as the sound.
-    EXPECT_EQ(SchoolMode, -1);
-    EXPECT_EQ(SoundOn, 0);
+    for (const qint16 version : {qint16{1}, qint16{0}}) {
+        SCOPED_TRACE(version);
+        DropDefaultForms();
+        BackgroundPicture = cut + QStringLiteral(",77");
+        SchoolFlag = version;
+        SoundOn = version == 0 ? 1 : 0;
+        MainWindow().SetBackColor(5);
+        WriteSettings();
+        ReadSettings();
+        EXPECT_EQ(BackgroundPicture, cut);
+        EXPECT_EQ(BackgroundColor, 77);
+        EXPECT_EQ(MainWindow().BackColor(), 77);
+        // The colour's line is read as the version, the version's as the sound; the line of the
+        // sound is not read at all.
+        EXPECT_EQ(SchoolFlag, 1) << "written so by the option of the school version";
+        EXPECT_EQ(SchoolMode, -1);
+        EXPECT_EQ(SoundOn, version);
+        EXPECT_EQ(MainWindow().SoundMark(), version == 1);
+    }
 }
 
 TEST_F(SettingsTest, RestOfAPathBehindACommaThatIsNoNumberEndsTheRun) {
@@ -266,6 +274,15 @@ TEST_F(SettingsTest, BackgroundPictureThatIsNoneEndsTheRun) {
     PutSettings({QStringLiteral("0"), Path(QStringLiteral("Settings/Settings.txt")),
                  QStringLiteral("0"), QStringLiteral("0"), QStringLiteral("0")});
     EXPECT_EQ(FatalErrorOfReading(), 481);
+}
+
+TEST_F(SettingsTest, FaultOfTheWritingWithinTheReadingEndsTheRun) {
+    PutSettings(true, Color);
+    const QByteArray before = SettingsBytes();
+    MakeSettingsReadOnly();
+    EXPECT_EQ(FatalErrorOfReading(), 75);
+    EXPECT_EQ(SettingsBytes(), before);
+    EXPECT_NE(MainWindow().BackColor(), Color) << "the colour comes after the version";
 }
 
 TEST_F(SettingsTest, ReadingAgainLeavesTheSessionsAccountAlone) {

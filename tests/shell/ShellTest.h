@@ -17,6 +17,8 @@ protected:
     static void PutSettings(const QStringList& lines);
     /// A settings file of the home or the school version with a background colour.
     static void PutSettings(bool school, qint32 color);
+    /// Lets the settings file be read as before and not be written, whatever rights the user has.
+    static void MakeSettingsReadOnly();
     /// The settings file as it stands, and its lines without their line ends.
     static QByteArray SettingsBytes();
     static QStringList SettingsLines();
@@ -34,9 +36,6 @@ protected:
     static AccountList& Teachers();
     static AccountList& Students();
     static QStringList Names(const AccountList& list);
-    /// A click or a double click below the last row of a list.
-    static void ClickEmptyPart(AccountList& list);
-    static void DoubleClickEmptyPart(AccountList& list);
 
     /// The password form, opened for an account by the log-in form.
     static LoginWindow& OpenLoginWindow(AccountList& list, int row);

@@ -1,9 +1,16 @@
+#include "shell/WelcomePage.h"
 #include "authoring/Newfrm.h"
+#include "platform/forms/MainWindowArea.h"
 #include "shell/BackgroundArea.h"
+#include "shell/WelcomeStep.h"
 #include "tests/shell/ShellTest.h"
 
+#include <QAccessible>
 #include <QImage>
-#include <QPainter>
+#include <QLabel>
+#include <QMdiSubWindow>
+#include <QTest>
+#include <QToolBar>
 
 using namespace Qt::StringLiterals;
 
@@ -13,7 +20,11 @@ namespace {
 class WelcomePageTest : public ShellTest {
 protected:
     static BackgroundArea& Area() { return Find<BackgroundArea>(MainWindow(), u"Area"_s); }
-    static QImage Picture() { return Area().viewport()->grab().toImage(); }
+    static QImage Picture() {
+        const QWidget& shown = *Area().viewport();
+        const QPoint corner = shown.mapTo(&MainWindow(), QPoint());
+        return MainWindow().grab(QRect(corner, shown.size())).toImage();
+    }
     /// True if the area is of its background's colour all over.
     static bool IsPlain() {
         const QImage picture = Picture();
@@ -22,33 +33,187 @@ protected:
         plain.fill(picture.pixelColor(0, 0));
         return picture == plain;
     }
+
+    static QList<WelcomeStep*> Steps() {
+        QList<WelcomeStep*> shown;
+        for (auto* step : MainWindow().findChildren<WelcomeStep*>())
+            if (step->isVisible())
+                shown += step;
+        return shown;
+    }
+    static QStringList StepNames() {
+        QStringList names;
+        for (const WelcomeStep* step : Steps())
+            names += step->text();
+        return names;
+    }
+    static QStringList Texts() {
+        QStringList texts;
+        const auto* page = MainWindow().findChild<WelcomePage*>();
+        if (page == nullptr)
+            return texts;
+        for (const QLabel* label : page->findChildren<QLabel*>())
+            if (label->isVisible() && !label->text().isEmpty())
+                texts += label->text();
+        return texts;
+    }
+
+    static void LogInAnother(const QString& user, const QString& state) {
+        MainWindow().Hide();
+        ShowLogIn().Hide();
+        CurrentUser = user;
+        CurrentState = state;
+        MainWindow().Show();
+        InFront(MainWindow());
+        Settle();
+    }
+
+    /// The object name of the form in front.
+    static QString Front() {
+        const QMdiSubWindow* front = Area().activeSubWindow();
+        return front == nullptr || front->isHidden() ? QString() : front->widget()->objectName();
+    }
 };
+
+struct Entry {
+    QString name;
+    QString form;
+    QString key;
+};
+const QList<Entry> OfAdult = {{u"New"_s, u"Newfrm"_s, u"F2"_s},
+                              {u"Open"_s, u"Openfrm"_s, u"F3"_s},
+                              {u"Review"_s, u"WeekChartRepresentation"_s, u"F5"_s},
+                              {u"Accounts"_s, u"DisplayAccount"_s, u"F8"_s}};
+const QList<Entry> OfChild = {{u"Open"_s, u"OpenFillfrm"_s, u"F4"_s},
+                              {u"Account"_s, u"DisplayAccount"_s, u"F8"_s}};
+
+QStringList NamesOf(const QList<Entry>& entries) {
+    QStringList names;
+    for (const Entry& entry : entries)
+        names += entry.name;
+    return names;
+}
 
 TEST_F(WelcomePageTest, AnEmptyMainWindowGreetsItsUser) {
     StartSession(u"Mum"_s, u"Teacher"_s);
     EXPECT_TRUE(Area().ShowsWelcome());
+    EXPECT_EQ(Texts(), (QStringList{u"Hi Mum"_s, u"What would you like to do?"_s}));
     EXPECT_FALSE(IsPlain());
-    const QImage forMum = Picture();
-    CurrentUser = u"Anna"_s;
-    CurrentState = u"Student"_s;
-    MainWindow().Hide();
-    ShowLogIn().Hide();
-    MainWindow().Show();
-    Settle();
-    EXPECT_NE(Picture(), forMum);
+}
+
+TEST_F(WelcomePageTest, TheButtonsAreThoseOfTheAccount) {
+    StartSession(u"Mum"_s, u"Teacher"_s);
+    EXPECT_EQ(StepNames(), NamesOf(OfAdult));
+    Shoot(MainWindow(), u"Welcome-adult"_s);
+    LogInAnother(u"Anna"_s, u"Student"_s);
+    Shoot(MainWindow(), u"Welcome-child"_s);
+    for (const WelcomeStep* step : Steps())
+        EXPECT_GE(step->width(), step->sizeHint().width()) << step->text().toStdString();
+    EXPECT_EQ(StepNames(), NamesOf(OfChild));
+    EXPECT_EQ(Texts().value(0), u"Hi Anna"_s);
+    LogInAnother(u"Dad"_s, u"Teacher"_s);
+    EXPECT_EQ(StepNames(), NamesOf(OfAdult));
+    EXPECT_EQ(Texts().value(0), u"Hi Dad"_s);
+}
+
+TEST_F(WelcomePageTest, EachButtonOpensWhatTheToolbarButtonOfItsNameOpens) {
+    MakeAccount(u"Mum"_s, u"m"_s, u"Teacher"_s);
+    MakeAccount(u"Anna"_s, u"a"_s, u"Student"_s);
+    for (const auto& [user, state, entries] : {std::tuple(u"Mum"_s, u"Teacher"_s, OfAdult),
+                                               std::tuple(u"Anna"_s, u"Student"_s, OfChild)}) {
+        StartSession(user, state);
+        LogInAnother(user, state);
+        for (int index = 0; index < entries.size(); ++index) {
+            SCOPED_TRACE((user + u' ' + entries.at(index).name).toStdString());
+            ASSERT_EQ(Steps().size(), entries.size());
+            Click(*Steps().at(index));
+            EXPECT_EQ(Front(), entries.at(index).form);
+            EXPECT_EQ(Steps().size(), 0);
+            DefaultForm(entries.at(index).form).Unload();
+            Settle();
+            EXPECT_EQ(Front(), QString());
+        }
+    }
+}
+
+TEST_F(WelcomePageTest, SpaceAndEnterPressAButton) {
+    StartSession(u"Mum"_s, u"Teacher"_s);
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+        Steps().at(1)->setFocus();
+        Press(*Steps().at(1), key);
+        Settle();
+        EXPECT_EQ(Front(), u"Openfrm"_s);
+        DefaultForm(u"Openfrm"_s).Unload();
+        Settle();
+    }
+}
+
+TEST_F(WelcomePageTest, ACommandTakenFromTheAccountDoesNothing) {
+    StartSession(u"Mum"_s, u"Teacher"_s);
+    WelcomeStep& open = *Steps().at(1);
+    MainWindow().ToolbarButton(QLatin1String("Open")).setVisible(false);
+    Click(open);
+    EXPECT_EQ(Front(), QString());
+}
+
+TEST_F(WelcomePageTest, TabGoesFromTheToolbarThroughTheButtonsAndRound) {
+    StartSession(u"Mum"_s, u"Teacher"_s);
+    auto& toolbar = Find<QToolBar>(MainWindow(), u"KidToolbar"_s);
+    QWidget* exit = toolbar.widgetForAction(&MainWindow().ToolbarButton(QLatin1String("Exit")));
+    exit->setFocus();
+    QStringList names;
+    for (int step = 0; step < 5; ++step) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        const auto* button = qobject_cast<WelcomeStep*>(QApplication::focusWidget());
+        names += button == nullptr ? u"-"_s : button->text();
+    }
+    EXPECT_EQ(names, NamesOf(OfAdult) + QStringList{u"-"_s});
+    EXPECT_EQ(QApplication::focusWidget(),
+              toolbar.widgetForAction(&MainWindow().ToolbarButton(QLatin1String("New"))));
+}
+
+TEST_F(WelcomePageTest, F6GoesFromTheToolbarToTheButtonsAndBack) {
+    StartSession(u"Mum"_s, u"Teacher"_s);
+    auto& toolbar = Find<QToolBar>(MainWindow(), u"KidToolbar"_s);
+    Steps().at(2)->setFocus();
+    Shoot(MainWindow(), u"Welcome-keyboard"_s);
+    QTest::keyClick(MainWindow().windowHandle(), Qt::Key_F6);
+    EXPECT_TRUE(toolbar.isAncestorOf(QApplication::focusWidget()));
+    QTest::keyClick(MainWindow().windowHandle(), Qt::Key_F6);
+    EXPECT_EQ(QApplication::focusWidget(), Steps().at(0));
+}
+
+TEST_F(WelcomePageTest, TheButtonsHaveNamesAndRoles) {
+    StartSession(u"Mum"_s, u"Teacher"_s);
+    ASSERT_EQ(Steps().size(), OfAdult.size());
+    for (int index = 0; index < OfAdult.size(); ++index) {
+        QAccessibleInterface* access = QAccessible::queryAccessibleInterface(Steps().at(index));
+        ASSERT_NE(access, nullptr);
+        EXPECT_EQ(access->role(), QAccessible::Button);
+        EXPECT_EQ(access->text(QAccessible::Name), OfAdult.at(index).name);
+        EXPECT_TRUE(access->text(QAccessible::Description).endsWith(OfAdult.at(index).key));
+    }
+}
+
+TEST_F(WelcomePageTest, ANameIsShownAsItIs) {
+    StartSession(u"<b>Mum</b> & Co"_s, u"Teacher"_s);
+    EXPECT_EQ(Texts().value(0), u"Hi <b>Mum</b> & Co"_s);
+    for (const QLabel* label : Area().findChildren<QLabel*>())
+        EXPECT_TRUE(label->text().isEmpty() || label->textFormat() == Qt::PlainText);
 }
 
 TEST_F(WelcomePageTest, TheGreetingGoesWhileAFormIsOpen) {
     StartSession(u"Mum"_s, u"Teacher"_s);
-    const QImage greeting = Picture();
+    const QList<WelcomeStep*> steps = Steps();
     auto& form = Default<Newfrm>();
     form.Show();
     Settle();
     EXPECT_FALSE(Area().ShowsWelcome());
+    EXPECT_EQ(Steps().size(), 0);
     form.Hide();
     Settle();
     EXPECT_TRUE(Area().ShowsWelcome());
-    EXPECT_EQ(Picture(), greeting);
+    EXPECT_EQ(Steps(), steps);
 }
 
 TEST_F(WelcomePageTest, AColourOfSomebodysOwnHasTheWindowToItself) {
@@ -65,20 +230,24 @@ TEST_F(WelcomePageTest, APictureHasTheWindowToItself) {
     picture.fill(Qt::red);
     MainWindow().SetPicture(picture);
     EXPECT_FALSE(Area().ShowsWelcome());
+    EXPECT_EQ(Steps().size(), 0);
     MainWindow().SetPicture(QImage());
     EXPECT_TRUE(Area().ShowsWelcome());
+    EXPECT_EQ(StepNames(), NamesOf(OfAdult));
 }
 
 TEST_F(WelcomePageTest, ItIsLeftOutWhereThereIsNoRoomForIt) {
-    const WelcomePage page{u"Hi Mum"_s, u"?"_s, {{QIcon(), u"New"_s, u"Jobs"_s, u"F2"_s}}};
-    QImage area(300, 60, QImage::Format_RGB32);
-    area.fill(Qt::blue);
-    const QImage before = area;
-    QPainter painter(&area);
-    const QWidget anyWidget;
-    page.Paint(painter, area.rect(), anyWidget);
-    painter.end();
-    EXPECT_EQ(area, before);
+    StartSession(u"Mum"_s, u"Teacher"_s);
+    MainWindow().setWindowState(Qt::WindowNoState);
+    Settle();
+    MainWindow().resize(800, 300);
+    Settle();
+    EXPECT_TRUE(IsPlain());
+    MainWindow().resize(800, 600);
+    Settle();
+    EXPECT_EQ(StepNames(), NamesOf(OfAdult));
+    for (const WelcomeStep* step : Steps())
+        EXPECT_EQ(step->visibleRegion().boundingRect(), step->rect());
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "platform/runtime/Dates.h"
+#include "store/ChartFields.h"
 #include "tests/store/StoreTest.h"
 
 namespace {
@@ -15,10 +16,37 @@ protected:
                   first.addDays(6));
     }
 
+    static void SetOwnerToNull(const QString& chart) {
+        Database().Commit();
+        const auto tables = TableStore::OpenDatabase(Path(QStringLiteral("Database/Charts.mdb")));
+        Recordset rows = tables->OpenRecordset(chart);
+        rows.Edit();
+        rows.SetValue(ChartField::UserName, QVariant());
+        rows.Update();
+        tables->Commit();
+    }
+
     static QStringList Charts(bool ownOnly) {
         FakeList list;
         Database().PopulateChartList(list, ownOnly);
         return list.items;
+    }
+
+    /// The names in the lists of the reports.
+    static QStringList ReportCharts(const QString& owner = CurrentUser) {
+        FakeList list;
+        Database().RetreveChartsAvailable(owner, list);
+        return list.items;
+    }
+    static QStringList ReportHistory(const QString& owner = CurrentUser) {
+        FakeList list;
+        Database().RetreveHistoryChartsAvailable(owner, list);
+        return list.items;
+    }
+    static QStringList HistoryOfMarch(const QString& owner = CurrentUser) {
+        QStringList names;
+        Database().CreateChartNames(owner, names, QDate(2001, 3, 1), QDate(2001, 3, 31));
+        return names;
     }
 
     static QDate FirstDateOf(const QString& chart) {
@@ -45,7 +73,7 @@ TEST_F(ChartCatalogueTest, TheAdultsListHoldsAllChartsInTableOrderAndRollsNone) 
     Save(QStringLiteral("Now"), Sunday);
     Save(QStringLiteral("Next"), Sunday.addDays(7));
     EXPECT_EQ(Charts(false),
-              (QStringList{QStringLiteral("Old"), QStringLiteral("Now"), QStringLiteral("Next")}));
+              (QStringList{QStringLiteral("Next"), QStringLiteral("Now"), QStringLiteral("Old")}));
     EXPECT_EQ(FirstDateOf(QStringLiteral("Old")), Sunday.addDays(-7));
 }
 
@@ -74,7 +102,7 @@ TEST_F(ChartCatalogueTest, TheListIsNotClearedFirst) {
 }
 
 TEST_F(ChartCatalogueTest, AnEmptyChartIsJudgedByTheDatesReadBeforeIt) {
-    Save(QStringLiteral("Old"), Sunday.addDays(-7));
+    Save(QStringLiteral("A former one"), Sunday.addDays(-7));
     MakeEmptyChart(QStringLiteral("Empty"));
     EXPECT_EQ(ErrorOf([] { Charts(true); }), 3021);
 }
@@ -98,9 +126,63 @@ TEST_F(ChartCatalogueTest, ReportListsCompareTheMonthsNumberOfAnyYear) {
     FakeList list;
     list.items = {QStringLiteral("cleared")};
     Database().RetreveChartsAvailable(CurrentUser, list);
-    EXPECT_EQ(list.items, (QStringList{QStringLiteral("Now"), QStringLiteral("Former March")}));
+    EXPECT_EQ(list.items, (QStringList{QStringLiteral("Former March"), QStringLiteral("Now")}));
     Database().RetreveHistoryChartsAvailable(CurrentUser, list);
     EXPECT_EQ(list.items, QStringList{QStringLiteral("History Now from: 3/4/2001")});
+}
+
+TEST_F(ChartCatalogueTest, PrefixesAreToldByTheirCaseInEveryList) {
+    const QStringList names = {QStringLiteral("history"),        QStringLiteral("HISTORY of art"),
+                               QStringLiteral("MSYS Anna"),      QStringLiteral("msystem"),
+                               QStringLiteral("PRINTED matter"), QStringLiteral("printing"),
+                               QStringLiteral("USERS Anna"),     QStringLiteral("users Anna two")};
+    for (const QString& name : names)
+        Save(name, Sunday);
+    EXPECT_EQ(Charts(false), names);
+    EXPECT_EQ(Charts(true), names);
+    EXPECT_EQ(ReportCharts(), names);
+    EXPECT_EQ(ReportHistory(), QStringList());
+    EXPECT_EQ(HistoryOfMarch(), QStringList());
+}
+
+TEST_F(ChartCatalogueTest, TheEnginesTablesAreNeitherReadNorListedForReports) {
+    Save(QStringLiteral("MSystem Anna"), Sunday);
+    MakeEmptyChart(QStringLiteral("MSys empty"));
+    Save(QStringLiteral("Chores"), Sunday);
+    EXPECT_EQ(ReportCharts(), QStringList{QStringLiteral("Chores")});
+    EXPECT_EQ(ReportHistory(), QStringList());
+}
+
+TEST_F(ChartCatalogueTest, AChartOfANullOwnerIsNobodysAndStopsNoList) {
+    const QString history = QStringLiteral("History Lost from: 3/4/2001");
+    for (const QString& name : {QStringLiteral("Lost"), history}) {
+        Save(name, Sunday);
+        SetOwnerToNull(name);
+    }
+    Save(QStringLiteral("Now"), Sunday);
+    Database().DuplicateChartHistory(QStringLiteral("Now"));
+    EXPECT_EQ(Charts(true), QStringList{QStringLiteral("Now")});
+    EXPECT_EQ(ReportCharts(), QStringList{QStringLiteral("Now")});
+    const QStringList historyOfNow = {QStringLiteral("History Now from: 3/4/2001")};
+    EXPECT_EQ(ReportHistory(), historyOfNow);
+    EXPECT_EQ(HistoryOfMarch(), historyOfNow);
+    CurrentUser.clear();
+    EXPECT_EQ(Charts(true), QStringList()) << "nor is it the account's without a name";
+    EXPECT_EQ(ReportCharts(), QStringList());
+    EXPECT_EQ(ReportHistory(), QStringList());
+    EXPECT_EQ(HistoryOfMarch(), QStringList());
+}
+
+TEST_F(ChartCatalogueTest, AModeThatIsNeitherTrueNorFalseListsAndRollsNothing) {
+    Save(QStringLiteral("Due"), Sunday.addDays(-7), CurrentUser, true);
+    FakeList list;
+    for (const int mode : {1, -2, 2}) {
+        Database().PopulateChartList(list, Mode(static_cast<qint16>(mode)));
+        EXPECT_EQ(list.items, QStringList()) << mode;
+    }
+    EXPECT_EQ(FirstDateOf(QStringLiteral("Due")), Sunday.addDays(-7));
+    Database().PopulateChartList(list, Mode(-1));
+    EXPECT_EQ(list.items, QStringList{QStringLiteral("Due")});
 }
 
 TEST_F(ChartCatalogueTest, InANewMonthTheChartsOfTheFormerMonthVanishFromTheReportLists) {
@@ -128,8 +210,8 @@ TEST_F(ChartCatalogueTest, HistoryWithinDatesIsCollectedInTableOrderOfThisMonthA
     }
     QStringList names;
     Database().CreateChartNames(CurrentUser, names, QDate(2000, 1, 1), QDate(2001, 3, 11));
-    EXPECT_EQ(names, (QStringList{QStringLiteral("History Chores from: 3/4/2001"),
-                                  QStringLiteral("History Chores from: 3/11/2001"),
+    EXPECT_EQ(names, (QStringList{QStringLiteral("History Chores from: 3/11/2001"),
+                                  QStringLiteral("History Chores from: 3/4/2001"),
                                   QStringLiteral("History Chores from: 3/5/2000")}));
     names = {QStringLiteral("as it came")};
     Database().CreateChartNames(CurrentUser, names, QDate(2002, 1, 1), QDate(2002, 3, 11));

@@ -1,4 +1,6 @@
+#include "platform/runtime/Dates.h"
 #include "tests/common/PlainChart.h"
+#include "tests/common/SpoiledRows.h"
 #include "tests/store/FakeMatrix.h"
 #include "tests/store/StoreTest.h"
 
@@ -47,6 +49,47 @@ protected:
 
     void SetUp() override { HideCellsOfTheFirstLine(); }
 
+    /// Sets a field of a row of the chart to Null.
+    static void SetNull(int row, int field) {
+        Database().Commit();
+        const auto tables = TableStore::OpenDatabase(Path(QStringLiteral("Database/Charts.mdb")));
+        Recordset rows = tables->OpenRecordset(Chores);
+        while (row-- > 0)
+            rows.MoveNext();
+        rows.Edit();
+        rows.SetValue(field, QVariant());
+        rows.Update();
+        tables->Commit();
+    }
+
+    /// Line 0 as the form has it, in twips.
+    void PlaceFirstLine() {
+        const auto place = [](auto& controls, int left, int top, int width, int height) {
+            auto& first = controls.At(0);
+            first.left = left;
+            first.top = top;
+            first.width = width;
+            first.height = height;
+        };
+        place(Form.jobs, 240, 1320, 2175, 255);
+        place(Form.values, 2400, 1320, 525, 255);
+        int left = 3120;
+        for (FakeLabels& day : Form.cells) {
+            place(day, left, 1320, 615, 255);
+            left += 880;
+        }
+        place(Form.jobTotals, 9240, 1320, 1095, 255);
+        place(Form.outlines, 120, 1200, 9015, 495);
+    }
+
+    template <class Controls>
+    static QList<int> Tops(const Controls& controls) {
+        QList<int> tops;
+        for (const auto& control : controls.elements)
+            tops += control.top;
+        return tops;
+    }
+
     FakeMatrix Form;
 };
 
@@ -73,6 +116,73 @@ TEST_F(ChartMatrixTest, TicksOnTwoDaysCountInTheCellsTheJobsTotalAndTheDaysTotal
     EXPECT_EQ(Form.jobTotals.Caption(0), QStringLiteral("10"));
     EXPECT_EQ(Form.values.Caption(1), QStringLiteral("10"));
     EXPECT_EQ(Captions(Form.dayTotals), Days("0 5 0 5 0 0 0"));
+}
+
+TEST_F(ChartMatrixTest, EveryDayHasItsOwnCellAndTotal) {
+    QList<Row> rows;
+    for (int day = 1; day <= 7; ++day)
+        rows += Row{QStringLiteral("Cook"), DayAbbreviation(day), day, true};
+    MakeChart(rows);
+    ASSERT_EQ(Fill(), 0);
+    EXPECT_EQ(Cells(0), Days("1 1 1 1 1 1 1"));
+    EXPECT_EQ(Captions(Form.dayTotals), Days("1 2 3 4 5 6 7"));
+    EXPECT_EQ(Form.jobTotals.Caption(0), QStringLiteral("28"));
+}
+
+TEST_F(ChartMatrixTest, AMarkThatIsNullCountsAsOpen) {
+    MakeChart({{QStringLiteral("Cook"), QStringLiteral("Mon"), 5, true}});
+    Spoil(Chores, QStringLiteral("Completed = NULL"));
+    ASSERT_EQ(Fill(), 0);
+    EXPECT_EQ(Cells(0), Days("- o - - - - -"));
+    EXPECT_EQ(Captions(Form.values), Days("5 0"));
+    EXPECT_EQ(Captions(Form.dayTotals), Days("0 0 0 0 0 0 0"));
+}
+
+TEST_F(ChartMatrixTest, LaterLinesAreSeenAndBeginWithoutTheFirstOnesMarks) {
+    MakeChart({{QStringLiteral("Cook"), QStringLiteral("Mon"), 5, true},
+               {QStringLiteral("Rake"), QStringLiteral("Mon"), 5, false},
+               {QStringLiteral("Read"), QStringLiteral("Mon"), 5, true}});
+    ASSERT_EQ(Fill(), 0);
+    EXPECT_EQ(Cells(0), Days("- 1 - - - - -"));
+    EXPECT_EQ(Cells(1), Days("- o - - - - -"));
+    EXPECT_EQ(Cells(2), Days("- 1 - - - - -"));
+    for (const int line : {1, 2}) {
+        EXPECT_TRUE(Form.jobs.At(line).visible) << line;
+        EXPECT_TRUE(Form.values.At(line).visible) << line;
+        EXPECT_TRUE(Form.jobTotals.At(line).visible) << line;
+        EXPECT_TRUE(Form.outlines.At(line).visible) << line;
+    }
+}
+
+TEST_F(ChartMatrixTest, LinesAndOutlinesAdvanceByTheirOwnPitches) {
+    PlaceFirstLine();
+    MakeChart({{QStringLiteral("Cook"), QStringLiteral("Mon"), 5, true},
+               {QStringLiteral("Rake"), QStringLiteral("Tue"), 5, true},
+               {QStringLiteral("Read"), QStringLiteral("Wed"), 5, true}});
+    ASSERT_EQ(Fill(), 0);
+    EXPECT_EQ(Tops(Form.jobs), (QList<int>{1320, 1830, 2340, 2850}));
+    EXPECT_EQ(Tops(Form.values), (QList<int>{1320, 1830, 2340, 2850}));
+    EXPECT_EQ(Tops(Form.outlines), (QList<int>{1200, 1695, 2190, 2685}));
+    EXPECT_EQ(Tops(Form.jobTotals).mid(0, 3), (QList<int>{1320, 1830, 2340}));
+    for (const FakeLabels& day : Form.cells)
+        EXPECT_EQ(Tops(day).mid(0, 3), (QList<int>{1320, 1830, 2340}));
+    EXPECT_EQ(Tops(Form.dayTotals), QList<int>(7, 2850));
+    // One and a half columns of 615 behind Saturday's 8400; a half goes to the even neighbour.
+    EXPECT_EQ(Form.values.Left(3), 9322);
+    EXPECT_EQ(Form.values.Left(2), 2400);
+}
+
+TEST_F(ChartMatrixTest, TheFirstLineIsClearedBeforeAFailureInIt) {
+    const QString job = QStringLiteral("Cook");
+    MakeChart({{job, QStringLiteral("Mon"), 5, true}});
+    ASSERT_EQ(Fill(), 0);
+    SetNull(0, ChartField::Points);
+    EXPECT_EQ(Fill(), 94);
+    EXPECT_EQ(Captions(Form.jobs), S{job});
+    EXPECT_EQ(Captions(Form.values), S{QString()});
+    SetNull(0, ChartField::Instructions);
+    EXPECT_EQ(Fill(), 94);
+    EXPECT_EQ(Captions(Form.jobs), S{QString()});
 }
 
 TEST_F(ChartMatrixTest, TwoCompletedRowsOfAJobOnOneDayCountTwo) {
@@ -206,6 +316,16 @@ TEST_F(ChartMatrixTest, AValueBeyondSixteenBitsStandsWhileItIsNotEarned) {
     ASSERT_EQ(Fill(), 0);
     EXPECT_EQ(Form.values.Caption(0), QStringLiteral("99999"));
     EXPECT_EQ(Form.jobTotals.Caption(0), QStringLiteral("0"));
+}
+
+TEST_F(ChartMatrixTest, OnlyTheSumHasToStayWithinSixteenBits) {
+    const QString job = QStringLiteral("Cook");
+    MakeChart(
+        {{job, QStringLiteral("Mon"), -30000, true}, {job, QStringLiteral("Mon"), 40000, true}});
+    ASSERT_EQ(Fill(), 0);
+    EXPECT_EQ(Form.jobTotals.Caption(0), QStringLiteral("10000"));
+    EXPECT_EQ(Form.values.Caption(1), QStringLiteral("10000"));
+    EXPECT_EQ(Form.dayTotals.Caption(1), QStringLiteral("10000"));
 }
 
 TEST_F(ChartMatrixTest, AfterAFailureTheNextFillCountsAfresh) {

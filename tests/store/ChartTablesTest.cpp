@@ -84,6 +84,23 @@ TEST_F(ChartTablesTest, PointsAreReadByTheNumberAtTheStartAndRoundHalfToEven) {
     EXPECT_EQ(FieldOfRows(Chores, 4).join(QLatin1Char(' ')), QStringLiteral("3 -3 2 2 99999 0"));
 }
 
+TEST_F(ChartTablesTest, PointsOf32768AndMoreAreStoredAsTheyAreUpTo32Bits) {
+    SaveChart(Chores,
+              {Job(QStringLiteral("a"), QStringLiteral("Mon"), QStringLiteral("32767")),
+               Job(QStringLiteral("b"), QStringLiteral("Mon"), QStringLiteral("32768")),
+               Job(QStringLiteral("c"), QStringLiteral("Mon"), QStringLiteral("2147483647"))});
+    EXPECT_EQ(FieldOfRows(Chores, 4).join(QLatin1Char(' ')),
+              QStringLiteral("32767 32768 2147483647"));
+    Editor.rows = {EditorRow{}};
+    Database().ReadInfoFromChart(Chores, 0, false, QString());
+    EXPECT_EQ(Editor.rows.at(1).Points, QStringLiteral("32768"));
+    EXPECT_EQ(ErrorOf([this] {
+                  SaveChart(Chores, {Job(QStringLiteral("a"), QStringLiteral("Mon"),
+                                         QStringLiteral("2147483648"))});
+              }),
+              6);
+}
+
 TEST_F(ChartTablesTest, PointsBeyondAWholeNumberFailTheSaveWithTheRowsBeforeWritten) {
     EXPECT_EQ(ErrorOf([this] {
                   SaveChart(Chores, {Job(QStringLiteral("a"), QStringLiteral("Mon")),
@@ -111,6 +128,38 @@ TEST_F(ChartTablesTest, SavingFromTheEditorLosesEveryTickOfTheTableSavedOver) {
     EXPECT_EQ(FieldOfRows(Chores, 5), QStringList{QStringLiteral("-1")});
     SaveChart(Chores, rows);
     EXPECT_EQ(FieldOfRows(Chores, 5), QStringList{QStringLiteral("0")});
+}
+
+TEST_F(ChartTablesTest, ASaveDropsTheOldTableBeforeItAsksForTheEditor) {
+    SaveChart(Chores, {Job(QStringLiteral("Rake"), QStringLiteral("Mon"))});
+    constexpr qint16 noSlot = 7;
+    EXPECT_EQ(ErrorOf([] {
+                  Database().WriteInfoToChart(Chores, noSlot, false, QString(), QDate(2001, 3, 4),
+                                              QDate(2001, 3, 10), false);
+              }),
+              9);
+    EXPECT_EQ(TableNames(), QStringList{Chores});
+    EXPECT_EQ(Rows(Chores), QStringList());
+}
+
+TEST_F(ChartTablesTest, AModeThatIsNeitherTrueNorFalseReadsAndWritesNothing) {
+    SaveChart(Chores, {Job(QStringLiteral("Rake"), QStringLiteral("Mon"))});
+    Viewer.rows = {ViewerRow{}};
+    Database().ReadInfoFromChart(Chores, 0, true, QStringLiteral("Mon"));
+    const QStringList stored = Rows(Chores);
+    Viewer.rows = {ViewerRow{}};
+    Viewer.rows[0].Completed = true;
+    Editor.rows = {EditorRow{}};
+    for (const int value : {1, -2, 2}) {
+        const Mode mode(static_cast<qint16>(value));
+        Database().WriteInfoToChart(Chores, 0, mode, QString(), QDate(), QDate(), false);
+        EXPECT_EQ(Rows(Chores), stored) << value;
+        Database().ReadInfoFromChart(Chores, 0, mode, QStringLiteral("Mon"));
+        EXPECT_EQ(Viewer.rows.first().Instructions, QString()) << value;
+        EXPECT_EQ(Editor.rows.first().Instructions, QString()) << value;
+    }
+    Database().WriteInfoToChart(Chores, 0, Mode(-1), QString(), QDate(), QDate(), false);
+    EXPECT_EQ(FieldOfRows(Chores, 5), QStringList{QStringLiteral("-1")});
 }
 
 TEST_F(ChartTablesTest, SavingUnderAnotherCaseReplacesTheTable) {
@@ -261,12 +310,12 @@ TEST_F(ChartTablesTest, ReadingAsksForTheExactCaseOfTheName) {
 }
 
 TEST_F(ChartTablesTest, ChartNamesOfAnyKindAreStoredAndFoundAgain) {
-    const QStringList names = {QStringLiteral("Bobby\"; DROP TABLE USERS; --"),
+    const QStringList names = {QStringLiteral("   "),
+                               QStringLiteral("[brackets] `ticks`"),
+                               QStringLiteral("Bobby\"; DROP TABLE USERS; --"),
                                QStringLiteral("O'Neil's / jobs."),
-                               QStringLiteral("😀 fun"),
-                               QStringLiteral("   "),
                                QString(200, QLatin1Char('w')),
-                               QStringLiteral("[brackets] `ticks`")};
+                               QStringLiteral("😀 fun")};
     for (const QString& name : names)
         SaveChart(name, {Job(QStringLiteral("It's \"it\""), QStringLiteral("Wed"))});
     EXPECT_EQ(TableNames(), names);

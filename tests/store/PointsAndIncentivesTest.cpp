@@ -47,6 +47,14 @@ TEST_F(PointsAndIncentivesTest, ResetStoresZero) {
     EXPECT_EQ(PointsOf(Anna), QStringLiteral("0"));
 }
 
+TEST_F(PointsAndIncentivesTest, AResetIsToldByMinusOneAlone) {
+    Database().AddPoints(Anna, 77, false);
+    Database().AddPoints(Anna, 1, Mode(1));
+    EXPECT_EQ(PointsOf(Anna), QStringLiteral("78"));
+    Database().AddPoints(Anna, 1, Mode(-1));
+    EXPECT_EQ(PointsOf(Anna), QStringLiteral("0"));
+}
+
 TEST_F(PointsAndIncentivesTest, AResetThatWouldFallBelowZeroIsRefusedToo) {
     Database().AddPoints(Anna, 10, false);
     Boxes.Expect(Refusal);

@@ -23,9 +23,8 @@ protected:
 TEST_F(ReturnDateRangeTest, OneTablesWeek) {
     SaveWeek(u"Chores"_s, Sunday);
     SaveWeek(u"Piano"_s, Sunday.addDays(7));
-    // The accounts' table stands first in the catalogue, so that a list's first name never counts.
-    EXPECT_EQ(RangeOf({u"-"_s, u"Chores"_s}), u"Starting from: 3/4/2001 until 3/10/2001"_s);
-    EXPECT_EQ(RangeOf({u"-"_s, u"PIANO"_s}), u"Starting from: 3/11/2001 until 3/17/2001"_s);
+    EXPECT_EQ(RangeOf({u"Chores"_s}), u"Starting from: 3/4/2001 until 3/10/2001"_s);
+    EXPECT_EQ(RangeOf({u"PIANO"_s}), u"Starting from: 3/11/2001 until 3/17/2001"_s);
 }
 
 TEST_F(ReturnDateRangeTest, FromTheEarliestBeginToTheLatestEnd) {
@@ -34,29 +33,40 @@ TEST_F(ReturnDateRangeTest, FromTheEarliestBeginToTheLatestEnd) {
     Save(u"C"_s, Sunday.addDays(-7), Sunday.addDays(40));
     SaveWeek(u"D"_s, Sunday.addDays(7));
     const QString whole = u"Starting from: 2/11/2001 until 4/13/2001"_s;
-    EXPECT_EQ(RangeOf({u"-"_s, u"A"_s, u"B"_s, u"C"_s, u"D"_s}), whole);
-    EXPECT_EQ(RangeOf({u"-"_s, u"D"_s, u"C"_s, u"B"_s, u"A"_s}), whole);
-    EXPECT_EQ(RangeOf({u"-"_s, u"A"_s, u"D"_s}), u"Starting from: 3/4/2001 until 3/17/2001"_s);
+    EXPECT_EQ(RangeOf({u"A"_s, u"B"_s, u"C"_s, u"D"_s}), whole);
+    EXPECT_EQ(RangeOf({u"D"_s, u"C"_s, u"B"_s, u"A"_s}), whole);
+    EXPECT_EQ(RangeOf({u"A"_s, u"D"_s}), u"Starting from: 3/4/2001 until 3/17/2001"_s);
+}
+
+TEST_F(ReturnDateRangeTest, BothEndsGrowWhereWeeksOverlap) {
+    SaveWeek(u"A"_s, Sunday);
+    Save(u"B"_s, Sunday.addDays(-3), Sunday.addDays(16));
+    EXPECT_EQ(RangeOf({u"A"_s, u"B"_s}), u"Starting from: 3/1/2001 until 3/20/2001"_s);
+    EXPECT_EQ(RangeOf({u"B"_s, u"A"_s}), u"Starting from: 3/1/2001 until 3/20/2001"_s);
 }
 
 TEST_F(ReturnDateRangeTest, DatesStandInOrderAcrossYearsAndMonths) {
     Save(u"A"_s, QDate(2000, 12, 31), QDate(2001, 1, 6));
     Save(u"B"_s, QDate(2001, 10, 7), QDate(2001, 10, 13));
     Save(u"C"_s, QDate(2001, 9, 30), QDate(2001, 10, 6));
-    EXPECT_EQ(RangeOf({u"-"_s, u"A"_s, u"B"_s, u"C"_s}),
-              u"Starting from: 12/31/2000 until 10/13/2001"_s);
+    EXPECT_EQ(RangeOf({u"A"_s, u"B"_s, u"C"_s}), u"Starting from: 12/31/2000 until 10/13/2001"_s);
 }
 
 TEST_F(ReturnDateRangeTest, NameBesideTheAccountsTableIsLeftOut) {
     SaveWeek(u"A"_s, Sunday);
     SaveWeek(u"B"_s, Sunday.addDays(7));
-    EXPECT_EQ(RangeOf({u"A"_s, u"B"_s}), u"Starting from: 3/11/2001 until 3/17/2001"_s);
-    EXPECT_EQ(RangeOf({u"B"_s, u"A"_s}), u"Starting from: 3/4/2001 until 3/10/2001"_s);
+    SaveWeek(u"Zoo"_s, Sunday.addDays(70));
+    ASSERT_EQ(TableNames(true), (QStringList{u"A"_s, u"B"_s, u"USERS"_s, u"Zoo"_s}));
+    EXPECT_EQ(RangeOf({u"A"_s, u"B"_s, u"Zoo"_s}), u"Starting from: 3/4/2001 until 3/17/2001"_s);
+    EXPECT_EQ(RangeOf({u"A"_s, u"A"_s, u"A"_s, u"B"_s}),
+              u"Starting from: 3/4/2001 until 3/17/2001"_s);
+    EXPECT_EQ(RangeOf({u"Zoo"_s}), u"Starting from: 5/13/2001 until 5/19/2001"_s);
 }
 
 TEST_F(ReturnDateRangeTest, NothingTakenLeavesBothDatesEmpty) {
-    SaveWeek(u"A"_s, Sunday);
-    EXPECT_EQ(RangeOf({u"A"_s}), u"Starting from:  until "_s);
+    SaveWeek(u"Zoo"_s, Sunday);
+    ASSERT_EQ(TableNames(true), (QStringList{u"USERS"_s, u"Zoo"_s}));
+    EXPECT_EQ(RangeOf({u"Zoo"_s}), u"Starting from:  until "_s);
 }
 
 TEST_F(ReturnDateRangeTest, AllSpansEveryTableOfTheDatabaseWhoeverOwnsIt) {
@@ -74,6 +84,8 @@ TEST_F(ReturnDateRangeTest, AllLeavesOutNamesThatBeginLikeTheSystems) {
     SaveWeek(u"MSystem"_s, Sunday.addDays(-70));
     SaveWeek(u"User"_s, Sunday.addDays(7));
     EXPECT_EQ(RangeOf({u"All"_s}), u"Starting from: 3/4/2001 until 3/17/2001"_s);
+    SaveWeek(u"msystem"_s, Sunday.addDays(14));
+    EXPECT_EQ(RangeOf({u"All"_s}), u"Starting from: 3/4/2001 until 3/24/2001"_s);
 }
 
 TEST_F(ReturnDateRangeTest, AllWithoutAChartIsEmpty) {
@@ -84,16 +96,20 @@ TEST_F(ReturnDateRangeTest, TableWithoutRowsRaises3021) {
     SaveWeek(u"Chores"_s, Sunday);
     MakeEmptyChart(u"Empty"_s);
     EXPECT_EQ(ErrorOf([] { RangeOf({u"All"_s}); }), 3021);
-    EXPECT_EQ(ErrorOf([] { RangeOf({u"-"_s, u"Empty"_s}); }), 3021);
-    EXPECT_EQ(ErrorOf([] { RangeOf({u"Empty"_s, u"Chores"_s}); }), 0);
+    EXPECT_EQ(ErrorOf([] { RangeOf({u"Empty"_s}); }), 3021);
+    EXPECT_EQ(ErrorOf([] {
+                  RangeOf({u"Chores"_s, u"Chores"_s, u"Empty"_s});
+              }),
+              0)
+        << "beside the accounts' table";
 }
 
 TEST_F(ReturnDateRangeTest, MissingTableRaises3078AndNoNamesRaise9) {
     SaveWeek(u"Chores"_s, Sunday);
-    EXPECT_EQ(ErrorOf([] { RangeOf({u"-"_s, u"gone"_s}); }), 3078);
+    EXPECT_EQ(ErrorOf([] { RangeOf({u"gone"_s}); }), 3078);
     EXPECT_EQ(ErrorOf([] { RangeOf({}); }), 9);
     EXPECT_EQ(ErrorOf([] {
-                  RangeOf({u"-"_s, u"Chores"_s, u"Chores"_s});
+                  RangeOf({u"Chores"_s, u"Chores"_s, u"Chores"_s});
               }),
               9)
         << "more names than the catalogue has tables";

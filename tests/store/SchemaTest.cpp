@@ -1,3 +1,4 @@
+#include "platform/runtime/Actions.h"
 #include "platform/runtime/ProgramFolder.h"
 #include "store/TableNames.h"
 #include "tests/store/StoreTest.h"
@@ -39,36 +40,19 @@ TEST_F(SchemaTest, RepeatedInitDatabseKeepsWhatHasBeenWritten) {
     EXPECT_EQ(Database().RetrevePassword(QStringLiteral("Anna")), QStringLiteral("cat"));
 }
 
-TEST_F(SchemaTest, ADatabaseOpenedAheadIsTakenOverOnce) {
-    ResetSession();
-    Database().OpenAhead();
-    Database().InitDatabse();
+TEST_F(SchemaTest, ASecondInitDatabseOpensTheFileAnew) {
+    const QString file = Path(QStringLiteral("Database/Charts.mdb"));
+    const QString other = Path(QStringLiteral("Database/Other.mdb"));
+    Database().Commit();
+    ASSERT_TRUE(QFile::copy(file, other));
     Database().AddUser(QStringLiteral("Anna"), QStringLiteral("cat"), QStringLiteral("Student"),
                        QString());
+    Database().Commit();
+    ASSERT_TRUE(QFile::rename(file, Path(QStringLiteral("Database/Former.mdb"))));
+    ASSERT_TRUE(QFile::rename(other, file));
+    EXPECT_EQ(Database().RetrevePassword(QStringLiteral("Anna")), QStringLiteral("cat"));
     Database().InitDatabse();
-    EXPECT_EQ(Rows(UsersTable).size(), 1);
-}
-
-TEST_F(SchemaTest, AFaultFoundAheadIsRaisedByInitDatabse) {
-    ResetSession();
-    const QString file = Path(QStringLiteral("Database/Charts.mdb"));
-    QFile::remove(file);
-    QFile damaged(file);
-    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
-    damaged.write("no database");
-    damaged.close();
-    Database().OpenAhead();
-    EXPECT_EQ(ErrorOf([] { Database().InitDatabse(); }), 3000);
-}
-
-TEST_F(SchemaTest, WithoutAFileToOpenAheadAnEmptyDatabaseIsMade) {
-    ResetSession();
-    const QString file = Path(QStringLiteral("Database/Charts.mdb"));
-    QFile::remove(file);
-    Database().OpenAhead();
-    EXPECT_FALSE(QFile::exists(file));
-    Database().InitDatabse();
-    EXPECT_TRUE(QFile::exists(file));
+    EXPECT_EQ(Database().RetrevePassword(QStringLiteral("Anna")), QString());
 }
 
 TEST_F(SchemaTest, OperationsBeforeInitDatabseRaiseObjectNotSet) {
@@ -97,12 +81,12 @@ TEST_F(SchemaTest, AccountsHaveNameAtPositionOneAndStateAtFour) {
 }
 
 TEST_F(SchemaTest, ChartsWithReservedBeginningsAreStoredAndNeverListed) {
-    const QStringList names = {QStringLiteral("Printing jobs"), QStringLiteral("Historic chores"),
-                               QStringLiteral("MSystem chores")};
+    const QStringList names = {QStringLiteral("Historic chores"), QStringLiteral("MSystem chores"),
+                               QStringLiteral("Printing jobs")};
     for (const QString& name : names)
         SaveChart(name, {Job(QStringLiteral("Sweep"), QStringLiteral("Wed"))});
     SaveChart(QStringLiteral("Chores"), {Job(QStringLiteral("Sweep"), QStringLiteral("Wed"))});
-    EXPECT_EQ(TableNames(), names + QStringList{QStringLiteral("Chores")});
+    EXPECT_EQ(TableNames(), QStringList{QStringLiteral("Chores")} + names);
     FakeList list;
     Database().PopulateChartList(list, false);
     EXPECT_EQ(list.items, QStringList{QStringLiteral("Chores")});
@@ -150,6 +134,71 @@ TEST_F(SchemaTest, StoringAPictureLetsEventsRunBehindEachWholePiece) {
     EXPECT_TRUE(eventRunsWhileStoring(32768));
 }
 
+TEST_F(SchemaTest, ASecondInitDatabseWhileAPictureIsStoredLosesNothing) {
+    const QString anna = QStringLiteral("Anna");
+    const QString ben = QStringLiteral("Ben");
+    QFile file(Path(QStringLiteral("large")));
+    ASSERT_TRUE(QFile::copy(PictureFile(), file.fileName()));
+    ASSERT_TRUE(file.resize(100'000));
+    // Another action runs between the pieces: the file is opened anew, and written to as well.
+    const auto whileOpenedAnew = [&](const std::function<void()>& action) {
+        QObject receiver;
+        bool hasRun = false;
+        QMetaObject::invokeMethod(
+            &receiver,
+            [&] {
+                RunAction([] {
+                    Database().InitDatabse();
+                    Database().AddPoints(QStringLiteral("Ben"), 1, false);
+                });
+                hasRun = true;
+            },
+            Qt::QueuedConnection);
+        RunAction(action);
+        EXPECT_TRUE(hasRun);
+    };
+    Database().AddUser(ben, QStringLiteral("b"), QStringLiteral("Student"), QString());
+    whileOpenedAnew([&] {
+        Database().AddUser(anna, QStringLiteral("a"), QStringLiteral("Student"), file.fileName());
+        EXPECT_EQ(Database().RetrevePassword(anna), QStringLiteral("a")) << "seen at once";
+    });
+    EXPECT_EQ(RowsInFile(UsersTable), (QStringList{QStringLiteral("Ben|b|1|Student|<null>|500"),
+                                                   QStringLiteral("Anna|a|0|Student|<null>|500")}));
+    FakePicture picture;
+    Database().RetrevePicture(anna, picture);
+    EXPECT_EQ(picture.picture.size(), QSize(24, 24));
+
+    whileOpenedAnew([&] { Database().ChangePicture(ben, file.fileName()); });
+    Database().RetrevePicture(ben, picture);
+    EXPECT_EQ(picture.picture.size(), QSize(24, 24));
+
+    whileOpenedAnew([&] { Database().AddToy(ben, QStringLiteral("Bike"), file.fileName(), 70); });
+    EXPECT_EQ(RowsInFile(UsersTable).first(), QStringLiteral("Ben|b|3|Student|Bike|70"));
+}
+
+TEST_F(SchemaTest, WhatWasWrittenThroughAFormerConnectionStandsAfterAnErrorToo) {
+    const QString anna = QStringLiteral("Anna");
+    QFile file(Path(QStringLiteral("large")));
+    ASSERT_TRUE(QFile::copy(PictureFile(), file.fileName()));
+    ASSERT_TRUE(file.resize(40'000));
+    for (int row = 0; row < 2; ++row)
+        Database().AddUser(anna, QString::number(row), QStringLiteral("Student"), QString());
+    QObject receiver;
+    QMetaObject::invokeMethod(
+        &receiver,
+        [&] {
+            RunAction([&] {
+                Database().InitDatabse();
+                EXPECT_TRUE(file.remove());
+            });
+        },
+        Qt::QueuedConnection);
+    Boxes.Expect(RuntimeError(ErrorNumber::FileNotFound).Report());
+    RunAction([&] { Database().AddToy(anna, QStringLiteral("Bike"), file.fileName(), 70); });
+    EXPECT_EQ(RowsInFile(UsersTable), (QStringList{QStringLiteral("Anna|0|0|Student|Bike|70"),
+                                                   QStringLiteral("Anna|1|0|Student|<null>|500")}));
+}
+
 TEST_F(SchemaTest, ASmallerPictureKeepsTheTailOfTheLargerInTheScratchFileAndStillLoads) {
     QImage noise(200, 200, QImage::Format_RGB32);
     for (int y = 0; y < 200; ++y)
@@ -194,6 +243,48 @@ TEST_F(SchemaTest, ScratchFileStaysInItsFolderWhateverTheAccountIsCalled) {
     }
     EXPECT_EQ(QDir(Path(QStringLiteral("DeleteMe"))).entryList(QDir::Files).size(), names.size());
     EXPECT_FALSE(QFile::exists(Path(QStringLiteral("../evil"))));
+}
+
+TEST_F(SchemaTest, ScratchFileBearsTheFirstAccountsPlainNameWhereThatIsAFileName) {
+    const auto scratchFileOf = [](const QString& name) {
+        Database().AddUser(name, QStringLiteral("p"), QStringLiteral("Student"), PictureFile());
+        FakePicture target;
+        Database().RetrevePicture(name, target);
+        EXPECT_EQ(target.picture.size(), QSize(24, 24)) << name.toStdString();
+        Database().DeleteAccount(name);
+        QDir folder(Path(QStringLiteral("DeleteMe")));
+        const QStringList files = folder.entryList(QDir::Files | QDir::Hidden);
+        folder.removeRecursively();
+        return files.join(QLatin1Char('|'));
+    };
+    for (const QString& name :
+         {QStringLiteral("Anna"), QStringLiteral("Mary Ann"), QStringLiteral("O'Neil jr. 100%"),
+          QStringLiteral("Zoë 😀"), QStringLiteral(".hidden"), QStringLiteral("Connie"),
+          QString(50, QChar(0x20AC))})
+        EXPECT_EQ(scratchFileOf(name), name);
+    for (const QString& name :
+         {QStringLiteral(".."), QStringLiteral("a/b"), QStringLiteral("a\\b"), QStringLiteral("C:"),
+          QStringLiteral("?"), QStringLiteral("con"), QStringLiteral("COM1.x"),
+          QStringLiteral("ends."), QStringLiteral("ends "), QStringLiteral("two\nlines")})
+        EXPECT_TRUE(scratchFileOf(name).startsWith(QLatin1String("picture-")))
+            << name.toStdString();
+}
+
+TEST_F(SchemaTest, ScratchFileIsNeverWrittenThroughALink) {
+    const QString victim = Path(QStringLiteral("victim"));
+    QFile file(victim);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("precious");
+    file.close();
+    ASSERT_TRUE(QDir(Path(QString())).mkdir(QStringLiteral("DeleteMe")));
+    ASSERT_TRUE(QFile::link(victim, Path(QStringLiteral("DeleteMe/Anna"))));
+    Database().AddUser(QStringLiteral("Anna"), QStringLiteral("a"), QStringLiteral("Student"),
+                       PictureFile());
+    FakePicture target;
+    Database().RetrevePicture(QStringLiteral("Anna"), target);
+    EXPECT_EQ(target.picture.size(), QSize(24, 24));
+    EXPECT_EQ(Contents(victim), QByteArray("precious"));
+    EXPECT_FALSE(QFileInfo(Path(QStringLiteral("DeleteMe/Anna"))).isSymLink());
 }
 
 TEST_F(SchemaTest, StoredBytesThatAreNoPictureLeaveTheTargetEmpty) {

@@ -85,6 +85,18 @@ TEST_F(RegionTest, SetRegionClosesThePolygonAndAppliesIt) {
     EXPECT_EQ(Window.Calls, 1);
 }
 
+TEST_F(RegionTest, ClosingPointIsTheFirstWhereverThatStands) {
+    Shape.SubAddPoint(7, 3);
+    Shape.SubAddPoint(17, 3);
+    Shape.SubAddPoint(17, 13);
+    Shape.SubAddPoint(7, 13);
+    Shape.SetRegion(Window);
+    ASSERT_EQ(Shape.Points.size(), 5U);
+    EXPECT_EQ(Shape.Points.back(), QPoint(7, 3));
+    ASSERT_TRUE(Window.Outline.has_value());
+    EXPECT_EQ(*Window.Outline, QRegion(7, 3, 10, 10));
+}
+
 TEST_F(RegionTest, PointAddedAfterSetRegionTakesTheClosingPointsPlace) {
     AddSquare(Shape, 10);
     Shape.SetRegion(Window);

@@ -6,6 +6,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSet>
+#include <functional>
 
 namespace {
 
@@ -87,6 +88,8 @@ TEST_F(RegistryTest, StoredTypeDecidesHowAnExistingValueIsStored) {
     Set(QStringLiteral("Long"), 2147483647);
     EXPECT_EQ(Get(QStringLiteral("Byte")), QVariant::fromValue<quint8>(255));
     EXPECT_EQ(Get(QStringLiteral("Long")), QVariant(2147483647));
+    Set(QStringLiteral("Byte"), 0);
+    EXPECT_EQ(Get(QStringLiteral("Byte")), QVariant::fromValue<quint8>(0));
     Set(QStringLiteral("Long"), 2.5);
     EXPECT_EQ(Get(QStringLiteral("Long")), QVariant(2));
     Set(QStringLiteral("Long"), true);
@@ -264,18 +267,26 @@ TEST_F(RegistryTest, OtherRootsCannotBeOpened) {
     EXPECT_REGISTRY_ERROR(11005, "CreateKey", registry.CreateKey(machine, Key()));
 }
 
-TEST_F(RegistryTest, AnotherComputerCannotBeReachedByAnyOperation) {
+TEST_F(RegistryTest, KeysOfAnotherComputerCannotBeOpened) {
     const quint32 root = HKEY_CURRENT_USER;
     const QString other = QStringLiteral("schoolserver");
     registry.CreateKey(root, Key());
-    EXPECT_REGISTRY_ERROR(11001, "SetValue", registry.SetValue(root, Key(), Marker, 1, other));
-    EXPECT_REGISTRY_ERROR(11002, "GetValue", registry.GetValue(root, Key(), Marker, other));
+    Set(Marker, 1);
+    EXPECT_FALSE(registry.GetValue(root, Key(), Marker, other).isValid());
+    EXPECT_FALSE(registry.KeyExists(root, Key(), other));
+    EXPECT_REGISTRY_ERROR(11001, "SetValue", registry.SetValue(root, Key(), Marker, 5, other));
     EXPECT_REGISTRY_ERROR(11003, "ListSubKey", registry.ListSubKey(root, Key(), 0, other));
     EXPECT_REGISTRY_ERROR(11004, "DeleteValue", registry.DeleteValue(root, Key(), Marker, other));
     EXPECT_REGISTRY_ERROR(11005, "CreateKey", registry.CreateKey(root, Key(), other));
     EXPECT_REGISTRY_ERROR(11006, "DeleteKey", registry.DeleteKey(root, Key(), other));
     EXPECT_REGISTRY_ERROR(11007, "ListSubValue", registry.ListSubValue(root, Key(), 0, other));
-    EXPECT_REGISTRY_ERROR(11008, "KeyExists", registry.KeyExists(root, Key(), other));
+    EXPECT_EQ(Get(Marker).toInt(), 1) << "this computer's own";
+}
+
+TEST_F(RegistryTest, AskingAnotherComputerLeavesADamagedStoreAlone) {
+    WriteFile(File(), "{");
+    EXPECT_FALSE(registry.KeyExists(HKEY_CURRENT_USER, Key(), QStringLiteral("schoolserver")));
+    EXPECT_EQ(ReadFile(File()), "{");
 }
 
 TEST_F(RegistryTest, StoreThatCannotBeWrittenRaisesTheOperationsNumber) {
@@ -285,17 +296,38 @@ TEST_F(RegistryTest, StoreThatCannotBeWrittenRaisesTheOperationsNumber) {
                           registry.SetValue(HKEY_CURRENT_USER, QString(), Marker, 1));
 }
 
-TEST_F(RegistryTest, DamagedStoreIsAnErrorOfTheOperationAndStaysAsItIs) {
+TEST_F(RegistryTest, DamagedStoreIsPutAsideAndBegunAfresh) {
+    int number = 0;
     for (const QByteArray& damaged :
          {QByteArray("\x00\xff[[[\nno sense", 14), QByteArray("{\"Dutygrid\": {"), QByteArray(),
           QByteArray("[]"), QByteArray("{\"Dutygrid\": 5}"),
           QByteArray("{\"Dutygrid\": {\"RunningTimes2\": 1}}"), QByteArray(100000, '[')}) {
+        SCOPED_TRACE(damaged.left(40).constData());
         WriteFile(File(), damaged);
-        EXPECT_REGISTRY_ERROR(11002, "GetValue", Get(Marker));
-        EXPECT_REGISTRY_ERROR(11008, "KeyExists", registry.KeyExists(HKEY_CURRENT_USER, Key()));
-        EXPECT_REGISTRY_ERROR(11005, "CreateKey", registry.CreateKey(HKEY_CURRENT_USER, Key()));
-        EXPECT_REGISTRY_ERROR(11001, "SetValue", Set(Marker, 1));
-        EXPECT_EQ(ReadFile(File()), damaged);
+        EXPECT_FALSE(Get(Marker).isValid());
+        // Beside it, and in the place of none put aside before.
+        EXPECT_FALSE(QFile::exists(File()));
+        EXPECT_EQ(ReadFile(File() + QStringLiteral(".damaged%1").arg(++number)), damaged);
+        registry.CreateKey(HKEY_CURRENT_USER, Key());
+        Set(Marker, number);
+        EXPECT_EQ(Get(Marker).toInt(), number);
+    }
+    EXPECT_EQ(QFileInfo(File()).dir().entryList(QDir::Files).size(), 1 + number);
+}
+
+TEST_F(RegistryTest, DamagedStoreIsPutAsideByWhicheverOperationMeetsIt) {
+    const QList<std::function<void()>> operations = {
+        [this] { Get(Marker); }, [this] { registry.KeyExists(HKEY_CURRENT_USER, Key()); },
+        [this] { registry.CreateKey(HKEY_CURRENT_USER, Key()); },
+        [this] { EXPECT_REGISTRY_ERROR(11001, "SetValue", Set(Marker, 1)); },
+        [this] {
+            EXPECT_REGISTRY_ERROR(11006, "DeleteKey", registry.DeleteKey(HKEY_CURRENT_USER, Key()));
+        }};
+    int number = 0;
+    for (const auto& operation : operations) {
+        WriteFile(File(), "{");
+        operation();
+        EXPECT_EQ(ReadFile(File() + QStringLiteral(".damaged%1").arg(++number)), "{");
     }
 }
 

@@ -116,8 +116,8 @@ void ClassWeek::WriteClassDuties() {
     Stored("SELECT count(*), sum(Points), max(UserName), max(AutoCreate), min(AutoCreate) FROM "
            "\"Class Mary Ann\"",
            {"44|104|Mary Ann|0|-1"});
-    Stored("SELECT count(*) FROM sqlite_master WHERE name LIKE 'Class %'", {"6"});
-    Stored("SELECT count(*) FROM sqlite_master WHERE name LIKE 'History Class % from: 3/5/2001'",
+    Stored("SELECT count(*) FROM Catalogue WHERE Name LIKE 'Class %'", {"6"});
+    Stored("SELECT count(*) FROM Catalogue WHERE Name LIKE 'History Class % from: 3/5/2001'",
            {"6"});
     FileHasLines("Jobs/SchoolJobs.dat", {"Put up the chairs", "Water the plants"});
 }

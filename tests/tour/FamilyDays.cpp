@@ -13,8 +13,7 @@ const Text WithBoxes = "Please click 'Ok' to print out your Sparkit Dutygrid wit
 const Text ExitUnsaved = "Are you sure you want to exit without saving?";
 
 Text DoneIn(const Text& table) {
-    return "SELECT DayOfWeek, Instructions FROM \"" + table +
-           "\" WHERE Completed = -1 ORDER BY rowid";
+    return "SELECT DayOfWeek, Instructions FROM \"" + table + "\" WHERE Completed = -1";
 }
 
 Text PointsOf(const Text& name) {
@@ -350,7 +349,7 @@ void FamilyWeek::DadMovesTheGardenOnSaturday() {
     Toolbar("Open");
     Front("Openfrm");
     CaptionIs("Open Sparkit Dutygrid");
-    Lists("ChartList", {"Chores Anna", "Chores Ben", "Piano Anna", "Garden Ben"});
+    Lists("ChartList", {"Chores Anna", "Chores Ben", "Garden Ben", "Piano Anna"});
     Boxes.Expect("Please select a Dutygrid to open");
     Click("Ok");
     Shoot("open-for-editing");
@@ -449,9 +448,9 @@ void FamilyWeek::DadDeletesCharts() {
     Boxes.Expect(ExitUnsaved, QMessageBox::Yes);
     Click("JobDelete(0)");
     Front("MainForm");
-    Tables({"Chores Anna", "Chores Ben", "Printed", "History Garden Ben from: 3/4/2001",
-            "History Chores Anna from: 3/4/2001", "History Chores Ben from: 3/4/2001",
-            "History Piano Anna from: 3/4/2001"});
+    Tables({"Chores Anna", "Chores Ben", "History Chores Anna from: 3/4/2001",
+            "History Chores Ben from: 3/4/2001", "History Garden Ben from: 3/4/2001",
+            "History Piano Anna from: 3/4/2001", "Printed"});
     LogOff();
 }
 

@@ -230,9 +230,9 @@ void FamilyWeek::MumWritesChores() {
 
     SaveChart({"Anna", "Ben"}, "All charts have been created", "select-sparkits");
     Front("MainForm");
-    Tables({"Printed", "Chores Anna", "History Chores Anna from: 3/4/2001", "Chores Ben",
-            "History Chores Ben from: 3/4/2001"});
-    Stored("SELECT * FROM \"Chores Ben\" WHERE DayOfWeek IN ('Sun', 'Mon', 'Sat') ORDER BY rowid",
+    Tables({"Chores Anna", "Chores Ben", "History Chores Anna from: 3/4/2001",
+            "History Chores Ben from: 3/4/2001", "Printed"});
+    Stored("SELECT * FROM \"Chores Ben\" WHERE DayOfWeek IN ('Sun', 'Mon', 'Sat')",
            {"Make the bed|Sun|Mum|Easy|5|0|2001-03-04|2001-03-10|Ben|-1",
             "Make the bed|Mon|Mum|Easy|5|0|2001-03-04|2001-03-10|Ben|-1",
             "Make the bed|Sat|Mum|Easy|5|0|2001-03-04|2001-03-10|Ben|-1",

@@ -25,7 +25,7 @@ void Story::NewAccount(const Account& account, const Text& picture) {
     Click("Ok");
     Front("LogIn");
     Stored("SELECT Name, Password, Points, State, IncentiveName, IncentiveCost FROM USERS "
-           "ORDER BY rowid DESC LIMIT 1",
+           "LIMIT 1 OFFSET (SELECT count(*) - 1 FROM USERS)",
            {QStringLiteral("%1|%2|0|%3|<null>|%4")
                 .arg(account.Name, account.Password,
                      account.Adult ? QStringLiteral("Teacher") : QStringLiteral("Student"),

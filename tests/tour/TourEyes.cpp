@@ -3,6 +3,7 @@
 #include "tests/common/Readable.h"
 #include "tests/tour/Tour.h"
 
+#include "tests/common/TableViews.h"
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -11,6 +12,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QToolBar>
+
 #include <SQLiteCpp/SQLiteCpp.h>
 
 namespace {
@@ -58,9 +60,9 @@ QStringList VisibleCaptions(const QWidget& bar) {
 
 QStringList Query(const QString& query) {
     // The file itself is read, as another program would: what is not committed is not there.
-    const SQLite::Database file(
-        InProgramFolder(QStringLiteral("Database/Charts.mdb")).toStdString(),
-        SQLite::OPEN_READONLY);
+    SQLite::Database file(InProgramFolder(QStringLiteral("Database/Charts.mdb")).toStdString(),
+                          SQLite::OPEN_READONLY);
+    ViewTablesByName(file);
     SQLite::Statement rows(file, query.toStdString());
     QStringList result;
     while (rows.executeStep()) {
@@ -154,9 +156,7 @@ void Tour::Stored(const Text& query, const QList<Text>& rows, Here here) {
 }
 
 void Tour::Tables(const QList<Text>& names, Here here) {
-    Stored("SELECT name FROM sqlite_master WHERE type = 'table' AND name <> 'USERS' "
-           "AND substr(name, 1, 4) <> 'MSys' ORDER BY rowid",
-           names, here);
+    Stored("SELECT Name FROM Catalogue WHERE Name <> 'USERS' ORDER BY FoldedName", names, here);
 }
 
 void Tour::FileHolds(const Text& file, const QList<Text>& lines, Here here) {

@@ -84,10 +84,12 @@ TEST_F(GoalPathTest, AWalkIsAnnouncedOnceWithItsEnd) {
 }
 
 TEST_F(GoalPathTest, NamesAreShownLetterByLetter) {
-    path.Show(1, 2, QStringLiteral("<b>%1 & %2</b>"), {});
-    EXPECT_EQ(path.accessibleDescription(), QStringLiteral("1 of 2 points towards <b>%1 & %2</b>"));
-    EXPECT_EQ(path.toolTip(),
-              QStringLiteral("1 of 2 points towards &lt;b&gt;%1 &amp; %2&lt;/b&gt;"));
+    for (const char* name : {"<b>%1 & %2</b>", "Cat & \"dog\"", "&lt;"}) {
+        path.Show(1, 2, QString::fromLatin1(name), {});
+        const QString words = QStringLiteral("1 of 2 points towards ") + QString::fromLatin1(name);
+        EXPECT_EQ(path.accessibleDescription(), words);
+        EXPECT_EQ(ShownTip(path.toolTip()), words);
+    }
 }
 
 TEST_F(GoalPathTest, TheStarArrivesAndLooksAsIfItHadNeverMoved) {

@@ -260,6 +260,7 @@ TEST_F(PrinterTest, BoxTextHasTheTextColourAndGrowsWithTheFont) {
 
 TEST_F(PrinterTest, NewPageStartsAtTheTopLeftOfTheNextPage) {
     PrintAt(4, 10, QStringLiteral("one"));
+    printer_.SetCurrentX(5);
     printer_.NewPage();
     EXPECT_EQ(printer_.CurrentX(), 0);
     EXPECT_EQ(printer_.CurrentY(), 0);

@@ -28,6 +28,9 @@ TEST_F(DatesTest, ShortTextHasTheLocalesOrderAndFourDigitsOfTheYear) {
     EXPECT_EQ(DateText(Day), QStringLiteral("07.03.2001"));
     UseLocale("ja_JP");
     EXPECT_EQ(DateText(Day), QStringLiteral("2001/03/07"));
+    UseLocale("fa_IR");
+    EXPECT_TRUE(DateText(Day).contains(QStringLiteral("\u06F2\u06F0\u06F0\u06F1")))
+        << "in the locale's own digits";
 }
 
 TEST_F(DatesTest, ShortTextIsReadBackInEveryLocale) {
@@ -72,6 +75,9 @@ TEST_F(DatesTest, DayTextsAreEnglishInEveryLocale) {
     EXPECT_EQ(DayAbbreviation(7), QStringLiteral("Sat"));
     EXPECT_ERROR(9, DayAbbreviation(0));
     EXPECT_ERROR(9, DayAbbreviation(8));
+    EXPECT_EQ(FullDayName(QStringLiteral("Thu")), QStringLiteral("Thursday"));
+    for (const char* other : {"", "Th", "thu", "Mon-Fri"})
+        EXPECT_EQ(FullDayName(QLatin1String(other)), QString()) << other;
 }
 
 } // namespace

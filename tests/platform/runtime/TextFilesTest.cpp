@@ -137,6 +137,20 @@ TEST_F(TextFilesTest, OldFileStaysUntilTheNewOneIsClosed) {
               QStringList(QStringLiteral("lines.txt")));
 }
 
+TEST_F(TextFilesTest, RewrittenFileKeepsItsRightsAndTheLinkThatLeadsToIt) {
+    const QString target = Path(QStringLiteral("elsewhere/real.txt"));
+    WriteFile(target, "old");
+    const auto rights = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::WriteGroup;
+    ASSERT_TRUE(QFile::setPermissions(target, rights));
+    ASSERT_TRUE(QFile::link(target, File()));
+    OutputFile output(File());
+    output.PrintText(QStringLiteral("new"));
+    output.Close();
+    EXPECT_EQ(ReadFile(target), QByteArray("new\r\n"));
+    EXPECT_EQ(QFileInfo(File()).symLinkTarget(), target);
+    EXPECT_EQ(QFile::permissions(target) & ~(QFile::ReadUser | QFile::WriteUser), rights);
+}
+
 TEST_F(TextFilesTest, FilesThatCannotBeWrittenRaiseTheirNumbers) {
     EXPECT_ERROR(76, OutputFile(Path(QStringLiteral("missing/lines.txt"))));
     QDir().mkpath(Path(QStringLiteral("folder")));

@@ -1,34 +1,13 @@
+#include "tests/platform/tables/FullDisk.h"
 #include "tests/platform/tables/TablesTest.h"
 
 #include <atomic>
 #include <csignal>
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
 namespace {
-
-/// While it lives no file of this process grows beyond `bytes`, as on a full disk.
-class FullDisk {
-public:
-    explicit FullDisk(qint64 bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &former_);
-        rlimit limit = former_;
-        limit.rlim_cur = static_cast<rlim_t>(bytes);
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk() {
-        setrlimit(RLIMIT_FSIZE, &former_);
-        std::signal(SIGXFSZ, handler_);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-private:
-    void (*handler_)(int);
-    rlimit former_{};
-};
 
 class Durability : public TablesTest {
 protected:

@@ -169,7 +169,7 @@ TEST_F(FieldValues, AreStoredInTheirOwnForms) {
     SQLite::Database raw(File.toStdString());
     const std::string form =
         raw.execAndGet("SELECT quote(Memo)||' '||quote(Text)||' '||quote(Long)||' '||"
-                       "quote(Boolean)||' '||quote(Date)||' '||quote(Bytes) FROM Chart")
+                       "quote(Boolean)||' '||quote(Date)||' '||quote(Bytes) FROM Rows1")
             .getString();
     EXPECT_EQ(form, "NULL '007' 7 -1 '2001-03-07' X'78'");
 }
@@ -178,7 +178,7 @@ TEST_F(FieldValues, WhatThisProgramCannotHaveStoredIsAMismatch) {
     Store->Commit();
     {
         SQLite::Database raw(File.toStdString(), SQLite::OPEN_READWRITE);
-        raw.exec("UPDATE Chart SET Long='many', Boolean=NULL, Date='soon', Memo=X'4142'");
+        raw.exec("UPDATE Rows1 SET Long='many', Boolean=NULL, Date='soon', Memo=X'4142'");
     }
     Recordset rows = Store->OpenRecordset(QStringLiteral("Chart"));
     EXPECT_ERROR(13, rows.Value(QStringLiteral("Long")));
@@ -187,7 +187,7 @@ TEST_F(FieldValues, WhatThisProgramCannotHaveStoredIsAMismatch) {
     EXPECT_EQ(Shown(rows.Value(QStringLiteral("Memo"))), QStringLiteral("QString AB"));
     {
         SQLite::Database raw(File.toStdString(), SQLite::OPEN_READWRITE);
-        raw.exec("UPDATE Chart SET Long=9999999999");
+        raw.exec("UPDATE Rows1 SET Long=9999999999");
     }
     EXPECT_ERROR(6, Store->OpenRecordset(QStringLiteral("Chart")).Value(2));
 }

@@ -52,7 +52,7 @@ TEST_F(Opening, NewDatabaseIsOneFileThatKeepsItsLocaleAndFormat) {
     const QByteArray content = ReadFile(File);
     EXPECT_TRUE(content.contains(";LANGID=0x0409"));
     SQLite::Database raw(File.toStdString());
-    EXPECT_EQ(raw.execAndGet("PRAGMA user_version").getInt(), 1);
+    EXPECT_EQ(raw.execAndGet("PRAGMA user_version").getInt(), 2);
     EXPECT_EQ(QString::fromStdString(raw.execAndGet("PRAGMA journal_mode").getString()),
               QStringLiteral("delete"));
     EXPECT_EQ(QDir(Path(QString())).entryList({QStringLiteral("Charts.mdb?*")}), QStringList());
@@ -97,7 +97,7 @@ TEST_F(Opening, FileThatIsNoDatabaseIsRefusedAndLeftAlone) {
 }
 
 TEST_F(Opening, DatabaseOfANewerVersionIsRefusedPolitely) {
-    const QString path = RawDatabase("PRAGMA user_version=2; CREATE TABLE t(a)");
+    const QString path = RawDatabase("PRAGMA user_version=3; CREATE TABLE t(a)");
     EXPECT_EQ(Refusal(path),
               QStringLiteral("This database was made by a newer version of Sparkit Dutygrid. "
                              "Please install the newer version to open it."));
@@ -181,7 +181,19 @@ TEST_F(Opening, ReadingWritesNothing) {
 }
 
 TEST_F(Opening, FieldOfAnUnknownTypeIsReported) {
-    const QString path = RawDatabase("PRAGMA user_version=1; CREATE TABLE t(a VARCHAR)");
-    const auto store = TableStore::OpenDatabase(path);
-    EXPECT_ERROR(3000, store->OpenRecordset(QStringLiteral("t")));
+    MakeTable();
+    Store->Commit();
+    Store.reset();
+    {
+        SQLite::Database raw(File.toStdString(), SQLite::OPEN_READWRITE);
+        raw.exec("ALTER TABLE Rows1 ADD COLUMN a VARCHAR");
+    }
+    Store = TableStore::OpenDatabase(File);
+    EXPECT_EQ(ErrorText([&] { Store->OpenRecordset(QStringLiteral("Chart")); }),
+              QStringLiteral("The field 'a' is of an unknown type."));
+}
+
+TEST_F(Opening, AnotherProgramsDatabaseOfTheSameFormatNumberIsRefusedPolitely) {
+    EXPECT_TRUE(Refusal(RawDatabase("PRAGMA user_version=2; CREATE TABLE Catalogue(Id)"))
+                    .contains(QStringLiteral("another program")));
 }

@@ -64,7 +64,7 @@ protected:
                                        QStringLiteral(" "),
                                        QString(),
                                        QStringLiteral("\U0001F9F9"),
-                                       QStringLiteral("sqlitezz"),
+                                       QStringLiteral("sqlite_sequence"),
                                        QStringLiteral("MSysX"),
                                        QString(200, QLatin1Char('n')),
                                        QStringLiteral("History x from: 3/4/2001")};
@@ -104,6 +104,10 @@ protected:
         } else if (tables_.size() < MostTables) {
             Store->CreateTable(name, AllTypes());
             tables_.append({++lastId_, name, {}});
+            std::sort(tables_.begin(), tables_.end(), [](const auto& one, const auto& other) {
+                return one.Name.toCaseFolded().toStdString() <
+                       other.Name.toCaseFolded().toStdString();
+            });
         }
     }
 

@@ -304,3 +304,53 @@ TEST_F(Cursors, CursorsCanBeMoved) {
     taken = Store->OpenRecordset(QStringLiteral("Chart"));
     EXPECT_EQ(Memo(taken), QStringLiteral("0"));
 }
+
+TEST_F(Cursors, CopiedRowsKeepTheirOrderAndLeaveOutTheOtherFields) {
+    Recordset rows = MakeTable();
+    for (int number = 0; number < 100; ++number) {
+        rows.AddNew();
+        rows.SetValue(0, QStringLiteral("memo %1").arg(number));
+        rows.SetValue(2, number);
+        rows.SetValue(3, true);
+        rows.Update();
+    }
+    rows.MoveFirst();
+    rows.Delete();
+    Recordset copy = MakeTable(QStringLiteral("Copy"));
+    AddMemo(copy, QStringLiteral("before"));
+    Store->CopyRows(QStringLiteral("Chart"), QStringLiteral("copy"), {QStringLiteral("Memo")});
+    AddMemo(copy, QStringLiteral("after"));
+    QStringList wanted{QStringLiteral("before")};
+    wanted += Memos(*Store);
+    wanted += QStringLiteral("after");
+    EXPECT_EQ(Memos(*Store, QStringLiteral("Copy")), wanted);
+    EXPECT_EQ(wanted.size(), 101);
+    copy.MoveFirst();
+    copy.MoveNext();
+    EXPECT_EQ(Shown(copy.Value(2)), QStringLiteral("Null"));
+    EXPECT_EQ(Shown(copy.Value(3)), QStringLiteral("bool false"));
+}
+
+TEST_F(Cursors, IdentityOfADeletedLastRowIsNotGivenAgainByAnotherConnection) {
+    Recordset rows = MakeTable();
+    AddMemo(rows, QStringLiteral("first"));
+    AddMemo(rows, QStringLiteral("last"));
+    Store->Commit();
+    rows.MoveFirst();
+    rows.MoveNext();
+    const auto other = TableStore::OpenDatabase(File);
+    {
+        Recordset theirs = other->OpenRecordset(QStringLiteral("Chart"));
+        theirs.MoveNext();
+        theirs.Delete();
+        other->Commit();
+    }
+    const auto third = TableStore::OpenDatabase(File);
+    Recordset fresh = third->OpenRecordset(QStringLiteral("Chart"));
+    AddMemo(fresh, QStringLiteral("new"));
+    third->Commit();
+    Store->TableCount();
+    EXPECT_ERROR(3021, rows.Value(0));
+    rows.MoveNext();
+    EXPECT_EQ(rows.Value(0).toString(), QStringLiteral("new"));
+}

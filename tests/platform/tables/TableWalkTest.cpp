@@ -69,4 +69,46 @@ TEST_F(TableWalkTest, NamesWithQuotesAreRead) {
     EXPECT_EQ(Store->WalkThrough(name, Fields({"Memo"})).Value(0), QVariant(QStringLiteral("a")));
 }
 
+TEST_F(TableWalkTest, GoesOnToOtherTablesAlsoOfAnotherShape) {
+    Recordset first = MakeTable();
+    AddMemo(first, QStringLiteral("a"));
+    AddMemo(first, QStringLiteral("b"));
+    MakeTable(QStringLiteral("Empty"));
+    Store->CreateTable(QStringLiteral("Other"), {{QStringLiteral("Number"), FieldType::Long},
+                                                 {QStringLiteral("Memo"), FieldType::Memo}});
+    Recordset other = Store->OpenRecordset(QStringLiteral("Other"));
+    other.AddNew();
+    other.SetValue(1, QStringLiteral("c"));
+    other.Update();
+    TableWalk walk = Store->WalkThrough(Fields({"Memo"}));
+    EXPECT_TRUE(walk.Eof());
+    walk.Open(Chart);
+    EXPECT_EQ(walk.Value(0), QVariant(QStringLiteral("a")));
+    walk.Open(QStringLiteral("Empty"));
+    EXPECT_TRUE(walk.Eof());
+    walk.Open(QStringLiteral("OTHER"));
+    EXPECT_EQ(walk.Value(0), QVariant(QStringLiteral("c")));
+    EXPECT_ERROR(3078, walk.Open(QStringLiteral("gone")));
+    EXPECT_TRUE(walk.Eof());
+    walk.Open(Chart);
+    walk.MoveNext();
+    EXPECT_EQ(walk.Value(0), QVariant(QStringLiteral("b")));
+    walk.MoveNext();
+    EXPECT_TRUE(walk.Eof()) << "no row of the next table";
+}
+
+TEST_F(TableWalkTest, AWalkThatHasLeftItsRowHoldsNoLock) {
+    Recordset rows = MakeTable();
+    AddMemo(rows, QStringLiteral("a"));
+    AddMemo(rows, QStringLiteral("b"));
+    Store->Commit();
+    TableWalk walk = Store->WalkThrough(Chart, Fields({"Memo"}));
+    walk.Leave();
+    EXPECT_ERROR(3021, walk.Value(0));
+    const auto other = TableStore::OpenDatabase(File);
+    other->DeleteTable(Chart);
+    other->Commit();
+    EXPECT_EQ(Store->TableCount(), 0);
+}
+
 } // namespace

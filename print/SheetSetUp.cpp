@@ -1,12 +1,11 @@
-#include "print/SheetTitle.h"
+#include "print/SheetSetUp.h"
 
 #include "platform/printing/Printer.h"
 
-void PrintSheetTitle(PrinterObject& printer, const QString& title) {
+void SetUpSheet(PrinterObject& printer) {
     printer.SetScaleWidth(21);
     printer.SetScaleHeight(30);
     printer.SetCurrentX(4);
     printer.SetCurrentY(1);
     printer.SetFontSize(18);
-    printer.Print(title);
 }

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+
+/// What is told of long work: what is being done, and how much of all is done.
+using ProgressWatch = std::function<void(const QString& what, int done, int all)>;
+
+/// Sets who shows long work to the user; nobody at first, and again with an empty one.
+void SetProgressWatch(ProgressWatch watch);
+
+/// Tells of long work, now and then while it goes on.
+void ReportProgress(const QString& what, int done, int all);

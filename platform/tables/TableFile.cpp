@@ -1,0 +1,124 @@
+#include "platform/tables/TableFile.h"
+
+#include <QFileInfo>
+#include <algorithm>
+#include <array>
+#include <sqlite3.h>
+#include <utility>
+
+namespace {
+
+constexpr int BusyTimeoutMs = 5000;
+
+[[noreturn]] void RefuseForeign() {
+    throw RuntimeError(ErrorNumber::EngineFault,
+                       QStringLiteral("This file is a database of another program. Sparkit "
+                                      "Dutygrid cannot use it and has left it as it is."));
+}
+
+[[noreturn]] void RefuseNewer() {
+    throw RuntimeError(ErrorNumber::EngineFault,
+                       QStringLiteral("This database was made by a newer version of Sparkit "
+                                      "Dutygrid. Please install the newer version to open it."));
+}
+
+/// The engine's own handle of the file: closing another one would let go of the locks that this
+/// process holds on it.
+sqlite3_file* FileOf(SQLite::Database& database) {
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(database.getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    return file && file->pMethods ? file : nullptr;
+}
+
+int NumberAt(const std::array<unsigned char, 100>& header, std::size_t offset) {
+    return header[offset] << 24 | header[offset + 1] << 16 | header[offset + 2] << 8 |
+           header[offset + 3];
+}
+
+void RefuseCutOff(Statements& statements) {
+    // The engine itself takes the missing rest of a last page for zeros.
+    sqlite3_file* file = FileOf(statements.Connection());
+    sqlite3_int64 length = 0;
+    if (file && file->pMethods->xFileSize(file, &length) == SQLITE_OK &&
+        length < sqlite3_int64{Pragma(statements, "page_count")} * Pragma(statements, "page_size"))
+        throw RuntimeError(ErrorNumber::EngineFault,
+                           QString::fromUtf8(sqlite3_errstr(SQLITE_CORRUPT)));
+}
+
+} // namespace
+
+RuntimeError UnknownFieldType(const QString& field) {
+    return {ErrorNumber::EngineFault,
+            QStringLiteral("The field '%1' is of an unknown type.").arg(field)};
+}
+
+std::unique_ptr<SQLite::Database> Connect(const QString& path, int flags) {
+    // Once in a process, before the engine is first used: it need not keep an account of its
+    // memory, which takes a lock at every piece of it.
+    [[maybe_unused]] static const int quick = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+    // Absolute, for the engine reads a meaning into names that begin with "file:" or ":".
+    const QByteArray file = QFileInfo(path).absoluteFilePath().toUtf8();
+    try {
+        // One thread uses the connection: it needs no locks against others.
+        return std::make_unique<SQLite::Database>(file.constData(), flags | SQLite::OPEN_NOMUTEX,
+                                                  BusyTimeoutMs);
+    } catch (const SQLite::Exception& fault) {
+        throw RuntimeError(
+            ErrorNumber::EngineFault,
+            QStringLiteral("%1: %2").arg(QString::fromUtf8(fault.what()), QString::fromUtf8(file)));
+    }
+}
+
+void RefuseByHeader(SQLite::Database& database, const QString& path) {
+    // The engine takes a file of one byte for an empty one and would write over the byte.
+    if (QFileInfo(path).size() == 1)
+        throw SQLite::Exception(sqlite3_errstr(SQLITE_NOTADB), SQLITE_NOTADB);
+    // Reading a database in write-ahead mode writes to it, so that such a one is told by its
+    // header.
+    sqlite3_file* file = FileOf(database);
+    std::array<unsigned char, 100> header{};
+    if (!file ||
+        file->pMethods->xRead(file, header.data(), static_cast<int>(header.size()), 0) !=
+            SQLITE_OK ||
+        !std::equal(header.begin(), header.begin() + 16, "SQLite format 3"))
+        return;
+    const int version = NumberAt(header, 60);
+    if (version > FormatVersion)
+        RefuseNewer();
+    const bool isWriteAhead = header[18] > 1 || header[19] > 1;
+    if (isWriteAhead && (version < FormerFormatVersion || version > FormatVersion))
+        RefuseForeign();
+}
+
+int FormatOf(Statements& statements) {
+    const int version = Pragma(statements, "user_version");
+    if (version > FormatVersion)
+        RefuseNewer();
+    const bool isOurs =
+        version == FormerFormatVersion ||
+        (version == FormatVersion && Pragma(statements, "application_id") == ApplicationId);
+    if (!isOurs && (version != 0 || Pragma(statements, "schema_version") != 0))
+        RefuseForeign();
+    RefuseCutOff(statements);
+    if (version == FormatVersion) {
+        // Finds out whether the declarations can be read at all.
+        Query catalogue(statements, "SELECT Id FROM Catalogue LIMIT 1");
+        catalogue.Step();
+    }
+    return version;
+}
+
+void Configure(SQLite::Database& database) {
+    sqlite3* handle = database.getHandle();
+    // What a file brings along (triggers, views, functions in its schema) is never run.
+    for (const auto& [option, value] : {std::pair{SQLITE_DBCONFIG_DQS_DML, 0},
+                                        {SQLITE_DBCONFIG_DQS_DDL, 0},
+                                        {SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},
+                                        {SQLITE_DBCONFIG_ENABLE_TRIGGER, 0},
+                                        {SQLITE_DBCONFIG_ENABLE_VIEW, 0},
+                                        {SQLITE_DBCONFIG_DEFENSIVE, 1}})
+        sqlite3_db_config(handle, option, value, nullptr);
+    database.exec("PRAGMA cell_size_check=ON");
+    // A commit survives a power cut: the journal's folder is synchronised as well.
+    database.exec("PRAGMA synchronous=EXTRA");
+}

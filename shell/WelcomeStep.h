@@ -1,0 +1,30 @@
+#pragma once
+
+#include "shell/WelcomePage.h"
+
+#include <QPushButton>
+
+/// A button that tells with its name what it is for and which key does the same.
+class WelcomeStep : public QPushButton {
+    Q_OBJECT
+
+public:
+    WelcomeStep(const Greeting::Step& step, QWidget* parent);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QFont NameFont() const;
+    int TextHeight() const;
+    /// Width of the key with its frame, 0 without a key.
+    int KeyWidth() const;
+    QRect TextPlace() const;
+
+    QString hint_;
+    QString key_;
+};

@@ -1,0 +1,95 @@
+#include "tests/common/RealInput.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QEvent>
+#include <QProcess>
+#include <QTest>
+#include <QWidget>
+#include <algorithm>
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr int Patience = 20000; // milliseconds
+
+void Run(const QStringList& hand, bool isBusy = false) {
+    QProcess xdotool;
+    xdotool.start(QStringLiteral("xdotool"), hand);
+    ASSERT_TRUE(xdotool.waitForStarted()) << "xdotool is not installed";
+    if (isBusy)
+        xdotool.waitForFinished();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return xdotool.state() == QProcess::NotRunning; }, Patience));
+}
+
+QStringList MoveTo(const QWidget& widget, const QPoint& place) {
+    const QPoint at = widget.mapToGlobal(place);
+    return {QStringLiteral("mousemove"), QString::number(at.x()), QString::number(at.y())};
+}
+
+QElapsedTimer& SinceClick() {
+    static QElapsedTimer timer;
+    return timer;
+}
+
+/// Lets the time pass in which a press would be taken for the second one of a double click.
+void LetTheFormerClickRest() {
+    constexpr int spare = 100; // milliseconds
+    if (!SinceClick().isValid())
+        return;
+    const qint64 rest = QApplication::doubleClickInterval() + spare - SinceClick().elapsed();
+    QTest::qWait(static_cast<int>(std::max<qint64>(rest, 0)));
+}
+
+void SendClickAt(const QWidget& widget, const QPoint& place, const RealPress& press) {
+    LetTheFormerClickRest();
+    QStringList hand = MoveTo(widget, place);
+    for (int click = 0; click < press.count; ++click)
+        hand += {QStringLiteral("mousedown"), QStringLiteral("1"),
+                 QStringLiteral("sleep"),     QString::number(press.heldMs / 1000.0),
+                 QStringLiteral("mouseup"),   QStringLiteral("1")};
+    Run(hand, press.isBusy);
+    SinceClick().start();
+}
+
+} // namespace
+
+RealInput::RealInput() {
+    qApp->installEventFilter(this);
+}
+
+void RealInput::Click(const QWidget& widget, const RealPress& press) {
+    ClickAt(widget, widget.rect().center(), press);
+}
+
+void RealInput::ClickAt(const QWidget& widget, const QPoint& place, const RealPress& press) {
+    buttonReleases_ = 0;
+    SendClickAt(widget, place, press);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return buttonReleases_ >= press.count; }, Patience));
+}
+
+void RealInput::SendClick(const QWidget& widget, const RealPress& press) {
+    SendClickAt(widget, widget.rect().center(), press);
+}
+
+void RealInput::WheelDown(const QWidget& widget) {
+    wheels_ = 0;
+    Run(MoveTo(widget, widget.rect().center()) +
+        QStringList{QStringLiteral("click"), QStringLiteral("5")});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return wheels_ > 0; }, Patience));
+}
+
+void RealInput::Key(const QString& name) {
+    keyReleases_ = 0;
+    Run({QStringLiteral("key"), name});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return keyReleases_ > 0; }, Patience));
+}
+
+bool RealInput::eventFilter(QObject* watched, QEvent* event) {
+    if (!watched->isWindowType())
+        return false;
+    buttonReleases_ += event->type() == QEvent::MouseButtonRelease ? 1 : 0;
+    keyReleases_ += event->type() == QEvent::KeyRelease ? 1 : 0;
+    wheels_ += event->type() == QEvent::Wheel ? 1 : 0;
+    return false;
+}

@@ -1,0 +1,94 @@
+#include "tests/faults/SmallFiles.h"
+#include "platform/runtime/RuntimeError.h"
+#include "platform/runtime/TextFiles.h"
+#include "tests/faults/ChildProcess.h"
+#include "tests/faults/FaultWorld.h"
+#include "tests/faults/FileSizeLimit.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <chrono>
+#include <random>
+#include <thread>
+
+/// The settings, the lists of job names and the user's registry.
+class SmallFilesTest : public FaultTest {
+protected:
+    /// The number of the error that `statement` raises, 0 for none.
+    template <class Statement>
+    static int ErrorOf(Statement&& statement) {
+        try {
+            statement();
+            return 0;
+        } catch (const RuntimeError& error) {
+            return error.Number();
+        }
+    }
+
+    static QStringList FilesBeside(const QString& file) {
+        return QFileInfo(file).dir().entryList(QDir::Files | QDir::Hidden);
+    }
+
+    SmallFiles files{Folder()};
+};
+
+TEST_F(SmallFilesTest, AWriteThatFindsNoRoomLeavesTheFormerContents) {
+    files.Write(1);
+    // There is room for the registry as it is up to the last of these, not for a longer value.
+    for (const auto& [limit, operation] :
+         {std::pair(0, 11005), {1, 11005}, {4'096, 11005}, {70'000, 11001}}) {
+        const FileSizeLimit noRoom(limit);
+        EXPECT_EQ(ErrorOf([this] { files.WriteText(2); }), 75) << limit;
+        EXPECT_EQ(ErrorOf([this] { files.WriteRegistry(222'222); }), operation) << limit;
+    }
+    EXPECT_EQ(files.TextState(), 1);
+    EXPECT_EQ(files.RegistryState(), 1);
+    EXPECT_EQ(FilesBeside(files.TextFile()), QStringList(QStringLiteral("lines.txt")));
+    EXPECT_EQ(FilesBeside(files.RegistryFile()), QStringList(QStringLiteral("registry.json")));
+
+    files.Write(3);
+    EXPECT_EQ(files.TextState(), 3);
+    EXPECT_EQ(files.RegistryState(), 3);
+}
+
+TEST_F(SmallFilesTest, AShortFileThatFindsNoRoomKeepsItsFormerContents) {
+    const auto write = [this](int number) {
+        OutputFile file(files.TextFile());
+        for (int line = 0; line < 5; ++line)
+            file.PrintNumber(number);
+        file.Close();
+    };
+    write(1);
+    const QByteArray before = BytesOf(files.TextFile());
+    ASSERT_EQ(before.size(), 25);
+    for (const qint64 limit : {0, 1, 24}) {
+        const FileSizeLimit noRoom(limit);
+        EXPECT_EQ(ErrorOf([&] { write(2); }), 75) << limit;
+        EXPECT_EQ(BytesOf(files.TextFile()), before) << limit;
+    }
+    const FileSizeLimit justRoom(25);
+    EXPECT_EQ(ErrorOf([&] { write(2); }), 0);
+}
+
+TEST_F(SmallFilesTest, AKillAtAnyMomentLeavesTheFormerContentsOrTheNew) {
+    constexpr int Kills = 40;
+    std::mt19937 chance(20010307);
+    for (int kill = 0; kill < Kills && !HasFailure(); ++kill) {
+        ChildProcess child({RewriteCommand, Folder()});
+        std::optional<qint32> done = child.NextReport();
+        ASSERT_TRUE(done.has_value()) << "the child ended by itself";
+        std::this_thread::sleep_for(std::chrono::microseconds(chance() % 12'000));
+        EXPECT_TRUE(child.Kill()) << "the child ended by itself";
+        while (const std::optional<qint32> next = child.NextReport())
+            done = next;
+        const std::optional<int> text = files.TextState();
+        const std::optional<int> registry = files.RegistryState();
+        EXPECT_TRUE(text == *done || text == *done + 1) << *done << ": " << text.value_or(-1);
+        EXPECT_TRUE(registry == *done || registry == *done + 1)
+            << *done << ": " << registry.value_or(-1);
+        EXPECT_TRUE(QFileInfo(files.RegistryFile())
+                        .dir()
+                        .entryList({QStringLiteral("*.damaged*")})
+                        .isEmpty());
+    }
+}

@@ -1,0 +1,264 @@
+#include "platform/forms/ActivationTracker.h"
+#include "platform/forms/MainWindowArea.h"
+#include "platform/forms/SystemPrompts.h"
+#include "tests/common/FormTest.h"
+#include "tests/common/RealInput.h"
+
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMessageBox>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QTest>
+#include <QTimer>
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using S = QStringList;
+
+/// What happened, in order: activations and presses.
+S Events;
+
+/// Fills its parent and tells of each press on it.
+class Pad : public QWidget {
+public:
+    Pad(const QString& name, QWidget* parent) : QWidget(parent) {
+        setObjectName(name);
+        setFocusPolicy(Qt::StrongFocus);
+        setGeometry(0, 0, 200, 120);
+    }
+
+protected:
+    void mousePressEvent(QMouseEvent*) override { Tell(QStringLiteral("press ")); }
+    void mouseDoubleClickEvent(QMouseEvent*) override { Tell(QStringLiteral("double ")); }
+    void mouseReleaseEvent(QMouseEvent*) override { Tell(QStringLiteral("release ")); }
+
+private:
+    void Tell(const QString& what) {
+        const bool isNew = ActivationTracker::Instance().IsPressOnNewFront();
+        Events +=
+            what + objectName() +
+            (isNew && !what.startsWith(QLatin1Char('r')) ? QStringLiteral(", unseen") : QString());
+    }
+};
+
+class MainWithPad : public QMainWindow, public Form {
+public:
+    MainWithPad() : Form(*static_cast<QWidget*>(this), Place::TopLevel) {
+        setCentralWidget(&area);
+        SetMainWindowArea(&area);
+        resize(700, 500);
+        move(20, 40);
+    }
+    ~MainWithPad() override { takeCentralWidget(); }
+    QMdiArea area;
+
+protected:
+    void Activate() override { Events += QStringLiteral("main"); }
+    void closeEvent(QCloseEvent* event) override { HandleClose(*event); }
+};
+
+class PadForm : public FormWidget {
+public:
+    PadForm(const QString& name, Place place) : FormWidget(place) {
+        setObjectName(name);
+        SetCaption(name);
+        pad = new Pad(name, this);
+        resize(200, 120);
+    }
+    QPointer<Pad> pad;
+    std::function<void()> onActivate;
+
+protected:
+    void Activate() override {
+        Events += objectName();
+        if (onActivate)
+            onActivate();
+    }
+};
+
+class PressDesk : public FormTest {
+protected:
+    PressDesk() {
+        main_->Show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get()));
+        Settle();
+        Events.clear();
+    }
+    ~PressDesk() override {
+        ActivationTracker::Instance().Reset();
+        main_.reset();
+    }
+
+    static S Taken() {
+        Settle();
+        return std::exchange(Events, {});
+    }
+
+    /// `place`: pixels within the main window.
+    PadForm& Inside(const char* name, const QPoint& place) {
+        auto* form = new PadForm(QString::fromLatin1(name), Form::Place::InMainWindow);
+        form->Show();
+        form->Frame().move(place);
+        EXPECT_EQ(Taken(), S{QString::fromLatin1(name)});
+        return *form;
+    }
+
+    /// `place`: pixels on the screen.
+    PadForm& TopLevel(const char* name, const QPoint& place) {
+        auto* form = new PadForm(QString::fromLatin1(name), Form::Place::TopLevel);
+        form->move(place);
+        form->Show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(form));
+        EXPECT_EQ(Taken(), S{QString::fromLatin1(name)});
+        return *form;
+    }
+
+    bool IsInFront(const Form& form) const {
+        return main_->area.activeSubWindow() == &form.Frame();
+    }
+
+    std::unique_ptr<MainWithPad> main_ = std::make_unique<MainWithPad>();
+};
+
+class PressTest : public PressDesk, public testing::WithParamInterface<RealPress> {
+protected:
+    void Press(const QWidget& widget) { hand_.Click(widget, GetParam()); }
+
+private:
+    RealInput hand_;
+};
+
+TEST_P(PressTest, AFormWithinIsActivatedOnceBeforeThePress) {
+    PadForm& first = Inside("first", {10, 10});
+    PadForm& second = Inside("second", {300, 10});
+    Press(*first.pad);
+    EXPECT_EQ(Taken(), (S{u"first"_s, u"press first, unseen"_s, u"release first"_s}));
+    EXPECT_TRUE(IsInFront(first));
+    EXPECT_TRUE(first.pad->hasFocus());
+    Press(*second.pad);
+    EXPECT_EQ(Taken(), (S{u"second"_s, u"press second, unseen"_s, u"release second"_s}));
+}
+
+TEST_P(PressTest, ATopLevelFormIsActivatedOnceBeforeThePress) {
+    PadForm& first = TopLevel("first", {800, 60});
+    TopLevel("second", {800, 300});
+    Press(*first.pad);
+    EXPECT_EQ(Taken(), (S{u"first"_s, u"press first, unseen"_s, u"release first"_s}));
+    EXPECT_TRUE(first.isActiveWindow());
+}
+
+TEST_P(PressTest, AFormWithinAMainWindowBehindIsActivatedAfterItAndTheOneInFrontThereIsNot) {
+    PadForm& first = Inside("first", {10, 10});
+    Inside("second", {300, 10});
+    TopLevel("over", {800, 60});
+    Press(*first.pad);
+    EXPECT_EQ(Taken(), (S{u"main"_s, u"first"_s, u"press first, unseen"_s, u"release first"_s}));
+    EXPECT_TRUE(main_->isActiveWindow());
+    EXPECT_TRUE(IsInFront(first));
+    EXPECT_TRUE(first.pad->hasFocus());
+}
+
+TEST_P(PressTest, ThePressGoesToWhatTheActivationHasPutInThePlaceOfItsControl) {
+    PadForm& first = Inside("first", {10, 10});
+    Inside("second", {300, 10});
+    first.onActivate = [&first] {
+        first.pad->hide();
+        first.pad->deleteLater();
+        first.pad = new Pad(u"new"_s, &first);
+        first.pad->show();
+    };
+    Press(*first.pad);
+    EXPECT_EQ(Taken(), (S{u"first"_s, u"press new, unseen"_s, u"release new"_s}));
+}
+
+TEST_P(PressTest, AFormThatItsActivationEndsLeavesThePressToTheOneBeneath) {
+    PadForm& beneath = Inside("beneath", {10, 10});
+    PadForm& first = Inside("first", {10, 10});
+    Inside("second", {300, 10});
+    first.onActivate = [&first] { first.Unload(); };
+    Press(*first.pad);
+    EXPECT_EQ(Taken(),
+              (S{u"first"_s, u"beneath"_s, u"press beneath, unseen"_s, u"release beneath"_s}));
+    EXPECT_TRUE(IsInFront(beneath));
+}
+
+TEST_P(PressTest, ABoxThatTheActivationShowsTakesThePress) {
+    PadForm& first = Inside("first", {10, 10});
+    Inside("second", {300, 10});
+    first.onActivate = [] {
+        SystemPrompts prompts;
+        QTimer::singleShot(400, [] { QApplication::activeModalWidget()->close(); });
+        Prompt prompt;
+        prompt.Text = u"A message"_s;
+        prompts.Show(prompt);
+    };
+    RealInput::SendClick(*first.pad, GetParam());
+    EXPECT_TRUE(QTest::qWaitFor([] { return Events.contains(u"first"_s); }));
+    EXPECT_TRUE(QTest::qWaitFor([] { return QApplication::activeModalWidget() == nullptr; }));
+    EXPECT_EQ(Taken(), S{u"first"_s});
+    Press(*first.pad);
+    EXPECT_EQ(Taken(), (S{u"press first"_s, u"release first"_s}));
+}
+
+TEST_P(PressTest, BehindABoxNothingIsActivated) {
+    PadForm& first = Inside("first", {10, 10});
+    Inside("second", {300, 10});
+    QMessageBox box(main_.get());
+    box.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+    box.move(800, 500);
+    RealInput::SendClick(*first.pad, GetParam());
+    EXPECT_EQ(Taken(), S());
+    box.close();
+    EXPECT_EQ(Taken(), S());
+}
+
+TEST_P(PressTest, AWindowThatIsNoFormAndTheWayBackFromItActivateNothing) {
+    PadForm& first = Inside("first", {10, 10});
+    Pad help(u"help"_s, nullptr);
+    help.move(900, 300);
+    help.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&help));
+    main_->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get()));
+    EXPECT_EQ(Taken(), S());
+    Press(help);
+    EXPECT_EQ(Taken(), (S{u"press help"_s, u"release help"_s}));
+    Press(*first.pad);
+    EXPECT_EQ(Taken(), (S{u"press first"_s, u"release first"_s}));
+}
+
+INSTANTIATE_TEST_SUITE_P(RealInput, PressTest,
+                         testing::Values(RealInput::Short, RealInput::Long,
+                                         RealInput::ShortWhileBusy, RealInput::LongWhileBusy));
+
+class DoublePressTest : public PressTest {};
+
+TEST_P(DoublePressTest, BothPressesOfADoubleClickAreOnWhatNobodyHasSeen) {
+    PadForm& first = Inside("first", {10, 10});
+    Inside("second", {300, 10});
+    Press(*first.pad);
+    EXPECT_EQ(Taken(), (S{u"first"_s, u"press first, unseen"_s, u"release first"_s,
+                          u"double first, unseen"_s, u"release first"_s}));
+}
+
+INSTANTIATE_TEST_SUITE_P(RealInput, DoublePressTest, testing::Values(RealInput::Double));
+
+class PendingLookTest : public PressDesk {};
+
+TEST_F(PendingLookTest, APressCompletesAnActivationThatIsDue) {
+    PadForm& first = Inside("first", {10, 10});
+    Inside("second", {300, 10});
+    first.SetFocus();
+    const QPoint place = first.pad->mapTo(main_.get(), first.pad->rect().center());
+    // No event of the loop comes between.
+    QTest::mousePress(main_->windowHandle(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(Events, (S{u"first"_s, u"press first, unseen"_s}));
+    QTest::mouseRelease(main_->windowHandle(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(Taken().count(u"first"_s), 1);
+}
+
+} // namespace
