@@ -125,15 +125,12 @@ bool ActivationTracker::TakePress(QWindow& window, const QMouseEvent& press) {
     return true;
 }
 
-/// Does what a desktop does at a press. True if forms have been activated by it.
+/// Takes the form for the one in front, as the window system will. True if forms have been
+/// activated by it.
 bool ActivationTracker::BringToFront(const Form& form) {
     QWidget& topLevel = *form.Widget().window();
-    if (QWidget* active = QApplication::activeWindow(); active != &topLevel) {
-        left_ = active;
-        topLevel.activateWindow();
-    } else {
-        left_ = nullptr;
-    }
+    QWidget* active = QApplication::activeWindow();
+    left_ = active == &topLevel ? nullptr : active;
     if (form.FormPlace() == Form::Place::InMainWindow)
         Area()->setActiveSubWindow(static_cast<FormFrame*>(&form.Frame()));
     return CompleteActivation(topLevel);

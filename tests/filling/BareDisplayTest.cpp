@@ -1,6 +1,7 @@
 #include "platform/forms/DefaultForms.h"
 #include "platform/forms/HelpWindow.h"
 #include "platform/forms/SystemPrompts.h"
+#include "shell/NewUser.h"
 #include "tests/common/RealInput.h"
 #include "tests/filling/FillingTest.h"
 
@@ -93,6 +94,18 @@ TEST_F(BareDisplayTest, AfterTheHelpAReturnToTheViewerTurnsThePage) {
     ShowHelpForAMoment();
     other.Unload();
     Settle();
+    EXPECT_EQ(Jobs(Viewer()), S{u"Sweep"_s});
+    EXPECT_EQ(DesktopCalls.Sounds, S{PageSound()});
+}
+
+TEST_F(BareDisplayTest, APressBringsAFormToTheFront) {
+    auto& over = Default<NewUser>();
+    over.move(1000, 500);
+    over.Show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&over));
+    hand_.Click(Viewer().Instructions[0], RealInput::Short);
+    Settle();
+    EXPECT_TRUE(Main().isActiveWindow());
     EXPECT_EQ(Jobs(Viewer()), S{u"Sweep"_s});
     EXPECT_EQ(DesktopCalls.Sounds, S{PageSound()});
 }

@@ -89,6 +89,7 @@ protected:
     }
     ~PressDesk() override {
         ActivationTracker::Instance().Reset();
+        topLevels_.clear();
         main_.reset();
     }
 
@@ -108,12 +109,14 @@ protected:
 
     /// `place`: pixels on the screen.
     PadForm& TopLevel(const char* name, const QPoint& place) {
-        auto* form = new PadForm(QString::fromLatin1(name), Form::Place::TopLevel);
-        form->move(place);
-        form->Show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(form));
+        topLevels_.push_back(
+            std::make_unique<PadForm>(QString::fromLatin1(name), Form::Place::TopLevel));
+        PadForm& form = *topLevels_.back();
+        form.move(place);
+        form.Show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
         EXPECT_EQ(Taken(), S{QString::fromLatin1(name)});
-        return *form;
+        return form;
     }
 
     bool IsInFront(const Form& form) const {
@@ -121,6 +124,9 @@ protected:
     }
 
     std::unique_ptr<MainWithPad> main_ = std::make_unique<MainWithPad>();
+
+private:
+    std::vector<std::unique_ptr<PadForm>> topLevels_;
 };
 
 class PressTest : public PressDesk, public testing::WithParamInterface<RealPress> {
@@ -247,18 +253,35 @@ TEST_P(DoublePressTest, BothPressesOfADoubleClickAreOnWhatNobodyHasSeen) {
 
 INSTANTIATE_TEST_SUITE_P(RealInput, DoublePressTest, testing::Values(RealInput::Double));
 
-class PendingLookTest : public PressDesk {};
+class PendingLookTest : public PressDesk {
+protected:
+    /// A press that no event of the loop comes before.
+    static void PressAtOnce(const PadForm& form) {
+        QWidget& window = *form.window();
+        const QPoint place = form.pad->mapTo(&window, form.pad->rect().center());
+        QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, place);
+        const S atOnce{form.objectName(), u"press "_s + form.objectName() + u", unseen"_s};
+        EXPECT_EQ(Events, atOnce);
+        QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {}, place);
+    }
+};
 
 TEST_F(PendingLookTest, APressCompletesAnActivationThatIsDue) {
     PadForm& first = Inside("first", {10, 10});
     Inside("second", {300, 10});
     first.SetFocus();
-    const QPoint place = first.pad->mapTo(main_.get(), first.pad->rect().center());
-    // No event of the loop comes between.
-    QTest::mousePress(main_->windowHandle(), Qt::LeftButton, {}, place);
-    EXPECT_EQ(Events, (S{u"first"_s, u"press first, unseen"_s}));
-    QTest::mouseRelease(main_->windowHandle(), Qt::LeftButton, {}, place);
+    PressAtOnce(first);
     EXPECT_EQ(Taken().count(u"first"_s), 1);
+}
+
+TEST_F(PendingLookTest, TheFormLeftIsNotActivatedWhileTheWindowSystemStillNamesIt) {
+    PadForm& first = TopLevel("first", {800, 60});
+    TopLevel("second", {800, 300});
+    ActivationTracker::Instance().Schedule();
+    PressAtOnce(first);
+    const S events = Taken();
+    EXPECT_EQ(events.count(u"first"_s), 1);
+    EXPECT_EQ(events.count(u"second"_s), 0);
 }
 
 } // namespace
