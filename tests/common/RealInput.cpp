@@ -41,8 +41,15 @@ void LetTheFormerClickRest() {
     QTest::qWait(static_cast<int>(std::max<qint64>(rest, 0)));
 }
 
+/// A press on something else that lies above would tell nothing of the widget.
+bool IsInSight(const QWidget& widget, const QPoint& place) {
+    const QWidget* top = QApplication::widgetAt(widget.mapToGlobal(place));
+    return top == &widget || (top != nullptr && widget.isAncestorOf(top));
+}
+
 void SendClickAt(const QWidget& widget, const QPoint& place, const RealPress& press) {
     LetTheFormerClickRest();
+    EXPECT_TRUE(IsInSight(widget, place)) << widget.objectName().toStdString();
     QStringList hand = MoveTo(widget, place);
     for (int click = 0; click < press.count; ++click)
         hand += {QStringLiteral("mousedown"), QStringLiteral("1"),
