@@ -11,6 +11,9 @@
 
 namespace {
 
+/// In milliseconds. Nobody sees a page and presses on it sooner.
+constexpr qint64 ReactionTime = 200;
+
 QPointer<QMdiArea>& Area() {
     static QPointer<QMdiArea> area;
     return area;
@@ -90,6 +93,7 @@ void ActivationTracker::Reset() {
     topLevel_ = nullptr;
     front_ = nullptr;
     left_ = nullptr;
+    sinceActivation_.invalidate();
     pressOnNewFront_ = false;
     doubleClickEnds_ = 0;
 }
@@ -110,6 +114,9 @@ bool ActivationTracker::TakePress(QWindow& window, const QMouseEvent& press) {
     if (topLevel.isNull())
         return true;
     pressOnNewFront_ = press.timestamp() < doubleClickEnds_;
+    // A window manager may hand on the focus a while before the press that it gave it for.
+    if (HasJustActivated())
+        TakeAsUnseen(press);
     // The activation may end or hide the form: then the one beneath gets the press.
     for (Form* form = FormAt(*topLevel, press.position().toPoint());
          form != nullptr && BringToFront(*form);
@@ -118,11 +125,19 @@ bool ActivationTracker::TakePress(QWindow& window, const QMouseEvent& press) {
         const bool isHeld = QGuiApplication::mouseButtons().testFlag(press.button());
         if (topLevel.isNull() || !topLevel->isVisible() || !isHeld)
             return false;
-        pressOnNewFront_ = true;
-        const int interval = QGuiApplication::styleHints()->mouseDoubleClickInterval();
-        doubleClickEnds_ = press.timestamp() + static_cast<quint64>(interval);
+        TakeAsUnseen(press);
     }
     return true;
+}
+
+bool ActivationTracker::HasJustActivated() const {
+    return sinceActivation_.isValid() && !sinceActivation_.hasExpired(ReactionTime);
+}
+
+void ActivationTracker::TakeAsUnseen(const QMouseEvent& press) {
+    pressOnNewFront_ = true;
+    const int interval = QGuiApplication::styleHints()->mouseDoubleClickInterval();
+    doubleClickEnds_ = press.timestamp() + static_cast<quint64>(interval);
 }
 
 /// Takes the form for the one in front, as the window system will. True if forms have been
@@ -161,6 +176,13 @@ QWidget* ActivationTracker::ActiveTopLevel() {
 
 /// Activates the form in front in this window if it has not been so far. True if it did.
 bool ActivationTracker::CompleteActivation(QWidget& topLevel) {
+    if (!ActivateFront(topLevel))
+        return false;
+    sinceActivation_.start();
+    return true;
+}
+
+bool ActivationTracker::ActivateFront(QWidget& topLevel) {
     QWidget* inside = FrontSubWindow(topLevel);
     QWidget* front = inside != nullptr ? inside : &topLevel;
     const bool otherTopLevel = topLevel_ != &topLevel;

@@ -2,6 +2,7 @@
 
 #include "platform/forms/Form.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
@@ -28,8 +29,9 @@ public:
     /// Asks for a look when the event queue is empty.
     void Schedule();
 
-    /// Whether the last press has brought its form to the front: who pressed had not seen what the
-    /// activation has left there. A double click is one press in this.
+    /// Whether the last press has brought its form to the front, or came so soon after the form did
+    /// that who pressed cannot have seen what the activation has left there. A double click is one
+    /// press in this.
     bool IsPressOnNewFront() const { return pressOnNewFront_; }
 
     /// Forgets what was in front; for the end of a test.
@@ -45,6 +47,9 @@ private:
     void Look();
     QWidget* ActiveTopLevel();
     bool CompleteActivation(QWidget& topLevel);
+    bool ActivateFront(QWidget& topLevel);
+    bool HasJustActivated() const;
+    void TakeAsUnseen(const QMouseEvent& press);
     bool BringToFront(const Form& form);
     bool TakePress(QWindow& window, const QMouseEvent& press);
     static void Activate(Form& form);
@@ -59,6 +64,7 @@ private:
     QPointer<QWindow> focus_;
     /// Another program has taken the focus, and may keep it.
     bool focusIsElsewhere_ = false;
+    QElapsedTimer sinceActivation_;
     bool pressOnNewFront_ = false;
     /// In milliseconds of the events' clock.
     quint64 doubleClickEnds_ = 0;

@@ -18,6 +18,9 @@ namespace {
 using namespace Qt::StringLiterals;
 using S = QStringList;
 
+/// In milliseconds, from a form's activation to a press that may be meant for what it shows.
+constexpr int TimeToSee = 250;
+
 /// What happened, in order: activations and presses.
 S Events;
 
@@ -205,6 +208,7 @@ TEST_P(PressTest, ABoxThatTheActivationShowsTakesThePress) {
     EXPECT_TRUE(QTest::qWaitFor([] { return Events.contains(u"first"_s); }));
     EXPECT_TRUE(QTest::qWaitFor([] { return QApplication::activeModalWidget() == nullptr; }));
     EXPECT_EQ(Taken(), S{u"first"_s});
+    QTest::qWait(TimeToSee);
     Press(*first.pad);
     EXPECT_EQ(Taken(), (S{u"press first"_s, u"release first"_s}));
 }
@@ -257,12 +261,17 @@ class PendingLookTest : public PressDesk {
 protected:
     /// A press that no event of the loop comes before.
     static void PressAtOnce(const PadForm& form) {
+        const S atOnce{form.objectName(), u"press "_s + form.objectName() + u", unseen"_s};
+        EXPECT_EQ(PressOn(form), atOnce);
+    }
+
+    static S PressOn(const PadForm& form) {
         QWidget& window = *form.window();
         const QPoint place = form.pad->mapTo(&window, form.pad->rect().center());
         QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, place);
-        const S atOnce{form.objectName(), u"press "_s + form.objectName() + u", unseen"_s};
-        EXPECT_EQ(Events, atOnce);
+        const S events = Events;
         QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {}, place);
+        return events;
     }
 };
 
@@ -282,6 +291,25 @@ TEST_F(PendingLookTest, TheFormLeftIsNotActivatedWhileTheWindowSystemStillNamesI
     const S events = Taken();
     EXPECT_EQ(events.count(u"first"_s), 1);
     EXPECT_EQ(events.count(u"second"_s), 0);
+}
+
+TEST_F(PendingLookTest, APressJustAfterTheFocusIsOnWhatNobodyHasSeen) {
+    PadForm& first = Inside("first", {10, 10});
+    Inside("second", {300, 10});
+    first.SetFocus();
+    EXPECT_TRUE(QTest::qWaitFor([] { return Events.contains(u"first"_s); }));
+    Events.clear();
+    EXPECT_EQ(PressOn(first), S{u"press first, unseen"_s});
+}
+
+TEST_F(PendingLookTest, APressThatLeavesTimeToSeeIsTakenAsMeant) {
+    PadForm& first = Inside("first", {10, 10});
+    Inside("second", {300, 10});
+    first.SetFocus();
+    EXPECT_TRUE(QTest::qWaitFor([] { return Events.contains(u"first"_s); }));
+    QTest::qWait(TimeToSee);
+    Events.clear();
+    EXPECT_EQ(PressOn(first), S{u"press first"_s});
 }
 
 } // namespace
