@@ -2,6 +2,8 @@
 
 #include "tests/common/Readable.h"
 
+#include <QTest>
+
 namespace {
 
 Text Element(const Text& array, int index) {
@@ -131,13 +133,20 @@ void Story::OpenForFilling(const Text& chart) {
     Front("ChartViewer");
 }
 
+/// Nothing is ticked on a page that has only just been turned.
+void Story::ClickMark(const Text& mark) {
+    constexpr int timeToSee = 210; // milliseconds
+    QTest::qWait(timeToSee);
+    Click(mark);
+}
+
 void Story::Tick(int row) {
-    Click(Element("ClearImg", row));
+    ClickMark(Element("ClearImg", row));
     IsDone(row, true);
 }
 
 void Story::Untick(int row) {
-    Click(Element("CheckImg", row));
+    ClickMark(Element("CheckImg", row));
     IsDone(row, false);
 }
 

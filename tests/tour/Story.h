@@ -98,4 +98,7 @@ protected:
     /// `message`; "" for none.
     void ChooseDates(const QDate& start, const QDate& end, const Text& message = "",
                      const Text& picture = "");
+
+private:
+    void ClickMark(const Text& mark);
 };
