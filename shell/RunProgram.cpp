@@ -10,13 +10,10 @@
 #include "platform/forms/SystemPrinter.h"
 #include "platform/forms/SystemProgress.h"
 #include "platform/forms/SystemPrompts.h"
-#include "platform/printing/Printer.h"
 #include "platform/runtime/Actions.h"
-#include "platform/runtime/Desktop.h"
-#include "platform/runtime/Prompts.h"
 #include "reports/RegisterForms.h"
 #include "shell/RegisterForms.h"
-#include "shell/session/Session.h"
+#include "shell/session/ProgramRun.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -32,7 +29,7 @@ void Start() {
 
 } // namespace
 
-int RunProgram(QApplication& application) {
+int RunProgram(QApplication& application, const QString& programFolder) {
     QApplication::setApplicationName(QStringLiteral("Sparkit Dutygrid"));
     QApplication::setWindowIcon(ProgramIcon());
     // Desktops look up the window's entry in their menus by it.
@@ -45,9 +42,10 @@ int RunProgram(QApplication& application) {
     SystemDesktop desktop;
     SystemPrinter printer;
     const SystemProgress progress;
-    SetPrompts(&prompts);
-    SetDesktop(&desktop);
-    SetPrintTarget(&printer);
+    const ProgramRun run({.Boxes = &prompts,
+                          .Desktop = &desktop,
+                          .Paper = &printer,
+                          .ProgramFolder = programFolder});
     RegisterShellForms();
     RegisterAccountForms();
     RegisterAuthoringForms();
@@ -59,9 +57,5 @@ int RunProgram(QApplication& application) {
     const int exitCode = QApplication::exec();
 
     DropDefaultForms();
-    ResetSession();
-    SetPrintTarget(nullptr);
-    SetDesktop(nullptr);
-    SetPrompts(nullptr);
     return exitCode;
 }

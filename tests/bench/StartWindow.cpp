@@ -1,6 +1,5 @@
 #include "tests/bench/PaintWatch.h"
 
-#include "platform/runtime/ProgramFolder.h"
 #include "shell/AccountList.h"
 #include "shell/RunProgram.h"
 
@@ -22,7 +21,6 @@ bool IsFilledList(const QWidget& widget) {
 /// The program's start on the program folder that is given, up to the first paint of the log-in
 /// form or, with a second argument, up to the moment at which the accounts can be seen in it.
 int main(int argc, char** argv) {
-    SetProgramFolder(QString::fromLocal8Bit(argv[1]));
     PaintWatch application(argc, argv, argc > 2 ? IsFilledList : IsLogIn);
-    return RunProgram(application);
+    return RunProgram(application, QString::fromLocal8Bit(argv[1]));
 }

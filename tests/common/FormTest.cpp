@@ -4,7 +4,6 @@
 #include "authoring/RegisterForms.h"
 #include "filling/RegisterForms.h"
 #include "platform/forms/ActivationTracker.h"
-#include "platform/runtime/Actions.h"
 #include "reports/RegisterForms.h"
 #include "shell/RegisterForms.h"
 #include "support/clsRegistry.h"
@@ -33,7 +32,6 @@ FormTest::FormTest() {
     RegisterAuthoringForms();
     RegisterFillingForms();
     RegisterReportForms();
-    SetEndProcess([this](int exitCode) { Ends += exitCode; });
 }
 
 FormTest::~FormTest() {

@@ -53,7 +53,4 @@ protected:
 
     /// Saves a picture of a form to the folder named by DUTYGRID_SHOTS, if that is set.
     static void Shoot(QWidget& form, const QString& name);
-
-    /// The exit codes with which the process would have ended.
-    QList<int> Ends;
 };

@@ -5,11 +5,11 @@
 #include "platform/runtime/ProgramFolder.h"
 #include "tests/common/Readable.h"
 #include "tests/common/Scripted.h"
+#include "tests/common/TestRun.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QLocale>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -26,25 +26,7 @@
 /// clock (Wednesday 7 March 2001), the C locale, scripted prompts and desktop.
 class RuntimeTest : public testing::Test {
 protected:
-    RuntimeTest() {
-        QLocale::setDefault(QLocale::c());
-        SetToday(QDate(2001, 3, 7));
-        SetProgramFolder(folder_.path());
-        qputenv("XDG_CONFIG_HOME",
-                QFile::encodeName(folder_.filePath(QStringLiteral("UserConfig"))));
-        SetPrompts(&Boxes);
-        SetDesktop(&DesktopCalls);
-    }
-    ~RuntimeTest() override {
-        Boxes.VerifyAllShown();
-        SetCommitHook({});
-        SetEndProcess({});
-        SetDesktop(nullptr);
-        SetPrompts(nullptr);
-        SetProgramFolder(QString());
-        SetToday(QDate());
-        QLocale::setDefault(QLocale::c());
-    }
+    ~RuntimeTest() override { Boxes.VerifyAllShown(); }
 
     /// A path in the test's program folder.
     static QString Path(const QString& tail) { return InProgramFolder(tail); }
@@ -68,4 +50,5 @@ protected:
 
 private:
     QTemporaryDir folder_;
+    TestRun run_{{.Boxes = &Boxes, .Desktop = &DesktopCalls, .ProgramFolder = folder_.path()}};
 };

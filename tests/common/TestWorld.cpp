@@ -1,14 +1,11 @@
 #include "tests/common/TestWorld.h"
 
-#include "platform/runtime/Actions.h"
-#include "platform/runtime/Dates.h"
 #include "platform/runtime/ProgramFolder.h"
 #include "store/TableNames.h"
 
 #include <QDir>
 #include <QFile>
 #include <QImage>
-#include <QLocale>
 
 namespace {
 
@@ -39,29 +36,18 @@ QString FieldText(const QVariant& value) {
 
 } // namespace
 
-ProgramTest::ProgramTest() : Paper(folder_.path()) {
-    QLocale::setDefault(QLocale::c());
-    SetToday(QDate(2001, 3, 7));
-    SetProgramFolder(folder_.path());
-    // A user of the machine who has never run the program.
-    qputenv("XDG_CONFIG_HOME", QFile::encodeName(folder_.filePath(QStringLiteral("UserConfig"))));
+ProgramTest::ProgramTest()
+    : Paper(folder_.path()), run_({.Boxes = &Boxes,
+                                   .Desktop = &DesktopCalls,
+                                   .Paper = &Paper,
+                                   .ProgramFolder = folder_.path(),
+                                   .End = [this](int exitCode) { Ends += exitCode; }}) {
     CopyTree(QStringLiteral(DUTYGRID_ASSETS_DIR), folder_.path());
-    SetPrompts(&Boxes);
-    SetDesktop(&DesktopCalls);
-    SetPrintTarget(&Paper);
-    ResetSession();
     Database().InitDatabse();
 }
 
 ProgramTest::~ProgramTest() {
     Boxes.VerifyAllShown();
-    ResetSession();
-    SetPrintTarget(nullptr);
-    SetDesktop(nullptr);
-    SetPrompts(nullptr);
-    SetEndProcess({});
-    SetProgramFolder(QString());
-    SetToday(QDate());
 }
 
 void ProgramTest::Restart() {

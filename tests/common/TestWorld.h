@@ -3,6 +3,7 @@
 #include "shell/session/Session.h"
 #include "tests/common/Readable.h"
 #include "tests/common/Scripted.h"
+#include "tests/common/TestRun.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -42,6 +43,11 @@ private:
 
 protected:
     PdfPrintTarget Paper;
+    /// The exit codes with which the process would have ended.
+    QList<int> Ends;
+
+private:
+    TestRun run_;
 };
 
 /// Rows of a chart editor without a form, for tests of the store. In slot 0 of ChartEditors while

@@ -1,14 +1,10 @@
 #include "tests/faults/FaultWorld.h"
 
-#include "platform/runtime/Dates.h"
-#include "platform/runtime/ProgramFolder.h"
 #include "platform/tables/TableStore.h"
-#include "shell/session/Session.h"
 #include "store/TableNames.h"
 
 #include <QDir>
 #include <QFile>
-#include <QLocale>
 
 QString ChartsFile(const QString& programFolder) {
     return programFolder + QStringLiteral("/Database/Charts.mdb");
@@ -35,17 +31,5 @@ void WriteBytes(const QString& file, const QByteArray& bytes) {
 }
 
 FaultTest::FaultTest() {
-    QLocale::setDefault(QLocale::c());
-    SetToday(QDate(2001, 3, 7));
-    SetPrompts(&Boxes);
     MakeEmptyDatabase(Folder());
-    SetProgramFolder(Folder());
-    ResetSession();
-}
-
-FaultTest::~FaultTest() {
-    ResetSession();
-    SetPrompts(nullptr);
-    SetProgramFolder(QString());
-    SetToday(QDate());
 }

@@ -2,6 +2,7 @@
 
 #include "platform/runtime/Prompts.h"
 #include "tests/common/Readable.h"
+#include "tests/common/TestRun.h"
 
 #include <QRegularExpression>
 #include <QStringList>
@@ -38,7 +39,6 @@ void WriteBytes(const QString& file, const QByteArray& bytes);
 class FaultTest : public testing::Test {
 protected:
     FaultTest();
-    ~FaultTest() override;
 
     QString Folder() const { return folder_.path(); }
     QString File() const { return ChartsFile(Folder()); }
@@ -47,4 +47,5 @@ protected:
 
 private:
     QTemporaryDir folder_;
+    TestRun run_{{.Boxes = &Boxes, .ProgramFolder = folder_.path()}};
 };

@@ -1,4 +1,3 @@
-#include "platform/runtime/ProgramFolder.h"
 #include "tests/faults/ChildProcess.h"
 #include "tests/faults/FaultWorld.h"
 #include "tests/faults/Household.h"
@@ -7,7 +6,6 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 
 #include <QGuiApplication>
-#include <QLocale>
 #include <QThread>
 #include <iostream>
 
@@ -17,9 +15,7 @@ namespace {
 /// it is done. Ends only if an action fails.
 int Play(const QStringList& arguments) {
     RecordingPrompts boxes;
-    QLocale::setDefault(QLocale::c());
-    SetPrompts(&boxes);
-    SetProgramFolder(arguments.at(0));
+    const TestRun run({.Boxes = &boxes, .ProgramFolder = arguments.at(0)});
     Database().InitDatabse();
     Household household(arguments.at(2).toUInt(), arguments.at(1));
     int number = arguments.at(3).toInt();

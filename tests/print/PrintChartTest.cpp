@@ -162,13 +162,13 @@ TEST_F(PrintChartTest, LinesOfADayAreItsTwoColumnsAndOneRuleBetweenEachTwoRows) 
               Jobs(QStringLiteral("Sat"), 2));
     const QList<RecordedPage> pages = Record();
     ASSERT_EQ(pages.size(), 1);
-    using Ends = QPair<QPointF, QPointF>;
-    const QList<Ends> expected = {
+    using LineEnds = QPair<QPointF, QPointF>;
+    const QList<LineEnds> expected = {
         {{13, 3}, {13, 6}},   {{18, 3}, {18, 6}},   {{1, 4}, {20, 4}},
         {{1, 5}, {20, 5}},    {{13, 7}, {13, 8}},   {{18, 7}, {18, 8}},
         {{13, 13}, {13, 15}}, {{18, 13}, {18, 15}}, {{1, 14}, {20, 14}},
     };
-    QList<Ends> drawn;
+    QList<LineEnds> drawn;
     for (const RecordedPage::Stroke& stroke : pages.first().Strokes) {
         drawn.append({Rounded(stroke.From), Rounded(stroke.To)});
         EXPECT_EQ(stroke.Color, qRgb(0, 0, 0));

@@ -1,4 +1,5 @@
 #include "reports/MonthCalendar.h"
+#include "tests/common/RuntimeTest.h"
 #include "tests/reports/ReportTest.h"
 
 #include <QFrame>
@@ -142,7 +143,9 @@ TEST_F(DateRangefrmTest, ExitUnloadsAndChoosesNothing) {
     EXPECT_EQ(RangeShown(), QString());
 }
 
-TEST(MonthCalendarTest, PartsAreWrittenInAnyOrder) {
+class MonthCalendarTest : public RuntimeTest {};
+
+TEST_F(MonthCalendarTest, PartsAreWrittenInAnyOrder) {
     SetToday(QDate(2001, 2, 10));
     MonthCalendar calendar;
     EXPECT_EQ(calendar.Value(), QDate(2001, 2, 10));
@@ -155,7 +158,6 @@ TEST(MonthCalendarTest, PartsAreWrittenInAnyOrder) {
     calendar.SetMonth(2);
     calendar.SetYear(2004);
     EXPECT_EQ(calendar.Value(), QDate(2004, 2, 29));
-    SetToday(QDate());
 }
 
 /// The texts of the days that a calendar marks.
@@ -178,7 +180,7 @@ void Turn(const MonthCalendar& calendar, const QString& button) {
     QTest::mouseClick(calendar.findChild<QWidget*>(button), Qt::LeftButton);
 }
 
-TEST(MonthCalendarTest, TheMarkedDayIsTheValueHoweverThePagesAreTurned) {
+TEST_F(MonthCalendarTest, TheMarkedDayIsTheValueHoweverThePagesAreTurned) {
     SetToday(QDate(2001, 1, 31));
     MonthCalendar calendar;
     calendar.show();
@@ -199,16 +201,14 @@ TEST(MonthCalendarTest, TheMarkedDayIsTheValueHoweverThePagesAreTurned) {
     ExpectMarkedDayIs(calendar, QDate(2001, 2, 5));
     calendar.setCurrentPage(2004, 2);
     ExpectMarkedDayIs(calendar, QDate(2004, 2, 5));
-    SetToday(QDate());
 }
 
-TEST(MonthCalendarTest, ChoiceOfAUserTakesThePlaceOfWhatWasWritten) {
+TEST_F(MonthCalendarTest, ChoiceOfAUserTakesThePlaceOfWhatWasWritten) {
     SetToday(QDate(2001, 1, 31));
     MonthCalendar calendar;
     calendar.setSelectedDate(QDate(2002, 5, 9));
     calendar.SetMonth(6);
     EXPECT_EQ(calendar.Value(), QDate(2002, 6, 9));
-    SetToday(QDate());
 }
 
 } // namespace

@@ -4,7 +4,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QLocale>
 #include <cstdio>
 #include <gtest/gtest.h>
 
@@ -16,7 +15,6 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: tour <output folder>\n");
         return 2;
     }
-    QLocale::setDefault(QLocale::c());
     QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 10));
     QApplication::setQuitOnLastWindowClosed(false);
     // The tour's hand is faster than a person's: its clicks come at once after a list has dropped.

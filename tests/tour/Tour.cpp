@@ -76,15 +76,8 @@ void ReplaceText(QWidget& edit, const QString& text) {
 } // namespace
 
 Tour::Tour(const Text& chapter, const QDate& firstDay) : Pictures(chapter), Boxes(Pictures) {
-    SetToday(firstDay);
+    TheDayIs(firstDay);
     CopyTree(QStringLiteral(DUTYGRID_ASSETS_DIR), folder_.path());
-    SetProgramFolder(folder_.path());
-    qputenv("XDG_CONFIG_HOME", QFile::encodeName(folder_.filePath(QStringLiteral("UserConfig"))));
-    ResetSession();
-    SetPrompts(&prompts_);
-    SetDesktop(&DesktopCalls);
-    SetPrintTarget(&Pictures);
-    SetEndProcess([this](int exitCode) { Ends += exitCode; });
     RegisterShellForms();
     RegisterAccountForms();
     RegisterAuthoringForms();
@@ -95,13 +88,6 @@ Tour::Tour(const Text& chapter, const QDate& firstDay) : Pictures(chapter), Boxe
 Tour::~Tour() {
     DropDefaultForms();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    ResetSession();
-    SetEndProcess({});
-    SetPrintTarget(nullptr);
-    SetDesktop(nullptr);
-    SetPrompts(nullptr);
-    SetProgramFolder(QString());
-    SetToday(QDate());
 }
 
 void Tour::StartProgram() {

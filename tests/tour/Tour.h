@@ -2,6 +2,7 @@
 
 #include "platform/forms/SystemPrompts.h"
 #include "tests/common/Scripted.h"
+#include "tests/common/TestRun.h"
 #include "tests/tour/Album.h"
 #include "tests/tour/BoxReader.h"
 #include "tests/tour/Text.h"
@@ -127,6 +128,11 @@ private:
 
     QTemporaryDir folder_;
     SystemPrompts prompts_;
+    TestRun run_{{.Boxes = &prompts_,
+                  .Desktop = &DesktopCalls,
+                  .Paper = &Pictures,
+                  .ProgramFolder = folder_.path(),
+                  .End = [this](int exitCode) { Ends += exitCode; }}};
     QPointer<QWidget> form_;
     int printsSeen_ = 0;
     int soundsSeen_ = 0;

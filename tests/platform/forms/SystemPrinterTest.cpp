@@ -42,7 +42,6 @@ TEST_F(SystemPrinterTest, WithoutAPrinterTheListOfAccountsBecomesAPrintoutThatIs
     Database().AddUser(QStringLiteral("Anna"), QStringLiteral("cat"), QStringLiteral("Student"),
                        QString());
     Database().PrintUsersPasswords();
-    SetPrintTarget(nullptr);
 
     ASSERT_EQ(Printouts().size(), 1);
     const QString file = Path(QStringLiteral("Printouts/") + Printouts().first());
@@ -84,7 +83,6 @@ TEST_F(SystemPrinterTest, PrinterThatDoesNotBeginRaises482) {
     } catch (const RuntimeError& error) {
         EXPECT_EQ(error.Number(), 482);
     }
-    SetPrintTarget(nullptr);
     EXPECT_FALSE(target.IsSent());
 }
 

@@ -1,7 +1,7 @@
 #include "platform/printing/Printer.h"
 #include "platform/runtime/RuntimeError.h"
 #include "tests/common/PrintedPages.h"
-#include "tests/common/Scripted.h"
+#include "tests/common/RuntimeTest.h"
 
 #include <QFile>
 #include <QFontMetricsF>
@@ -427,18 +427,18 @@ TEST_F(PrinterTest, DeviceThatRefusesASecondPageRaises482) {
     EXPECT_EQ(onePage.SentJobs, 0);
 }
 
-TEST(PrinterOfTheProgram, Raises482WithoutATarget) {
-    SetPrintTarget(nullptr);
+class PrinterOfTheProgram : public RuntimeTest {};
+
+TEST_F(PrinterOfTheProgram, Raises482WithoutATarget) {
     EXPECT_EQ(ErrorNumberOf([] { Printer(); }), 482);
 }
 
-TEST(PrinterOfTheProgram, PrintsOnTheTargetSet) {
+TEST_F(PrinterOfTheProgram, PrintsOnTheTargetSet) {
     const QTemporaryDir folder;
     PdfPrintTarget target(folder.path());
     SetPrintTarget(&target);
     Printer().Print(QStringLiteral("text"));
     Printer().EndDoc();
-    SetPrintTarget(nullptr);
     EXPECT_EQ(target.Files().size(), 1);
 }
 

@@ -1,4 +1,3 @@
-#include "platform/runtime/Dates.h"
 #include "tests/common/FormerFile.h"
 #include "tests/platform/tables/FullDisk.h"
 #include "tests/platform/tables/TablesTest.h"
@@ -16,8 +15,6 @@ namespace {
 /// Files of the former format, a table of the engine for each table.
 class CarryOver : public TablesTest {
 protected:
-    CarryOver() { SetToday(QDate(2001, 3, 7)); }
-
     const QString Former = Path(QStringLiteral("Old/Charts.mdb"));
     const QString CopyName = QStringLiteral("Charts format 1 2001-03-07.mdb");
 
