@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/AccountList.h"
+#include "widgets/AccountList.h"
 
 /// The list of children in the account view. It tells of a mouse press before the press selects
 /// anything, so that the list may be filled anew first and the press then selects in the new one,

@@ -2,11 +2,11 @@
 
 #include "authoring/PersonCard.h"
 #include "platform/forms/DefaultForms.h"
-#include "platform/forms/FormViewAdapters.h"
 #include "platform/forms/Handlers.h"
 #include "platform/runtime/Prompts.h"
-#include "shell/session/Session.h"
+#include "session/Session.h"
 #include "ui_DisplayAllPeople.h"
+#include "widgets/FormViewAdapters.h"
 
 #include <QIcon>
 #include <QPainter>
@@ -146,6 +146,6 @@ void DisplayAllPeople::Ok_Click() {
     if (SelectedCount() >= 2)
         Tell(QStringLiteral("All charts have been created"));
     Unload();
-    if (Form* editor = ExistingForm(QStringLiteral("ChartEditor")))
+    if (Form* editor = ExistingForm(FormNames::ChartEditor))
         editor->Unload();
 }

@@ -1,13 +1,13 @@
 #include "filling/OpenFillfrm.h"
 
 #include "filling/ChartViewer.h"
-#include "platform/forms/FormViewAdapters.h"
 #include "platform/forms/Handlers.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Prompts.h"
-#include "shell/session/Session.h"
+#include "session/Session.h"
 #include "ui_OpenFillfrm.h"
+#include "widgets/FormViewAdapters.h"
 
 OpenFillfrm::OpenFillfrm()
     : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::OpenFillfrm>()) {

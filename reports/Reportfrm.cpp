@@ -1,14 +1,14 @@
 #include "reports/Reportfrm.h"
 
 #include "platform/forms/DefaultForms.h"
-#include "platform/forms/FormViewAdapters.h"
 #include "platform/forms/Handlers.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/Prompts.h"
 #include "reports/DateRangefrm.h"
 #include "reports/WeekChartRepresentation.h"
-#include "shell/session/Session.h"
+#include "session/Session.h"
 #include "ui_Reportfrm.h"
+#include "widgets/FormViewAdapters.h"
 
 namespace {
 

@@ -1,22 +1,22 @@
 #include "shell/LogIn.h"
 
 #include "platform/forms/DefaultForms.h"
-#include "platform/forms/FormViewAdapters.h"
 #include "platform/forms/Handlers.h"
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/Desktop.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/ProgramFolder.h"
 #include "platform/runtime/Prompts.h"
-#include "platform/runtime/WebPage.h"
+#include "session/Session.h"
+#include "session/Settings.h"
 #include "shell/ChangePasswordfrm.h"
 #include "shell/LoginWindow.h"
 #include "shell/LogoPicture.h"
 #include "shell/NewUser.h"
-#include "shell/Settings.h"
-#include "shell/session/Session.h"
+#include "shell/WebPage.h"
 #include "support/clsRegistry.h"
 #include "ui_LogIn.h"
+#include "widgets/FormViewAdapters.h"
 
 #include <QCloseEvent>
 #include <QScreen>

@@ -1,8 +1,8 @@
 #include "tests/bench/PaintWatch.h"
 
 #include "platform/runtime/ProgramFolder.h"
-#include "shell/AccountList.h"
-#include "shell/RunProgram.h"
+#include "program/RunProgram.h"
+#include "widgets/AccountList.h"
 
 namespace {
 

@@ -1,12 +1,8 @@
 #include "tests/common/FormTest.h"
 
-#include "accounts/RegisterForms.h"
-#include "authoring/RegisterForms.h"
-#include "filling/RegisterForms.h"
 #include "platform/forms/ActivationTracker.h"
 #include "platform/runtime/Actions.h"
-#include "reports/RegisterForms.h"
-#include "shell/RegisterForms.h"
+#include "program/RegisterForms.h"
 #include "support/clsRegistry.h"
 
 #include <QAbstractItemView>
@@ -28,11 +24,7 @@ FormTest::FormTest() {
     const QString key = QStringLiteral("Dutygrid");
     registry.CreateKey(HKEY_CURRENT_USER, key);
     registry.SetValue(HKEY_CURRENT_USER, key, QStringLiteral("RunningTimes2"), 1);
-    RegisterShellForms();
-    RegisterAccountForms();
-    RegisterAuthoringForms();
-    RegisterFillingForms();
-    RegisterReportForms();
+    RegisterForms();
     SetEndProcess([this](int exitCode) { Ends += exitCode; });
 }
 

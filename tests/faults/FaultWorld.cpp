@@ -3,7 +3,7 @@
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/ProgramFolder.h"
 #include "platform/tables/TableStore.h"
-#include "shell/session/Session.h"
+#include "session/Session.h"
 #include "store/TableNames.h"
 
 #include <QDir>

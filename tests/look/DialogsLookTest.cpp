@@ -1,5 +1,5 @@
-#include "platform/forms/SystemDesktop.h"
-#include "platform/forms/SystemPrompts.h"
+#include "platform/desktop/SystemDesktop.h"
+#include "platform/desktop/SystemPrompts.h"
 #include "shell/MainForm.h"
 #include "tests/look/LookTest.h"
 

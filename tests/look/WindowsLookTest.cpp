@@ -5,15 +5,13 @@
 #include "authoring/DisplayAllPeople.h"
 #include "authoring/Newfrm.h"
 #include "authoring/Openfrm.h"
-#include "authoring/RegisterForms.h"
 #include "authoring/ResetDate.h"
 #include "filling/ChartViewer.h"
 #include "filling/OpenFillfrm.h"
-#include "filling/RegisterForms.h"
+#include "program/RegisterForms.h"
 #include "reports/DateRangefrm.h"
 #include "reports/Reportfrm.h"
 #include "reports/WeekChartRepresentation.h"
-#include "shell/AccountList.h"
 #include "shell/BackgroundOptions.h"
 #include "shell/ChangePasswordfrm.h"
 #include "shell/LogIn.h"
@@ -23,6 +21,7 @@
 #include "shell/OtherOptions.h"
 #include "shell/frmAboutDutygrid.h"
 #include "tests/look/LookTest.h"
+#include "widgets/AccountList.h"
 
 #include <QListWidget>
 #include <QPushButton>

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "authoring/ChartEditor.h"
-#include "shell/AccountList.h"
 #include "shell/LogIn.h"
 #include "shell/LoginWindow.h"
 #include "shell/MainForm.h"
 #include "tests/common/FormTest.h"
+#include "widgets/AccountList.h"
 
 #include <QColor>
 #include <QPointer>
