@@ -19,7 +19,7 @@ DisplayAccount::DisplayAccount()
         picture->setContentsMargins(5, 5, 5, 5);
     On(ui_->StudentsList, &ChildrenList::Pressed, this,
        [this](Qt::MouseButton button) { StudentsList_MouseDown(button); });
-    On(ui_->StudentsList, &ChildrenList::Chosen, this, [this] { StudentsList_Click(); });
+    On(&ui_->StudentsList->Clicks, &ListClicks::Clicked, this, [this] { StudentsList_Click(); });
     On(ui_->StudentsList, &ChildrenList::DraggedOver, this, [this] { StudentsList_Click(); });
     On(ui_->Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
     On(ui_->cmdReset, &QPushButton::clicked, this, [this] { cmdReset_Click(); });

@@ -75,10 +75,11 @@ DisplayAllPeople::DisplayAllPeople()
     ui_->ListView1->setItemDelegate(new PersonCard(ui_->ListView1));
     ui_->ListView1->installEventFilter(this);
     Images = std::make_unique<PictureList>(ui_->ListView1->iconSize());
-    On(ui_->ListView1, &OpeningList::Opened, this, [this](QListWidgetItem* item) {
+    ui_->ListView1->SetRules({.Opens = true});
+    On(&ui_->ListView1->Clicks, &ListClicks::Opened, this, [this](const QModelIndex& at) {
         // The first of the two clicks may just have taken the item out of the selection.
-        if (item != nullptr)
-            item->setSelected(true);
+        if (at.isValid())
+            ui_->ListView1->item(at.row())->setSelected(true);
         Ok_Click();
     });
     On(ui_->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });

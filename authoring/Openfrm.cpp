@@ -12,7 +12,8 @@
 
 Openfrm::Openfrm() : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::Openfrm>()) {
     ui_->setupUi(this);
-    On(ui_->ChartList, &OpeningList::Opened, this, [this] { Ok_Click(); });
+    ui_->ChartList->SetRules({.Opens = true});
+    On(&ui_->ChartList->Clicks, &ListClicks::Opened, this, [this] { Ok_Click(); });
     On(ui_->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
     On(ui_->Cancel, &QPushButton::clicked, this, [this] { Unload(); });
 }

@@ -17,7 +17,8 @@ OpenFillfrm::OpenFillfrm()
     large.setPointSizeF(large.pointSizeF() * 1.25);
     ui_->ChartList->setFont(large);
     On(ui_->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
-    On(ui_->ChartList, &OpeningList::Opened, this, [this] { Ok_Click(); });
+    ui_->ChartList->SetRules({.Opens = true});
+    On(&ui_->ChartList->Clicks, &ListClicks::Opened, this, [this] { Ok_Click(); });
     On(ui_->Cancel, &QPushButton::clicked, this, [this] { Unload(); });
 }
 

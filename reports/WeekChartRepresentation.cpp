@@ -21,7 +21,8 @@ WeekChartRepresentation::WeekChartRepresentation()
     title_ = std::make_unique<LabelCaption>(*ui_->Label2);
     DesignHeader();
     DesignLines();
-    On(ui_->ChartList, &ClickList::Click, this, [this] { ChartList_Click(); });
+    ui_->ChartList->SetRules({.ProgramClicks = true});
+    On(&ui_->ChartList->Clicks, &ListClicks::Clicked, this, [this] { ChartList_Click(); });
     new FocusRing(ui_->VScroll);
     On(ui_->VScroll, &QScrollBar::valueChanged, this, [this] { VScroll_Change(); });
     On(ui_->Command1, &QPushButton::clicked, this,

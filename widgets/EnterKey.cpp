@@ -1,6 +1,5 @@
 #include "widgets/EnterKey.h"
 
-#include <QKeyEvent>
 #include <QLineEdit>
 
 EnterKey::EnterKey(QWidget* box) : QObject(box) {
@@ -12,12 +11,9 @@ EnterKey::EnterKey(QComboBox* box) : EnterKey(static_cast<QWidget*>(box)) {
 }
 
 bool EnterKey::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            emit Pressed();
-            return true;
-        }
+    if (event->type() == QEvent::KeyPress && IsEnter(static_cast<QKeyEvent&>(*event))) {
+        emit Pressed();
+        return true;
     }
     return QObject::eventFilter(watched, event);
 }

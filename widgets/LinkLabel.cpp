@@ -1,5 +1,7 @@
 #include "widgets/LinkLabel.h"
 
+#include "widgets/EnterKey.h"
+
 #include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -45,8 +47,7 @@ void LinkLabel::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void LinkLabel::keyPressEvent(QKeyEvent* event) {
-    const int key = event->key();
-    if (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter)
+    if (IsPressKey(*event))
         emit Clicked();
     else
         QLabel::keyPressEvent(event);

@@ -2,7 +2,7 @@
 
 #include "platform/runtime/ProgramFolder.h"
 #include "program/RunProgram.h"
-#include "widgets/AccountList.h"
+#include "widgets/HeadedList.h"
 
 namespace {
 
@@ -12,7 +12,7 @@ bool IsLogIn(const QWidget& widget) {
 
 /// The log-in form's list of children, filled, is on the screen.
 bool IsFilledList(const QWidget& widget) {
-    const auto* list = qobject_cast<const AccountList*>(widget.parentWidget());
+    const auto* list = qobject_cast<const HeadedList*>(widget.parentWidget());
     return list != nullptr && list->objectName() == QLatin1String("StudentsList") &&
            list->topLevelItemCount() > 0;
 }

@@ -21,7 +21,7 @@
 #include "shell/OtherOptions.h"
 #include "shell/frmAboutDutygrid.h"
 #include "tests/look/LookTest.h"
-#include "widgets/AccountList.h"
+#include "widgets/HeadedList.h"
 
 #include <QListWidget>
 #include <QPushButton>
@@ -219,7 +219,7 @@ TEST_F(WindowsLookTest, Accounts) {
     StartFor(u"Mum"_s, u"Teacher"_s);
     auto& view = ShowForm<DisplayAccount>();
     Look(view, u"DisplayAccount-none"_s);
-    auto& students = Find<AccountList>(view, u"StudentsList"_s);
+    auto& students = Find<HeadedList>(view, u"StudentsList"_s);
     students.setCurrentItem(students.topLevelItem(0));
     emit students.Chosen();
     Settle();
