@@ -1,15 +1,15 @@
 #include "accounts/AddIncentives.h"
 
 #include "platform/forms/DefaultForms.h"
-#include "platform/forms/FormViewAdapters.h"
 #include "platform/forms/Handlers.h"
 #include "platform/runtime/Desktop.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Pictures.h"
 #include "platform/runtime/ProgramFolder.h"
 #include "platform/runtime/Prompts.h"
-#include "shell/session/Session.h"
+#include "session/Session.h"
 #include "ui_AddIncentives.h"
+#include "widgets/FormViewAdapters.h"
 
 AddIncentives::AddIncentives()
     : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::AddIncentives>()) {
@@ -54,5 +54,5 @@ void AddIncentives::AddPoints_Click() {
 
 void AddIncentives::Close_Click() {
     Unload();
-    DefaultForm(QStringLiteral("DisplayAccount")).Show();
+    DefaultForm(FormNames::DisplayAccount).Show();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/forms/Form.h"
+#include "session/FormNames.h"
 
 #include <memory>
 
@@ -13,7 +14,7 @@ class AddIncentives : public FormWidget {
     Q_OBJECT
 
 public:
-    static inline const QString FormName = QStringLiteral("AddIncentives");
+    static inline const QString FormName = FormNames::AddIncentives;
 
     AddIncentives();
     ~AddIncentives() override;

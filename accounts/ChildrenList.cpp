@@ -5,7 +5,7 @@
 #include <QMouseEvent>
 #include <QScrollBar>
 
-ChildrenList::ChildrenList(QWidget* parent) : AccountList(parent) {
+ChildrenList::ChildrenList(QWidget* parent) : HeadedList(parent) {
     setHeaderHidden(true);
     setDragDropMode(QAbstractItemView::NoDragDrop);
     setAcceptDrops(true);
@@ -30,14 +30,14 @@ void ChildrenList::mousePressEvent(QMouseEvent* event) {
     // Another button than the left one selects nothing: who asks for a row's end by the right one
     // is not to find the row below selected after it.
     if (event->button() == Qt::LeftButton)
-        AccountList::mousePressEvent(event);
+        HeadedList::mousePressEvent(event);
 }
 
 void ChildrenList::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Menu)
         emit Pressed(Qt::RightButton);
     else
-        AccountList::keyPressEvent(event);
+        HeadedList::keyPressEvent(event);
 }
 
 void ChildrenList::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -50,7 +50,7 @@ void ChildrenList::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void ChildrenList::mouseMoveEvent(QMouseEvent* event) {
     const QString before = SelectedName();
-    AccountList::mouseMoveEvent(event);
+    HeadedList::mouseMoveEvent(event);
     if (SelectedName() != before)
         emit DraggedOver();
 }

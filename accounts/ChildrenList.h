@@ -1,11 +1,11 @@
 #pragma once
 
-#include "shell/AccountList.h"
+#include "widgets/HeadedList.h"
 
 /// The list of children in the account view. It tells of a mouse press before the press selects
 /// anything, so that the list may be filled anew first and the press then selects in the new one,
 /// and of everything that is dragged over it.
-class ChildrenList : public AccountList {
+class ChildrenList : public HeadedList {
     Q_OBJECT
 
 public:

@@ -2,15 +2,15 @@
 
 #include "accounts/AddIncentives.h"
 #include "platform/forms/DefaultForms.h"
-#include "platform/forms/FormViewAdapters.h"
 #include "platform/forms/Handlers.h"
 #include "platform/runtime/Desktop.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/ProgramFolder.h"
 #include "platform/runtime/Prompts.h"
-#include "shell/Settings.h"
-#include "shell/session/Session.h"
+#include "session/Session.h"
+#include "session/Settings.h"
 #include "ui_DisplayAccount.h"
+#include "widgets/FormViewAdapters.h"
 
 DisplayAccount::DisplayAccount()
     : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::DisplayAccount>()) {
@@ -19,14 +19,14 @@ DisplayAccount::DisplayAccount()
         picture->setContentsMargins(5, 5, 5, 5);
     On(ui_->StudentsList, &ChildrenList::Pressed, this,
        [this](Qt::MouseButton button) { StudentsList_MouseDown(button); });
-    On(ui_->StudentsList, &ChildrenList::Chosen, this, [this] { StudentsList_Click(); });
+    On(&ui_->StudentsList->Clicks, &ListClicks::Clicked, this, [this] { StudentsList_Click(); });
     On(ui_->StudentsList, &ChildrenList::DraggedOver, this, [this] { StudentsList_Click(); });
     On(ui_->Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
     On(ui_->cmdReset, &QPushButton::clicked, this, [this] { cmdReset_Click(); });
     On(ui_->Infobtn, &QPushButton::clicked, this, [this] { Infobtn_Click(); });
     On(ui_->Incentivesbtn, &QPushButton::clicked, this, [this] { Incentivesbtn_Click(); });
     On(ui_->Exitbtn, &QPushButton::clicked, this,
-       [] { DefaultForm(QStringLiteral("WeekChartRepresentation")).Show(); });
+       [] { DefaultForm(FormNames::WeekChartRepresentation).Show(); });
     On(ui_->cmdChgPic, &QPushButton::clicked, this, [this] { cmdChgPic_Click(); });
     On(ui_->Okbtn, &QPushButton::clicked, this, [this] { Unload(); });
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/forms/Form.h"
+#include "session/FormNames.h"
 
 #include <memory>
 
@@ -14,7 +15,7 @@ class DisplayAccount : public FormWidget {
     Q_OBJECT
 
 public:
-    static inline const QString FormName = QStringLiteral("DisplayAccount");
+    static inline const QString FormName = FormNames::DisplayAccount;
 
     DisplayAccount();
     ~DisplayAccount() override;

@@ -1,16 +1,16 @@
 #include "authoring/ChartEditor.h"
 
 #include "authoring/ComboLists.h"
-#include "authoring/EnterKey.h"
-#include "platform/forms/ElidingEdit.h"
-#include "platform/forms/FocusRing.h"
 #include "platform/forms/Handlers.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Prompts.h"
-#include "shell/session/Session.h"
+#include "session/Session.h"
 #include "support/DateCls.h"
 #include "ui_ChartEditor.h"
+#include "widgets/ElidingEdit.h"
+#include "widgets/EnterKey.h"
+#include "widgets/FocusRing.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>

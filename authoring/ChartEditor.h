@@ -4,6 +4,7 @@
 #include "authoring/InstructionsDropDown.h"
 #include "platform/forms/ControlArray.h"
 #include "platform/forms/Form.h"
+#include "session/FormNames.h"
 #include "store/FormViews.h"
 
 #include <QDate>
@@ -28,7 +29,7 @@ class ChartEditor : public FormWidget, public ChartEditorRows {
     Q_OBJECT
 
 public:
-    static inline const QString FormName = QStringLiteral("ChartEditor");
+    static inline const QString FormName = FormNames::ChartEditor;
 
     ChartEditor();
     ~ChartEditor() override;

@@ -8,7 +8,7 @@
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Prompts.h"
-#include "shell/session/Session.h"
+#include "session/Session.h"
 #include "ui_ChartEditor.h"
 
 #include <QScopeGuard>

@@ -2,11 +2,11 @@
 
 #include "authoring/PersonCard.h"
 #include "platform/forms/DefaultForms.h"
-#include "platform/forms/FormViewAdapters.h"
 #include "platform/forms/Handlers.h"
 #include "platform/runtime/Prompts.h"
-#include "shell/session/Session.h"
+#include "session/Session.h"
 #include "ui_DisplayAllPeople.h"
+#include "widgets/FormViewAdapters.h"
 
 #include <QIcon>
 #include <QPainter>
@@ -75,10 +75,11 @@ DisplayAllPeople::DisplayAllPeople()
     ui_->ListView1->setItemDelegate(new PersonCard(ui_->ListView1));
     ui_->ListView1->installEventFilter(this);
     Images = std::make_unique<PictureList>(ui_->ListView1->iconSize());
-    On(ui_->ListView1, &OpeningList::Opened, this, [this](QListWidgetItem* item) {
+    ui_->ListView1->SetRules({.Opens = true});
+    On(&ui_->ListView1->Clicks, &ListClicks::Opened, this, [this](const QModelIndex& at) {
         // The first of the two clicks may just have taken the item out of the selection.
-        if (item != nullptr)
-            item->setSelected(true);
+        if (at.isValid())
+            ui_->ListView1->item(at.row())->setSelected(true);
         Ok_Click();
     });
     On(ui_->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
@@ -146,6 +147,6 @@ void DisplayAllPeople::Ok_Click() {
     if (SelectedCount() >= 2)
         Tell(QStringLiteral("All charts have been created"));
     Unload();
-    if (Form* editor = ExistingForm(QStringLiteral("ChartEditor")))
+    if (Form* editor = ExistingForm(FormNames::ChartEditor))
         editor->Unload();
 }

@@ -1,7 +1,7 @@
 #include "authoring/DropDownCombo.h"
 
-#include "platform/forms/ElidingEdit.h"
 #include "platform/forms/Handlers.h"
+#include "widgets/ElidingEdit.h"
 
 #include <QAbstractItemView>
 #include <QAccessibleWidget>

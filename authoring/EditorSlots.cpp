@@ -2,7 +2,7 @@
 
 #include "authoring/ChartEditor.h"
 #include "platform/runtime/Numbers.h"
-#include "shell/session/Session.h"
+#include "session/Session.h"
 
 ChartEditor* EditorInSlot(qint16 formIndex) {
     return dynamic_cast<ChartEditor*>(ChartEditors.Peek(formIndex));

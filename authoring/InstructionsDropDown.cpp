@@ -2,7 +2,7 @@
 
 #include "authoring/ComboLists.h"
 #include "platform/runtime/TextFiles.h"
-#include "shell/session/Session.h"
+#include "session/Session.h"
 #include "store/JobNameFile.h"
 
 void InstructionsDropDown::ReceveInstructions(QComboBox& List) const {

@@ -2,17 +2,18 @@
 
 #include "authoring/ChartEditor.h"
 #include "authoring/EditorSlots.h"
-#include "platform/forms/FormViewAdapters.h"
 #include "platform/forms/Handlers.h"
-#include "platform/forms/HiddenWhile.h"
 #include "platform/runtime/Prompts.h"
 #include "platform/runtime/RuntimeError.h"
-#include "shell/session/Session.h"
+#include "session/Session.h"
 #include "ui_Openfrm.h"
+#include "widgets/FormViewAdapters.h"
+#include "widgets/HiddenWhile.h"
 
 Openfrm::Openfrm() : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::Openfrm>()) {
     ui_->setupUi(this);
-    On(ui_->ChartList, &OpeningList::Opened, this, [this] { Ok_Click(); });
+    ui_->ChartList->SetRules({.Opens = true});
+    On(&ui_->ChartList->Clicks, &ListClicks::Opened, this, [this] { Ok_Click(); });
     On(ui_->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
     On(ui_->Cancel, &QPushButton::clicked, this, [this] { Unload(); });
 }

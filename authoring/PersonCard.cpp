@@ -1,6 +1,6 @@
 #include "authoring/PersonCard.h"
 
-#include "platform/forms/LookColors.h"
+#include "look/LookColors.h"
 
 #include <QIcon>
 #include <QPainter>

@@ -3,7 +3,7 @@
 #include "authoring/ChartEditor.h"
 #include "authoring/EditorSlots.h"
 #include "platform/forms/Handlers.h"
-#include "shell/session/Session.h"
+#include "session/Session.h"
 #include "ui_ResetDate.h"
 
 ResetDate::ResetDate() : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::ResetDate>()) {

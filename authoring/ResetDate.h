@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/forms/Form.h"
+#include "session/FormNames.h"
 
 #include <memory>
 
@@ -14,7 +15,7 @@ class ResetDate : public FormWidget {
     Q_OBJECT
 
 public:
-    static inline const QString FormName = QStringLiteral("ResetDate");
+    static inline const QString FormName = FormNames::ResetDate;
 
     ResetDate();
     ~ResetDate() override;

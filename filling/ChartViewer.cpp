@@ -2,17 +2,17 @@
 
 #include "filling/MouseWatch.h"
 #include "filling/ViewerLayout.h"
-#include "platform/forms/FormViewAdapters.h"
+#include "look/ProgramStyle.h"
 #include "platform/forms/Handlers.h"
-#include "platform/forms/HiddenWhile.h"
-#include "platform/forms/ProgramStyle.h"
 #include "platform/forms/Twips.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Prompts.h"
-#include "shell/session/Session.h"
+#include "session/Session.h"
 #include "support/SoundFunctions.h"
 #include "ui_ChartViewer.h"
+#include "widgets/FormViewAdapters.h"
+#include "widgets/HiddenWhile.h"
 
 #include <QWheelEvent>
 #include <algorithm>

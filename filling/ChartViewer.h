@@ -4,9 +4,10 @@
 #include "filling/MarkImage.h"
 #include "filling/RowText.h"
 #include "platform/forms/ControlArray.h"
-#include "platform/forms/FittingLabel.h"
 #include "platform/forms/Form.h"
+#include "session/FormNames.h"
 #include "store/FormViews.h"
+#include "widgets/FittingLabel.h"
 
 #include <QColor>
 #include <QLabel>
@@ -24,7 +25,7 @@ class ChartViewer : public FormWidget, public ChartViewerRows {
     Q_OBJECT
 
 public:
-    static inline const QString FormName = QStringLiteral("ChartViewer");
+    static inline const QString FormName = FormNames::ChartViewer;
 
     ChartViewer();
     ~ChartViewer() override;

@@ -1,11 +1,11 @@
 #include "filling/ChartViewer.h"
 
-#include "platform/forms/FormViewAdapters.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Prompts.h"
-#include "shell/session/Session.h"
+#include "session/Session.h"
 #include "support/SoundFunctions.h"
 #include "ui_ChartViewer.h"
+#include "widgets/FormViewAdapters.h"
 
 #include <QAccessible>
 

@@ -2,10 +2,10 @@
 
 #include "filling/MouseWatch.h"
 #include "filling/ViewerLayout.h"
-#include "platform/forms/FormViewAdapters.h"
 #include "platform/forms/Handlers.h"
-#include "shell/session/Session.h"
+#include "session/Session.h"
 #include "ui_ChartViewer.h"
+#include "widgets/FormViewAdapters.h"
 
 #include <QSignalBlocker>
 #include <utility>

@@ -1,6 +1,7 @@
 #include "filling/MarkImage.h"
 
 #include "platform/forms/ActivationTracker.h"
+#include "widgets/EnterKey.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -53,27 +54,16 @@ void MarkImage::focusInEvent(QFocusEvent* event) {
 }
 
 void MarkImage::keyPressEvent(QKeyEvent* event) {
-    switch (event->key()) {
-    case Qt::Key_Down:
+    if (event->key() == Qt::Key_Down)
         emit Moved(1);
-        break;
-    case Qt::Key_Up:
+    else if (event->key() == Qt::Key_Up)
         emit Moved(-1);
-        break;
-    case Qt::Key_Space:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        if (IsOutOfSight()) {
-            emit WantsToBeSeen();
-        } else if (event->key() == Qt::Key_Space) {
-            QAbstractButton::keyPressEvent(event);
-        } else {
-            click();
-        }
-        break;
-    default:
+    else if (IsPressKey(*event) && IsOutOfSight())
+        emit WantsToBeSeen();
+    else if (IsEnter(*event))
+        click();
+    else
         QAbstractButton::keyPressEvent(event);
-    }
 }
 
 void MarkImage::paintEvent(QPaintEvent*) {

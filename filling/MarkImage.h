@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/forms/Movement.h"
+#include "widgets/Movement.h"
 
 #include <QAbstractButton>
 #include <QPixmap>

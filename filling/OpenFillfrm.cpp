@@ -1,13 +1,13 @@
 #include "filling/OpenFillfrm.h"
 
 #include "filling/ChartViewer.h"
-#include "platform/forms/FormViewAdapters.h"
 #include "platform/forms/Handlers.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Prompts.h"
-#include "shell/session/Session.h"
+#include "session/Session.h"
 #include "ui_OpenFillfrm.h"
+#include "widgets/FormViewAdapters.h"
 
 OpenFillfrm::OpenFillfrm()
     : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::OpenFillfrm>()) {
@@ -17,7 +17,8 @@ OpenFillfrm::OpenFillfrm()
     large.setPointSizeF(large.pointSizeF() * 1.25);
     ui_->ChartList->setFont(large);
     On(ui_->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
-    On(ui_->ChartList, &OpeningList::Opened, this, [this] { Ok_Click(); });
+    ui_->ChartList->SetRules({.Opens = true});
+    On(&ui_->ChartList->Clicks, &ListClicks::Opened, this, [this] { Ok_Click(); });
     On(ui_->Cancel, &QPushButton::clicked, this, [this] { Unload(); });
 }
 

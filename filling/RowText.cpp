@@ -1,5 +1,7 @@
 #include "filling/RowText.h"
 
+#include "widgets/EnterKey.h"
+
 #include <QAccessible>
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -31,21 +33,14 @@ void RowText::focusOutEvent(QFocusEvent* event) {
 }
 
 void RowText::keyPressEvent(QKeyEvent* event) {
-    switch (event->key()) {
-    case Qt::Key_Space:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
+    if (IsPressKey(*event))
         emit Chosen();
-        break;
-    case Qt::Key_Down:
+    else if (event->key() == Qt::Key_Down)
         emit Moved(1);
-        break;
-    case Qt::Key_Up:
+    else if (event->key() == Qt::Key_Up)
         emit Moved(-1);
-        break;
-    default:
+    else
         FittingLabel::keyPressEvent(event);
-    }
 }
 
 void RowText::paintEvent(QPaintEvent* event) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/forms/FittingLabel.h"
+#include "widgets/FittingLabel.h"
 
 /// The text of a job, by which its row is chosen from the keyboard.
 class RowText : public FittingLabel {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/forms/Form.h"
+#include "session/FormNames.h"
 
 #include <QDate>
 #include <memory>
@@ -15,7 +16,7 @@ class DateRangefrm : public FormWidget {
     Q_OBJECT
 
 public:
-    static inline const QString FormName = QStringLiteral("DateRangefrm");
+    static inline const QString FormName = FormNames::DateRangefrm;
 
     DateRangefrm();
     ~DateRangefrm() override;

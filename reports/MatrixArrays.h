@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/forms/Colors.h"
 #include "platform/forms/ControlArray.h"
+#include "platform/runtime/Colors.h"
 #include "reports/MatrixCell.h"
 #include "store/FormViews.h"
 

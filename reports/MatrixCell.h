@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/forms/FittingLabel.h"
+#include "widgets/FittingLabel.h"
 
 /// A label of the matrix: one line of bold text in the middle, on a back of its own if that is
 /// opaque.

@@ -1,14 +1,14 @@
 #include "reports/Reportfrm.h"
 
 #include "platform/forms/DefaultForms.h"
-#include "platform/forms/FormViewAdapters.h"
 #include "platform/forms/Handlers.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/Prompts.h"
 #include "reports/DateRangefrm.h"
 #include "reports/WeekChartRepresentation.h"
-#include "shell/session/Session.h"
+#include "session/Session.h"
 #include "ui_Reportfrm.h"
+#include "widgets/FormViewAdapters.h"
 
 namespace {
 
@@ -29,8 +29,15 @@ private:
 Reportfrm::Reportfrm() : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::Reportfrm>()) {
     ui_->setupUi(this);
     datesAreIn_.setSingleShot(true);
-    On(ui_->StudentsList, &ReportList::Clicked, this, [this] { StudentsList_Click(); });
-    On(ui_->ListView1, &ReportList::RightPressed, this, [this] { ListView1_RightPress(); });
+    for (ClickList* list : {ui_->StudentsList, ui_->ListView1, ui_->ListView2}) {
+        list->SetRules({.Unselecting = Qt::LeftButton});
+        // The names of history tables differ in the date at their end.
+        list->setTextElideMode(Qt::ElideMiddle);
+        list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    }
+    On(&ui_->StudentsList->Clicks, &ListClicks::Clicked, this, [this] { StudentsList_Click(); });
+    On(&ui_->ListView1->Clicks, &ListClicks::RightPressed, this,
+       [this] { ListView1_RightPress(); });
     On(ui_->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
     On(ui_->Ok2, &QPushButton::clicked, this, [this] { Ok2_Click(); });
     On(ui_->Command1, &QPushButton::clicked, this,
@@ -46,8 +53,9 @@ Reportfrm::Reportfrm() : FormWidget(Place::InMainWindow), ui_(std::make_unique<U
 Reportfrm::~Reportfrm() = default;
 
 void Reportfrm::Activate() {
-    ui_->StudentsList->Clear();
-    Database().PopulateUserList(nullptr, *ui_->StudentsList);
+    ListNames students(*ui_->StudentsList);
+    students.Clear();
+    Database().PopulateUserList(nullptr, students);
     StudentsList_Click();
     UnselectChart();
 }
@@ -83,8 +91,10 @@ QString Reportfrm::CollectSelected(const QListWidget& list) {
 
 void Reportfrm::StudentsList_Click() {
     const QString kid = ReturnSelectedKid();
-    Database().RetreveChartsAvailable(kid, *ui_->ListView1);
-    Database().RetreveHistoryChartsAvailable(kid, *ui_->ListView2);
+    ListNames charts(*ui_->ListView1);
+    ListNames histories(*ui_->ListView2);
+    Database().RetreveChartsAvailable(kid, charts);
+    Database().RetreveHistoryChartsAvailable(kid, histories);
     UnselectChart();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/forms/Form.h"
+#include "session/FormNames.h"
 
 #include <QDate>
 #include <QStringList>
@@ -37,7 +38,7 @@ class Reportfrm : public FormWidget {
     Q_OBJECT
 
 public:
-    static inline const QString FormName = QStringLiteral("Reportfrm");
+    static inline const QString FormName = FormNames::Reportfrm;
 
     Reportfrm();
     ~Reportfrm() override;

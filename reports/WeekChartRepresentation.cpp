@@ -1,14 +1,14 @@
 #include "reports/WeekChartRepresentation.h"
 
 #include "platform/forms/DefaultForms.h"
-#include "platform/forms/FocusRing.h"
 #include "platform/forms/Handlers.h"
 #include "platform/forms/Twips.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/Numbers.h"
 #include "reports/ReviewLayout.h"
-#include "shell/session/Session.h"
+#include "session/Session.h"
 #include "ui_WeekChartRepresentation.h"
+#include "widgets/FocusRing.h"
 
 #include <QScopeGuard>
 #include <QWheelEvent>
@@ -21,11 +21,12 @@ WeekChartRepresentation::WeekChartRepresentation()
     title_ = std::make_unique<LabelCaption>(*ui_->Label2);
     DesignHeader();
     DesignLines();
-    On(ui_->ChartList, &ClickList::Click, this, [this] { ChartList_Click(); });
+    ui_->ChartList->SetRules({.ProgramClicks = true});
+    On(&ui_->ChartList->Clicks, &ListClicks::Clicked, this, [this] { ChartList_Click(); });
     new FocusRing(ui_->VScroll);
     On(ui_->VScroll, &QScrollBar::valueChanged, this, [this] { VScroll_Change(); });
     On(ui_->Command1, &QPushButton::clicked, this,
-       [] { DefaultForm(QStringLiteral("DisplayAccount")).Show(); });
+       [] { DefaultForm(FormNames::DisplayAccount).Show(); });
     On(ui_->Ok, &QPushButton::clicked, this, [this] { Unload(); });
 }
 

@@ -1,10 +1,11 @@
 #pragma once
 
 #include "platform/forms/Form.h"
-#include "platform/forms/FormViewAdapters.h"
 #include "reports/LineOutline.h"
 #include "reports/MatrixArrays.h"
+#include "session/FormNames.h"
 #include "store/FormViews.h"
+#include "widgets/FormViewAdapters.h"
 
 #include <memory>
 
@@ -20,7 +21,7 @@ class WeekChartRepresentation : public FormWidget, public ChartMatrix {
     Q_OBJECT
 
 public:
-    static inline const QString FormName = QStringLiteral("WeekChartRepresentation");
+    static inline const QString FormName = FormNames::WeekChartRepresentation;
 
     WeekChartRepresentation();
     ~WeekChartRepresentation() override;

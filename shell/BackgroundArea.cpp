@@ -1,7 +1,7 @@
 #include "shell/BackgroundArea.h"
 
-#include "platform/forms/Colors.h"
 #include "platform/forms/Handlers.h"
+#include "platform/runtime/Colors.h"
 
 #include <QApplication>
 #include <QMdiSubWindow>

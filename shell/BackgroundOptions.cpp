@@ -1,15 +1,15 @@
 #include "shell/BackgroundOptions.h"
 
-#include "platform/forms/Colors.h"
 #include "platform/forms/DefaultForms.h"
-#include "platform/forms/FormViewAdapters.h"
 #include "platform/forms/Handlers.h"
+#include "platform/runtime/Colors.h"
 #include "platform/runtime/Desktop.h"
 #include "platform/runtime/Pictures.h"
+#include "session/Session.h"
+#include "session/Settings.h"
 #include "shell/MainForm.h"
-#include "shell/Settings.h"
-#include "shell/session/Session.h"
 #include "ui_BackgroundOptions.h"
+#include "widgets/FormViewAdapters.h"
 
 BackgroundOptions::BackgroundOptions()
     : FormWidget(Place::InMainWindow), ui(std::make_unique<Ui::BackgroundOptions>()) {

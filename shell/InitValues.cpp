@@ -3,8 +3,8 @@
 #include "platform/forms/DefaultForms.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/ProgramFolder.h"
+#include "session/Session.h"
 #include "shell/MainForm.h"
-#include "shell/session/Session.h"
 
 #include <QDir>
 #include <array>

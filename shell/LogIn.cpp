@@ -1,22 +1,22 @@
 #include "shell/LogIn.h"
 
 #include "platform/forms/DefaultForms.h"
-#include "platform/forms/FormViewAdapters.h"
 #include "platform/forms/Handlers.h"
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/Desktop.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/ProgramFolder.h"
 #include "platform/runtime/Prompts.h"
-#include "platform/runtime/WebPage.h"
+#include "session/Session.h"
+#include "session/Settings.h"
 #include "shell/ChangePasswordfrm.h"
 #include "shell/LoginWindow.h"
 #include "shell/LogoPicture.h"
 #include "shell/NewUser.h"
-#include "shell/Settings.h"
-#include "shell/session/Session.h"
+#include "shell/WebPage.h"
 #include "support/clsRegistry.h"
 #include "ui_LogIn.h"
+#include "widgets/FormViewAdapters.h"
 
 #include <QCloseEvent>
 #include <QScreen>
@@ -47,13 +47,18 @@ LogIn::LogIn() : FormWidget(Place::TopLevel), ui(std::make_unique<Ui::LogIn>()) 
     // What everybody comes for; the version above is chosen once.
     ui->TeachersList->setFocus();
 
-    On(ui->TeachersList, &AccountList::Chosen, this, [this] { List_Click(1); });
-    On(ui->StudentsList, &AccountList::Chosen, this, [this] { List_Click(2); });
-    On(ui->TeachersList, &AccountList::Opened, this, [this] {
+    for (HeadedList* list : {ui->TeachersList, ui->StudentsList}) {
+        ClickRules rules = HeadedList::AccountRules();
+        rules.Opens = true;
+        list->SetRules(rules);
+    }
+    On(&ui->TeachersList->Clicks, &ListClicks::Clicked, this, [this] { List_Click(1); });
+    On(&ui->StudentsList->Clicks, &ListClicks::Clicked, this, [this] { List_Click(2); });
+    On(&ui->TeachersList->Clicks, &ListClicks::Opened, this, [this] {
         ActiveList = 1;
         LogInbtn_Click();
     });
-    On(ui->StudentsList, &AccountList::Opened, this, [this] {
+    On(&ui->StudentsList->Clicks, &ListClicks::Opened, this, [this] {
         ActiveList = 2;
         LogInbtn_Click();
     });
@@ -104,7 +109,7 @@ void LogIn::FitToScreen() {
         return;
     ui->Image1->setFixedSize(100, 100);
     ui->Side->setAlignment(ui->Image1, Qt::AlignHCenter);
-    for (AccountList* list : {ui->TeachersList, ui->StudentsList})
+    for (HeadedList* list : {ui->TeachersList, ui->StudentsList})
         list->setMinimumHeight(120);
     constexpr int Tight = 8;
     ui->Page->setSpacing(Tight);

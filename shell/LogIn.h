@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/forms/Form.h"
+#include "session/FormNames.h"
 
 #include <memory>
 
@@ -14,7 +15,7 @@ class LogIn : public FormWidget {
     Q_OBJECT
 
 public:
-    static inline const QString FormName = QStringLiteral("LogIn");
+    static inline const QString FormName = FormNames::LogIn;
 
     LogIn();
     ~LogIn() override;

@@ -3,11 +3,11 @@
 #include "platform/forms/DefaultForms.h"
 #include "platform/forms/Handlers.h"
 #include "platform/runtime/Prompts.h"
+#include "session/Session.h"
+#include "session/Settings.h"
 #include "shell/LogIn.h"
 #include "shell/MainForm.h"
 #include "shell/PasswordMask.h"
-#include "shell/Settings.h"
-#include "shell/session/Session.h"
 #include "ui_LoginWindow.h"
 
 #include <QCloseEvent>

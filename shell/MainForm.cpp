@@ -6,12 +6,12 @@
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/Desktop.h"
 #include "platform/runtime/ProgramFolder.h"
-#include "platform/runtime/WebPage.h"
+#include "session/Session.h"
+#include "session/Settings.h"
 #include "shell/InitValues.h"
 #include "shell/LogIn.h"
-#include "shell/Settings.h"
+#include "shell/WebPage.h"
 #include "shell/WelcomePage.h"
-#include "shell/session/Session.h"
 #include "ui_MainForm.h"
 
 #include <QGuiApplication>
@@ -35,23 +35,23 @@ struct ToolbarEntry {
 
 constexpr std::array ToolbarEntries = {
     ToolbarEntry{QLatin1String("New"), QLatin1String("New"), QLatin1String("New Dutygrid"),
-                 QLatin1String("Newfrm")},
+                 FormNames::Newfrm},
     ToolbarEntry{QLatin1String("Open"), QLatin1String("Open"), QLatin1String("Open Dutygrid"),
-                 QLatin1String("Openfrm")},
+                 FormNames::Openfrm},
     ToolbarEntry{QLatin1String("OpenKid"), QLatin1String("Open"), QLatin1String("Open Dutygrid"),
-                 QLatin1String("OpenFillfrm")},
+                 FormNames::OpenFillfrm},
     ToolbarEntry{QLatin1String("Review"), QLatin1String("Review"), QLatin1String("Review Dutygrid"),
-                 QLatin1String("WeekChartRepresentation")},
+                 FormNames::WeekChartRepresentation},
     ToolbarEntry{QLatin1String("Print"), QLatin1String("Print"), QLatin1String("Print Reports"),
-                 QLatin1String("Reportfrm")},
+                 FormNames::Reportfrm},
     ToolbarEntry{QLatin1String("View"), QLatin1String("Accounts"), QLatin1String("View Accounts"),
-                 QLatin1String("DisplayAccount")},
+                 FormNames::DisplayAccount},
     ToolbarEntry{QLatin1String("Options"), QLatin1String("Options"),
                  QLatin1String("Background Options"), QLatin1String("BackgroundOptions")},
     ToolbarEntry{QLatin1String("Website"), QLatin1String("Website"),
                  QLatin1String("Sparkit Dutygrid Website"), QLatin1String("")},
     ToolbarEntry{QLatin1String("About"), QLatin1String("About"),
-                 QLatin1String("About Larkfen Press"), QLatin1String("frmAboutDutygrid")},
+                 QLatin1String("About Larkfen Press"), FormNames::frmAboutDutygrid},
     ToolbarEntry{QLatin1String("Help"), QLatin1String("Help"), QLatin1String("Help"),
                  QLatin1String("")},
     ToolbarEntry{QLatin1String("LogOff"), QLatin1String("Log Off"), QLatin1String("Log Off"),
@@ -127,15 +127,15 @@ void MainForm::SwapToolbarAndForm() {
 }
 
 void MainForm::ConnectMenus() {
-    OpenWith(ui->NewChart, QStringLiteral("Newfrm"));
-    OpenWith(ui->OpenChart, QStringLiteral("Openfrm"));
-    OpenWith(ui->FillChart, QStringLiteral("OpenFillfrm"));
-    OpenWith(ui->mnuReviewDutygrid, QStringLiteral("WeekChartRepresentation"));
-    OpenWith(ui->JobReport, QStringLiteral("Reportfrm"));
-    OpenWith(ui->VicewAccount, QStringLiteral("DisplayAccount"));
-    OpenWith(ui->BackOptions, QStringLiteral("BackgroundOptions"));
-    OpenWith(ui->OtherOp, QStringLiteral("OtherOptions"));
-    OpenWith(ui->About, QStringLiteral("frmAboutDutygrid"));
+    OpenWith(ui->NewChart, FormNames::Newfrm);
+    OpenWith(ui->OpenChart, FormNames::Openfrm);
+    OpenWith(ui->FillChart, FormNames::OpenFillfrm);
+    OpenWith(ui->mnuReviewDutygrid, FormNames::WeekChartRepresentation);
+    OpenWith(ui->JobReport, FormNames::Reportfrm);
+    OpenWith(ui->VicewAccount, FormNames::DisplayAccount);
+    OpenWith(ui->BackOptions, FormNames::BackgroundOptions);
+    OpenWith(ui->OtherOp, FormNames::OtherOptions);
+    OpenWith(ui->About, FormNames::frmAboutDutygrid);
     // The titles have no letters of their own for the Alt key.
     On(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, this,
        [this] { menuBar()->setActiveAction(ui->File->menuAction()); });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/forms/Form.h"
+#include "session/FormNames.h"
 
 #include <QAction>
 #include <QImage>
@@ -20,7 +21,7 @@ class MainForm : public QMainWindow, public Form {
     Q_OBJECT
 
 public:
-    static inline const QString FormName = QStringLiteral("MainForm");
+    static inline const QString FormName = FormNames::MainForm;
 
     MainForm();
     ~MainForm() override;

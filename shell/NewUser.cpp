@@ -1,14 +1,14 @@
 #include "shell/NewUser.h"
 
-#include "platform/forms/FormViewAdapters.h"
 #include "platform/forms/Handlers.h"
 #include "platform/runtime/Desktop.h"
 #include "platform/runtime/Pictures.h"
 #include "platform/runtime/ProgramFolder.h"
 #include "platform/runtime/Prompts.h"
+#include "session/Session.h"
 #include "shell/PasswordMask.h"
-#include "shell/session/Session.h"
 #include "ui_NewUser.h"
+#include "widgets/FormViewAdapters.h"
 
 NewUser::NewUser() : FormWidget(Place::TopLevel), ui(std::make_unique<Ui::NewUser>()) {
     ui->setupUi(this);

@@ -1,8 +1,8 @@
 #include "shell/OtherOptions.h"
 
 #include "platform/forms/Handlers.h"
-#include "shell/Settings.h"
-#include "shell/session/Session.h"
+#include "session/Session.h"
+#include "session/Settings.h"
 #include "ui_OtherOptions.h"
 
 OtherOptions::OtherOptions()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/forms/Form.h"
+#include "session/FormNames.h"
 
 #include <memory>
 
@@ -13,7 +14,7 @@ class OtherOptions : public FormWidget {
     Q_OBJECT
 
 public:
-    static inline const QString FormName = QStringLiteral("OtherOptions");
+    static inline const QString FormName = FormNames::OtherOptions;
 
     OtherOptions();
     ~OtherOptions() override;

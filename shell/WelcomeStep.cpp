@@ -1,6 +1,6 @@
 #include "shell/WelcomeStep.h"
 
-#include "platform/forms/LookColors.h"
+#include "look/LookColors.h"
 
 #include <QAction>
 #include <QHelpEvent>

@@ -2,8 +2,8 @@
 
 #include "platform/forms/Handlers.h"
 #include "platform/runtime/Desktop.h"
-#include "platform/runtime/WebPage.h"
 #include "shell/LogoPicture.h"
+#include "shell/WebPage.h"
 #include "ui_frmAboutDutygrid.h"
 
 frmAboutDutygrid::frmAboutDutygrid()

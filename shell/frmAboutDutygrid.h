@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/forms/Form.h"
+#include "session/FormNames.h"
 
 #include <memory>
 
@@ -13,7 +14,7 @@ class frmAboutDutygrid : public FormWidget {
     Q_OBJECT
 
 public:
-    static inline const QString FormName = QStringLiteral("frmAboutDutygrid");
+    static inline const QString FormName = FormNames::frmAboutDutygrid;
 
     frmAboutDutygrid();
     ~frmAboutDutygrid() override;

@@ -1,4 +1,4 @@
-#include "platform/forms/ProgramStyle.h"
+#include "look/ProgramStyle.h"
 
 #include <QApplication>
 #include <QFont>
@@ -9,6 +9,7 @@ int main(int argc, char** argv) {
     QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 10));
     QApplication::setQuitOnLastWindowClosed(false);
     ApplyProgramStyle(application);
+    QCoreApplication::setApplicationName(QStringLiteral("Sparkit Dutygrid"));
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -17,6 +17,11 @@
 
 namespace {
 
+QString& MainWindowForm() {
+    static QString name;
+    return name;
+}
+
 /// Where a title shows that its document has been changed.
 const QString ChangeMark = QStringLiteral("[*]");
 
@@ -77,6 +82,10 @@ bool FillsOrLeftItsPlace(const QWidget& frame) {
 
 } // namespace
 
+void SetMainWindowForm(const QString& name) {
+    MainWindowForm() = name;
+}
+
 FormFrame::FormFrame(Form& form) : form_(form) {
     setWidget(&form.Widget());
     setAttribute(Qt::WA_DeleteOnClose, false);
@@ -129,7 +138,7 @@ void Form::ShowInMainWindow() {
         return;
     }
     if (MainWindowArea() == nullptr)
-        DefaultForm(QStringLiteral("MainForm"));
+        DefaultForm(MainWindowForm());
     QMdiArea* area = MainWindowArea();
     if (area == nullptr)
         throw RuntimeError(ErrorNumber::ObjectVariableNotSet);

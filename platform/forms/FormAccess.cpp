@@ -32,9 +32,9 @@ public:
 QAccessibleInterface* MakeFormAccess(const QString& key, QObject* object) {
     if (key == QLatin1String("FormFrame"))
         return new FrameAccess(static_cast<QWidget*>(object));
-    const bool isForm = key == QLatin1String("FormWidget") || key == QLatin1String("HelpWindow");
-    return isForm && object->isWidgetType() ? new FormAccess(static_cast<QWidget*>(object))
-                                            : nullptr;
+    return key == QLatin1String("FormWidget") && object->isWidgetType()
+               ? new FormAccess(static_cast<QWidget*>(object))
+               : nullptr;
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #pragma once
 
 class QMdiArea;
+class QString;
 
 /// The area of the main window that carries the sub-windows; set by the main window while it
 /// exists.
@@ -8,3 +9,6 @@ void SetMainWindowArea(QMdiArea* area);
 
 /// Null while there is no main window.
 QMdiArea* MainWindowArea();
+
+/// Names the form that is the main window: it is made when the first sub-window is shown.
+void SetMainWindowForm(const QString& name);

@@ -58,7 +58,7 @@ std::unique_ptr<QPagedPaintDevice> PrintoutFolder::Open() {
     auto device = std::make_unique<QPdfWriter>(draft_);
     const bool american = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
     device->setPageSize(QPageSize(american ? QPageSize::Letter : QPageSize::A4));
-    device->setTitle(QStringLiteral("Sparkit Dutygrid"));
+    device->setTitle(QCoreApplication::applicationName());
     return device;
 }
 

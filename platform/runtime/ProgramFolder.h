@@ -8,5 +8,5 @@ QString ProgramFolder();
 /// Sets the program folder, by default the folder of the executable.
 void SetProgramFolder(const QString& folder);
 
-/// A path beneath the program folder: InProgramFolder("Database/Charts.mdb").
+/// A path beneath the program folder: InProgramFolder("Settings/Settings.txt").
 QString InProgramFolder(const QString& tail);

@@ -2,6 +2,7 @@
 
 #include "platform/runtime/RuntimeError.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 enum class PromptButtons { Ok, YesNo };
@@ -11,7 +12,7 @@ enum class PromptAnswer { Ok, Yes, No };
 /// A question or message to the user.
 struct Prompt {
     QString Text;
-    QString Title = QStringLiteral("Sparkit Dutygrid");
+    QString Title = QCoreApplication::applicationName();
     PromptButtons Buttons = PromptButtons::Ok;
     PromptIcon Icon = PromptIcon::None;
     /// True where the forms behind the box stay usable while it stands.

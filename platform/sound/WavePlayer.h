@@ -18,5 +18,5 @@ protected:
 
 /// The player in the library WavePlayerLibrary; belongs to the caller.
 using MakeWavePlayerFunction = WavePlayer* (*)();
-inline constexpr const char* WavePlayerLibrary = "dutygrid_sound";
+inline constexpr const char* WavePlayerLibrary = WAVE_PLAYER_LIBRARY;
 inline constexpr const char* MakeWavePlayerName = "MakeWavePlayer";

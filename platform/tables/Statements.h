@@ -10,7 +10,7 @@
 #include <unordered_map>
 
 /// The statements of one connection, each prepared once. There are few of them: they name the
-/// tables of shapes, of which a database has two or three, never a chart.
+/// tables of shapes, of which a database has two or three, never a table.
 class Statements {
 public:
     explicit Statements(SQLite::Database& database) : database_(database) {}

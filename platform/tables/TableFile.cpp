@@ -1,5 +1,6 @@
 #include "platform/tables/TableFile.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <algorithm>
 #include <array>
@@ -11,15 +12,18 @@ namespace {
 constexpr int BusyTimeoutMs = 5000;
 
 [[noreturn]] void RefuseForeign() {
-    throw RuntimeError(ErrorNumber::EngineFault,
-                       QStringLiteral("This file is a database of another program. Sparkit "
-                                      "Dutygrid cannot use it and has left it as it is."));
+    throw RuntimeError(
+        ErrorNumber::EngineFault,
+        QStringLiteral("This file is a database of another program. %1 cannot use it "
+                       "and has left it as it is.")
+            .arg(QCoreApplication::applicationName()));
 }
 
 [[noreturn]] void RefuseNewer() {
     throw RuntimeError(ErrorNumber::EngineFault,
-                       QStringLiteral("This database was made by a newer version of Sparkit "
-                                      "Dutygrid. Please install the newer version to open it."));
+                       QStringLiteral("This database was made by a newer version of %1. Please "
+                                      "install the newer version to open it.")
+                           .arg(QCoreApplication::applicationName()));
 }
 
 /// The engine's own handle of the file: closing another one would let go of the locks that this

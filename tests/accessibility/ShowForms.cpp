@@ -1,5 +1,5 @@
-#include "platform/forms/ProgramStyle.h"
-#include "platform/forms/SystemPrompts.h"
+#include "look/ProgramStyle.h"
+#include "platform/desktop/SystemPrompts.h"
 #include "tests/accessibility/Stage.h"
 
 #include <QAbstractButton>

@@ -4,12 +4,12 @@
 #include "authoring/ChartEditor.h"
 #include "authoring/DeleteChartForm.h"
 #include "authoring/DisplayAllPeople.h"
-#include "authoring/RegisterForms.h"
 #include "authoring/ResetDate.h"
 #include "filling/ChartViewer.h"
+#include "app/RegisterForms.h"
+#include "session/Session.h"
 #include "shell/ChangePasswordfrm.h"
 #include "shell/LoginWindow.h"
-#include "shell/session/Session.h"
 
 #include <QApplication>
 #include <QListWidget>

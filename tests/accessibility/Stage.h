@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/forms/HelpWindow.h"
+#include "help/HelpWindow.h"
 #include "platform/runtime/Desktop.h"
 #include "platform/runtime/Prompts.h"
 #include "tests/common/FormTest.h"

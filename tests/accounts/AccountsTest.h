@@ -3,8 +3,8 @@
 #include "accounts/AddIncentives.h"
 #include "accounts/ChildrenList.h"
 #include "accounts/DisplayAccount.h"
-#include "platform/forms/FormViewAdapters.h"
 #include "tests/shell/ShellTest.h"
+#include "widgets/FormViewAdapters.h"
 
 #include <QImage>
 #include <QLabel>

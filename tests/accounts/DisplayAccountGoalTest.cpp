@@ -1,5 +1,5 @@
-#include "platform/forms/GoalPath.h"
 #include "tests/accounts/AccountsTest.h"
+#include "widgets/GoalPath.h"
 
 #include <gtest/gtest.h>
 

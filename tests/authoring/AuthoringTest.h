@@ -5,10 +5,10 @@
 #include "authoring/DisplayAllPeople.h"
 #include "authoring/Newfrm.h"
 #include "authoring/Openfrm.h"
-#include "authoring/RegisterForms.h"
 #include "authoring/ResetDate.h"
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/Dates.h"
+#include "app/RegisterForms.h"
 #include "tests/common/FormTest.h"
 
 #include <QAbstractItemView>

@@ -1,6 +1,6 @@
 #include "tests/authoring/AuthoringTest.h"
 
-#include "platform/forms/FormViewAdapters.h"
+#include "widgets/FormViewAdapters.h"
 
 #include <QIcon>
 

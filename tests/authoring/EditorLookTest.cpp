@@ -1,6 +1,6 @@
 #include "tests/authoring/AuthoringTest.h"
 
-#include "platform/forms/ElidingEdit.h"
+#include "widgets/ElidingEdit.h"
 
 #include <QImage>
 #include <QTextDocumentFragment>

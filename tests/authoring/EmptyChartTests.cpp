@@ -1,5 +1,5 @@
-#include "platform/forms/FormViewAdapters.h"
 #include "tests/authoring/AuthoringTest.h"
+#include "widgets/FormViewAdapters.h"
 
 #include <QLineEdit>
 

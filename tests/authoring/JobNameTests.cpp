@@ -44,6 +44,23 @@ TEST_F(JobNameLists, ListIsWrittenOneNameALine) {
                                      "e\r\n"));
 }
 
+TEST_F(JobNameLists, WhatCannotBeWrittenWholeLeavesTheFormerList) {
+    WriteJobs("a\r\n");
+    // A new file is written beside it under a longer name first, which no file system takes.
+    const QString file = Path(u"Jobs/HomeJobs.dat"_s);
+    const QString longest = Path(u"Jobs/"_s + QString(255, u'j'));
+    ASSERT_TRUE(QFile::rename(file, longest));
+    ASSERT_TRUE(QFile::link(longest, file));
+    list.addItem(u"b"_s);
+    try {
+        names.AddInstructions(list);
+        ADD_FAILURE() << "written in place";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number(), 75);
+    }
+    EXPECT_EQ(ReadJobs(), "a\r\n");
+}
+
 TEST_F(JobNameLists, OfEqualNeighboursOneIsWritten) {
     list.addItems({u"A"_s, u"A"_s, u"B"_s, u"A"_s});
     names.AddInstructions(list);

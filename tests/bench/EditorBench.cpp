@@ -1,8 +1,8 @@
 #include "authoring/ChartEditor.h"
 #include "authoring/Openfrm.h"
-#include "authoring/RegisterForms.h"
 #include "platform/runtime/Actions.h"
-#include "shell/session/Session.h"
+#include "app/RegisterForms.h"
+#include "session/Session.h"
 #include "tests/bench/BenchTest.h"
 #include "tests/bench/PaintCounter.h"
 

@@ -1,7 +1,7 @@
 #include "tests/bench/PaintWatch.h"
 
-#include "shell/AccountList.h"
-#include "shell/RunProgram.h"
+#include "app/RunProgram.h"
+#include "widgets/HeadedList.h"
 
 namespace {
 
@@ -11,7 +11,7 @@ bool IsLogIn(const QWidget& widget) {
 
 /// The log-in form's list of children, filled, is on the screen.
 bool IsFilledList(const QWidget& widget) {
-    const auto* list = qobject_cast<const AccountList*>(widget.parentWidget());
+    const auto* list = qobject_cast<const HeadedList*>(widget.parentWidget());
     return list != nullptr && list->objectName() == QLatin1String("StudentsList") &&
            list->topLevelItemCount() > 0;
 }

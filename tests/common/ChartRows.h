@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/runtime/ProgramFolder.h"
-#include "shell/session/Session.h"
+#include "session/Session.h"
 #include "store/ChartFields.h"
 #include "store/TableNames.h"
 

@@ -1,11 +1,7 @@
 #include "tests/common/FormTest.h"
 
-#include "accounts/RegisterForms.h"
-#include "authoring/RegisterForms.h"
-#include "filling/RegisterForms.h"
 #include "platform/forms/ActivationTracker.h"
-#include "reports/RegisterForms.h"
-#include "shell/RegisterForms.h"
+#include "app/RegisterForms.h"
 #include "support/clsRegistry.h"
 
 #include <QAbstractItemView>
@@ -27,11 +23,7 @@ FormTest::FormTest() {
     const QString key = QStringLiteral("Dutygrid");
     registry.CreateKey(HKEY_CURRENT_USER, key);
     registry.SetValue(HKEY_CURRENT_USER, key, QStringLiteral("RunningTimes2"), 1);
-    RegisterShellForms();
-    RegisterAccountForms();
-    RegisterAuthoringForms();
-    RegisterFillingForms();
-    RegisterReportForms();
+    RegisterForms();
 }
 
 FormTest::~FormTest() {

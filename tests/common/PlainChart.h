@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/session/Session.h"
+#include "session/Session.h"
 #include "store/ChartFields.h"
 #include "tests/common/TestWorld.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/session/ProgramRun.h"
+#include "session/ProgramRun.h"
 
 #include <QFile>
 #include <QLocale>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/session/Session.h"
+#include "session/Session.h"
 #include "tests/common/Readable.h"
 #include "tests/common/Scripted.h"
 #include "tests/common/TestRun.h"

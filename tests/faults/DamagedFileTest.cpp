@@ -1,7 +1,7 @@
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/RuntimeError.h"
 #include "platform/tables/TableStore.h"
-#include "shell/session/Session.h"
+#include "session/Session.h"
 #include "tests/faults/FaultWorld.h"
 #include "tests/faults/Snapshot.h"
 

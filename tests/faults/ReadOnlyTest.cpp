@@ -2,7 +2,7 @@
 #include "tests/faults/FaultWorld.h"
 #include "tests/faults/Snapshot.h"
 
-#include "shell/session/Session.h"
+#include "session/Session.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,6 +1,6 @@
+#include "help/HelpWindow.h"
+#include "platform/desktop/SystemPrompts.h"
 #include "platform/forms/DefaultForms.h"
-#include "platform/forms/HelpWindow.h"
-#include "platform/forms/SystemPrompts.h"
 #include "shell/NewUser.h"
 #include "tests/common/RealInput.h"
 #include "tests/filling/FillingTest.h"

@@ -1,5 +1,5 @@
-#include "platform/forms/GoalPath.h"
 #include "tests/filling/FillingTest.h"
+#include "widgets/GoalPath.h"
 
 #include <QPointer>
 #include <QTest>

@@ -132,6 +132,23 @@ TEST_P(ViewerDoublePressTest, OnABoxTurnsThePageAndTicksNothing) {
     ExpectThursdayAsItWas();
 }
 
+class ViewerFocusFirstTest : public ViewerPressTest {};
+
+TEST_P(ViewerFocusFirstTest, APressRightAfterThePageHasTurnedTicksNothing) {
+    PutInFront(Other::Within);
+    Viewer().SetFocus();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return DesktopCalls.Sounds == S{PageSound()}; }));
+    const QWidget& box = Viewer().ClearImg[0];
+    const QWidget& window = *box.window();
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
+                      box.mapTo(&window, box.rect().center()));
+    Settle();
+    ExpectThursdayAsItWas();
+    EXPECT_EQ(Ticked(Chart), S{u"Wash up|Thu"_s});
+}
+
+INSTANTIATE_TEST_SUITE_P(RealInput, ViewerFocusFirstTest, testing::Values(RealInput::Short));
+
 INSTANTIATE_TEST_SUITE_P(RealInput, ViewerDoublePressTest, testing::Values(RealInput::Double));
 
 } // namespace

@@ -20,6 +20,12 @@ protected:
                                                      JobsOn(QStringLiteral("Thu"), onThursday));
         return OpenChart(QStringLiteral("Chores Anna"));
     }
+    /// A top, in pixels, that leaves a little of the form below the main window's edge where it
+    /// finds room there at all.
+    static int LowPlace(const ChartViewer& viewer) {
+        const QWidget& frame = viewer.Frame();
+        return std::max(1, frame.parentWidget()->height() - frame.height() + 20);
+    }
     static void Next(ChartViewer& viewer) { Click(Button(viewer, QStringLiteral("NextDay"))); }
     static bool RowShown(const ChartViewer& viewer, int row) {
         return viewer.Instructions.Visible(row);
@@ -317,7 +323,7 @@ TEST_F(ViewerRowsTest, DraggingARowTheListOrTheFormMovesTheForm) {
 TEST_F(ViewerRowsTest, AFormMadeHigherByARowMovesIntoTheMainWindowWhenTheButtonIsUp) {
     ChartViewer& viewer = OpenWith(2, 1);
     const QWidget& room = *viewer.Frame().parentWidget();
-    const int low = room.height() - viewer.Frame().height() + 20;
+    const int low = LowPlace(viewer);
     viewer.Move(600, low * 15);
     QWidget& row = viewer.Instructions[0];
     QTest::mousePress(&row, Qt::LeftButton, {}, QPoint(10, 8));
@@ -335,9 +341,29 @@ TEST_F(ViewerRowsTest, AFormMadeHigherByARowMovesIntoTheMainWindowWhenTheButtonI
 TEST_F(ViewerRowsTest, AFormMadeHigherByAKeyMovesIntoTheMainWindow) {
     ChartViewer& viewer = OpenWith(2, 1);
     const QWidget& room = *viewer.Frame().parentWidget();
-    viewer.Move(600, (room.height() - viewer.Frame().height() + 20) * 15);
+    viewer.Move(600, LowPlace(viewer) * 15);
     Press(viewer.Instructions[0], Qt::Key_Space);
     EXPECT_EQ(viewer.Frame().y(), std::max(0, room.height() - viewer.Frame().height()));
+}
+
+TEST_F(ViewerRowsTest, TheFormComesWholeBesideAMaximisedOne) {
+    ChartViewer& alone = OpenWith(2, 1);
+    const QRect place = alone.Frame().geometry();
+    const QSize inside = alone.size();
+    EXPECT_EQ(inside.height(), 8700 / 15);
+    EXPECT_EQ(place.top(), 0);
+    EXPECT_GT(place.height() - inside.height(), 15) << "a title bar";
+    Click(Button(alone, QStringLiteral("Ok")));
+
+    Form& neighbour = DefaultForm(QStringLiteral("frmAboutDutygrid"));
+    neighbour.Show();
+    neighbour.Frame().showMaximized();
+    Settle();
+    ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
+    EXPECT_EQ(viewer.Frame().geometry(), place);
+    EXPECT_EQ(viewer.size(), inside);
+    EXPECT_FALSE(viewer.Frame().isMaximized());
+    EXPECT_TRUE(neighbour.Frame().isMaximized());
 }
 
 TEST_F(ViewerRowsTest, ADragNeedsTheLeftButtonAlone) {

@@ -1,4 +1,4 @@
-#include "platform/forms/ProgramIcon.h"
+#include "look/ProgramIcon.h"
 #include "tests/common/Readable.h"
 
 #include <QDir>

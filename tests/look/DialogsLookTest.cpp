@@ -1,5 +1,5 @@
-#include "platform/forms/SystemDesktop.h"
-#include "platform/forms/SystemPrompts.h"
+#include "platform/desktop/SystemDesktop.h"
+#include "platform/desktop/SystemPrompts.h"
 #include "shell/MainForm.h"
 #include "tests/look/LookTest.h"
 
@@ -67,7 +67,7 @@ TEST_F(DialogsLookTest, DialogsForFilesAndColours) {
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     MakeFamily();
     StartSession(u"Mum"_s, u"Teacher"_s);
-    SystemDesktop desktop;
+    SystemDesktop desktop({});
     LookAtNext(u"Dialog-file"_s);
     EXPECT_FALSE(desktop.OpenFile(Path(u"UsersPictures"_s)).has_value());
     LookAtNext(u"Dialog-colour"_s);

@@ -1,7 +1,7 @@
 #include "tests/look/LookTest.h"
 
-#include "platform/forms/FittingLabel.h"
 #include "platform/forms/MainWindowArea.h"
+#include "widgets/FittingLabel.h"
 
 #include <QAbstractButton>
 #include <QAbstractScrollArea>

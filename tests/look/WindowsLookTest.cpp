@@ -5,15 +5,13 @@
 #include "authoring/DisplayAllPeople.h"
 #include "authoring/Newfrm.h"
 #include "authoring/Openfrm.h"
-#include "authoring/RegisterForms.h"
 #include "authoring/ResetDate.h"
 #include "filling/ChartViewer.h"
 #include "filling/OpenFillfrm.h"
-#include "filling/RegisterForms.h"
+#include "app/RegisterForms.h"
 #include "reports/DateRangefrm.h"
 #include "reports/Reportfrm.h"
 #include "reports/WeekChartRepresentation.h"
-#include "shell/AccountList.h"
 #include "shell/BackgroundOptions.h"
 #include "shell/ChangePasswordfrm.h"
 #include "shell/LogIn.h"
@@ -23,6 +21,7 @@
 #include "shell/OtherOptions.h"
 #include "shell/frmAboutDutygrid.h"
 #include "tests/look/LookTest.h"
+#include "widgets/HeadedList.h"
 
 #include <QListWidget>
 #include <QPushButton>
@@ -220,9 +219,9 @@ TEST_F(WindowsLookTest, Accounts) {
     StartFor(u"Mum"_s, u"Teacher"_s);
     auto& view = ShowForm<DisplayAccount>();
     Look(view, u"DisplayAccount-none"_s);
-    auto& students = Find<AccountList>(view, u"StudentsList"_s);
+    auto& students = Find<HeadedList>(view, u"StudentsList"_s);
     students.setCurrentItem(students.topLevelItem(0));
-    emit students.Chosen();
+    emit students.Clicks.Clicked();
     Settle();
     Look(view, u"DisplayAccount"_s);
     Click(Find(view, u"Incentivesbtn"_s));

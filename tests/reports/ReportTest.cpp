@@ -45,8 +45,8 @@ void ReportTest::ToFront(::Form& form) {
     Settle();
 }
 
-ReportList& ReportTest::List(const QString& name) {
-    return Find<ReportList>(Report(), name);
+ClickList& ReportTest::List(const QString& name) {
+    return Find<ClickList>(Report(), name);
 }
 
 QStringList ReportTest::Entries(const QString& list) {
@@ -66,7 +66,7 @@ QStringList ReportTest::Selected(const QString& list) {
 
 namespace {
 
-QPoint PlaceOf(const ReportList& list, const QString& entry) {
+QPoint PlaceOf(const ClickList& list, const QString& entry) {
     const auto found = list.findItems(entry, Qt::MatchExactly);
     if (found.isEmpty())
         throw std::runtime_error("not listed: " + entry.toStdString());

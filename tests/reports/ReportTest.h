@@ -3,11 +3,11 @@
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/RuntimeError.h"
 #include "reports/DateRangefrm.h"
-#include "reports/ReportList.h"
 #include "reports/Reportfrm.h"
 #include "tests/common/ChartRows.h"
 #include "tests/common/FormTest.h"
 #include "tests/common/PrintedPages.h"
+#include "widgets/ClickList.h"
 
 #include <QPointer>
 #include <QTest>
@@ -45,7 +45,7 @@ protected:
     /// Brings a form to the front and lets it be activated.
     static void ToFront(::Form& form);
 
-    static ReportList& List(const QString& name);
+    static ClickList& List(const QString& name);
     static QStringList Entries(const QString& list);
     static QStringList Selected(const QString& list);
     /// A click on the entry of that text; `keys` held.

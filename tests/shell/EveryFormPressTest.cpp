@@ -10,6 +10,7 @@
 #include <QAbstractItemView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
 #include <QToolBar>
@@ -93,6 +94,13 @@ const PressedForm Forms[] = {
      [](const QWidget& form) { return In<QLineEdit>(form, "NameOfNewChart").text(); }, ""},
     ListForm("Openfrm", "ChartList", "Mum", "Teacher", "Chores Anna"),
     ListForm("OpenFillfrm", "ChartList", "Anna", "Student", "Chores Anna"),
+    {"DeleteChartForm", "Label1", "Mum", "Teacher", [] {},
+     [](QWidget& form) {
+         // Its own focus, as it is kept for when it is in front again.
+         In<QPushButton>(form, "Yes").setFocus();
+         Default<frmAboutDutygrid>().SetFocus();
+     },
+     [](const QWidget& form) { return form.focusWidget()->objectName(); }, "No"},
     {"ResetDate", "NextWeek", "Mum", "Teacher", [] {},
      [](QWidget& form) { In<QRadioButton>(form, "NextWeek").setChecked(true); },
      [](const QWidget& form) {

@@ -50,8 +50,15 @@ protected:
         return form;
     }
 
-    static Form& Open(const QString& name) {
-        Form& form = Prepared(name);
+    /// What is inside the frame, as it was drawn or as its layout wants it.
+    static QSize DesignedSize(const QWidget& form) {
+        const bool isDrawn = form.testAttribute(Qt::WA_Resized) || form.layout() == nullptr;
+        return isDrawn ? form.size() : form.sizeHint();
+    }
+
+    static Form& Open(const QString& name) { return Open(Prepared(name)); }
+
+    static Form& Open(Form& form) {
         form.Show();
         Settle();
         return form;
@@ -113,8 +120,10 @@ const QStringList InMainWindow = {u"Newfrm"_s,
 TEST_F(FormPlacesTest, EveryFormComesWholeBesideAMaximisedOrMinimisedOne) {
     for (const QString& name : InMainWindow) {
         SCOPED_TRACE(name.toStdString());
-        Form& alone = Open(name);
-        const QSize inside = alone.Widget().size();
+        Form& alone = Prepared(name);
+        const QSize inside = DesignedSize(alone.Widget());
+        Open(alone);
+        EXPECT_EQ(alone.Widget().size(), inside);
         const QSize edges = Edges(alone);
         const QRect place = alone.Frame().geometry();
         EXPECT_GT(edges.height(), 15) << "a title bar";
@@ -138,6 +147,13 @@ TEST_F(FormPlacesTest, EveryFormComesWholeBesideAMaximisedOrMinimisedOne) {
             EXPECT_EQ(neighbour.Frame().isMaximized(), maximised);
             EXPECT_EQ(neighbour.Frame().isMinimized(), !maximised);
             ExpectMovable(form);
+            // The same when it is shown again.
+            form.Hide();
+            Settle();
+            Open(form);
+            EXPECT_FALSE(form.Frame().isMaximized());
+            EXPECT_EQ(form.Widget().size(), inside);
+            EXPECT_EQ(Edges(form), edges);
             Close(form);
             EXPECT_EQ(neighbour.Frame().isMaximized(), maximised);
             Close(neighbour);

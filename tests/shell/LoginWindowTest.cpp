@@ -16,7 +16,7 @@ protected:
         MakeAccount(QStringLiteral("Kim"), QStringLiteral("cat"), QStringLiteral("Student"));
     }
 
-    static LoginWindow& OpenFor(AccountList& (*list)()) {
+    static LoginWindow& OpenFor(HeadedList& (*list)()) {
         ShowLogIn();
         return OpenLoginWindow(list(), 0);
     }

@@ -396,6 +396,12 @@ TEST_F(MainFormTest, TitlesShowNamesAsTheyStand) {
     Shoot(frame, QStringLiteral("ChartEditor-title"));
     editor.Widget().setWindowTitle(QStringLiteral("Editing  chart"));
     EXPECT_NE(frame.grab().toImage(), titled);
+    editor.Widget().setWindowTitle(QStringLiteral("Editing [*][*] chart"));
+    EXPECT_NE(frame.grab().toImage(), titled);
+
+    OpenEditor(QStringLiteral("[*]")).Frame().showMaximized();
+    Settle();
+    EXPECT_EQ(ShownTitle(MainWindow()), greeting + QStringLiteral(" - [Editing [*] chart]"));
 }
 
 TEST_F(MainFormTest, LastSlotOfTheRunOverflowsTheCounter) {

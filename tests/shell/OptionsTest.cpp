@@ -1,6 +1,6 @@
+#include "session/Settings.h"
 #include "shell/BackgroundOptions.h"
 #include "shell/OtherOptions.h"
-#include "shell/Settings.h"
 #include "tests/shell/ShellTest.h"
 
 #include <QDir>

@@ -50,28 +50,28 @@ LogIn& ShellTest::ShowLogIn() {
     return InFront(form);
 }
 
-AccountList& ShellTest::Teachers() {
-    return Find<AccountList>(Default<LogIn>(), QStringLiteral("TeachersList"));
+HeadedList& ShellTest::Teachers() {
+    return Find<HeadedList>(Default<LogIn>(), QStringLiteral("TeachersList"));
 }
 
-AccountList& ShellTest::Students() {
-    return Find<AccountList>(Default<LogIn>(), QStringLiteral("StudentsList"));
+HeadedList& ShellTest::Students() {
+    return Find<HeadedList>(Default<LogIn>(), QStringLiteral("StudentsList"));
 }
 
-QStringList ShellTest::Names(const AccountList& list) {
+QStringList ShellTest::Names(const HeadedList& list) {
     QStringList names;
     for (int row = 0; row < list.topLevelItemCount(); ++row)
         names += list.topLevelItem(row)->text(0);
     return names;
 }
 
-LoginWindow& ShellTest::OpenLoginWindow(AccountList& list, int row) {
+LoginWindow& ShellTest::OpenLoginWindow(HeadedList& list, int row) {
     ClickRow(list, row);
     Click(Find(Default<LogIn>(), QStringLiteral("LogInbtn")));
     return PasswordForm();
 }
 
-MainForm& ShellTest::LogInAs(AccountList& list, int row, const QString& password) {
+MainForm& ShellTest::LogInAs(HeadedList& list, int row, const QString& password) {
     LoginWindow& window = OpenLoginWindow(list, row);
     Type(Find(window, QStringLiteral("Password")), password);
     Click(Find(window, QStringLiteral("Ok")));

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "authoring/ChartEditor.h"
-#include "shell/AccountList.h"
 #include "shell/LogIn.h"
 #include "shell/LoginWindow.h"
 #include "shell/MainForm.h"
 #include "tests/common/FormTest.h"
+#include "widgets/HeadedList.h"
 
 #include <QColor>
 #include <QPointer>
@@ -33,14 +33,14 @@ protected:
 
     /// Shows the log-in form and waits for its activation.
     static LogIn& ShowLogIn();
-    static AccountList& Teachers();
-    static AccountList& Students();
-    static QStringList Names(const AccountList& list);
+    static HeadedList& Teachers();
+    static HeadedList& Students();
+    static QStringList Names(const HeadedList& list);
 
     /// The password form, opened for an account by the log-in form.
-    static LoginWindow& OpenLoginWindow(AccountList& list, int row);
+    static LoginWindow& OpenLoginWindow(HeadedList& list, int row);
     /// Goes through both log-in windows into a session.
-    static MainForm& LogInAs(AccountList& list, int row, const QString& password);
+    static MainForm& LogInAs(HeadedList& list, int row, const QString& password);
 
     static LoginWindow& PasswordForm();
     static MainForm& MainWindow();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/session/Session.h"
+#include "session/Session.h"
 
 #include <QObject>
 #include <array>

@@ -1,4 +1,4 @@
-#include "shell/session/Session.h"
+#include "session/Session.h"
 #include "tests/common/Readable.h"
 #include "tests/tour/ClassWeek.h"
 

@@ -1,6 +1,6 @@
 #include "tests/tour/ClassWeek.h"
 
-#include "shell/session/Session.h"
+#include "session/Session.h"
 #include "tests/common/Readable.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #include "tests/tour/FamilyWeek.h"
 
-#include "platform/runtime/WebPage.h"
-#include "shell/session/Session.h"
+#include "session/Session.h"
+#include "shell/WebPage.h"
 #include "tests/common/Readable.h"
 
 namespace {

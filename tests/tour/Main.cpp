@@ -1,5 +1,5 @@
-#include "platform/forms/ProgramIcon.h"
-#include "platform/forms/ProgramStyle.h"
+#include "look/ProgramIcon.h"
+#include "look/ProgramStyle.h"
 #include "tests/tour/Album.h"
 
 #include <QApplication>
@@ -19,6 +19,7 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     // The tour's hand is faster than a person's: its clicks come at once after a list has dropped.
     QApplication::setDoubleClickInterval(20);
+    QApplication::setApplicationName(QStringLiteral("Sparkit Dutygrid"));
     QApplication::setWindowIcon(ProgramIcon());
     ApplyProgramStyle(application);
 

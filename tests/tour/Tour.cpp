@@ -1,15 +1,11 @@
 #include "tests/tour/Tour.h"
 
-#include "accounts/RegisterForms.h"
-#include "authoring/RegisterForms.h"
-#include "filling/RegisterForms.h"
 #include "platform/forms/DefaultForms.h"
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/ProgramFolder.h"
-#include "reports/RegisterForms.h"
-#include "shell/RegisterForms.h"
-#include "shell/session/Session.h"
+#include "app/RegisterForms.h"
+#include "session/Session.h"
 #include "tests/common/Readable.h"
 
 #include <QAbstractItemView>
@@ -78,11 +74,7 @@ void ReplaceText(QWidget& edit, const QString& text) {
 Tour::Tour(const Text& chapter, const QDate& firstDay) : Pictures(chapter), Boxes(Pictures) {
     TheDayIs(firstDay);
     CopyTree(QStringLiteral(DUTYGRID_ASSETS_DIR), folder_.path());
-    RegisterShellForms();
-    RegisterAccountForms();
-    RegisterAuthoringForms();
-    RegisterFillingForms();
-    RegisterReportForms();
+    RegisterForms();
 }
 
 Tour::~Tour() {

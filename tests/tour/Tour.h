@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/forms/SystemPrompts.h"
+#include "platform/desktop/SystemPrompts.h"
 #include "tests/common/Scripted.h"
 #include "tests/common/TestRun.h"
 #include "tests/tour/Album.h"

@@ -1,6 +1,6 @@
+#include "platform/desktop/SystemPrompts.h"
 #include "platform/forms/ActivationTracker.h"
 #include "platform/forms/MainWindowArea.h"
-#include "platform/forms/SystemPrompts.h"
 #include "tests/common/FormTest.h"
 
 #include <QLineEdit>

@@ -1,4 +1,0 @@
-#pragma once
-
-/// Makes the forms of this room known.
-void RegisterAccountForms();

@@ -1,0 +1,61 @@
+#include "app/RunProgram.h"
+
+#include "help/HelpWindow.h"
+#include "look/ProgramIcon.h"
+#include "look/ProgramStyle.h"
+#include "platform/desktop/SystemDesktop.h"
+#include "platform/desktop/SystemProgress.h"
+#include "platform/desktop/SystemPrompts.h"
+#include "platform/forms/DefaultForms.h"
+#include "platform/printer/SystemPrinter.h"
+#include "platform/runtime/Actions.h"
+#include "app/RegisterForms.h"
+#include "session/FormNames.h"
+#include "session/ProgramRun.h"
+
+#include <QApplication>
+#include <QTimer>
+#include <memory>
+
+namespace {
+
+void Start() {
+    RunAction([] {
+        // No session can begin after a fault in the start-up.
+        WithErrorsEndingTheRun([] { DefaultForm(FormNames::LogIn).Show(); });
+    });
+}
+
+} // namespace
+
+int RunProgram(QApplication& application, const QString& programFolder) {
+    QApplication::setApplicationName(QStringLiteral("Sparkit Dutygrid"));
+    QApplication::setWindowIcon(ProgramIcon());
+    // Desktops look up the window's entry in their menus by it.
+    QApplication::setDesktopFileName(QStringLiteral("example.sparkit_dutygrid.Dutygrid"));
+    // Between two forms there may be no window for a moment; the forms themselves end the process.
+    QApplication::setQuitOnLastWindowClosed(false);
+    ApplyProgramStyle(application);
+
+    SystemPrompts prompts;
+    std::unique_ptr<HelpWindow> help;
+    SystemDesktop desktop([&help](const QString& helpFile) {
+        if (!help)
+            help = std::make_unique<HelpWindow>();
+        help->Open(helpFile);
+    });
+    SystemPrinter printer;
+    const SystemProgress progress;
+    const ProgramRun run({.Boxes = &prompts,
+                          .Desktop = &desktop,
+                          .Paper = &printer,
+                          .ProgramFolder = programFolder});
+    RegisterForms();
+
+    // Inside the event loop, which an error in the start-up is to end.
+    QTimer::singleShot(0, &application, Start);
+    const int exitCode = QApplication::exec();
+
+    DropDefaultForms();
+    return exitCode;
+}

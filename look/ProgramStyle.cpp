@@ -1,0 +1,140 @@
+#include "look/ProgramStyle.h"
+
+#include "look/DutygridStyle.h"
+#include "look/LookColors.h"
+
+#include <QApplication>
+#include <QPalette>
+#include <QToolTip>
+
+using namespace LookColors;
+
+namespace {
+
+// "@name" is a colour of LookColors. Lengths are logical pixels.
+const char StyleSheet[] = R"(
+QLabel[role="heading"] { font-size: 15pt; font-weight: 600; color: @deep; }
+QLabel[role="hint"] { color: @muted; }
+QLabel[role="greeting"] { font-size: 18pt; font-weight: 600; color: @deep; }
+QLabel[role="question"] { font-size: 11pt; color: @muted; }
+QFrame[role="welcome"] { background: @card; border: 1px solid @line; border-radius: 12px; }
+QFrame[role="card"], QGroupBox {
+    background: @card; border: 1px solid @line; border-radius: 8px;
+}
+QGroupBox { margin-top: 1.3em; padding-top: 4px; }
+QGroupBox::title {
+    subcontrol-origin: margin; left: 8px; padding: 0 4px; color: @deep; font-weight: 600;
+}
+QPushButton {
+    background: @card; color: @ink; border: 1px solid @outline; border-radius: 6px;
+    padding: 5px 14px; min-height: 1.3em;
+}
+QPushButton:hover { background: @honey; }
+QPushButton:pressed { background: @honeydark; }
+QPushButton:focus { border: 2px solid @teal; padding: 4px 13px; }
+QPushButton:disabled { color: @unusable; border-color: @line; }
+QPushButton[role="primary"] { background: @teal; border-color: @tealpressed; color: @card;
+    font-weight: 600; }
+QPushButton[role="primary"]:hover { background: @tealhover; }
+QPushButton[role="primary"]:pressed { background: @tealpressed; }
+QPushButton[role="primary"]:focus { border: 2px solid @tealpressed; }
+QPushButton[role="primary"]:disabled { background: @band; border-color: @line; color: @unusable; }
+QLineEdit, QComboBox, QListView, QTreeView, QTextBrowser {
+    background: @card; color: @ink; border: 1px solid @outline; border-radius: 4px;
+    selection-background-color: @teal; selection-color: @card;
+}
+QLineEdit { padding: 3px 5px; }
+QLineEdit:focus, QComboBox:focus, QListView:focus, QTreeView:focus, QTextBrowser:focus {
+    border: 2px solid @teal; }
+QLineEdit:focus { padding: 2px 4px; }
+QComboBox QListView { border-radius: 0; padding: 0; }
+QHeaderView::section {
+    background: @band; color: @deep; font-weight: 600; padding: 5px 8px; border: 0;
+    border-bottom: 1px solid @outline;
+}
+QListView::item, QTreeView::item { padding: 4px 0; }
+QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
+QMessageBox QPushButton { min-width: 5em; }
+QMenu::separator { height: 1px; background: @line; margin: 4px 8px; }
+QToolTip { background: @card; color: @ink; border: 1px solid @outline; padding: 3px 6px; }
+/* Rows that are 22 pixels high, whatever the font. */
+QWidget[role="rows"] QLineEdit, QWidget[role="rows"] QComboBox { padding: 0 4px; }
+QWidget[role="rows"] QLineEdit:focus { padding: 0 3px; }
+QWidget[role="rows"] QComboBox::drop-down { border: 0; width: 18px; }
+QWidget[role="rows"] QComboBox QLineEdit { border: 0; padding: 0; }
+QWidget[role="rows"] QPushButton { padding: 0 4px; min-height: 0; border-radius: 4px; }
+QWidget[role="rows"] QPushButton:focus { padding: 0 3px; }
+QToolBar { background: @card; border: 0; border-bottom: 1px solid @line; spacing: 2px;
+    padding: 4px; }
+QToolBar QToolButton { border: 1px solid transparent; border-radius: 6px; padding: 4px 8px;
+    font-size: 11pt; }
+QToolBar[room="low"], QToolBar[room="small"] { padding: 2px; }
+QToolBar[room="low"] QToolButton { padding: 2px 8px; }
+QToolBar[room="small"] QToolButton { padding: 2px; font-size: 10pt; }
+QToolBar QToolBarExtension { padding: 0; min-width: 18px; }
+QToolBar QToolButton:hover { background: @honey; border-color: @line; }
+QToolBar QToolButton:pressed { background: @honeydark; }
+QToolBar QToolButton:focus { border-color: @teal; background: @tealpale; }
+)";
+
+QString FilledStyleSheet() {
+    struct NamedColor {
+        QLatin1String name;
+        QColor color;
+    };
+    // Longer names first: "@teal" begins others.
+    const NamedColor colors[] = {{QLatin1String("@tealpressed"), TealPressed},
+                                 {QLatin1String("@tealhover"), TealHover},
+                                 {QLatin1String("@tealpale"), TealPale},
+                                 {QLatin1String("@honeydark"), HoneyDark},
+                                 {QLatin1String("@unusable"), Unusable},
+                                 {QLatin1String("@outline"), Outline},
+                                 {QLatin1String("@honey"), Honey},
+                                 {QLatin1String("@muted"), Muted},
+                                 {QLatin1String("@teal"), Teal},
+                                 {QLatin1String("@deep"), Deep},
+                                 {QLatin1String("@card"), Card},
+                                 {QLatin1String("@band"), Band},
+                                 {QLatin1String("@line"), Line},
+                                 {QLatin1String("@ink"), Ink}};
+    QString sheet = QString::fromLatin1(StyleSheet);
+    for (const NamedColor& named : colors)
+        sheet.replace(named.name, named.color.name());
+    return sheet;
+}
+
+QPalette ProgramPalette() {
+    // Every colour from these two, whatever the desktop's are; then the ones that differ.
+    QPalette palette(Card, Paper);
+    palette.setColor(QPalette::WindowText, Ink);
+    palette.setColor(QPalette::Base, Card);
+    palette.setColor(QPalette::AlternateBase, Band);
+    palette.setColor(QPalette::Text, Ink);
+    palette.setColor(QPalette::BrightText, Card);
+    palette.setColor(QPalette::Button, Card);
+    palette.setColor(QPalette::ButtonText, Ink);
+    palette.setColor(QPalette::Mid, Outline);
+    palette.setColor(QPalette::Highlight, Teal);
+    palette.setColor(QPalette::HighlightedText, Card);
+    palette.setColor(QPalette::PlaceholderText, Muted);
+    palette.setColor(QPalette::ToolTipBase, Card);
+    palette.setColor(QPalette::ToolTipText, Ink);
+    palette.setColor(QPalette::Link, Deep);
+    palette.setColor(QPalette::LinkVisited, Deep);
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, Unusable);
+    // Fusion draws a disabled menu entry twice, the second time in this colour.
+    palette.setColor(QPalette::Disabled, QPalette::Light, Card);
+    return palette;
+}
+
+} // namespace
+
+void ApplyProgramStyle(QApplication& application) {
+    QApplication::setStyle(new DutygridStyle);
+    const QPalette palette = ProgramPalette();
+    QApplication::setPalette(palette);
+    QToolTip::setPalette(palette);
+    application.setStyleSheet(FilledStyleSheet());
+}

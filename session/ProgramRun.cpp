@@ -1,0 +1,35 @@
+#include "session/ProgramRun.h"
+
+#include "platform/printing/Printer.h"
+#include "platform/runtime/Actions.h"
+#include "platform/runtime/Dates.h"
+#include "platform/runtime/Desktop.h"
+#include "platform/runtime/ProgramFolder.h"
+#include "platform/runtime/Prompts.h"
+#include "session/Session.h"
+
+namespace {
+
+void Take(const Surroundings& surroundings) {
+    SetPrompts(surroundings.Boxes);
+    SetDesktop(surroundings.Desktop);
+    SetPrintTarget(surroundings.Paper);
+    SetProgramFolder(surroundings.ProgramFolder);
+    SetToday(surroundings.Today);
+    SetEndProcess(surroundings.End);
+}
+
+} // namespace
+
+ProgramRun::ProgramRun(const Surroundings& surroundings) {
+    Take(surroundings);
+    ResetSession();
+}
+
+ProgramRun::~ProgramRun() {
+    ResetSession();
+    ChartEditors.SetMaker({});
+    ChartViewers.SetMaker({});
+    WeeklyReview = {};
+    Take({});
+}

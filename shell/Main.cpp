@@ -1,8 +1,0 @@
-#include "shell/RunProgram.h"
-
-#include <QApplication>
-
-int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    return RunProgram(application);
-}

@@ -1,0 +1,436 @@
+#include "help/HelpWindow.h"
+#include "help/HelpPage.h"
+#include "tests/common/FormTest.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QApplication>
+#include <QFile>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QScrollBar>
+#include <QTest>
+#include <QTreeWidget>
+
+namespace {
+
+/// Three pages; the second is too long for a window.
+QByteArray SmallBook() {
+    QByteArray book = "<html><head><style>h1 { color: #0b5f5c; }</style></head><body>"
+                      "<h1 id=\"apples\">Apples &amp; more</h1><p>Red apples, ripe pears. "
+                      "<a href=\"#cherries\">Cherries</a> <a href=\"#deep\">Deep</a> "
+                      "<a href=\"#nowhere\">Nowhere</a></p>"
+                      "<h1 id=\"pears\">Pears</h1><p>A pear is no apple.</p>";
+    for (int line = 0; line < 80; ++line)
+        book += "<p>Leaves.</p>";
+    book += "<h2 id=\"deep\">Deep down</h2><p>The last pear.</p>"
+            "<h1 id=\"cherries\">Cherries</h1><p>Red and sweet.<img src=\"wide.png\"></p>"
+            "</body></html>";
+    return book;
+}
+
+class HelpWindowTest : public FormTest {
+protected:
+    HelpWindowTest() { Write(SmallBook()); }
+
+    void Write(const QByteArray& book) {
+        QFile file(bookFile);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(book);
+    }
+
+    void Open() {
+        window.Open(bookFile);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        Settle();
+    }
+
+    HelpPage& Page() { return Find<HelpPage>(window, QStringLiteral("Page")); }
+    QTreeWidget& Contents() { return Find<QTreeWidget>(window, QStringLiteral("Contents")); }
+    QLineEdit& SearchText() { return Find<QLineEdit>(window, QStringLiteral("SearchText")); }
+    QAbstractButton& Button(const char* name) {
+        return Find<QAbstractButton>(window, QString::fromLatin1(name));
+    }
+    QString Title() { return window.windowTitle().section(QStringLiteral(" - "), 0, 0); }
+
+    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(window.windowHandle(), key, modifiers);
+        Settle();
+    }
+
+    void SearchFor(const char* words) {
+        Key(Qt::Key_F, Qt::ControlModifier);
+        Type(SearchText(), QString::fromLatin1(words));
+        Settle();
+    }
+
+    QStringList FoundPages() {
+        QStringList pages;
+        const auto& list = Find<QListWidget>(window, QStringLiteral("Results"));
+        for (int row = 0; row < list.count(); ++row)
+            pages += list.item(row)->text();
+        return pages;
+    }
+
+    QString FoundText() { return Find<QLabel>(window, QStringLiteral("Found")).text(); }
+    bool ShowsResults() { return Find<QWidget>(window, QStringLiteral("FoundPages")).isVisible(); }
+
+    /// The text from the current place on: where the last hit gone to begins.
+    QString TextAtHit(int length) {
+        return Page().toPlainText().mid(Page().textCursor().position(), length);
+    }
+
+    QString bookFile = Path(QStringLiteral("HelpFile/Small.hlp"));
+    HelpWindow window;
+};
+
+TEST_F(HelpWindowTest, OpensAtTheFirstPageWithAllPagesAndSectionsInTheContents) {
+    Open();
+    EXPECT_EQ(Title(), QStringLiteral("Apples & more"));
+    EXPECT_TRUE(Page().toPlainText().contains(QStringLiteral("ripe pears")));
+    EXPECT_FALSE(Page().toPlainText().contains(QStringLiteral("no apple"))); // another page
+    ASSERT_EQ(Contents().topLevelItemCount(), 3);
+    EXPECT_EQ(Contents().topLevelItem(0)->text(0), QStringLiteral("Apples & more"));
+    ASSERT_EQ(Contents().topLevelItem(1)->childCount(), 1);
+    EXPECT_EQ(Contents().topLevelItem(1)->child(0)->text(0), QStringLiteral("Deep down"));
+    EXPECT_EQ(Contents().currentItem(), Contents().topLevelItem(0));
+    EXPECT_TRUE(Contents().hasFocus());
+    EXPECT_FALSE(ShowsResults());
+}
+
+TEST_F(HelpWindowTest, KeysInTheContentsGoToPagesAndSections) {
+    Open();
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Title(), QStringLiteral("Pears"));
+    EXPECT_EQ(Page().verticalScrollBar()->value(), 0);
+    Key(Qt::Key_Down); // the page's own sections come next
+    EXPECT_EQ(Title(), QStringLiteral("Pears"));
+    EXPECT_EQ(Contents().currentItem()->text(0), QStringLiteral("Deep down"));
+    EXPECT_GT(Page().verticalScrollBar()->value(), 100);
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Title(), QStringLiteral("Cherries"));
+}
+
+TEST_F(HelpWindowTest, AClickInTheContentsGoesBackToTheTopOfThePageShown) {
+    Open();
+    const auto click = [this](const QTreeWidgetItem& entry) {
+        QTest::mouseClick(Contents().viewport(), Qt::LeftButton, {},
+                          Contents().visualItemRect(&entry).center());
+        Settle();
+    };
+    click(*Contents().topLevelItem(1));
+    EXPECT_EQ(Title(), QStringLiteral("Pears"));
+    Page().verticalScrollBar()->setValue(300);
+    click(*Contents().topLevelItem(1));
+    EXPECT_EQ(Page().verticalScrollBar()->value(), 0);
+}
+
+TEST_F(HelpWindowTest, LinksGoToPagesAndSectionsAndUnknownOnesNowhere) {
+    Open();
+    emit Page().anchorClicked(QUrl(QStringLiteral("help:apples#nowhere")));
+    EXPECT_EQ(Title(), QStringLiteral("Apples & more"));
+    EXPECT_FALSE(Button("Back").isEnabled());
+    // The keyboard's way: to the first link, and there.
+    Page().setFocus();
+    Key(Qt::Key_Tab);
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Title(), QStringLiteral("Cherries"));
+    EXPECT_EQ(Contents().currentItem()->text(0), QStringLiteral("Cherries"));
+    emit Page().anchorClicked(QUrl(QStringLiteral("help:cherries#deep")));
+    EXPECT_EQ(Title(), QStringLiteral("Pears"));
+    EXPECT_EQ(Contents().currentItem()->text(0), QStringLiteral("Deep down"));
+    EXPECT_GT(Page().verticalScrollBar()->value(), 100);
+}
+
+TEST_F(HelpWindowTest, BackForwardAndFirstPageByButtonsAndKeys) {
+    Open();
+    EXPECT_FALSE(Button("Back").isEnabled());
+    EXPECT_FALSE(Button("Forward").isEnabled());
+    Page().GoTo(QStringLiteral("pears"));
+    Page().verticalScrollBar()->setValue(200);
+    Page().GoTo(QStringLiteral("cherries"));
+
+    Click(Button("Back"));
+    EXPECT_EQ(Title(), QStringLiteral("Pears"));
+    EXPECT_EQ(Page().verticalScrollBar()->value(), 200); // where it was left
+    EXPECT_EQ(Contents().currentItem()->text(0), QStringLiteral("Pears"));
+    Key(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(Title(), QStringLiteral("Apples & more"));
+    EXPECT_FALSE(Button("Back").isEnabled());
+    Key(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(Title(), QStringLiteral("Apples & more"));
+
+    Key(Qt::Key_Right, Qt::AltModifier);
+    EXPECT_EQ(Title(), QStringLiteral("Pears"));
+    Click(Button("Forward"));
+    EXPECT_EQ(Title(), QStringLiteral("Cherries"));
+    EXPECT_FALSE(Button("Forward").isEnabled());
+    Key(Qt::Key_Home, Qt::AltModifier);
+    EXPECT_EQ(Title(), QStringLiteral("Apples & more"));
+    EXPECT_TRUE(Button("Back").isEnabled());
+    Page().GoTo(QStringLiteral("pears"));
+    Click(Button("Home"));
+    EXPECT_EQ(Title(), QStringLiteral("Apples & more"));
+}
+
+TEST_F(HelpWindowTest, ASearchListsThePagesThatHoldAllWordsInAnyCase) {
+    Open();
+    SearchFor("PEAR");
+    EXPECT_EQ(FoundPages(),
+              QStringList({QStringLiteral("Apples & more"), QStringLiteral("Pears")}));
+    EXPECT_EQ(FoundText(), QStringLiteral("2 pages found"));
+    SearchFor("  sweet, red! ");
+    EXPECT_EQ(FoundPages(), QStringList({QStringLiteral("Cherries")}));
+    EXPECT_EQ(FoundText(), QStringLiteral("1 page found"));
+    SearchFor("sweet pear");
+    EXPECT_EQ(FoundPages(), QStringList());
+    EXPECT_EQ(FoundText(), QStringLiteral("No page has all these words."));
+    EXPECT_FALSE(Button("NextHit").isEnabled());
+    Key(Qt::Key_F3);
+    EXPECT_EQ(Title(), QStringLiteral("Apples & more"));
+    SearchFor("style"); // not what is written for the computer
+    EXPECT_EQ(FoundPages(), QStringList());
+}
+
+TEST_F(HelpWindowTest, BlanksAndMarksAloneAreNoSearch) {
+    Open();
+    SearchFor("pear");
+    EXPECT_TRUE(ShowsResults());
+    SearchFor("  ");
+    EXPECT_FALSE(ShowsResults());
+    SearchFor("\"?");
+    EXPECT_FALSE(ShowsResults());
+    EXPECT_TRUE(Page().extraSelections().isEmpty());
+}
+
+TEST_F(HelpWindowTest, EnterAndF3GoFromHitToHitThroughAllPagesFoundAndRound) {
+    Open();
+    SearchFor("pear");
+    EXPECT_EQ(Page().extraSelections().size(), 1); // marked before it is gone to
+    EXPECT_EQ(Page().Hit(), -1);
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Title(), QStringLiteral("Apples & more"));
+    EXPECT_EQ(TextAtHit(5), QStringLiteral("pears"));
+    Key(Qt::Key_F3);
+    EXPECT_EQ(Title(), QStringLiteral("Pears"));
+    EXPECT_EQ(Page().extraSelections().size(), 3);
+    EXPECT_EQ(TextAtHit(5), QStringLiteral("Pears")); // the heading
+    Key(Qt::Key_F3);
+    EXPECT_EQ(TextAtHit(7), QStringLiteral("pear is"));
+    Click(Button("NextHit"));
+    EXPECT_EQ(TextAtHit(5), QStringLiteral("pear."));
+    EXPECT_GT(Page().verticalScrollBar()->value(), 100);
+    Key(Qt::Key_F3);
+    EXPECT_EQ(Title(), QStringLiteral("Apples & more"));
+    EXPECT_EQ(TextAtHit(5), QStringLiteral("pears"));
+    Key(Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_EQ(Title(), QStringLiteral("Pears"));
+    EXPECT_EQ(TextAtHit(5), QStringLiteral("pear."));
+    Key(Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_EQ(TextAtHit(7), QStringLiteral("pear is"));
+}
+
+TEST_F(HelpWindowTest, F3FromAPageWithoutTheWordsGoesToTheFirstThatHasThem) {
+    Open();
+    SearchFor("sweet");
+    Key(Qt::Key_F3);
+    EXPECT_EQ(Title(), QStringLiteral("Cherries"));
+    EXPECT_EQ(TextAtHit(5), QStringLiteral("sweet"));
+    Key(Qt::Key_F3); // the only hit there is
+    EXPECT_EQ(TextAtHit(5), QStringLiteral("sweet"));
+}
+
+TEST_F(HelpWindowTest, APageFoundOpensAtItsFirstHit) {
+    Open();
+    SearchFor("last pear");
+    ClickRow(Find(window, QStringLiteral("Results")), 0);
+    EXPECT_EQ(Title(), QStringLiteral("Pears"));
+    EXPECT_EQ(TextAtHit(5), QStringLiteral("Pears"));
+    EXPECT_TRUE(ShowsResults()); // the list stays
+    Shoot(window, QStringLiteral("help-search"));
+}
+
+TEST_F(HelpWindowTest, CtrlFGoesToTheSearchAndTakesItsTextForTheNextOne) {
+    Open();
+    SearchFor("pear");
+    Page().setFocus();
+    Key(Qt::Key_F, Qt::ControlModifier);
+    EXPECT_TRUE(SearchText().hasFocus());
+    EXPECT_EQ(SearchText().selectedText(), QStringLiteral("pear"));
+}
+
+TEST_F(HelpWindowTest, EscapeClosesAndTheNextTimeItBeginsAfresh) {
+    Open();
+    Page().GoTo(QStringLiteral("cherries"));
+    SearchFor("pear");
+    Key(Qt::Key_Escape);
+    EXPECT_FALSE(window.isVisible());
+    Open();
+    EXPECT_EQ(Title(), QStringLiteral("Apples & more"));
+    EXPECT_EQ(SearchText().text(), QString());
+    EXPECT_FALSE(ShowsResults());
+    EXPECT_FALSE(Button("Back").isEnabled());
+    Click(Button("CloseHelp"));
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(HelpWindowTest, AskingForHelpWhileItIsOpenKeepsThePageBeingRead) {
+    Open();
+    Page().GoTo(QStringLiteral("cherries"));
+    window.showMinimized();
+    Settle();
+    Open();
+    EXPECT_FALSE(window.isMinimized());
+    EXPECT_EQ(Title(), QStringLiteral("Cherries"));
+}
+
+TEST_F(HelpWindowTest, LettersGrowAndShrinkWithinReasonAndPagesKeepTheSize) {
+    Open();
+    const qreal first = Page().font().pointSizeF();
+    Key(Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_EQ(Page().font().pointSizeF(), first + 1);
+    const qreal high = Page().document()->size().height();
+    Key(Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(Page().font().pointSizeF(), first);
+    EXPECT_LT(Page().document()->size().height(), high);
+    Click(Button("Smaller"));
+    EXPECT_EQ(Page().font().pointSizeF(), first - 1);
+    Click(Button("Larger"));
+    Key(Qt::Key_Equal, Qt::ControlModifier);
+    EXPECT_EQ(Page().font().pointSizeF(), first + 1);
+    Page().GoTo(QStringLiteral("pears"));
+    EXPECT_EQ(Page().font().pointSizeF(), first + 1);
+    for (int step = 0; step < 60; ++step)
+        Page().ChangeTextSize(-1);
+    EXPECT_GE(Page().font().pointSizeF(), 6);
+    for (int step = 0; step < 90; ++step)
+        Page().ChangeTextSize(1);
+    EXPECT_LE(Page().font().pointSizeF(), 30);
+}
+
+TEST_F(HelpWindowTest, AMissingFileIsSaidInTheWindow) {
+    window.Open(Path(QStringLiteral("HelpFile/None & <b>.hlp")));
+    Settle();
+    EXPECT_EQ(Title(), QStringLiteral("There is no help"));
+    const QString text = Page().toPlainText();
+    EXPECT_TRUE(text.contains(QStringLiteral("The help file cannot be found.")))
+        << text.toStdString();
+    EXPECT_TRUE(text.contains(QStringLiteral("None & <b>.hlp")));
+    EXPECT_EQ(Contents().topLevelItemCount(), 1);
+    SearchFor("pear");
+    EXPECT_EQ(FoundPages(), QStringList());
+}
+
+TEST_F(HelpWindowTest, EmptyAndDamagedFilesAreSaidInTheWindow) {
+    QByteArray noise;
+    for (int byte = 0; byte < 200000; ++byte)
+        noise += static_cast<char>((byte * 37 + byte / 13) % 256);
+    for (const QByteArray& damaged : {QByteArray(), QByteArray("<html><body><h1>"), noise,
+                                      QByteArray("plain words"), QByteArray(5000, '\0')}) {
+        Write(damaged);
+        Open();
+        EXPECT_TRUE(
+            Page().toPlainText().contains(QStringLiteral("The help file is empty or damaged.")))
+            << damaged.left(40).toStdString();
+        window.close();
+    }
+}
+
+TEST_F(HelpWindowTest, OfAFileCutOffWhatIsLeftIsShown) {
+    for (const qsizetype length : {150, 400, 1000}) {
+        Write(SmallBook().left(length));
+        Open();
+        EXPECT_EQ(Title(), QStringLiteral("Apples & more")) << length;
+        emit Page().anchorClicked(QUrl(QStringLiteral("help:apples#cherries"))); // cut off
+        EXPECT_EQ(Title(), QStringLiteral("Apples & more")) << length;
+        window.close();
+    }
+}
+
+TEST_F(HelpWindowTest, APageWithoutAnIdCanStillBeGoneTo) {
+    Write("<h1>One</h1>first<h2>part</h2><h1>Two</h1>second");
+    Open();
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Title(), QStringLiteral("Two"));
+    EXPECT_TRUE(Page().toPlainText().contains(QStringLiteral("second")));
+}
+
+TEST_F(HelpWindowTest, PicturesFitTheWindowAndMissingOnesShowNothing) {
+    Open();
+    Page().GoTo(QStringLiteral("cherries")); // its picture is not there
+    EXPECT_TRUE(Page().toPlainText().contains(QStringLiteral("sweet")));
+
+    QImage wide(2000, 100, QImage::Format_RGB32);
+    wide.fill(Qt::blue);
+    ASSERT_TRUE(wide.save(Path(QStringLiteral("HelpFile/wide.png"))));
+    window.close();
+    Open();
+    window.resize(900, 600);
+    Settle();
+    Page().GoTo(QStringLiteral("cherries"));
+    const auto widthOfPage = [this] { return Page().document()->size().width(); };
+    EXPECT_LE(widthOfPage(), Page().viewport()->width());
+    window.resize(640, 600);
+    Settle();
+    EXPECT_LE(widthOfPage(), Page().viewport()->width());
+    EXPECT_FALSE(Page().horizontalScrollBar()->isVisible());
+}
+
+TEST_F(HelpWindowTest, EveryControlHasANameAndTabFollowsTheEye) {
+    Open();
+    const QStringList order = {QStringLiteral("Home"),       QStringLiteral("Smaller"),
+                               QStringLiteral("Larger"),     QStringLiteral("CloseHelp"),
+                               QStringLiteral("SearchText"), QStringLiteral("Contents"),
+                               QStringLiteral("Page")};
+    Button("Home").setFocus();
+    QStringList visited;
+    for (qsizetype stop = 0; stop < order.size(); ++stop) {
+        const QWidget* control = QApplication::focusWidget();
+        ASSERT_NE(control, nullptr);
+        visited += control->objectName();
+        QAccessibleInterface* reader =
+            QAccessible::queryAccessibleInterface(const_cast<QWidget*>(control));
+        EXPECT_FALSE(reader->text(QAccessible::Name).isEmpty()) << visited.last().toStdString();
+        Key(Qt::Key_Tab);
+    }
+    EXPECT_EQ(visited, order);
+    const QAccessibleInterface* search = QAccessible::queryAccessibleInterface(&SearchText());
+    EXPECT_EQ(search->text(QAccessible::Name), QStringLiteral("Search for:"));
+}
+
+/// A form that counts how often it comes to the front.
+class CountingForm : public FormWidget {
+public:
+    CountingForm() : FormWidget(Place::TopLevel) { resize(200, 100); }
+    int Activations = 0;
+
+protected:
+    void Activate() override { ++Activations; }
+};
+
+TEST_F(HelpWindowTest, GoingToTheHelpAndBackIsNoReturnToAForm) {
+    auto* form = new CountingForm;
+    form->Show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form));
+    Settle();
+    EXPECT_EQ(form->Activations, 1);
+    Open();
+    Page().GoTo(QStringLiteral("pears"));
+    Settle();
+    form->raise();
+    form->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form)); // it stays usable beside the help
+    Settle();
+    EXPECT_EQ(form->Activations, 1);
+    EXPECT_TRUE(window.isVisible());
+    Open();
+    Key(Qt::Key_Escape);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form));
+    Settle();
+    EXPECT_EQ(form->Activations, 1);
+    form->Unload();
+}
+
+} // namespace

@@ -1,0 +1,103 @@
+#include "platform/desktop/MotionSetting.h"
+#include "tests/common/FormTest.h"
+
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusServer>
+#include <QDBusVirtualObject>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A portal on a connection of its own.
+class FakePortal : public QDBusVirtualObject {
+public:
+    PortalSettings Settings;
+    QStringList Asked;
+
+    QString introspect(const QString&) const override { return {}; }
+    bool handleMessage(const QDBusMessage& question, const QDBusConnection& peer) override {
+        EXPECT_EQ(question.interface() + QLatin1Char('.') + question.member(),
+                  QStringLiteral("org.freedesktop.portal.Settings.ReadAll"));
+        Asked = question.arguments().value(0).toStringList();
+        return peer.send(question.createReply(QVariant::fromValue(Settings)));
+    }
+};
+
+const QString Gnome = QStringLiteral("org.gnome.desktop.interface");
+const QString Plasma = QStringLiteral("org.kde.kdeglobals.KDE");
+const QString Common = QStringLiteral("org.freedesktop.appearance");
+
+class MotionSettingTest : public FormTest {
+protected:
+    MotionSettingTest() : setting(QDBusConnection(QString())) {}
+
+    void Write(const QString& file, const QByteArray& text) const {
+        const QString path = Path(QStringLiteral("config/") + file);
+        QDir().mkpath(QFileInfo(path).path());
+        QFile out(path);
+        ASSERT_TRUE(out.open(QIODevice::WriteOnly));
+        out.write(text);
+    }
+
+    MotionSetting setting;
+};
+
+TEST_F(MotionSettingTest, ADesktopThatSaysNothingMoves) {
+    EXPECT_FALSE(setting.WantsLess());
+    EXPECT_FALSE(AskForLessMotion({}));
+}
+
+TEST_F(MotionSettingTest, GtksSettingsFileTurnsMotionOff) {
+    Write(QStringLiteral("gtk-3.0/settings.ini"), "[Settings]\ngtk-enable-animations=0\n");
+    EXPECT_TRUE(setting.WantsLess());
+    Write(QStringLiteral("gtk-4.0/settings.ini"), "[Settings]\ngtk-enable-animations=true\n");
+    EXPECT_FALSE(setting.WantsLess()) << "the newer file counts";
+}
+
+TEST_F(MotionSettingTest, PlasmasFileTurnsMotionOffAtSpeedZeroOnly) {
+    Write(QStringLiteral("kdeglobals"), "[KDE]\nAnimationDurationFactor=0.5\n");
+    EXPECT_FALSE(setting.WantsLess());
+    Write(QStringLiteral("kdeglobals"), "[General]\nName=x\n\n[KDE]\nAnimationDurationFactor=0\n");
+    EXPECT_TRUE(MotionSetting(QDBusConnection(QString())).WantsLess());
+}
+
+TEST_F(MotionSettingTest, ThePortalsWordsOfEachDesktopAreUnderstood) {
+    const QString animations = QStringLiteral("enable-animations");
+    const QString factor = QStringLiteral("AnimationDurationFactor");
+    const QString reduced = QStringLiteral("reduced-motion");
+    EXPECT_TRUE(AskForLessMotion({{Gnome, {{animations, false}}}}));
+    EXPECT_FALSE(AskForLessMotion({{Gnome, {{animations, true}}}}));
+    EXPECT_TRUE(AskForLessMotion({{Plasma, {{factor, QStringLiteral("0")}}}}));
+    EXPECT_TRUE(AskForLessMotion({{Plasma, {{factor, 0.0}}}}));
+    EXPECT_FALSE(AskForLessMotion({{Plasma, {{factor, QStringLiteral("0.25")}}}}));
+    EXPECT_FALSE(AskForLessMotion({{Plasma, {{factor, QString()}}}}));
+    EXPECT_TRUE(AskForLessMotion({{Common, {{reduced, 1U}}}}));
+    EXPECT_FALSE(AskForLessMotion({{Common, {{reduced, 0U}}}}));
+}
+
+TEST_F(MotionSettingTest, ThePortalsAnswerCountsOnceItIsThereAndFollowsTheDesktop) {
+    qDBusRegisterMetaType<PortalSettings>();
+    FakePortal portal;
+    portal.Settings = {{Gnome, {{QStringLiteral("enable-animations"), false}}}};
+    QDBusServer server(QStringLiteral("unix:tmpdir=/tmp"));
+    ASSERT_TRUE(server.isConnected()) << qPrintable(server.lastError().message());
+    server.setAnonymousAuthenticationAllowed(true);
+    QObject::connect(&server, &QDBusServer::newConnection, &server, [&](QDBusConnection peer) {
+        peer.registerVirtualObject(QStringLiteral("/org/freedesktop/portal/desktop"), &portal);
+    });
+    MotionSetting asking(
+        QDBusConnection::connectToPeer(server.address(), QStringLiteral("motion")));
+    EXPECT_FALSE(asking.WantsLess()) << "nobody waits for the portal";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return asking.WantsLess(); }, 3000));
+    EXPECT_EQ(portal.Asked, (QStringList{Gnome, Plasma, Common}));
+    portal.Settings[Gnome][QStringLiteral("enable-animations")] = true;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !asking.WantsLess(); }, 3000));
+    QDBusConnection::disconnectFromPeer(QStringLiteral("motion"));
+}
+
+} // namespace

@@ -1,0 +1,45 @@
+#include "platform/desktop/SystemProgress.h"
+#include "platform/runtime/Progress.h"
+#include "tests/common/FormTest.h"
+
+#include <QProgressDialog>
+#include <QTest>
+
+namespace {
+
+const QString Work = QStringLiteral("Your Dutygrids are moved into a faster file...");
+
+QProgressDialog* ShownWindow() {
+    for (QWidget* widget : QApplication::topLevelWidgets())
+        if (auto* window = qobject_cast<QProgressDialog*>(widget);
+            window != nullptr && window->isVisible())
+            return window;
+    return nullptr;
+}
+
+class SystemProgressTest : public FormTest {};
+
+TEST_F(SystemProgressTest, ShowsWorkThatTakesLongerThanASecondUntilItIsDone) {
+    const SystemProgress progress;
+    ReportProgress(Work, 100, 6000);
+    EXPECT_EQ(ShownWindow(), nullptr) << "at once";
+    QTest::qWait(1'100);
+    ReportProgress(Work, 200, 6000);
+    QProgressDialog* window = ShownWindow();
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->labelText(), Work);
+    EXPECT_EQ(window->value(), 200);
+    EXPECT_EQ(window->maximum(), 6000);
+    EXPECT_TRUE(window->findChildren<QPushButton*>().isEmpty()) << "it cannot be broken off";
+    Shoot(*window, QStringLiteral("progress"));
+    ReportProgress(Work, 6000, 6000);
+    EXPECT_EQ(ShownWindow(), nullptr);
+}
+
+TEST_F(SystemProgressTest, NobodyIsToldOnceItHasGone) {
+    { const SystemProgress progress; }
+    ReportProgress(Work, 1, 2);
+    EXPECT_EQ(ShownWindow(), nullptr);
+}
+
+} // namespace

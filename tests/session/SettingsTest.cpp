@@ -1,0 +1,298 @@
+#include "session/Settings.h"
+
+#include "tests/shell/ShellTest.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRadioButton>
+
+namespace {
+
+class SettingsTest : public ShellTest {
+protected:
+    /// The number of the error that ReadSettings raises, which must end the run.
+    static int FatalErrorOfReading() {
+        try {
+            ReadSettings();
+        } catch (const RuntimeError& error) {
+            EXPECT_TRUE(error.EndsRun());
+            return error.Number();
+        }
+        return 0;
+    }
+
+    static bool Selected(const QString& option) {
+        return Find<QRadioButton>(Default<LogIn>(), option).isChecked();
+    }
+
+    static constexpr qint32 Color = 255 + 256 * 128;
+};
+
+TEST_F(SettingsTest, FileHasFiveLinesWithBlanksAroundNumbersAndCrLf) {
+    SeeOtherAccounts = 1;
+    BackgroundPicture = QStringLiteral("/home/kim/My pictures/sea.png");
+    SchoolFlag = 0;
+    SoundOn = 1;
+    MainWindow().SetBackColor(16711680);
+    WriteSettings();
+    EXPECT_EQ(SettingsBytes(),
+              " 1 \r\n/home/kim/My pictures/sea.png\r\n 16711680 \r\n 0 \r\n 1 \r\n");
+}
+
+TEST_F(SettingsTest, NoPictureIsAnEmptyLine) {
+    MainWindow().SetBackColor(0);
+    WriteSettings();
+    EXPECT_EQ(SettingsBytes(), " 0 \r\n\r\n 0 \r\n 0 \r\n 0 \r\n");
+}
+
+TEST_F(SettingsTest, ThirdLineIsTheWindowsColorNotTheVariable) {
+    BackgroundColor = 17;
+    MainWindow().SetBackColor(Color);
+    WriteSettings();
+    EXPECT_EQ(SettingsLines().at(2), QStringLiteral(" %1 ").arg(Color));
+}
+
+TEST_F(SettingsTest, WrittenFileIsReadBack) {
+    const QString picture = PictureFile(QStringLiteral("sea picture.png"));
+    SeeOtherAccounts = 1;
+    BackgroundPicture = picture;
+    SoundOn = 1;
+    MainWindow().SetBackColor(Color);
+    WriteSettings();
+
+    SeeOtherAccounts = 0;
+    BackgroundPicture.clear();
+    SoundOn = 0;
+    MainWindow().SetBackColor(1);
+    ReadSettings();
+    EXPECT_EQ(SeeOtherAccounts, 1);
+    EXPECT_EQ(BackgroundPicture, picture);
+    EXPECT_EQ(BackgroundColor, Color);
+    EXPECT_EQ(SoundOn, 1);
+    EXPECT_EQ(MainWindow().BackColor(), Color);
+    EXPECT_EQ(MainWindow().Picture().size(), QSize(24, 24));
+}
+
+TEST_F(SettingsTest, ReadingBringsUpMainWindowAndLogInHidden) {
+    ASSERT_EQ(ExistingForm(QStringLiteral("MainForm")), nullptr);
+    ASSERT_EQ(ExistingForm(QStringLiteral("LogIn")), nullptr);
+    ReadSettings();
+    ASSERT_NE(ExistingForm(QStringLiteral("MainForm")), nullptr);
+    ASSERT_NE(ExistingForm(QStringLiteral("LogIn")), nullptr);
+    EXPECT_FALSE(IsShown(QStringLiteral("MainForm")));
+    EXPECT_FALSE(IsShown(QStringLiteral("LogIn")));
+}
+
+TEST_F(SettingsTest, HomeVersionIsReadWithoutWriting) {
+    PutSettings(false, Color);
+    const QByteArray before = SettingsBytes();
+    ReadSettings();
+    EXPECT_EQ(SchoolMode, 0);
+    EXPECT_EQ(SchoolFlag, 0);
+    EXPECT_TRUE(Selected(QStringLiteral("ForHome")));
+    EXPECT_FALSE(Selected(QStringLiteral("ForSchool")));
+    EXPECT_EQ(Teachers().Heading(), QStringLiteral("Parents"));
+    EXPECT_EQ(SettingsBytes(), before);
+}
+
+TEST_F(SettingsTest, AnyOtherFlagThanZeroMeansSchool) {
+    for (const char* flag : {" 1 ", "-1 ", " 5 "}) {
+        SCOPED_TRACE(flag);
+        DropDefaultForms();
+        PutSettings({QStringLiteral(" 0 "), QString(), QStringLiteral(" 0 "),
+                     QString::fromLatin1(flag), QStringLiteral(" 1 ")});
+        ReadSettings();
+        EXPECT_EQ(SchoolMode, -1);
+        EXPECT_TRUE(Selected(QStringLiteral("ForSchool")));
+        EXPECT_FALSE(Selected(QStringLiteral("ForHome")));
+        EXPECT_EQ(Teachers().Heading(), QStringLiteral("Teachers"));
+        EXPECT_EQ(Students().Heading(), QStringLiteral("Sparkits"));
+    }
+}
+
+TEST_F(SettingsTest, SchoolVersionSwapsTheStoredColorAtEachFreshLogInForm) {
+    PutSettings(true, Color);
+    const qint32 designed = MainWindow().BackColor();
+    ASSERT_NE(designed, Color);
+
+    // The start: the log-in form has just been loaded.
+    ReadSettings();
+    EXPECT_EQ(SettingsLines().at(2), QStringLiteral(" %1 ").arg(designed));
+    EXPECT_EQ(MainWindow().BackColor(), Color);
+    EXPECT_EQ(BackgroundColor, Color);
+
+    // After the log-in: the form was unloaded and is loaded again.
+    EXPECT_TRUE(Default<LogIn>().Unload());
+    ReadSettings();
+    EXPECT_EQ(SettingsLines().at(2), QStringLiteral(" %1 ").arg(Color));
+    EXPECT_EQ(MainWindow().BackColor(), designed);
+    EXPECT_EQ(BackgroundColor, designed);
+
+    // The account view: the form is still there, hidden.
+    ReadSettings();
+    EXPECT_EQ(SettingsLines().at(2), QStringLiteral(" %1 ").arg(Color));
+    EXPECT_EQ(MainWindow().BackColor(), Color);
+    EXPECT_EQ(BackgroundColor, Color);
+}
+
+TEST_F(SettingsTest, SchoolVersionKeepsTheOtherLinesWhileItRewritesTheFile) {
+    const QString picture = PictureFile();
+    PutSettings({QStringLiteral(" 1 "), picture, QStringLiteral(" 255 "), QStringLiteral(" 1 "),
+                 QStringLiteral(" 2 ")});
+    ReadSettings();
+    const QStringList lines = SettingsLines();
+    ASSERT_EQ(lines.size(), 5);
+    EXPECT_EQ(lines.at(0), QStringLiteral(" 1 "));
+    EXPECT_EQ(lines.at(1), picture);
+    EXPECT_EQ(lines.at(3), QStringLiteral(" 1 "));
+    EXPECT_EQ(lines.at(4), QStringLiteral(" 2 "));
+}
+
+TEST_F(SettingsTest, LogInFormWithTheSchoolVersionGoesBackToHome) {
+    PutSettings(true, Color);
+    ReadSettings();
+    PutSettings(false, Color);
+    ReadSettings();
+    EXPECT_EQ(SchoolMode, 0);
+    EXPECT_TRUE(Selected(QStringLiteral("ForHome")));
+    EXPECT_EQ(Teachers().Heading(), QStringLiteral("Parents"));
+}
+
+TEST_F(SettingsTest, OnlyOneGivesTheSoundItsCheckMark) {
+    for (const char* sound : {"0", "2", "-1"}) {
+        SCOPED_TRACE(sound);
+        MainWindow().SetSoundMark(true);
+        PutSettings({QStringLiteral("0"), QString(), QStringLiteral("0"), QStringLiteral("0"),
+                     QString::fromLatin1(sound)});
+        ReadSettings();
+        EXPECT_FALSE(MainWindow().SoundMark());
+        EXPECT_EQ(SoundOn, QString::fromLatin1(sound).toShort());
+    }
+    PutSettings(false, 0);
+    ReadSettings();
+    EXPECT_TRUE(MainWindow().SoundMark());
+}
+
+TEST_F(SettingsTest, SoundStoredAsTwoStaysTwoUntilTheSwitchIsUsed) {
+    PutSettings({QStringLiteral("0"), QString(), QStringLiteral("0"), QStringLiteral("0"),
+                 QStringLiteral("2")});
+    ReadSettings();
+    WriteSettings();
+    EXPECT_EQ(SettingsLines().at(4), QStringLiteral(" 2 "));
+    Choose(QLatin1String("SoundOnOff"));
+    EXPECT_TRUE(MainWindow().SoundMark());
+    EXPECT_EQ(SettingsLines().at(4), QStringLiteral(" 1 "));
+}
+
+TEST_F(SettingsTest, EmptyPathClearsThePicture) {
+    MainWindow().SetPicture(QImage(PictureFile()));
+    ASSERT_FALSE(MainWindow().Picture().isNull());
+    PutSettings(false, Color);
+    ReadSettings();
+    EXPECT_TRUE(MainWindow().Picture().isNull());
+}
+
+TEST_F(SettingsTest, PathWithACommaIsCutThereAndTheLinesBehindShiftByOne) {
+    // "back" is a picture; the path stored goes on with a comma and a number.
+    const QString cut = Path(QStringLiteral("back"));
+    ASSERT_TRUE(QFile::copy(PictureFile(), cut));
+    for (const qint16 version : {qint16{1}, qint16{0}}) {
+        SCOPED_TRACE(version);
+        DropDefaultForms();
+        BackgroundPicture = cut + QStringLiteral(",77");
+        SchoolFlag = version;
+        SoundOn = version == 0 ? 1 : 0;
+        MainWindow().SetBackColor(5);
+        WriteSettings();
+        ReadSettings();
+        EXPECT_EQ(BackgroundPicture, cut);
+        EXPECT_EQ(BackgroundColor, 77);
+        EXPECT_EQ(MainWindow().BackColor(), 77);
+        // The colour's line is read as the version, the version's as the sound; the line of the
+        // sound is not read at all.
+        EXPECT_EQ(SchoolFlag, 1) << "written so by the option of the school version";
+        EXPECT_EQ(SchoolMode, -1);
+        EXPECT_EQ(SoundOn, version);
+        EXPECT_EQ(MainWindow().SoundMark(), version == 1);
+    }
+}
+
+TEST_F(SettingsTest, RestOfAPathBehindACommaThatIsNoNumberEndsTheRun) {
+    BackgroundPicture = QStringLiteral("/pictures/me, Kim.png");
+    WriteSettings();
+    EXPECT_EQ(FatalErrorOfReading(), 13);
+}
+
+TEST_F(SettingsTest, QuotedPathIsReadToTheClosingQuote) {
+    const QString picture = PictureFile(QStringLiteral("one, two.png"));
+    PutSettings({QStringLiteral("0"), QStringLiteral("\"%1\"").arg(picture), QStringLiteral("9"),
+                 QStringLiteral("0"), QStringLiteral("1")});
+    ReadSettings();
+    EXPECT_EQ(BackgroundPicture, picture);
+    EXPECT_EQ(BackgroundColor, 9);
+}
+
+TEST_F(SettingsTest, MissingFileEndsTheRun) {
+    ASSERT_TRUE(QFile::remove(Path(QStringLiteral("Settings/Settings.txt"))));
+    EXPECT_EQ(FatalErrorOfReading(), 53);
+    EXPECT_FALSE(QFile::exists(Path(QStringLiteral("Settings/Settings.txt"))));
+}
+
+TEST_F(SettingsTest, MissingFolderEndsTheRunAndIsNotMade) {
+    ASSERT_TRUE(QDir(Path(QStringLiteral("Settings"))).removeRecursively());
+    EXPECT_EQ(FatalErrorOfReading(), 76);
+    EXPECT_THROW(WriteSettings(), RuntimeError);
+    EXPECT_FALSE(QDir(Path(QStringLiteral("Settings"))).exists());
+}
+
+TEST_F(SettingsTest, ShortFileEndsTheRun) {
+    PutSettings({QStringLiteral("0"), QString(), QStringLiteral("0"), QStringLiteral("0")});
+    EXPECT_EQ(FatalErrorOfReading(), 62);
+}
+
+TEST_F(SettingsTest, TextWhereANumberBelongsEndsTheRun) {
+    PutSettings({QStringLiteral("yes"), QString(), QStringLiteral("0"), QStringLiteral("0"),
+                 QStringLiteral("0")});
+    EXPECT_EQ(FatalErrorOfReading(), 13);
+}
+
+TEST_F(SettingsTest, NumberBeyondSixteenBitsEndsTheRun) {
+    PutSettings({QStringLiteral("0"), QString(), QStringLiteral("70000"), QStringLiteral("0"),
+                 QStringLiteral("70000")});
+    EXPECT_EQ(FatalErrorOfReading(), 6);
+}
+
+TEST_F(SettingsTest, MissingBackgroundPictureEndsTheRunAfterTheColorHasBeenSet) {
+    PutSettings({QStringLiteral("0"), Path(QStringLiteral("gone.png")), QStringLiteral("123"),
+                 QStringLiteral("0"), QStringLiteral("0")});
+    EXPECT_EQ(FatalErrorOfReading(), 53);
+    EXPECT_EQ(MainWindow().BackColor(), 123);
+    EXPECT_TRUE(MainWindow().SoundMark()) << "the sound's mark comes after the picture";
+}
+
+TEST_F(SettingsTest, BackgroundPictureThatIsNoneEndsTheRun) {
+    PutSettings({QStringLiteral("0"), Path(QStringLiteral("Settings/Settings.txt")),
+                 QStringLiteral("0"), QStringLiteral("0"), QStringLiteral("0")});
+    EXPECT_EQ(FatalErrorOfReading(), 481);
+}
+
+TEST_F(SettingsTest, FaultOfTheWritingWithinTheReadingEndsTheRun) {
+    PutSettings(true, Color);
+    const QByteArray before = SettingsBytes();
+    MakeSettingsReadOnly();
+    EXPECT_EQ(FatalErrorOfReading(), 75);
+    EXPECT_EQ(SettingsBytes(), before);
+    EXPECT_NE(MainWindow().BackColor(), Color) << "the colour comes after the version";
+}
+
+TEST_F(SettingsTest, ReadingAgainLeavesTheSessionsAccountAlone) {
+    CurrentUser = QStringLiteral("Kim");
+    CurrentState = QStringLiteral("Student");
+    PutSettings(true, Color);
+    ReadSettings();
+    ReadSettings();
+    EXPECT_EQ(CurrentUser, QStringLiteral("Kim"));
+    EXPECT_EQ(CurrentState, QStringLiteral("Student"));
+}
+
+} // namespace

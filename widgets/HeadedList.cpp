@@ -1,0 +1,38 @@
+#include "widgets/HeadedList.h"
+
+#include <QHeaderView>
+#include <QTextDocument>
+
+ClickRules HeadedList::AccountRules() {
+    return {.Unselecting = Qt::AllButtons, .FirstKeyTakesRow = true};
+}
+
+HeadedList::HeadedList(QWidget* parent) : ClickView(parent, AccountRules()) {
+    setColumnCount(1);
+    setRootIsDecorated(false);
+    setUniformRowHeights(true);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setTextElideMode(Qt::ElideRight);
+    setTabKeyNavigation(false);
+    header()->setStretchLastSection(true);
+}
+
+void HeadedList::AddItem(const QString& text) {
+    auto* item = new QTreeWidgetItem(this, {text});
+    item->setToolTip(0, Qt::convertFromPlainText(text));
+    // Rows of two lines' height: children aim at them.
+    item->setSizeHint(0, QSize(0, fontMetrics().height() * 2));
+}
+
+QString HeadedList::SelectedName() const {
+    for (int row = 0; row < topLevelItemCount(); ++row)
+        if (topLevelItem(row)->isSelected())
+            return topLevelItem(row)->text(0);
+    return {};
+}
+
+void HeadedList::SetHeading(const QString& heading) {
+    headerItem()->setText(0, heading);
+    setAccessibleName(heading);
+}
