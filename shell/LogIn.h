@@ -38,6 +38,7 @@ private:
     };
 
     void FitToScreen();
+    void ListAccounts();
     void SetListHeaders();
     SelectedUser ReturnSelectedUser() const;
     void List_Click(qint16 list);

@@ -19,9 +19,30 @@
 #include "shell/session/Session.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QTimer>
 
 namespace {
+
+/// Gives the windows the program's icon as soon as one has been painted: to read the picture in all
+/// its sizes takes as long as to make the log-in.
+class IconAfterFirstPaint : public QObject {
+public:
+    explicit IconAfterFirstPaint(QApplication& application) : QObject(&application) {
+        application.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Paint && watched->isWidgetType()) {
+            qApp->removeEventFilter(this);
+            QTimer::singleShot(0, this, [this] {
+                QApplication::setWindowIcon(ProgramIcon());
+                deleteLater();
+            });
+        }
+        return false;
+    }
+};
 
 void Start() {
     RunAction([] {
@@ -34,12 +55,12 @@ void Start() {
 
 int RunProgram(QApplication& application) {
     QApplication::setApplicationName(QStringLiteral("Sparkit Dutygrid"));
-    QApplication::setWindowIcon(ProgramIcon());
     // Desktops look up the window's entry in their menus by it.
     QApplication::setDesktopFileName(QStringLiteral("example.sparkit_dutygrid.Dutygrid"));
     // Between two forms there may be no window for a moment; the forms themselves end the process.
     QApplication::setQuitOnLastWindowClosed(false);
     ApplyProgramStyle(application);
+    new IconAfterFirstPaint(application);
 
     SystemPrompts prompts;
     SystemDesktop desktop;
