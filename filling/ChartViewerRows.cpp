@@ -78,8 +78,12 @@ void ChartViewer::DesignRows() {
         WatchRow(*text, Points.Count());
         return text;
     });
-    design(AdultResponsable, QStringLiteral("AdultResponsable"), 0, 0,
-           [list] { return new QLabel(list); });
+    design(AdultResponsable, QStringLiteral("AdultResponsable"), 0, 0, [list] {
+        auto* label = new QLabel(list);
+        // Of a text of any other kind the toolkit makes a document, shown or not.
+        label->setTextFormat(Qt::PlainText);
+        return label;
+    });
     design(RectCheck, QStringLiteral("RectCheck"), 9480, 375,
            [list] { return new BoxOutline(list); });
     const auto makeMark = [this, list](const QString& picture, bool isTick, int index,
@@ -171,7 +175,8 @@ void ChartViewer::CreateNewTask(int index) {
     BringToFront(RectCheck[index]);
     Number.SetVisible(index, true);
     Number[index].setText(QString::number(index + 1) + QLatin1Char(':'));
-    Number[index].setBuddy(&Instructions[index]);
+    if (Number[index].buddy() != &Instructions[index])
+        Number[index].setBuddy(&Instructions[index]);
     NameRow(index);
     setTabOrder(&ClearImg[index - 1], &Instructions[index]);
     setTabOrder(&Instructions[index], &CheckImg[index]);
