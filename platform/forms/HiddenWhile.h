@@ -13,12 +13,9 @@ public:
           focus_(list.isAncestorOf(list.window()->focusWidget()) ? list.window()->focusWidget()
                                                                  : nullptr) {
         list_.hide();
-        list_.setUpdatesEnabled(false);
     }
     ~HiddenWhile() {
         list_.setHidden(wasHidden_);
-        // After that: it is painted as a whole then, not control by control.
-        list_.setUpdatesEnabled(true);
         if (!focus_.isNull())
             focus_->setFocus();
     }
