@@ -120,15 +120,21 @@ void LogIn::Load() {
     WithErrorsSkipped([this] { ListAccounts(); });
 }
 
-void LogIn::ListAccounts() {
+void LogIn::ClearAccounts() {
     ui->TeachersList->Clear();
     ui->StudentsList->Clear();
+}
+
+void LogIn::ListAccounts() {
+    ClearAccounts();
     Database().PopulateUserList(ui->TeachersList, *ui->StudentsList);
 }
 
 // No session can begin where one of these steps fails.
 void LogIn::Activate() {
     WithErrorsEndingTheRun([this] {
+        // The accounts listed ahead go with an error in the settings.
+        ClearAccounts();
         ReadSettings();
         ListAccounts();
         SelectVersion(SchoolMode != 0);

@@ -38,6 +38,7 @@ private:
     };
 
     void FitToScreen();
+    void ClearAccounts();
     void ListAccounts();
     void SetListHeaders();
     SelectedUser ReturnSelectedUser() const;
