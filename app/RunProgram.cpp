@@ -1,5 +1,6 @@
 #include "app/RunProgram.h"
 
+#include "app/RegisterForms.h"
 #include "help/HelpWindow.h"
 #include "look/ProgramIcon.h"
 #include "look/ProgramStyle.h"
@@ -9,15 +10,35 @@
 #include "platform/forms/DefaultForms.h"
 #include "platform/printer/SystemPrinter.h"
 #include "platform/runtime/Actions.h"
-#include "app/RegisterForms.h"
 #include "session/FormNames.h"
 #include "session/ProgramRun.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QTimer>
 #include <memory>
 
 namespace {
+
+/// Gives the windows the program's icon as soon as one has been painted: to read the picture in all
+/// its sizes takes as long as to make the log-in.
+class IconAfterFirstPaint : public QObject {
+public:
+    explicit IconAfterFirstPaint(QApplication& application) : QObject(&application) {
+        application.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Paint && watched->isWidgetType()) {
+            qApp->removeEventFilter(this);
+            QTimer::singleShot(0, this, [this] {
+                QApplication::setWindowIcon(ProgramIcon());
+                deleteLater();
+            });
+        }
+        return false;
+    }
+};
 
 void Start() {
     RunAction([] {
@@ -30,12 +51,12 @@ void Start() {
 
 int RunProgram(QApplication& application, const QString& programFolder) {
     QApplication::setApplicationName(QStringLiteral("Sparkit Dutygrid"));
-    QApplication::setWindowIcon(ProgramIcon());
     // Desktops look up the window's entry in their menus by it.
     QApplication::setDesktopFileName(QStringLiteral("example.sparkit_dutygrid.Dutygrid"));
     // Between two forms there may be no window for a moment; the forms themselves end the process.
     QApplication::setQuitOnLastWindowClosed(false);
     ApplyProgramStyle(application);
+    new IconAfterFirstPaint(application);
 
     SystemPrompts prompts;
     std::unique_ptr<HelpWindow> help;

@@ -242,12 +242,9 @@ void ChartEditor::CreateNewTask() {
         column.SetTop(index, column.Top(index - 1) + column.Height(index - 1) + RowGap);
         column.SetVisible(index, true);
     });
-    Instructions[index].SetText(QString());
-    DayOfWeek[index].SetText(QString());
+    // The other boxes are new, and empty.
     AdultResponsable[index].setText(CurrentUser);
     FillDifficultyList(index);
-    Difficulty[index].SetText(QString());
-    Points[index].setText(QString());
     Number[index].setText(QStringLiteral("%1:").arg(index + 1));
     Number[index].setBuddy(&Instructions[index]);
     ui_->VScroll->setMaximum(Instructions.Count() - 1);

@@ -12,7 +12,9 @@ public:
         : combo_(combo), text_(combo.currentText()), silence_(&combo) {}
     ~KeptText() {
         combo_.setCurrentIndex(-1);
-        combo_.setEditText(text_);
+        // To lay out a text takes its time, and an editor has hundreds of boxes.
+        if (combo_.currentText() != text_)
+            combo_.setEditText(text_);
     }
     KeptText(const KeptText&) = delete;
     KeptText& operator=(const KeptText&) = delete;

@@ -7,6 +7,8 @@ BoxOutline::BoxOutline(QWidget* parent) : QWidget(parent) {
 }
 
 void BoxOutline::SetBorderColor(const QColor& color) {
+    if (color == borderColor_)
+        return;
     borderColor_ = color;
     update();
 }

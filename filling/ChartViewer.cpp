@@ -14,6 +14,7 @@
 #include "widgets/FormViewAdapters.h"
 #include "widgets/HiddenWhile.h"
 
+#include <QScopeGuard>
 #include <QWheelEvent>
 #include <algorithm>
 #include <optional>
@@ -122,11 +123,14 @@ void ChartViewer::TurnPage(int step) {
     PlaySoundEffect(QStringLiteral("InitAnimation"));
 }
 
+/// A page with as many rows as the one before is written over it; most days have the same jobs.
 void ChartViewer::ExchangeRows(int step) {
-    const HiddenWhile rowsChange(*ui_->CleanUpList);
-    RemoveRows();
+    filledRows_ = 1;
+    // Also after an error nothing of the page before is left.
+    const auto removeUnfilled = qScopeGuard([this] { RemoveRows(filledRows_); });
     QString day;
-    while (Database().PrintReturnNr_Articles(day, ChartName) == 0) {
+    qint16 count = 0;
+    while ((count = Database().PrintReturnNr_Articles(day, ChartName)) == 0) {
         DayNumber = AddIntegers(DayNumber, static_cast<qint16>(step));
         if (DayNumber > 7)
             DayNumber = 1;
@@ -134,7 +138,20 @@ void ChartViewer::ExchangeRows(int step) {
             DayNumber = 7;
         day = DayAbbreviation(DayNumber);
     }
+    std::optional<HiddenWhile> rowsChange;
+    if (count != Instructions.Count() || AreRowsInUse()) {
+        rowsChange.emplace(*ui_->CleanUpList);
+        RemoveRows();
+    }
     Database().ReadInfoFromChart(ChartName, FormIndex, true, day);
+}
+
+/// The keyboard is in one of them, or a mark is still popping in.
+bool ChartViewer::AreRowsInUse() const {
+    for (int row = 0; row < CheckImg.Count(); ++row)
+        if (CheckImg[row].IsMoving())
+            return true;
+    return ui_->CleanUpList->isAncestorOf(focusWidget());
 }
 
 void ChartViewer::Ok_Click() {

@@ -62,8 +62,8 @@ public:
 
     /// Puts all rows where the scroll bar says.
     void SetTextsPosition();
-    /// Unloads all rows but row 0.
-    void RemoveRows();
+    /// Unloads all rows but row 0, or those from `first` on.
+    void RemoveRows(int first = 1);
     /// Marks a row in blue and shows its adult below the list.
     void HighlightRow(int index);
     /// The text up to the first blank.
@@ -100,6 +100,8 @@ private:
     void StoreMarks();
     void TurnPage(int step);
     void ExchangeRows(int step);
+    bool AreRowsInUse() const;
+    void LoadRow(int index);
 
     void ClearImg_Click(int index);
     void CheckImg_Click(int index);
@@ -114,4 +116,8 @@ private:
     std::unique_ptr<Ui::ChartViewer> ui_;
     int scrollValue_ = 0;
     bool hasGrown_ = false;
+    /// Rows of the page that is being made; those behind them are left from the page before.
+    int filledRows_ = 1;
+    /// The last of them is one of the page before.
+    bool isWrittenOver_ = false;
 };

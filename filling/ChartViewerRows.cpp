@@ -8,6 +8,7 @@
 #include "widgets/FormViewAdapters.h"
 
 #include <QSignalBlocker>
+#include <algorithm>
 #include <utility>
 
 using namespace ViewerLayout;
@@ -131,12 +132,17 @@ void ChartViewer::SetRow(int index, const ViewerRow& row) {
     Difficulty[index].setText(row.Difficulty);
     Points[index].setText(row.Points);
     AdultResponsable[index].setText(row.AdultResponsable);
-    CheckImg.SetVisible(index, row.Completed);
-    ClearImg.SetVisible(index, !row.Completed);
-    CheckImg[index].lower();
-    ClearImg[index].lower();
-    BringToFront(row.Completed ? CheckImg[index] : ClearImg[index]);
+    const bool standsAlready = isWrittenOver_ && CheckImg.Visible(index) == row.Completed &&
+                               ClearImg.Visible(index) != row.Completed;
+    if (!standsAlready) {
+        CheckImg.SetVisible(index, row.Completed);
+        ClearImg.SetVisible(index, !row.Completed);
+        CheckImg[index].lower();
+        ClearImg[index].lower();
+        BringToFront(row.Completed ? CheckImg[index] : ClearImg[index]);
+    }
     NameRow(index);
+    filledRows_ = std::max(filledRows_, index + 1);
 }
 
 bool ChartViewer::CheckVisible(int index) const {
@@ -148,6 +154,19 @@ void ChartViewer::SetDayCaption(const QString& caption) {
 }
 
 void ChartViewer::CreateNewTask(int index) {
+    isWrittenOver_ = index < Instructions.Count();
+    if (!isWrittenOver_) {
+        LoadRow(index);
+        filledRows_ = index + 1;
+    }
+    Instructions.SetVisible(index, true);
+    Difficulty.SetVisible(index, true);
+    Points.SetVisible(index, true);
+    RectCheck.SetVisible(index, true);
+    Number.SetVisible(index, true);
+}
+
+void ChartViewer::LoadRow(int index) {
     Instructions.LoadElement();
     Difficulty.LoadElement();
     Points.LoadElement();
@@ -163,15 +182,11 @@ void ChartViewer::CreateNewTask(int index) {
     PlaceBelow(RectCheck, index);
     PlaceBelow(CheckImg, index);
     PlaceBelow(ClearImg, index);
-    Instructions.SetVisible(index, true);
-    Difficulty.SetVisible(index, true);
-    Points.SetVisible(index, true);
     ClearImg.SetVisible(index, true);
-    RectCheck.SetVisible(index, true);
     BringToFront(RectCheck[index]);
-    Number.SetVisible(index, true);
     Number[index].setText(QString::number(index + 1) + QLatin1Char(':'));
-    Number[index].setBuddy(&Instructions[index]);
+    if (Number[index].buddy() != &Instructions[index])
+        Number[index].setBuddy(&Instructions[index]);
     NameRow(index);
     setTabOrder(&ClearImg[index - 1], &Instructions[index]);
     setTabOrder(&Instructions[index], &CheckImg[index]);
@@ -183,8 +198,8 @@ void ChartViewer::CreateNewTask(int index) {
     ui_->VScroll->setValue(scrollValue_);
 }
 
-void ChartViewer::RemoveRows() {
-    while (Instructions.Count() > 1) {
+void ChartViewer::RemoveRows(int first) {
+    while (Instructions.Count() > first) {
         Instructions.UnloadLast();
         Difficulty.UnloadLast();
         Points.UnloadLast();

@@ -12,6 +12,15 @@ RowText::RowText(QWidget* parent) : FittingLabel(parent) {
     setFocusPolicy(Qt::TabFocus);
 }
 
+void RowText::setText(const QString& text) {
+    // The toolkit makes a document of a text that takes the keyboard, which costs more than all the
+    // rest of the row. It is painted without.
+    const Qt::FocusPolicy policy = focusPolicy();
+    setFocusPolicy(Qt::NoFocus);
+    FittingLabel::setText(text);
+    setFocusPolicy(policy);
+}
+
 void RowText::SetSelected(bool selected) {
     if (selected_ == selected)
         return;

@@ -9,6 +9,8 @@ class RowText : public FittingLabel {
 public:
     explicit RowText(QWidget* parent);
 
+    void setText(const QString& text);
+
     bool IsSelected() const { return selected_; }
     void SetSelected(bool selected);
 

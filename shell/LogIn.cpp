@@ -120,15 +120,28 @@ void LogIn::FitToScreen() {
 void LogIn::Load() {
     WithErrorsEndingTheRun([] { Database().InitDatabse(); });
     ActiveList = 0;
+    // To be seen with the form's first paint. The activation comes later, when the window system
+    // has handed over the focus; it lists them again, and tells of errors.
+    WithErrorsSkipped([this] { ListAccounts(); });
+}
+
+void LogIn::ClearAccounts() {
+    ui->TeachersList->Clear();
+    ui->StudentsList->Clear();
+}
+
+void LogIn::ListAccounts() {
+    ClearAccounts();
+    Database().PopulateUserList(ui->TeachersList, *ui->StudentsList);
 }
 
 // No session can begin where one of these steps fails.
 void LogIn::Activate() {
     WithErrorsEndingTheRun([this] {
+        // The accounts listed ahead go with an error in the settings.
+        ClearAccounts();
         ReadSettings();
-        ui->TeachersList->Clear();
-        ui->StudentsList->Clear();
-        Database().PopulateUserList(ui->TeachersList, *ui->StudentsList);
+        ListAccounts();
         SelectVersion(SchoolMode != 0);
         WelcomeOnFirstRun();
     });

@@ -39,6 +39,8 @@ private:
     };
 
     void FitToScreen();
+    void ClearAccounts();
+    void ListAccounts();
     void SetListHeaders();
     SelectedUser ReturnSelectedUser() const;
     void List_Click(qint16 list);

@@ -32,7 +32,6 @@ WelcomePage::WelcomePage(QWidget* parent)
     layout_->setContentsMargins({});
     layout_->setSpacing(LogoGap);
     layout_->addWidget(logo_, 0, Qt::AlignHCenter);
-    logo_->setPixmap(LogoPicture(*this, LogoSize));
     hide();
 }
 
@@ -79,6 +78,9 @@ void WelcomePage::ShowIn(const QRect& area) {
     }
     const int withLogo = LogoSize.height() + LogoGap + card.height();
     const bool hasLogo = withLogo + 2 * Margin <= area.height();
+    // Not before: the page is made at the program's start, and rarely is there room at once.
+    if (hasLogo && logo_->pixmap().isNull())
+        logo_->setPixmap(LogoPicture(*this, LogoSize));
     logo_->setVisible(hasLogo);
     QRect place(0, 0, std::min(card.width(), area.width() - Margin),
                 hasLogo ? withLogo : card.height());

@@ -156,7 +156,9 @@ void DatabaseCls::ReadIntoViewer(Recordset& rows, qint16 formIndex, const QStrin
     int i = 0;
     while (!rows.Eof()) {
         if (FallsOnDay(TextOf(rows.Value(ChartField::DayOfWeek)), day)) {
-            form.SetDayCaption(DayCaption(rows, day));
+            // The same for all rows of a day.
+            if (i == 0)
+                form.SetDayCaption(DayCaption(rows, day));
             form.SetRow(i, {TextOf(rows.Value(ChartField::Instructions)),
                             TextOf(rows.Value(ChartField::Difficuly)),
                             TextOf(rows.Value(ChartField::Points)),
@@ -210,16 +212,14 @@ void DatabaseCls::KeepDates(const QVariant& first, const QVariant& last) {
 
 qint16 DatabaseCls::PrintReturnNr_Articles(const QString& DayAbbreviation,
                                            const QString& ChartName) {
-    Recordset rows = Tables().OpenRecordset(ChartName);
+    TableWalk rows = Tables().WalkThrough(ChartName, {QStringLiteral("DayOfWeek")});
+    if (rows.Eof())
+        throw RuntimeError(ErrorNumber::NoCurrentRecord);
     qint16 count = 0;
-    rows.MoveFirst();
     if (DayAbbreviation.isEmpty())
         return count;
-    while (!rows.Eof()) {
-        if (FallsOnDay(TextOf(rows.Value(ChartField::DayOfWeek)), DayAbbreviation))
+    for (; !rows.Eof(); rows.MoveNext())
+        if (FallsOnDay(TextOf(rows.Value(0)), DayAbbreviation))
             count = AddIntegers(count, 1);
-        rows.MoveNext();
-    }
-    rows.MoveFirst();
     return count;
 }

@@ -16,6 +16,8 @@ QColor FittingLabel::ForeColor() const {
 }
 
 void FittingLabel::SetForeColor(const QColor& color) {
+    if (color == foreColor_)
+        return;
     foreColor_ = color;
     update();
 }

@@ -87,7 +87,6 @@ void SetMainWindowForm(const QString& name) {
 }
 
 FormFrame::FormFrame(Form& form) : form_(form) {
-    setWidget(&form.Widget());
     setAttribute(Qt::WA_DeleteOnClose, false);
 }
 
@@ -144,8 +143,11 @@ void Form::ShowInMainWindow() {
         throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
     const bool hasOwnSize = widget_.testAttribute(Qt::WA_Resized) || widget_.layout() == nullptr;
     const QSize inside = hasOwnSize ? widget_.size() : widget_.sizeHint();
-    frame_ = new FormFrame(*this);
-    area->addSubWindow(static_cast<FormFrame*>(frame_.data()));
+    auto* frame = new FormFrame(*this);
+    frame_ = frame;
+    // Empty: each move of a form to another parent styles all its controls anew.
+    area->addSubWindow(frame);
+    frame->setWidget(&widget_);
     widget_.show();
     frame_->show();
     // Only a frame that is shown knows how wide its edges are.

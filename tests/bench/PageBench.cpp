@@ -1,6 +1,7 @@
 #include "filling/ChartViewer.h"
 #include "platform/forms/DefaultForms.h"
 #include "platform/runtime/Actions.h"
+#include "platform/runtime/Dates.h"
 #include "tests/bench/BenchTest.h"
 #include "tests/bench/PaintCounter.h"
 
@@ -16,10 +17,13 @@ TEST_F(BenchTest, TurningAPageOf50JobsStoredAndPainted) {
     {
         FakeEditor editor;
         editor.rows.clear();
+        // Each day has jobs of its own: everything that a page says is new.
         for (int job = 0; job < jobs; ++job)
-            editor.rows.append({QStringLiteral("Job number %1").arg(job), QStringLiteral("Sun-Sat"),
-                                QStringLiteral("Mum"), QStringLiteral("Easy"),
-                                QStringLiteral("5")});
+            for (int day = 1; day <= 7; ++day)
+                editor.rows.append({QStringLiteral("Job number %1 on day %2").arg(job).arg(day),
+                                    DayAbbreviation(day), QStringLiteral("Mum"),
+                                    day % 2 == 0 ? QStringLiteral("Easy") : QStringLiteral("Hard"),
+                                    QString::number(day)});
         RunAction([&] {
             Database().WriteInfoToChart(chart, 0, false, anna, QDate(2001, 3, 4),
                                         QDate(2001, 3, 10), true);

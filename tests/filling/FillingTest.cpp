@@ -1,8 +1,8 @@
 #include "tests/filling/FillingTest.h"
 
+#include "app/RegisterForms.h"
 #include "platform/forms/DefaultForms.h"
 #include "platform/runtime/ProgramFolder.h"
-#include "app/RegisterForms.h"
 
 #include <QAction>
 

@@ -21,6 +21,65 @@ protected:
     }
 };
 
+/// Counts how often a control goes from the screen.
+class HideCounter : public QObject {
+public:
+    int Hides = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+        Hides += event->type() == QEvent::Hide ? 1 : 0;
+        return false;
+    }
+};
+
+TEST_F(ViewerDaysTest, APageWithAsManyRowsIsWrittenOverWholly) {
+    const QString wed = QStringLiteral("Wed");
+    const QString thu = QStringLiteral("Thu");
+    const QString one = QStringLiteral("1");
+    const QString two = QStringLiteral("2");
+    MakeChart(QStringLiteral("Chores Anna"),
+              {{QStringLiteral("Cook"), wed, one, QStringLiteral("Mum"), QStringLiteral("Easy")},
+               {QStringLiteral("Sweep"), wed, one, QStringLiteral("Mum"), QStringLiteral("Easy")},
+               {QStringLiteral("Dust"), thu, two, QStringLiteral("Dad"), QStringLiteral("Hard")},
+               {QStringLiteral("Mop"), thu, two, QStringLiteral("Dad"), QStringLiteral("Hard")}});
+    ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
+    ASSERT_EQ(Jobs(viewer), (S{QStringLiteral("Cook"), QStringLiteral("Sweep")}));
+    Click(viewer.ClearImg[1]);
+    Button(viewer, QStringLiteral("NextDay")).setFocus();
+    Settle();
+    HideCounter counter;
+    viewer.Instructions[1].installEventFilter(&counter);
+
+    Next(viewer);
+    EXPECT_EQ(counter.Hides, 0);
+    EXPECT_EQ(Jobs(viewer), (S{QStringLiteral("Dust"), QStringLiteral("Mop")}));
+    EXPECT_EQ(viewer.Instructions[1].accessibleName(), QStringLiteral("Job 2: Mop"));
+    EXPECT_EQ(viewer.ClearImg[1].accessibleName(), QStringLiteral("Job 2: Mop"));
+    EXPECT_EQ(viewer.Points[1].text(), two);
+    EXPECT_EQ(viewer.Difficulty[1].text(), QStringLiteral("Hard"));
+    EXPECT_EQ(viewer.AdultResponsable[1].text(), QStringLiteral("Dad"));
+    EXPECT_TRUE(viewer.ClearImg.Visible(1));
+    EXPECT_FALSE(viewer.CheckImg.Visible(1));
+    Next(viewer);
+    EXPECT_EQ(Jobs(viewer), (S{QStringLiteral("Cook"), QStringLiteral("Sweep")}));
+    EXPECT_TRUE(viewer.ClearImg.Visible(0));
+    EXPECT_FALSE(viewer.ClearImg.Visible(1));
+    EXPECT_TRUE(viewer.CheckImg.Visible(1));
+    // The tick lies over its outline, and the mark that is not shown beneath.
+    const QObjectList stack = viewer.CheckImg[1].parentWidget()->children();
+    EXPECT_GT(stack.indexOf(&viewer.CheckImg[1]), stack.indexOf(&viewer.RectCheck[1]));
+    EXPECT_LT(stack.indexOf(&viewer.ClearImg[1]), stack.indexOf(&viewer.RectCheck[1]));
+    EXPECT_EQ(Ticked(QStringLiteral("Chores Anna")), S{QStringLiteral("Sweep|Wed")});
+    EXPECT_EQ(counter.Hides, 0);
+}
+
+TEST_F(ViewerDaysTest, TheTextOfAJobHoldsNoDocument) {
+    MakeWeek();
+    const ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
+    for (const QObject* child : viewer.Instructions[0].children())
+        EXPECT_STRNE(child->metaObject()->className(), "QWidgetTextControl");
+    EXPECT_EQ(viewer.Instructions[0].focusPolicy(), Qt::TabFocus);
+}
+
 TEST_F(ViewerDaysTest, TheFirstDisplayIsTodayIfItHasJobs) {
     SetToday(QDate(2001, 3, 5));
     MakeWeek();

@@ -65,6 +65,12 @@ TEST_F(LogInTest, ShowsTheAccountsInTwoListsByKind) {
     Shoot(form, QStringLiteral("LogIn"));
 }
 
+TEST_F(LogInTest, TheAccountsAreListedBeforeTheFormComesToTheFront) {
+    Default<LogIn>();
+    EXPECT_EQ(Names(Teachers()), QStringList({QStringLiteral("Mum"), QStringLiteral("Dad")}));
+    EXPECT_EQ(Names(Students()), QStringList({QStringLiteral("Kim"), QStringLiteral("Tom")}));
+}
+
 TEST_F(LogInTest, CaptionsOfItsButtons) {
     LogIn& form = ShowLogIn();
     const QList<std::pair<const char*, const char*>> captions = {
