@@ -8,6 +8,7 @@
 #include "reports/DateRangefrm.h"
 #include "reports/WeekChartRepresentation.h"
 #include "shell/session/Session.h"
+#include "store/TableNames.h"
 #include "ui_Reportfrm.h"
 
 namespace {
@@ -144,7 +145,7 @@ void Reportfrm::Command2_Click() {
         return;
     }
     if (ReturnSelectedChart().isEmpty())
-        SelectedCharts = {QStringLiteral("All")};
+        SelectedCharts = {AllHistory};
     if (Ask(QStringLiteral(
             "Are you sure you want to print this Sparkit's entire Dutygrid history?")))
         PrintSelected(ReturnSelectedKid());
