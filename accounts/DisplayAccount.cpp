@@ -44,9 +44,9 @@ void DisplayAccount::Activate() {
     ReadSettings();
     // The other names of the kinds are left out here, unlike elsewhere: for them the buttons stay
     // as they are.
-    if (CurrentState == QLatin1String("Teacher"))
+    if (CurrentState == AccountKind::Teacher)
         ShowForAdult();
-    else if (CurrentState == QLatin1String("Student"))
+    else if (CurrentState == AccountKind::Student)
         ShowForChild();
     ShowWay();
 }

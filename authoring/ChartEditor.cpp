@@ -6,6 +6,7 @@
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Prompts.h"
 #include "session/Session.h"
+#include "store/DayTexts.h"
 #include "support/DateCls.h"
 #include "ui_ChartEditor.h"
 #include "widgets/ElidingEdit.h"
@@ -25,28 +26,15 @@ constexpr int RowHeight = 330;
 constexpr int RowGap = 50;
 constexpr int ListTop = 600;
 
-constexpr int DaysInWeek = 7;
-
 TwipRect Column(int left, int width) {
     return {left, ListTop + RowGap, width, RowHeight};
 }
 
-QString ModeName() {
-    if (SchoolMode == -1)
-        return QStringLiteral("School");
-    return SchoolMode == 0 ? QStringLiteral("Home") : QString();
-}
-
-QStringList DaysOf(const QString& mode) {
-    const QStringList weekdays = {QStringLiteral("Mon"), QStringLiteral("Tue"),
-                                  QStringLiteral("Wed"), QStringLiteral("Thu"),
-                                  QStringLiteral("Fri")};
-    if (mode == QLatin1String("School"))
-        return weekdays + QStringList{QStringLiteral("Mon-Fri")};
-    if (mode == QLatin1String("Home"))
-        return QStringList{QStringLiteral("Sun")} + weekdays +
-               QStringList{QStringLiteral("Sat"), QStringLiteral("Mon-Fri"),
-                           QStringLiteral("Sun-Sat")};
+QStringList DaysOfMode(const QString& mode) {
+    if (mode == Version::SchoolName)
+        return DaysOf(MondayToFriday) + QStringList{MondayToFriday};
+    if (mode == Version::HomeName)
+        return DaysOf(SundayToSaturday) + QStringList{MondayToFriday, SundayToSaturday};
     return {};
 }
 
@@ -216,7 +204,7 @@ QWidget& ChartEditor::Rows() {
 void ChartEditor::Load() {
     DayOfWeek[0].clear();
     Difficulty[0].clear();
-    ui_->StartingFrom->setText(Title(QStringLiteral("Home")));
+    ui_->StartingFrom->setText(Title(Version::HomeName));
     AdultResponsable[0].setText(CurrentUser);
     FillAllDayLists();
     FillDifficultyList(0);
@@ -278,11 +266,11 @@ void ChartEditor::FillDayList(int Index, const QString& Mode) {
     DropDownCombo& combo = DayOfWeek[Index];
     const KeptText kept(combo);
     combo.clear();
-    combo.addItems(DaysOf(Mode));
+    combo.addItems(DaysOfMode(Mode));
 }
 
 void ChartEditor::FillAllDayLists() {
-    const QString mode = ModeName();
+    const QString mode = Version::NameOf(SchoolMode);
     if (mode.isEmpty())
         return;
     for (int index = 0; index < DayOfWeek.Count(); ++index)
@@ -292,10 +280,10 @@ void ChartEditor::FillAllDayLists() {
 ChartWeek ChartEditor::ChartWeekDates(bool nextWeek) const {
     QString startDay;
     qint16 length = 0;
-    if (SchoolMode == -1) {
+    if (Version::IsSchool(SchoolMode)) {
         startDay = QStringLiteral("Monday");
         length = 5;
-    } else if (SchoolMode == 0) {
+    } else if (Version::IsHome(SchoolMode)) {
         startDay = QStringLiteral("Sunday");
         length = 7;
     } else {
@@ -304,7 +292,7 @@ ChartWeek ChartEditor::ChartWeekDates(bool nextWeek) const {
     DateCls date;
     for (int step = 0; WeekdayName(date.Value()) != startDay; ++step) {
         // Weekday names come from the system: in another language none is ever the start day's.
-        if (step == DaysInWeek)
+        if (step == DaysOfWeek)
             throw RuntimeError(
                 ErrorNumber::TypeMismatch,
                 QStringLiteral("No day of this system's week is called %1").arg(startDay));
@@ -329,7 +317,7 @@ QString ChartEditor::Title(const QString& Mode) {
         FirstDate = DateFromText(Database().FirstDateText);
         LastDate = DateFromText(Database().LastDateText);
     }
-    if (Mode != QLatin1String("School") && Mode != QLatin1String("Home"))
+    if (Mode != Version::SchoolName && Mode != Version::HomeName)
         return {};
     const QLatin1Char blank(' ');
     return QLatin1String("Starting from: ") + WeekdayName(FirstDate) + blank + DateText(FirstDate) +

@@ -9,17 +9,15 @@
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Prompts.h"
 #include "session/Session.h"
+#include "store/TableNames.h"
 #include "ui_ChartEditor.h"
 
 #include <QScopeGuard>
 
 void ChartEditor::NewTask_Click() {
     CreateNewTask();
-    const int last = DayOfWeek.Count() - 1;
-    if (SchoolMode == -1)
-        FillDayList(last, QStringLiteral("School"));
-    else if (SchoolMode == 0)
-        FillDayList(last, QStringLiteral("Home"));
+    if (const QString mode = Version::NameOf(SchoolMode); !mode.isEmpty())
+        FillDayList(DayOfWeek.Count() - 1, mode);
 }
 
 void ChartEditor::JobDelete_Click(int index) {
@@ -91,10 +89,10 @@ void ChartEditor::CreateChart_Click() {
 void ChartEditor::Print_Click() {
     SetMousePointer(11);
     const auto restorePointer = qScopeGuard([this] { SetMousePointer(0); });
-    const QString printed = QStringLiteral("Printed");
-    Database().WriteInfoToChart(printed, FormIndex, false, printed, FirstDate, LastDate, false);
+    Database().WriteInfoToChart(PrintedTable, FormIndex, false, PrintedTable, FirstDate, LastDate,
+                                false);
     // KidName is "" for a chart that is no child's yet.
-    Database().PrintChart(printed, true, KidName, QString());
+    Database().PrintChart(PrintedTable, true, KidName, QString());
 }
 
 void ChartEditor::ResetTime_Click() {

@@ -5,6 +5,7 @@
 #include "platform/forms/Handlers.h"
 #include "platform/runtime/Prompts.h"
 #include "session/Session.h"
+#include "store/TableNames.h"
 #include "ui_DisplayAllPeople.h"
 #include "widgets/FormViewAdapters.h"
 
@@ -91,7 +92,7 @@ DisplayAllPeople::~DisplayAllPeople() = default;
 void DisplayAllPeople::Load() {
     PeopleList people(*ui_->ListView1);
     LabelPicture scratch(*ui_->Image1);
-    Database().AddUsersImages(*Images, people, QStringLiteral("Student"), scratch);
+    Database().AddUsersImages(*Images, people, AccountKind::Student, scratch);
 }
 
 bool DisplayAllPeople::eventFilter(QObject* watched, QEvent* event) {
@@ -107,10 +108,6 @@ bool DisplayAllPeople::AnySelected() const {
 
 int DisplayAllPeople::SelectedCount() const {
     return static_cast<int>(ui_->ListView1->selectedItems().size());
-}
-
-QString DisplayAllPeople::FirstWord(const QString& Text) {
-    return Text.section(QLatin1Char(' '), 0, 0);
 }
 
 void DisplayAllPeople::Save(const QString& newOwner, const QString& existingOwner) {

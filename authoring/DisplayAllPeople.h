@@ -31,8 +31,6 @@ public:
 
     bool AnySelected() const;
     int SelectedCount() const;
-    /// The text up to, not including, the first blank.
-    static QString FirstWord(const QString& Text);
 
 protected:
     void Load() override;

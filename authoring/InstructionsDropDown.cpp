@@ -8,13 +8,13 @@
 void InstructionsDropDown::ReceveInstructions(QComboBox& List) const {
     const KeptText kept(List);
     List.clear();
-    InputFile file(JobNameFile(SchoolMode != 0));
+    InputFile file(JobNameFile(!Version::IsHome(SchoolMode)));
     while (!file.AtEnd())
         List.addItem(file.InputText());
 }
 
 void InstructionsDropDown::AddInstructions(const QComboBox& List) const {
-    OutputFile file(JobNameFile(SchoolMode != 0));
+    OutputFile file(JobNameFile(!Version::IsHome(SchoolMode)));
     QString last;
     for (int index = 0; index < List.count(); ++index) {
         const QString name = List.itemText(index);

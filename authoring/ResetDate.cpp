@@ -24,10 +24,10 @@ void ResetDate::ok_Click() {
         editor->NextWeek = ui_->NextWeek->isChecked();
         editor->IsNewChart = true;
         // The modes stand crossed; the text is the same for both.
-        if (SchoolMode == 0)
-            editor->StartingFrom().setText(editor->Title(QStringLiteral("School")));
-        else if (SchoolMode == -1)
-            editor->StartingFrom().setText(editor->Title(QStringLiteral("Home")));
+        if (Version::IsHome(SchoolMode))
+            editor->StartingFrom().setText(editor->Title(Version::SchoolName));
+        else if (Version::IsSchool(SchoolMode))
+            editor->StartingFrom().setText(editor->Title(Version::HomeName));
     }
     Unload();
 }

@@ -9,6 +9,7 @@
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Prompts.h"
 #include "session/Session.h"
+#include "store/TableNames.h"
 #include "support/SoundFunctions.h"
 #include "ui_ChartViewer.h"
 #include "widgets/FormViewAdapters.h"
@@ -95,10 +96,6 @@ void ChartViewer::Unloaded() {
 void ChartViewer::PlaceInMainWindow() {
     if (const QWidget* area = Frame().parentWidget())
         Move(TwipsOf(std::max(0, (area->width() - Frame().width()) / 2)), 0);
-}
-
-QString ChartViewer::FirstWord(const QString& text) {
-    return text.section(QLatin1Char(' '), 0, 0);
 }
 
 void ChartViewer::StoreMarks() {

@@ -66,8 +66,6 @@ public:
     void RemoveRows(int first = 1);
     /// Marks a row in blue and shows its adult below the list.
     void HighlightRow(int index);
-    /// The text up to the first blank.
-    static QString FirstWord(const QString& text);
 
     /// Store the marks and go to the next or the former day with jobs, round the week. A chart
     /// without any day has none: the search goes on for ever.

@@ -88,6 +88,6 @@ void OpenFillfrm::OpenViewer(const QString& name) {
     // Rows and the store's day agree on Sunday before the viewer comes to the front for the first
     // time, so that its first turn of the page writes back the marks that it read.
     WithErrorsSkipped(
-        [&] { Database().ReadInfoFromChart(name, ChartFormIndex, true, QStringLiteral("Sun")); });
+        [&] { Database().ReadInfoFromChart(name, ChartFormIndex, true, DayAbbreviation(1)); });
     WithErrorsSkipped([] { ChartFormIndex = AddIntegers(ChartFormIndex, 1); });
 }

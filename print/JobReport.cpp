@@ -5,15 +5,15 @@
 #include "platform/runtime/TextFiles.h"
 #include "print/JobTallies.h"
 #include "store/ChartFields.h"
+#include "store/ColorValues.h"
 #include "store/DatabaseCls.h"
 #include "store/JobNameFile.h"
+#include "store/Rows.h"
 #include "store/TableNames.h"
 
-namespace {
+#include <optional>
 
-/// Colours, red in the low byte.
-constexpr qint32 Black = 0;
-constexpr qint32 Red = 255;
+namespace {
 
 /// The first line's grid row; a page ends behind the line with the last number.
 constexpr qint16 FirstGridRow = 3;
@@ -29,18 +29,6 @@ const QStringList PeriodFields = {QStringLiteral("FirstDate"), QStringLiteral("L
 constexpr int FirstDate = 0;
 constexpr int LastDate = 1;
 
-/// True if the names stand for all history tables. Raises 9 if there is not even one.
-bool MeansAllHistory(const QStringList& chartNames) {
-    if (chartNames.isEmpty())
-        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
-    return chartNames.first() == QLatin1String("All");
-}
-
-bool IsOutsidePeriods(const QString& tableName) {
-    const QStringView prefix = KindPrefix(tableName);
-    return prefix == QLatin1String("USER") || prefix == QLatin1String("MSys");
-}
-
 void PrintJobLine(PrinterObject& printer, qint16 lineNo, const QString& job,
                   const JobCounts& counts) {
     const int top = lineNo + FirstGridRow;
@@ -53,12 +41,69 @@ void PrintJobLine(PrinterObject& printer, qint16 lineNo, const QString& job,
     printer.Print(QString::number(counts.Completed) + QLatin1Char(' '));
     printer.SetCurrentX(16.5);
     printer.SetCurrentY(top);
-    printer.SetForeColor(Red);
+    printer.SetForeColor(ColorValue::Red);
     printer.Print(QString::number(counts.Incomplete) + QLatin1Char(' '));
-    printer.SetForeColor(Black);
+    printer.SetForeColor(ColorValue::Black);
 }
 
 } // namespace
+
+/// The counts of one report.
+class DatabaseCls::JobHistory {
+public:
+    explicit JobHistory(DatabaseCls& store) : store_(store) {}
+
+    /// How often a job was completed and left open in the tables. The first job that is asked for
+    /// takes the counts of all jobs, in one walk, where those after it find them.
+    JobCounts CountJobHistory(const QString& JobName, const QString& KidName,
+                              const QStringList& ChartNames);
+
+private:
+    JobTallies TakeCounts(const QString& askedJob, const QString& kidName,
+                          const QStringList& chartNames);
+
+    DatabaseCls& store_;
+    std::optional<JobTallies> tallies_;
+};
+
+JobCounts DatabaseCls::JobHistory::CountJobHistory(const QString& JobName, const QString& KidName,
+                                                   const QStringList& ChartNames) {
+    if (!tallies_)
+        tallies_ = TakeCounts(JobName, KidName, ChartNames);
+    return tallies_->Of(JobName);
+}
+
+JobTallies DatabaseCls::JobHistory::TakeCounts(const QString& askedJob, const QString& kidName,
+                                               const QStringList& chartNames) {
+    TableStore& tables = store_.Tables();
+    const TableStore::Reading reading(tables);
+    TableWalk rows = tables.WalkThrough(CountedFields);
+    JobTallies tallies;
+    const auto countRows = [&] {
+        ForEachRow(rows, [&] {
+            tallies.Count(rows.Value(Instructions), askedJob,
+                          [&] { return rows.Value(Completed); });
+        });
+    };
+    if (!MeansAllHistory(chartNames)) {
+        for (const QString& name : chartNames) {
+            rows.Open(name);
+            countRows();
+        }
+        return tallies;
+    }
+    const int count = tables.TableCount();
+    for (int index = 0; index < count; ++index) {
+        const QString name = tables.TableName(index);
+        if (!IsHistory(name))
+            continue;
+        rows.Open(name);
+        // Whose table it is says its first row, whatever the table is called.
+        if (Holds(rows.Value(UserName), kidName))
+            countRows();
+    }
+    return tallies;
+}
 
 void DatabaseCls::PrintReport2(const QString& KidName, const QStringList& ChartNames,
                                const QString& DateRangeText) {
@@ -72,11 +117,11 @@ void DatabaseCls::Report2(const QString& KidName, const QStringList& ChartNames,
     PrintReportHeader(KidName, DateRangeText);
 
     InputFile names(JobFile);
-    JobTallies counted;
+    JobHistory history(*this);
     qint16 LineNo = 0;
     while (!names.AtEnd()) {
         const QString JobName = names.InputText();
-        const JobCounts counts = CountJobHistory(JobName, KidName, ChartNames, counted);
+        const JobCounts counts = history.CountJobHistory(JobName, KidName, ChartNames);
         if (!counts.Found)
             continue;
         PrintJobLine(printer, LineNo, JobName, counts);
@@ -106,46 +151,9 @@ void DatabaseCls::PrintReportHeader(const QString& KidName, const QString& DateR
     print(1.2, 2, QStringLiteral("         Jobs"));
     print(11.5, 2, QStringLiteral("Completed"));
     print(15.5, 2, QStringLiteral("   Incomplete"));
-    printer.Line(3, 3, 21, 3, Black);
-    printer.Line(11, 3, 11, 29, Black);
-    printer.Line(15, 3, 15, 29, Black);
-}
-
-JobCounts DatabaseCls::CountJobHistory(const QString& JobName, const QString& KidName,
-                                       const QStringList& ChartNames, JobTallies& Counted) {
-    if (!Counted.IsTaken()) {
-        TakeCounts(JobName, KidName, ChartNames, Counted);
-        Counted.SetTaken();
-    }
-    return Counted.Of(JobName);
-}
-
-void DatabaseCls::TakeCounts(const QString& askedJob, const QString& kidName,
-                             const QStringList& chartNames, JobTallies& counted) {
-    const TableStore::Reading reading(Tables());
-    TableWalk rows = Tables().WalkThrough(CountedFields);
-    const auto countRows = [&] {
-        for (; !rows.Eof(); rows.MoveNext())
-            counted.Count(rows.Value(Instructions), askedJob,
-                          [&] { return rows.Value(Completed); });
-    };
-    if (!MeansAllHistory(chartNames)) {
-        for (const QString& name : chartNames) {
-            rows.Open(name);
-            countRows();
-        }
-        return;
-    }
-    const int count = Tables().TableCount();
-    for (int index = 0; index < count; ++index) {
-        const QString name = Tables().TableName(index);
-        if (KindPrefix(name) != QLatin1String("Hist"))
-            continue;
-        rows.Open(name);
-        // Whose table it is says its first row, whatever the table is called.
-        if (Holds(rows.Value(UserName), kidName))
-            countRows();
-    }
+    printer.Line(3, 3, 21, 3, ColorValue::Black);
+    printer.Line(11, 3, 11, 29, ColorValue::Black);
+    printer.Line(15, 3, 15, 29, ColorValue::Black);
 }
 
 QString DatabaseCls::ReturnDateRange(const QString&, const QStringList& ChartNames) {
@@ -160,7 +168,7 @@ QString DatabaseCls::ReturnDateRange(const QString&, const QStringList& ChartNam
     for (int index = 0; index < count; ++index) {
         // Also for a name of the list: the table at its place in the catalogue decides.
         const QString tableName = Tables().TableName(index);
-        if (IsOutsidePeriods(tableName))
+        if (!HasPeriod(tableName))
             continue;
         row.Open(isAll ? tableName : ChartNames.at(index));
         Opened = AddIntegers(Opened, 1);

@@ -1,12 +1,20 @@
 #pragma once
 
 #include "platform/runtime/RuntimeError.h"
-#include "store/JobCounts.h"
 
 #include <QHash>
 #include <QString>
 #include <QVariant>
 #include <optional>
+
+/// What a job report says of one job.
+struct JobCounts {
+    qint16 Completed = 0;
+    /// Rows with any other mark, none included.
+    qint16 Incomplete = 0;
+    /// At least one row holds the job.
+    bool Found = false;
+};
 
 /// The counts of all jobs of a report under way, by a job's exact text.
 ///
@@ -14,9 +22,6 @@
 /// job's own rows uncountable ends the report only when its turn comes.
 class JobTallies {
 public:
-    bool IsTaken() const { return isTaken_; }
-    void SetTaken() { isTaken_ = true; }
-
     /// Counts a row with that job and the mark that `completed` reads. `askedJob` is the job whose
     /// turn it is: what makes a row of it uncountable is raised at once (6 beyond 16 bits), for
     /// other jobs it is kept.
@@ -49,5 +54,4 @@ private:
     static void Add(JobCounts& counts, bool completed);
 
     QHash<QString, Tally> tallies_;
-    bool isTaken_ = false;
 };

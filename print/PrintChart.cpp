@@ -5,7 +5,10 @@
 #include "platform/runtime/ProgramFolder.h"
 #include "print/SheetSetUp.h"
 #include "store/ChartFields.h"
+#include "store/ColorValues.h"
 #include "store/DatabaseCls.h"
+#include "store/DayTexts.h"
+#include "store/Rows.h"
 
 #include <QRandomGenerator>
 #include <array>
@@ -13,20 +16,11 @@
 
 namespace {
 
-/// Colours, red in the low byte.
-constexpr qint32 Black = 0;
-constexpr qint32 Red = 255;
-constexpr qint32 Blue = 16711680;
-
 /// A day goes to a new page when it would end below this grid row.
 constexpr qint16 LastGridRow = 27;
 
 /// Between a row's number and its job.
 constexpr int BlanksBehindNumber = 29;
-
-constexpr qint32 Rgb(int red, int green, int blue) {
-    return red | green << 8 | blue << 16;
-}
 
 /// The title in the words of the three kinds of page; the recordset stands on its first row.
 QString Title(const Recordset& rows, const QString& chartName, Mode blankBoxes,
@@ -81,18 +75,18 @@ void ChartSheet::MakeRoomFor(qint16 dayCount) {
 void ChartSheet::PrintDayHeader(const QString& dayName, qint16 dayCount, qint32 color) {
     printer_.SetCurrentX(9);
     printer_.SetCurrentY(LineNo + 1 + 0.1);
-    printer_.SetForeColor(Red);
+    printer_.SetForeColor(ColorValue::Red);
     printer_.SetFontSize(14);
     printer_.Print(dayName);
-    printer_.SetForeColor(Black);
+    printer_.SetForeColor(ColorValue::Black);
     // The name's height decides the box's top; whole grid rows bring the box onto the grid again.
     const qint16 BoxTop = ToInteger(printer_.CurrentY() + 0.3);
     const qint16 BoxBottom = ToInteger(printer_.CurrentY() + 0.3 + dayCount);
     printer_.SetDrawWidth(40);
     printer_.Box(1, BoxTop, 20, BoxBottom, color);
     printer_.SetDrawWidth(1);
-    printer_.Line(13, BoxTop, 13, BoxBottom, Black);
-    printer_.Line(18, BoxTop, 18, BoxBottom, Black);
+    printer_.Line(13, BoxTop, 13, BoxBottom, ColorValue::Black);
+    printer_.Line(18, BoxTop, 18, BoxBottom, ColorValue::Black);
 }
 
 void ChartSheet::PrintRow(const Recordset& row, qint16 itemNo) {
@@ -104,16 +98,16 @@ void ChartSheet::PrintRow(const Recordset& row, qint16 itemNo) {
                    TextOf(row.Value(ChartField::Instructions)));
     printer_.SetCurrentX(14);
     printer_.SetCurrentY(LineNo + 2 + 0.2);
-    printer_.SetForeColor(Blue);
+    printer_.SetForeColor(ColorValue::Blue);
     printer_.Print(TextOf(row.Value(ChartField::Points)) + QStringLiteral(" Points"));
-    printer_.SetForeColor(Black);
+    printer_.SetForeColor(ColorValue::Black);
     printer_.SetCurrentX(19);
     printer_.SetCurrentY(LineNo + 2 + 0.1);
     printer_.SetFontSize(18);
     // Nothing stored counts as not completed.
     PrintMark(row.Value(ChartField::Completed).toBool());
     if (itemNo > 1)
-        printer_.Line(1, LineNo + 2, 20, LineNo + 2, Black);
+        printer_.Line(1, LineNo + 2, 20, LineNo + 2, ColorValue::Black);
     NextLine();
 }
 
@@ -129,10 +123,11 @@ void ChartSheet::PrintMark(bool completed) {
 
 } // namespace
 
-qint32 DatabaseCls::ReturnRandomColor() const {
-    constexpr std::array<qint32, 7> Colors = {Rgb(0, 128, 0), Rgb(255, 255, 0), Rgb(40, 200, 255),
-                                              Rgb(128, 0, 0), Rgb(255, 179, 5), Rgb(222, 0, 183),
-                                              Rgb(0, 0, 128)};
+qint32 DatabaseCls::ReturnRandomColor() {
+    constexpr std::array<qint32, 7> Colors = {
+        ColorValue::Of(0, 128, 0), ColorValue::Of(255, 255, 0), ColorValue::Of(40, 200, 255),
+        ColorValue::Of(128, 0, 0), ColorValue::Of(255, 179, 5), ColorValue::Of(222, 0, 183),
+        ColorValue::Of(0, 0, 128)};
     const auto now = std::chrono::high_resolution_clock::now().time_since_epoch().count();
     QRandomGenerator generator(static_cast<quint32>(now));
     return Colors[generator.bounded(static_cast<quint32>(Colors.size()))];
@@ -149,7 +144,7 @@ void DatabaseCls::PrintChart(const QString& ChartName, Mode BlankBoxes, const QS
     printer.Print(Title(rows, ChartName, BlankBoxes, KidName));
 
     ChartSheet sheet(printer, BlankBoxes, OpenMark);
-    for (int number = 1; number <= 7; ++number) {
+    for (int number = 1; number <= DaysOfWeek; ++number) {
         const QString day = DayAbbreviation(number);
         sheet.NextLine();
         const qint16 DayCount = PrintReturnNr_Articles(day, ChartName);
@@ -159,15 +154,15 @@ void DatabaseCls::PrintChart(const QString& ChartName, Mode BlankBoxes, const QS
         qint16 ItemNo = 1;
         bool FirstRow = true;
         sheet.MakeRoomFor(DayCount);
-        for (; !rows.Eof(); rows.MoveNext()) {
-            if (!FallsOnDay(rows.Value(ChartField::DayOfWeek).toString(), day))
-                continue;
+        ForEachRow(rows, [&] {
+            if (!FallsOn(rows.Value(ChartField::DayOfWeek).toString(), day))
+                return;
             if (FirstRow)
                 sheet.PrintDayHeader(FullDayName(day), DayCount, ReturnRandomColor());
             FirstRow = false;
             sheet.PrintRow(rows, ItemNo);
             ItemNo = AddIntegers(ItemNo, 1);
-        }
+        });
     }
     printer.EndDoc();
 }

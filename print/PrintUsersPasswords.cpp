@@ -3,20 +3,18 @@
 #include "print/SheetSetUp.h"
 #include "store/ChartFields.h"
 #include "store/DatabaseCls.h"
+#include "store/Rows.h"
 #include "store/TableNames.h"
 
 void DatabaseCls::PrintUsersPasswords() {
     Recordset rows = Tables().OpenRecordset(UsersTable);
-    if (!rows.Eof())
-        rows.MoveFirst();
-
     PrinterObject& printer = Printer();
     const PrintJobGuard job(printer);
     SetUpSheet(printer);
     printer.Print(QStringLiteral("List of Sparkit Dutygrid users and passwords"));
 
     qint16 LineNo = 1;
-    for (; !rows.Eof(); rows.MoveNext()) {
+    ForEachRow(rows, [&] {
         LineNo = AddIntegers(LineNo, 1);
         printer.SetCurrentX(2);
         printer.SetCurrentY(LineNo);
@@ -28,6 +26,6 @@ void DatabaseCls::PrintUsersPasswords() {
             printer.NewPage();
             LineNo = 0;
         }
-    }
+    });
     printer.EndDoc();
 }

@@ -13,11 +13,12 @@ DayStrip::DayStrip(QWidget* parent) : QWidget(parent) {
     setFont(MatrixCell::Face());
 }
 
-QRect DayStrip::PlaceOf(int day) {
+QRect DayStrip::PlaceOf(int day) const {
     constexpr int Beyond = 4; // pixels beyond the column's labels on both sides
     constexpr int Top = 12;
     constexpr int Height = 25;
-    const int left = PixelsOf(DayLefts.at(static_cast<std::size_t>(day - 1)) - StripLeft);
+    // The frame with the columns begins where the strip's own parent does.
+    const int left = PixelsOf(DayLefts.at(static_cast<std::size_t>(day - 1))) - x();
     return {left - Beyond, Top, PixelsOf(DayWidth) + 2 * Beyond, Height};
 }
 

@@ -10,7 +10,7 @@ public:
     explicit DayStrip(QWidget* parent = nullptr);
 
     /// Where the name of a day (1 Sunday to 7 Saturday) stands in the strip, in pixels.
-    static QRect PlaceOf(int day);
+    QRect PlaceOf(int day) const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -30,7 +30,7 @@ QFont MatrixCell::Face() {
 }
 
 void MatrixCell::paintEvent(QPaintEvent* event) {
-    if (backStyle_ != 0) {
+    if (backStyle_ != Transparent) {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(DoneEdge);

@@ -10,7 +10,8 @@ class MatrixCell : public FittingLabel {
 public:
     explicit MatrixCell(QWidget* parent);
 
-    /// 0 transparent, 1 opaque.
+    static constexpr int Transparent = 0;
+    static constexpr int Opaque = 1;
     int BackStyle() const { return backStyle_; }
     void SetBackStyle(int backStyle);
 
@@ -21,5 +22,5 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    int backStyle_ = 0;
+    int backStyle_ = Transparent;
 };

@@ -7,6 +7,7 @@
 #include "reports/DateRangefrm.h"
 #include "reports/WeekChartRepresentation.h"
 #include "session/Session.h"
+#include "store/TableNames.h"
 #include "ui_Reportfrm.h"
 #include "widgets/FormViewAdapters.h"
 
@@ -154,7 +155,7 @@ void Reportfrm::Command2_Click() {
         return;
     }
     if (ReturnSelectedChart().isEmpty())
-        SelectedCharts = {QStringLiteral("All")};
+        SelectedCharts = {AllHistory};
     if (Ask(QStringLiteral(
             "Are you sure you want to print this Sparkit's entire Dutygrid history?")))
         PrintSelected(ReturnSelectedKid());

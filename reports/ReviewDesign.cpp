@@ -3,6 +3,7 @@
 #include "platform/runtime/RuntimeError.h"
 #include "reports/ReviewLayout.h"
 #include "reports/WeekChartRepresentation.h"
+#include "store/ColorValues.h"
 #include "ui_WeekChartRepresentation.h"
 
 #include <QRegularExpression>
@@ -12,8 +13,6 @@ using namespace ReviewLayout;
 
 namespace {
 
-const QColor Red = ColorFromValue(255);
-const QColor Blue = ColorFromValue(16711680);
 /// Pixels at the right of a job's total that put it right above the grand total, which begins a
 /// little further to the right and is narrower.
 constexpr int GrandTotalSlack = 28;
@@ -46,7 +45,7 @@ void WeekChartRepresentation::DesignHeader() {
     for (QLabel* head : {ui_->Label1, ui_->Label3, ui_->Label4})
         head->setFont(MatrixCell::Face());
     QPalette red = palette();
-    red.setColor(QPalette::WindowText, Red);
+    red.setColor(QPalette::WindowText, ColorFromValue(ColorValue::Red));
     ui_->Label3->setPalette(red);
     ui_->Label4->setPalette(red);
 }
@@ -59,18 +58,22 @@ void WeekChartRepresentation::DesignLines() {
     ui_->Picture1->raise();
     ui_->VScroll->raise();
 
-    Patrat.Design(QStringLiteral("Patrat"), {OutlineLeft, OutlineTop, OutlineWidth, OutlineHeight},
-                  [this] { return new LineOutline(lines_); });
+    const auto makeOutline = [this] { return new LineOutline(lines_); };
+    Patrat.Design(QStringLiteral("Patrat"), makeOutline(),
+                  {OutlineLeft, OutlineTop, OutlineWidth, OutlineHeight}, makeOutline);
     using Style = std::function<void(MatrixCell&)>;
     const auto design = [this](CellArray& cells, const QString& name, int left, int width,
                                const Style& style) {
-        cells.Design(name, {left, LineTop, width, LineHeight}, [this, style] {
+        const auto make = [this, style] {
             auto* cell = new MatrixCell(lines_);
             style(*cell);
             return cell;
-        });
+        };
+        cells.Design(name, make(), {left, LineTop, width, LineHeight}, make);
     };
-    const Style blue = [](MatrixCell& cell) { cell.SetForeColor(Blue); };
+    const Style blue = [](MatrixCell& cell) {
+        cell.SetForeColor(ColorFromValue(ColorValue::Blue));
+    };
     design(Job, QStringLiteral("Job"), JobLeft, JobWidth,
            [](MatrixCell& cell) { cell.setAlignment(Qt::AlignLeft | Qt::AlignVCenter); });
     design(Points, QStringLiteral("Points"), PointsLeft, PointsWidth, [](MatrixCell&) {});
@@ -102,7 +105,7 @@ void WeekChartRepresentation::NameCells() {
             QStringLiteral("%1, points: %2").arg(job, JobTotal.Caption(line)));
         for (int day = 1; day <= DaysOfWeek; ++day) {
             const CellArray& cells = Day(day);
-            const QString state = cells.BackStyle(line) == 0
+            const QString state = cells.BackStyle(line) == MatrixCell::Transparent
                                       ? QStringLiteral("open")
                                       : cells.Caption(line) + QStringLiteral(" made");
             cells[line].setAccessibleName(

@@ -1,18 +1,18 @@
 #pragma once
 
+#include "store/DayTexts.h"
+
 #include <array>
 
 /// The weekly review's measures, in twips; those of the lines in the coordinates of Surface.
 namespace ReviewLayout {
-
-inline constexpr int DaysOfWeek = 7;
 
 inline constexpr int LineTop = 1320;
 inline constexpr int LineHeight = 255;
 inline constexpr int OutlineTop = 1200;
 inline constexpr int OutlineHeight = 495;
 /// An outline that has been scrolled begins so far above its job.
-inline constexpr int OutlineAboveJob = 120;
+inline constexpr int OutlineAboveJob = LineTop - OutlineTop;
 
 inline constexpr int JobLeft = 240;
 inline constexpr int JobWidth = 2175;
@@ -26,8 +26,5 @@ inline constexpr int JobTotalWidth = 1095;
 inline constexpr int OutlineLeft = 120;
 inline constexpr int OutlineWidth = 9015;
 inline constexpr int DayTotalTop = 1800;
-
-/// The strip of day names.
-inline constexpr int StripLeft = 2880;
 
 } // namespace ReviewLayout

@@ -18,7 +18,6 @@ using namespace ReviewLayout;
 WeekChartRepresentation::WeekChartRepresentation()
     : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::WeekChartRepresentation>()) {
     ui_->setupUi(this);
-    title_ = std::make_unique<LabelCaption>(*ui_->Label2);
     DesignHeader();
     DesignLines();
     ui_->ChartList->SetRules({.ProgramClicks = true});
@@ -59,7 +58,7 @@ void WeekChartRepresentation::ChartList_Click() {
         });
         Database().FillMatrix(ReturnSelectedChart());
     }
-    ui_->VScroll->setMaximum(Job.Count() - 1);
+    ui_->VScroll->setMaximum(LastLine());
     ui_->Surface->setVisible(true);
     ui_->VScroll->setVisible(true);
 }
@@ -69,17 +68,13 @@ void WeekChartRepresentation::ChartList_Click() {
 void WeekChartRepresentation::VScroll_Change() {
     const qint16 delta = ToInteger(ScrollValue - ui_->VScroll->value());
     ScrollValue = ToInteger(ui_->VScroll->value());
-    for (int line = 0; line < Job.Count(); ++line) {
-        const int top = Job.Top(line) + 2 * Job.Height(line) * delta;
-        Job.SetTop(line, top);
-        Patrat.SetTop(line, top - OutlineAboveJob);
-        for (int day = 1; day <= DaysOfWeek; ++day)
-            Day(day).SetTop(line, top);
-        Points.SetTop(line, top);
-        JobTotal.SetTop(line, top);
+    for (int line = 0; line <= LastLine(); ++line) {
+        Job.SetTop(line, Job.Top(line) + LinePitch(line) * delta);
+        Patrat.SetTop(line, Job.Top(line) - OutlineAboveJob);
+        AlignWithJob(line);
     }
     for (int day = 0; day < DaysOfWeek; ++day)
-        DayTotal.SetTop(day, Job.Top(Job.Count() - 1));
+        DayTotal.SetTop(day, Job.Top(LastLine()));
 }
 
 void WeekChartRepresentation::wheelEvent(QWheelEvent* event) {

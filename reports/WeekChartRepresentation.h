@@ -15,8 +15,8 @@ class WeekChartRepresentation;
 
 /// The week of one chart as a table: jobs down the side, days across, with points and totals.
 ///
-/// The controls are the matrix: the store fills them for the chart that is chosen, and the form
-/// scrolls them.
+/// The controls are the matrix: the form lays out in them what the store finds in the chart that
+/// is chosen, and scrolls them.
 class WeekChartRepresentation : public FormWidget, public ChartMatrix {
     Q_OBJECT
 
@@ -39,16 +39,17 @@ public:
     CellArray Fri;
     CellArray Sat;
     CellArray JobTotal;
-    MatrixArray<LineOutline, MatrixControls> Patrat;
+    ControlArray<LineOutline> Patrat;
     CellArray DayTotal;
 
-    CaptionTarget& Title() override { return *title_; }
-    MatrixLabels& Jobs() override { return Job; }
-    MatrixLabels& Values() override { return Points; }
-    MatrixLabels& Cells(int day) override { return Day(day); }
-    MatrixLabels& JobTotals() override { return JobTotal; }
-    MatrixControls& Outlines() override { return Patrat; }
-    MatrixLabels& DayTotals() override { return DayTotal; }
+    void Begin(const QString& title) override;
+    void AddJob(const QString& job) override;
+    void SetJobValue(const QString& value) override;
+    void SetJobTotal(qint16 points) override;
+    void AddMark(int line, int day, bool completed) override;
+    void AddTotals(const QString& heading) override;
+    void SetGrandTotal(qint16 points) override;
+    void SetDayTotal(int day, qint16 points) override;
 
 protected:
     void Load() override;
@@ -60,13 +61,25 @@ private:
     void DesignHeader();
     void DesignLines();
     void NameCells();
+
+    /// `act` on each control array with one element a line.
+    template <class Act>
+    void ForEachColumn(Act&& act);
+    void LoadLine();
+    void LoadJobLine();
+    void AlignWithJob(int line);
+    /// How far below a line's job the next one stands, in twips.
+    int LinePitch(int line) const;
+    int LastLine() const;
+
     QString ReturnSelectedChart() const;
 
     void ChartList_Click();
     void VScroll_Change();
 
     std::unique_ptr<Ui::WeekChartRepresentation> ui_;
-    std::unique_ptr<LabelCaption> title_;
     /// Carries the lines, behind Picture1.
     QWidget* lines_ = nullptr;
+    /// The first line, which is never removed, holds a job of the present chart.
+    bool hasJobs_ = false;
 };

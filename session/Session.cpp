@@ -4,7 +4,7 @@
 
 QString CurrentUser;
 QString CurrentState;
-qint16 SchoolMode = 0;
+qint16 SchoolMode = Version::Home;
 qint16 SchoolFlag = 0;
 qint16 SoundOn = 0;
 qint16 SeeOtherAccounts = 0;
@@ -27,7 +27,7 @@ public:
         return WeeklyReview();
     }
     QString CurrentUserName() const override { return CurrentUser; }
-    bool IsSchool() const override { return SchoolMode == -1; }
+    bool IsSchool() const override { return Version::IsSchool(SchoolMode); }
 };
 
 std::unique_ptr<DatabaseCls>& Store() {
@@ -46,20 +46,12 @@ DatabaseCls& Database() {
     return *Store();
 }
 
-bool IsAdult(const QString& state) {
-    return state == QLatin1String("Parent") || state == QLatin1String("Teacher");
-}
-
-bool IsChild(const QString& state) {
-    return state == QLatin1String("Kid") || state == QLatin1String("Student");
-}
-
 void ResetSession() {
     SetCommitHook({});
     Store().reset();
     CurrentUser.clear();
     CurrentState.clear();
-    SchoolMode = 0;
+    SchoolMode = Version::Home;
     SchoolFlag = 0;
     SoundOn = 0;
     SeeOtherAccounts = 0;

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "session/FormSlots.h"
+#include "store/AccountKinds.h"
 #include "store/DatabaseCls.h"
+#include "store/Versions.h"
 
 #include <QString>
 #include <functional>
@@ -14,9 +16,9 @@ DatabaseCls& Database();
 
 /// Name of the account logged in, exactly as typed at the log-in.
 extern QString CurrentUser;
-/// Its kind: "Teacher" or "Student"; "Parent" and "Kid" are accepted as well.
+/// Its kind (AccountKind).
 extern QString CurrentState;
-/// -1 school, 0 home.
+/// Version::School or Version::Home.
 extern qint16 SchoolMode;
 /// 1 school, 0 home: SchoolMode as the settings file holds it.
 extern qint16 SchoolFlag;
@@ -36,11 +38,6 @@ extern FormSlots<ChartViewerRows> ChartViewers;
 extern std::function<ChartMatrix&()> WeeklyReview;
 /// The next slot to fill, in both arrays. Only grows.
 extern qint16 ChartFormIndex;
-
-/// True if the state is an adult's.
-bool IsAdult(const QString& state);
-/// True if the state is a child's; a state can be neither.
-bool IsChild(const QString& state);
 
 /// Empties all session variables, as at the start of the process, and lets go of the store.
 void ResetSession();

@@ -142,7 +142,7 @@ void LogIn::Activate() {
         ClearAccounts();
         ReadSettings();
         ListAccounts();
-        SelectVersion(SchoolMode != 0);
+        SelectVersion(!Version::IsHome(SchoolMode));
         WelcomeOnFirstRun();
     });
 }
@@ -172,9 +172,9 @@ LogIn::SelectedUser LogIn::ReturnSelectedUser() const {
     SelectedUser user;
     // The list decides the kind, not what is stored with the account.
     if (ActiveList == 1)
-        user = {ui->TeachersList->SelectedName(), QStringLiteral("Teacher")};
+        user = {ui->TeachersList->SelectedName(), AccountKind::Teacher};
     else if (ActiveList == 2)
-        user = {ui->StudentsList->SelectedName(), QStringLiteral("Student")};
+        user = {ui->StudentsList->SelectedName(), AccountKind::Student};
     return user.Name.isEmpty() ? SelectedUser() : user;
 }
 
@@ -213,7 +213,7 @@ void LogIn::ChangeP_Click() {
 
 void LogIn::Version_Click(bool school) {
     SetListHeaders();
-    SchoolMode = school ? -1 : 0;
+    SchoolMode = school ? Version::School : Version::Home;
     SchoolFlag = school ? 1 : 0;
     WriteSettings();
 }

@@ -23,7 +23,8 @@ NewUser::~NewUser() = default;
 void NewUser::Activate() {
     PictureFile.clear();
     ui->StudentOp->setText(QStringLiteral("Sparkit"));
-    ui->TeacherOp->setText(SchoolMode != 0 ? QStringLiteral("Teacher") : QStringLiteral("Parent"));
+    ui->TeacherOp->setText(Version::IsHome(SchoolMode) ? AccountKind::Parent
+                                                       : AccountKind::Teacher);
 }
 
 void NewUser::BrowsePicture() {
@@ -43,7 +44,7 @@ void NewUser::Ok_Click() {
     if (!Database().CheckForUserDuplicates(name, password) && complete) {
         // The stored kind is the same in both versions; "Parent" is a caption only.
         const QString state =
-            ui->TeacherOp->isChecked() ? QStringLiteral("Teacher") : QStringLiteral("Student");
+            ui->TeacherOp->isChecked() ? AccountKind::Teacher : AccountKind::Student;
         Database().AddUser(name, password, state, PictureFile);
         Unload();
     } else {

@@ -1,32 +1,20 @@
 #include "platform/runtime/Numbers.h"
+#include "platform/runtime/Pictures.h"
 #include "platform/runtime/RuntimeError.h"
+#include "store/AccountKinds.h"
 #include "store/ChartFields.h"
 #include "store/DatabaseCls.h"
+#include "store/Pictures.h"
+#include "store/Rows.h"
 #include "store/TableNames.h"
 
 namespace {
 
-const QString Teacher = QStringLiteral("Teacher");
-const QString Student = QStringLiteral("Student");
 constexpr int FirstIncentiveCost = 500;
 constexpr int NamePosition = 1;
 constexpr int StatePosition = 4;
 
 } // namespace
-
-Recordset DatabaseCls::ForEachAccount(const QString& name,
-                                      const std::function<void(Recordset&)>& action) {
-    Recordset rows = Tables().OpenRecordset(UsersTable);
-    if (!rows.Eof())
-        rows.MoveFirst();
-    while (!rows.Eof()) {
-        // Names are no keys: every row of the name is meant.
-        if (Holds(rows.Value(AccountField::Name), name))
-            action(rows);
-        rows.MoveNext();
-    }
-    return rows;
-}
 
 void DatabaseCls::AddUser(const QString& Name, const QString& Password, const QString& State,
                           const QString& ImagePath) {
@@ -37,7 +25,7 @@ void DatabaseCls::AddUser(const QString& Name, const QString& Password, const QS
         rows.SetValue(AccountField::Password, Password);
         rows.SetValue(AccountField::Points, 0);
         rows.SetValue(AccountField::State, State);
-        if (State != QLatin1String("Parent") && State != Teacher)
+        if (!IsAdult(State))
             rows.SetValue(AccountField::IncentiveCost, FirstIncentiveCost);
         if (!ImagePath.isEmpty())
             StorePicture(rows, AccountField::Image, ImagePath);
@@ -47,7 +35,8 @@ void DatabaseCls::AddUser(const QString& Name, const QString& Password, const QS
 
 void DatabaseCls::ChangePicture(const QString& Name, const QString& ImagePath) {
     OnOneConnection([&] {
-        ForEachAccount(Name, [&](Recordset& rows) {
+        Recordset rows = Tables().OpenRecordset(UsersTable);
+        ForEachRowOf(Name, rows, [&] {
             rows.Edit();
             if (!ImagePath.isEmpty())
                 StorePicture(rows, AccountField::Image, ImagePath);
@@ -58,13 +47,14 @@ void DatabaseCls::ChangePicture(const QString& Name, const QString& ImagePath) {
 
 QString DatabaseCls::RetrevePassword(const QString& Name) {
     QString password;
-    ForEachAccount(Name,
-                   [&](Recordset& rows) { password = TextOf(rows.Value(AccountField::Password)); });
+    Recordset rows = Tables().OpenRecordset(UsersTable);
+    ForEachRowOf(Name, rows, [&] { password = TextOf(rows.Value(AccountField::Password)); });
     return password;
 }
 
 void DatabaseCls::ChangePassword(const QString& Name, const QString& NewPassword) {
-    ForEachAccount(Name, [&](Recordset& rows) {
+    Recordset rows = Tables().OpenRecordset(UsersTable);
+    ForEachRowOf(Name, rows, [&] {
         rows.Edit();
         rows.SetValue(AccountField::Password, NewPassword);
         rows.Update();
@@ -73,51 +63,54 @@ void DatabaseCls::ChangePassword(const QString& Name, const QString& NewPassword
 
 QString DatabaseCls::RetreveState(const QString& Name) {
     QString state;
-    ForEachAccount(Name, [&](Recordset& rows) { state = TextOf(rows.Value(AccountField::State)); });
+    Recordset rows = Tables().OpenRecordset(UsersTable);
+    ForEachRowOf(Name, rows, [&] { state = TextOf(rows.Value(AccountField::State)); });
     return state;
 }
 
 void DatabaseCls::RetrevePicture(const QString& Name, PictureTarget& Target) {
-    TakeOutPicture(Name, AccountField::Image, Target, [](Recordset&) {});
+    Target.SetPicture(LoadPicture(QString()));
+    Recordset rows = Tables().OpenRecordset(UsersTable);
+    ShowPictures(rows, Name, AccountField::Image, Target);
 }
 
 void DatabaseCls::PopulateUserList(NameList* Teachers, NameList& Students) {
     Recordset rows = Tables().OpenRecordset(UsersTable);
-    if (!rows.Eof())
-        rows.MoveFirst();
-    for (; !rows.Eof(); rows.MoveNext()) {
+    ForEachRow(rows, [&] {
         const QString state = TextOf(rows.Value(AccountField::State));
         const QString name = TextOf(rows.Value(AccountField::Name));
-        if (state == Student)
+        // The other names of the kinds stand in no list.
+        if (state == AccountKind::Student)
             Students.AddItem(name);
-        else if (state == Teacher && Teachers != nullptr)
+        else if (state == AccountKind::Teacher && Teachers != nullptr)
             Teachers->AddItem(name);
-    }
+    });
 }
 
 void DatabaseCls::AddUsersImages(ImageList& Images, IconList& People, const QString& State,
                                  PictureTarget& Scratch) {
     constexpr int largeIcons = 0;
     Recordset rows = Tables().OpenRecordset(UsersTable);
-    for (; !rows.Eof(); rows.MoveNext()) {
+    ForEachRow(rows, [&] {
         if (TextOf(rows.Value(StatePosition)) != State)
-            continue;
+            return;
         const QString name = TextOf(rows.Value(NamePosition));
         RetrevePicture(name, Scratch);
         Scratch.SetPicture(Scratch.Picture());
         if (People.View() != largeIcons) {
             People.AddItem(name);
-            continue;
+            return;
         }
         const int icon = Images.AddPicture(Scratch.Picture());
         People.SetIcons(Images);
         People.AddItemWithIcon(name, icon);
-    }
+    });
 }
 
 bool DatabaseCls::CheckForUserDuplicates(const QString& Name, const QString& Password) {
     bool found = false;
-    ForEachAccount(Name, [&](Recordset& rows) {
+    Recordset rows = Tables().OpenRecordset(UsersTable);
+    ForEachRowOf(Name, rows, [&] {
         if (TextOf(rows.Value(AccountField::Password)) == Password)
             found = true;
     });
@@ -125,7 +118,8 @@ bool DatabaseCls::CheckForUserDuplicates(const QString& Name, const QString& Pas
 }
 
 void DatabaseCls::DeleteAccount(const QString& Name) {
-    ForEachAccount(Name, [](Recordset& rows) { rows.Delete(); });
+    Recordset accounts = Tables().OpenRecordset(UsersTable);
+    ForEachRowOf(Name, accounts, [&] { accounts.Delete(); });
 
     // Forward while deleting, on purpose: the table behind a deleted one moves to its index and
     // is passed over, and the last indexes come to nothing.
@@ -134,7 +128,7 @@ void DatabaseCls::DeleteAccount(const QString& Name) {
     for (int index = 0; index <= last; ++index) {
         WithErrorsSkipped([&] {
             const QString table = Tables().TableName(index);
-            if (KindPrefix(table) == QLatin1String("MSys") || table == UsersTable)
+            if (!IsOwned(table))
                 return;
             rows.Open(table);
             const bool isOwn = Holds(rows.Value(0), Name);

@@ -2,15 +2,12 @@
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/RuntimeError.h"
 #include "store/ChartFields.h"
+#include "store/ChartHistory.h"
 #include "store/DatabaseCls.h"
 #include "store/TableNames.h"
 #include "support/DateCls.h"
 
 namespace {
-
-const QString SystemPrefix = QStringLiteral("MSys");
-const QString HistoryPrefix = QStringLiteral("Hist");
-const QString PrintedPrefix = QStringLiteral("Prin");
 
 /// What a list asks of a chart's first row; the places in the list of fields.
 const QStringList WeekFields = {QStringLiteral("FirstDate"), QStringLiteral("LastDate"),
@@ -29,26 +26,36 @@ QString KeyOfOneWeekAgo() {
     return DateKey(date.Value());
 }
 
-} // namespace
+using NameFilter = bool (*)(const QString& tableName);
 
-QStringList DatabaseCls::TableNamesWhere(const std::function<bool(const QString&)>& isWanted) {
+QStringList TableNamesWhere(TableStore& tables, NameFilter isWanted) {
     QStringList names;
-    const int count = Tables().TableCount();
+    const int count = tables.TableCount();
     for (int index = 0; index < count; ++index)
-        if (const QString name = Tables().TableName(index); isWanted(name))
+        if (const QString name = tables.TableName(index); isWanted(name))
             names += name;
     return names;
 }
 
-bool DatabaseCls::IsChartName(const QString& tableName) {
-    const QStringView prefix = KindPrefix(tableName);
-    return prefix != SystemPrefix && tableName != UsersTable && prefix != HistoryPrefix &&
-           prefix != PrintedPrefix;
+/// True if the week that was read last holds the day of the key.
+bool WeekReadHolds(const DatabaseCls& store, const QString& key) {
+    return Val(store.FirstDateKey) <= Val(key) && Val(store.LastDateKey) >= Val(key);
 }
 
-bool DatabaseCls::SpanHolds(const QString& key) const {
-    return Val(FirstDateKey) <= Val(key) && Val(LastDateKey) >= Val(key);
+void ListByOwnerAndMonth(TableStore& tables, const QString& userName, NameFilter isListed,
+                         NameList& list) {
+    const TableStore::Reading reading(tables);
+    TableWalk rows = tables.WalkThrough(WeekFields);
+    for (const QString& name : TableNamesWhere(tables, isListed)) {
+        rows.Open(name);
+        // The month's number alone, of whatever year.
+        if (Holds(rows.Value(Week::UserName), userName) &&
+            DateOf(rows.Value(Week::FirstDate)).month() == Today().month())
+            list.AddItem(name);
+    }
 }
+
+} // namespace
 
 void DatabaseCls::DeleteChart(const QString& Name) {
     RefuseAccountsName(Name);
@@ -69,7 +76,7 @@ void DatabaseCls::PopulateChartList(NameList& List, Mode OwnOnly) {
     const TableStore::Reading reading(Tables());
     // The names as they are before the walk: rolling a chart on drops and makes history tables,
     // which would move a chart behind them past the walk.
-    const QStringList charts = TableNamesWhere(IsChartName);
+    const QStringList charts = TableNamesWhere(Tables(), IsChart);
     if (OwnOnly.IsFalse()) {
         for (const QString& name : charts)
             List.AddItem(name);
@@ -79,24 +86,23 @@ void DatabaseCls::PopulateChartList(NameList& List, Mode OwnOnly) {
         return;
 
     TableWalk rows = Tables().WalkThrough(WeekFields);
+    const auto readDates = [&] {
+        if (!rows.Eof())
+            KeepDates(rows.Value(Week::FirstDate), rows.Value(Week::LastDate));
+    };
     for (const QString& name : charts) {
         rows.Open(name);
-        KeepDates(rows);
-        if (SpanHolds(oneWeekAgo) && BooleanOf(rows.Value(Week::AutoCreate))) {
+        readDates();
+        if (WeekReadHolds(*this, oneWeekAgo) && BooleanOf(rows.Value(Week::AutoCreate))) {
             rows.Leave();
-            RollOn(name);
+            RollOn(*this, Tables(), name);
             rows.Open(name);
-            KeepDates(rows);
+            readDates();
         }
-        if (SpanHolds(today) && Holds(rows.Value(Week::UserName), forms_.CurrentUserName()))
+        if (WeekReadHolds(*this, today) &&
+            Holds(rows.Value(Week::UserName), forms_.CurrentUserName()))
             List.AddItem(name);
     }
-}
-
-/// As ReadDates does: an empty chart leaves the dates as they are.
-void DatabaseCls::KeepDates(const TableWalk& rows) {
-    if (!rows.Eof())
-        KeepDates(rows.Value(Week::FirstDate), rows.Value(Week::LastDate));
 }
 
 QString DatabaseCls::ReturnExistingKidName(const QString& Name) {
@@ -109,37 +115,20 @@ bool DatabaseCls::ReturnAutoCreate(const QString& Name) {
     bool autoCreate = false;
     WithErrorsSkipped([&] {
         Recordset rows = Tables().OpenRecordset(Name);
-        if (rows.Eof())
-            return;
-        rows.MoveFirst();
-        autoCreate = BooleanOf(rows.Value(ChartField::AutoCreate));
+        if (!rows.Eof())
+            autoCreate = BooleanOf(rows.Value(ChartField::AutoCreate));
     });
     return autoCreate;
 }
 
-void DatabaseCls::ListByOwnerAndMonth(const QString& userName, NameList& list, bool history) {
-    list.Clear();
-    const TableStore::Reading reading(Tables());
-    TableWalk rows = Tables().WalkThrough(WeekFields);
-    const auto isListed = [history](const QString& name) {
-        const QStringView prefix = KindPrefix(name);
-        return history == (prefix == HistoryPrefix) && prefix != SystemPrefix && name != UsersTable;
-    };
-    for (const QString& name : TableNamesWhere(isListed)) {
-        rows.Open(name);
-        // The month's number alone, of whatever year.
-        if (Holds(rows.Value(Week::UserName), userName) &&
-            DateOf(rows.Value(Week::FirstDate)).month() == Today().month())
-            list.AddItem(name);
-    }
-}
-
 void DatabaseCls::RetreveChartsAvailable(const QString& UserName, NameList& List) {
-    ListByOwnerAndMonth(UserName, List, false);
+    List.Clear();
+    ListByOwnerAndMonth(Tables(), UserName, IsChartOrPrinted, List);
 }
 
 void DatabaseCls::RetreveHistoryChartsAvailable(const QString& UserName, NameList& List) {
-    ListByOwnerAndMonth(UserName, List, true);
+    List.Clear();
+    ListByOwnerAndMonth(Tables(), UserName, IsHistory, List);
 }
 
 void DatabaseCls::CreateChartNames(const QString& UserName, QStringList& Names,
@@ -147,8 +136,7 @@ void DatabaseCls::CreateChartNames(const QString& UserName, QStringList& Names,
     qsizetype n = 0;
     const TableStore::Reading reading(Tables());
     TableWalk rows = Tables().WalkThrough(WeekFields);
-    const auto isHistory = [](const QString& name) { return KindPrefix(name) == HistoryPrefix; };
-    for (const QString& name : TableNamesWhere(isHistory)) {
+    for (const QString& name : TableNamesWhere(Tables(), IsHistory)) {
         rows.Open(name);
         if (rows.Eof())
             continue;

@@ -1,6 +1,7 @@
+#include "store/ChartHistory.h"
+
 #include "platform/runtime/Numbers.h"
 #include "store/ChartFields.h"
-#include "store/DatabaseCls.h"
 #include "store/TableNames.h"
 #include "support/DateCls.h"
 
@@ -26,26 +27,22 @@ QDate OneWeekLater(const QDate& date) {
 
 void DatabaseCls::DuplicateChartHistory(const QString& Name) {
     RefuseAccountsName(Name);
-    Recordset chart = Tables().OpenRecordset(Name);
-    if (!chart.Eof())
-        chart.MoveFirst();
-    const QString historyName = QStringLiteral("History ") + Name + QStringLiteral(" from: ") +
-                                TextOf(chart.Value(ChartField::FirstDate));
+    const Recordset chart = Tables().OpenRecordset(Name);
+    const QString historyName = HistoryName(Name, TextOf(chart.Value(ChartField::FirstDate)));
     if (ChartExist(historyName))
         Tables().DeleteTable(historyName);
     CreateChart(historyName);
     Tables().CopyRows(Name, historyName, FieldsOfHistory());
 }
 
-/// Moves a chart of the week just past to the next week, if it rolls on by itself. The copy comes
-/// before the unticking, so that history holds the week's ticks.
-void DatabaseCls::RollOn(const QString& name) {
-    Recordset rows = Tables().OpenRecordset(name);
+void RollOn(DatabaseCls& store, TableStore& tables, const QString& name) {
+    Recordset rows = tables.OpenRecordset(name);
     rows.MoveFirst();
     if (!BooleanOf(rows.Value(ChartField::AutoCreate)))
         return;
-    DuplicateChartHistory(name);
-    ClearChartPoints(name);
+    // The copy before the unticking, so that history holds the week's ticks.
+    store.DuplicateChartHistory(name);
+    store.ClearChartPoints(name);
     rows.Edit();
     rows.SetValue(ChartField::FirstDate, OneWeekLater(DateOf(rows.Value(ChartField::FirstDate))));
     rows.SetValue(ChartField::LastDate, OneWeekLater(DateOf(rows.Value(ChartField::LastDate))));

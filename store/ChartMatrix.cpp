@@ -3,17 +3,13 @@
 #include "platform/runtime/RuntimeError.h"
 #include "store/ChartFields.h"
 #include "store/DatabaseCls.h"
+#include "store/DayTexts.h"
+#include "store/Rows.h"
 
 #include <QHash>
-#include <QScopeGuard>
 #include <optional>
 
 namespace {
-
-constexpr int DaysOfWeek = 7;
-constexpr int Transparent = 0;
-constexpr int Opaque = 1;
-constexpr qint32 Red = 255;
 
 bool IsCompleted(const Recordset& rows) {
     // A Null counts as false.
@@ -44,191 +40,99 @@ private:
     std::optional<RuntimeError> failure_;
 };
 
-/// `act` on each control array with one element a line.
-template <class Act>
-void ForEachColumn(ChartMatrix& form, Act&& act) {
-    act(form.Jobs());
-    for (int day = 1; day <= DaysOfWeek; ++day)
-        act(form.Cells(day));
-    act(form.Outlines());
-    act(form.Values());
-    act(form.JobTotals());
-}
+/// The points of a chart's completed rows, by the texts of the job and of the day.
+struct PointSums {
+    QHash<QString, PointSum> ByJob;
+    QHash<QString, PointSum> ByDay;
+};
 
-void ClearFirstLine(ChartMatrix& form) {
-    for (int day = 1; day <= DaysOfWeek; ++day) {
-        form.Cells(day).SetCaption(0, QString());
-        form.Cells(day).SetBackStyle(0, Transparent);
-    }
-    form.Values().SetCaption(0, QString());
-    form.Jobs().SetCaption(0, QString());
-}
-
-void RemoveLines(ChartMatrix& form) {
-    ForEachColumn(form, [](MatrixControls& controls) {
-        while (controls.Count() > 1)
-            controls.UnloadLast();
+PointSums SumPoints(Recordset rows) {
+    PointSums sums;
+    ForEachRow(rows, [&] {
+        if (!IsCompleted(rows))
+            return;
+        sums.ByJob[rows.Value(ChartField::Instructions).toString()].Add(rows);
+        sums.ByDay[rows.Value(ChartField::DayOfWeek).toString()].Add(rows);
     });
-}
-
-/// Creates a line; its job stands below the job before it by twice the label's height, and its
-/// outline right below the outline before.
-void CreateLine(ChartMatrix& form, int line) {
-    ForEachColumn(form, [](MatrixControls& controls) { controls.LoadElement(); });
-    MatrixLabels& jobs = form.Jobs();
-    jobs.SetTop(line, jobs.Top(line - 1) + 2 * jobs.Height(line - 1));
-    MatrixControls& outlines = form.Outlines();
-    outlines.SetTop(line, outlines.Top(line - 1) + outlines.Height(line - 1));
-}
-
-void CreateJobLine(ChartMatrix& form, int line) {
-    CreateLine(form, line);
-    const int top = form.Jobs().Top(line);
-    for (int day = 1; day <= DaysOfWeek; ++day) {
-        MatrixLabels& cells = form.Cells(day);
-        cells.SetTop(line, top);
-        cells.SetVisible(line, false);
-        cells.SetBackStyle(line, Transparent);
-        cells.SetCaption(line, QString());
-    }
-    for (MatrixLabels* labels : {&form.Values(), &form.JobTotals()}) {
-        labels->SetTop(line, top);
-        labels->SetVisible(line, true);
-        labels->SetCaption(line, QString());
-    }
-    form.Jobs().SetVisible(line, true);
-    form.Outlines().SetVisible(line, true);
-}
-
-/// 1 to 7 for "Sun" to "Sat"; 0 for any other text, a range of days included: unlike on paper, it
-/// is not spread over its days.
-int DayNumberOf(const QString& dayOfWeek) {
-    for (int day = 1; day <= DaysOfWeek; ++day)
-        if (dayOfWeek == DayAbbreviation(day))
-            return day;
-    return 0;
-}
-
-void ShowInCell(MatrixLabels& cells, int line, bool completed) {
-    if (completed) {
-        cells.SetCaption(line, NumberText(Val(cells.Caption(line)) + 1));
-        cells.SetBackStyle(line, Opaque);
-    }
-    cells.SetVisible(line, true);
+    return sums;
 }
 
 } // namespace
 
-/// The points of a chart's completed rows, by the texts of the job and of the day.
-struct DatabaseCls::PointSums {
-    QHash<QString, PointSum> ByJob;
-    QHash<QString, PointSum> ByDay;
+class DatabaseCls::MatrixFilling {
+public:
+    explicit MatrixFilling(DatabaseCls& store) : store_(store) {}
+
+    /// True if the job was not among JobNames yet; it is then.
+    bool CheckJobIsNew(const QString& JobName);
+    /// The job's place among JobNames, 1 the first; 0 if it is not there.
+    qint16 ReturnJobRow(const QString& JobName) const;
+    /// The points of all completed rows of the chart. Raises 6 beyond 16 bits.
+    qint16 ReturnTotalPoints(const QString& ChartName);
+    /// The points of the completed rows of one job (`ByJob`) or one day. Raises 6 beyond 16 bits.
+    qint16 ReturnPointsMade(const QString& Key, const QString& ChartName, bool ByJob);
+
+private:
+    DatabaseCls& store_;
+    /// Of the one chart: a walk over the table for each job would make a large chart slow.
+    std::optional<PointSums> sums_;
 };
+
+bool DatabaseCls::MatrixFilling::CheckJobIsNew(const QString& JobName) {
+    if (store_.JobNames.contains(JobName))
+        return false;
+    store_.JobNames += JobName;
+    return true;
+}
+
+qint16 DatabaseCls::MatrixFilling::ReturnJobRow(const QString& JobName) const {
+    return ToInteger(static_cast<double>(store_.JobNames.lastIndexOf(JobName)) + 1);
+}
+
+qint16 DatabaseCls::MatrixFilling::ReturnTotalPoints(const QString& ChartName) {
+    PointSum sum;
+    Recordset rows = store_.Tables().OpenRecordset(ChartName);
+    ForEachRow(rows, [&] {
+        if (IsCompleted(rows))
+            sum.Add(rows);
+    });
+    return sum.Value();
+}
+
+qint16 DatabaseCls::MatrixFilling::ReturnPointsMade(const QString& Key, const QString& ChartName,
+                                                    bool ByJob) {
+    if (!sums_)
+        sums_ = SumPoints(store_.Tables().OpenRecordset(ChartName));
+    return (ByJob ? sums_->ByJob : sums_->ByDay).value(Key).Value();
+}
 
 void DatabaseCls::FillMatrix(const QString& ChartName) {
     const TableStore::Reading reading(Tables());
     Recordset rows = Tables().OpenRecordset(ChartName);
     JobNames.clear();
-    if (!rows.Eof())
-        rows.MoveFirst();
     const QString firstDate = TextOf(rows.Value(ChartField::FirstDate));
     const QString lastDate = TextOf(rows.Value(ChartField::LastDate));
     ChartMatrix& form = forms_.Review();
-    form.Title().SetCaption(QStringLiteral("Weekly Dutygrid Review from: ") + firstDate +
-                            QStringLiteral(" to ") + lastDate);
-    ClearFirstLine(form);
-    RemoveLines(form);
+    form.Begin(QStringLiteral("Weekly Dutygrid Review from: ") + firstDate +
+               QStringLiteral(" to ") + lastDate);
 
-    const auto forgetSums = qScopeGuard([this] { pointSums_.reset(); });
-    qint16 line = 0;
-    while (!rows.Eof()) {
+    MatrixFilling filling(*this);
+    qint16 jobCount = 0;
+    ForEachRow(rows, [&] {
         const QString job = TextOf(rows.Value(ChartField::Instructions));
-        if (CheckJobIsNew(job)) {
-            ShowJob(form, line, rows, ChartName);
-            line = AddIntegers(line, 1);
+        if (filling.CheckJobIsNew(job)) {
+            form.AddJob(job);
+            form.SetJobValue(TextOf(rows.Value(ChartField::Points)));
+            form.SetJobTotal(filling.ReturnPointsMade(job, ChartName, true));
+            jobCount = AddIntegers(jobCount, 1); // for its overflow alone
         }
-        const int day = DayNumberOf(rows.Value(ChartField::DayOfWeek).toString());
+        const int day = SingleDayNumber(rows.Value(ChartField::DayOfWeek).toString());
         if (day != 0)
-            ShowInCell(form.Cells(day), ReturnJobRow(job) - 1, IsCompleted(rows));
-        rows.MoveNext();
-    }
-    ShowTotals(form, line, ChartName);
-}
+            form.AddMark(filling.ReturnJobRow(job) - 1, day, IsCompleted(rows));
+    });
 
-void DatabaseCls::ShowJob(ChartMatrix& form, qint16 line, const Recordset& rows,
-                          const QString& chartName) {
-    if (line != 0)
-        CreateJobLine(form, line);
-    const QString job = TextOf(rows.Value(ChartField::Instructions));
-    form.Jobs().SetCaption(line, job);
-    form.Values().SetCaption(line, TextOf(rows.Value(ChartField::Points)));
-    form.JobTotals().SetCaption(line, QString::number(ReturnPointsMade(job, chartName, true)));
-}
-
-void DatabaseCls::ShowTotals(ChartMatrix& form, qint16 line, const QString& chartName) {
-    CreateLine(form, line);
-    MatrixLabels& jobs = form.Jobs();
-    MatrixLabels& values = form.Values();
-    values.SetTop(line, jobs.Top(line));
-    // To the right of the days, under the points of the jobs.
-    const MatrixLabels& saturdays = form.Cells(DaysOfWeek);
-    values.SetLeft(line, ToLong(saturdays.Left(line) + 1.5 * saturdays.Width(line)));
-    jobs.SetForeColor(line, Red);
-    values.SetForeColor(line, Red);
-    jobs.SetVisible(line, true);
-    values.SetVisible(line, true);
-    form.Outlines().SetVisible(line, true);
-    jobs.SetCaption(line, QStringLiteral("Total Points"));
-    values.SetCaption(line, QString::number(ReturnTotalPoints(chartName)));
-
-    for (int day = 1; day <= DaysOfWeek; ++day) {
-        const qint16 points = ReturnPointsMade(DayAbbreviation(day), chartName, false);
-        form.DayTotals().SetCaption(day - 1, QString::number(points));
-        form.DayTotals().SetTop(day - 1, jobs.Top(line));
-    }
-}
-
-bool DatabaseCls::CheckJobIsNew(const QString& JobName) {
-    if (JobNames.contains(JobName))
-        return false;
-    JobNames += JobName;
-    return true;
-}
-
-qint16 DatabaseCls::ReturnJobRow(const QString& JobName) const {
-    return ToInteger(static_cast<double>(JobNames.lastIndexOf(JobName)) + 1);
-}
-
-qint16 DatabaseCls::ReturnTotalPoints(const QString& ChartName) {
-    PointSum sum;
-    Recordset rows = Tables().OpenRecordset(ChartName);
-    if (!rows.Eof())
-        rows.MoveFirst();
-    while (!rows.Eof()) {
-        if (IsCompleted(rows))
-            sum.Add(rows);
-        rows.MoveNext();
-    }
-    return sum.Value();
-}
-
-qint16 DatabaseCls::ReturnPointsMade(const QString& Key, const QString& ChartName, bool ByJob) {
-    if (!pointSums_)
-        pointSums_ = std::make_shared<PointSums>(SumPoints(ChartName));
-    return (ByJob ? pointSums_->ByJob : pointSums_->ByDay).value(Key).Value();
-}
-
-DatabaseCls::PointSums DatabaseCls::SumPoints(const QString& chartName) {
-    PointSums sums;
-    Recordset rows = Tables().OpenRecordset(chartName);
-    if (!rows.Eof())
-        rows.MoveFirst();
-    while (!rows.Eof()) {
-        if (IsCompleted(rows)) {
-            sums.ByJob[rows.Value(ChartField::Instructions).toString()].Add(rows);
-            sums.ByDay[rows.Value(ChartField::DayOfWeek).toString()].Add(rows);
-        }
-        rows.MoveNext();
-    }
-    return sums;
+    form.AddTotals(QStringLiteral("Total Points"));
+    form.SetGrandTotal(filling.ReturnTotalPoints(ChartName));
+    for (int day = 1; day <= DaysOfWeek; ++day)
+        form.SetDayTotal(day, filling.ReturnPointsMade(DayAbbreviation(day), ChartName, false));
 }

@@ -3,35 +3,90 @@
 #include "platform/runtime/RuntimeError.h"
 #include "store/ChartFields.h"
 #include "store/DatabaseCls.h"
+#include "store/DayTexts.h"
+#include "store/Rows.h"
 #include "store/TableNames.h"
 #include "support/DateCls.h"
 
 namespace {
-
-const QString WeekDays = QStringLiteral("Mon-Fri");
-const QString AllDays = QStringLiteral("Sun-Sat");
 
 /// An empty text is stored as one blank.
 QString Filled(const QString& text) {
     return text.isEmpty() ? QStringLiteral(" ") : text;
 }
 
-/// The days on which a job with this day text gets a row.
-QStringList StoredDays(const QString& dayOfWeek) {
-    const bool weekDays = dayOfWeek == WeekDays;
-    if (!weekDays && dayOfWeek != AllDays)
-        return {Filled(dayOfWeek)};
-    QStringList days;
-    for (int day = weekDays ? 2 : 1; day <= (weekDays ? 6 : 7); ++day)
-        days += DayAbbreviation(day);
-    return days;
+/// What a chart holds besides its jobs, in the rows of the first one.
+struct ChartOfWeek {
+    QString UserName;
+    QDate FirstDate;
+    QDate LastDate;
+    bool AutoCreate = false;
+};
+
+void AddJobs(Recordset& rows, const ChartEditorRows& form, const ChartOfWeek& chart) {
+    for (int i = 0; i < form.RowCount(); ++i) {
+        const EditorRow job = form.Row(i);
+        const double points = Val(job.Points);
+        for (const QString& day : DaysOf(job.DayOfWeek)) {
+            rows.AddNew();
+            rows.SetValue(ChartField::Instructions, Filled(job.Instructions));
+            rows.SetValue(ChartField::DayOfWeek, Filled(day));
+            rows.SetValue(ChartField::AdultResponsable, Filled(job.AdultResponsable));
+            rows.SetValue(ChartField::Difficuly, Filled(job.Difficulty));
+            rows.SetValue(ChartField::Points, points);
+            if (i == 0) {
+                rows.SetValue(ChartField::FirstDate, chart.FirstDate);
+                rows.SetValue(ChartField::LastDate, chart.LastDate);
+                rows.SetValue(ChartField::UserName, chart.UserName);
+                rows.SetValue(ChartField::AutoCreate, chart.AutoCreate);
+            }
+            rows.Update();
+        }
+    }
+}
+
+bool IsOnDay(const Recordset& rows, const QString& day) {
+    return FallsOn(TextOf(rows.Value(ChartField::DayOfWeek)), day);
+}
+
+void StoreTicks(Recordset& rows, const ChartViewerRows& form, const QString& day) {
+    int i = 0;
+    rows.MoveFirst();
+    ForEachRow(rows, [&] {
+        if (!IsOnDay(rows, day))
+            return;
+        rows.Edit();
+        rows.SetValue(ChartField::Completed, form.CheckVisible(i));
+        rows.Update();
+        ++i;
+    });
+}
+
+/// Fills as many lines as the table had rows at first, whatever another program adds meanwhile.
+void FillEditor(ChartEditorRows& form, Recordset& rows, qint16 count) {
+    int i = 0;
+    while (i < count) {
+        form.SetRow(i, {TextOf(rows.Value(ChartField::Instructions)),
+                        TextOf(rows.Value(ChartField::DayOfWeek)),
+                        TextOf(rows.Value(ChartField::AdultResponsable)),
+                        TextOf(rows.Value(ChartField::Difficuly)),
+                        TextOf(rows.Value(ChartField::Points))});
+        ++i;
+        if (i < count)
+            form.NewTask_Click();
+        rows.MoveNext();
+    }
+}
+
+/// The row as the viewer shows it.
+ViewerRow ShownRow(const Recordset& rows) {
+    return {TextOf(rows.Value(ChartField::Instructions)), TextOf(rows.Value(ChartField::Difficuly)),
+            TextOf(rows.Value(ChartField::Points)),
+            TextOf(rows.Value(ChartField::AdultResponsable)),
+            BooleanOf(rows.Value(ChartField::Completed))};
 }
 
 } // namespace
-
-bool DatabaseCls::FallsOnDay(const QString& dayOfWeek, const QString& day) {
-    return dayOfWeek == day || dayOfWeek == WeekDays || dayOfWeek == AllDays;
-}
 
 void DatabaseCls::CreateChart(const QString& Name) {
     RefuseAccountsName(Name);
@@ -59,122 +114,54 @@ void DatabaseCls::WriteInfoToChart(const QString& Name, qint16 FormIndex, Mode U
                                    const QString& UserName, const QDate& FirstDate,
                                    const QDate& LastDate, bool AutoCreate) {
     RefuseAccountsName(Name);
-    if (UpdateTicks.IsTrue())
-        WriteTicks(Name, FormIndex);
-    else if (UpdateTicks.IsFalse())
-        WriteEditorRows(Name, FormIndex, UserName, FirstDate, LastDate, AutoCreate);
-}
-
-void DatabaseCls::WriteEditorRows(const QString& name, qint16 formIndex, const QString& userName,
-                                  const QDate& firstDate, const QDate& lastDate, bool autoCreate) {
-    // A save never edits rows: the old table goes, with its ticks, and all rows are written anew.
-    if (ChartExist(name))
-        Tables().DeleteTable(name);
-    CreateChart(name);
-    Recordset rows = Tables().OpenRecordset(name);
-    EmptyRecordset(&rows);
-
-    ChartEditorRows& form = forms_.Editor(formIndex);
-    for (int i = 0; i < form.RowCount(); ++i) {
-        const EditorRow job = form.Row(i);
-        const double points = Val(job.Points);
-        for (const QString& day : StoredDays(job.DayOfWeek)) {
-            rows.AddNew();
-            rows.SetValue(ChartField::Instructions, Filled(job.Instructions));
-            rows.SetValue(ChartField::DayOfWeek, day);
-            rows.SetValue(ChartField::AdultResponsable, Filled(job.AdultResponsable));
-            rows.SetValue(ChartField::Difficuly, Filled(job.Difficulty));
-            rows.SetValue(ChartField::Points, points);
-            if (i == 0) {
-                rows.SetValue(ChartField::FirstDate, firstDate);
-                rows.SetValue(ChartField::LastDate, lastDate);
-                rows.SetValue(ChartField::UserName, userName);
-                rows.SetValue(ChartField::AutoCreate, autoCreate);
-            }
-            rows.Update();
-        }
-    }
-}
-
-void DatabaseCls::WriteTicks(const QString& name, qint16 formIndex) {
-    Recordset rows = Tables().OpenRecordset(name);
-    ChartViewerRows& form = forms_.Viewer(formIndex);
-    int i = 0;
-    rows.MoveFirst();
-    while (!rows.Eof()) {
-        if (FallsOnDay(TextOf(rows.Value(ChartField::DayOfWeek)), CurrentDay)) {
-            rows.Edit();
-            rows.SetValue(ChartField::Completed, form.CheckVisible(i));
-            rows.Update();
-            ++i;
-        }
-        rows.MoveNext();
+    if (UpdateTicks.IsTrue()) {
+        Recordset rows = Tables().OpenRecordset(Name);
+        StoreTicks(rows, forms_.Viewer(FormIndex), CurrentDay);
+    } else if (UpdateTicks.IsFalse()) {
+        // A save never edits rows: the old table goes, with its ticks, and all are written anew.
+        if (ChartExist(Name))
+            Tables().DeleteTable(Name);
+        CreateChart(Name);
+        Recordset rows = Tables().OpenRecordset(Name);
+        EmptyRecordset(&rows);
+        AddJobs(rows, forms_.Editor(FormIndex), {UserName, FirstDate, LastDate, AutoCreate});
     }
 }
 
 void DatabaseCls::ReadInfoFromChart(const QString& Name, qint16 FormIndex, Mode ToViewer,
                                     const QString& Day) {
-    const int count = Tables().TableCount();
-    int index = 0;
-    while (index < count && Tables().TableName(index) != Name)
-        ++index;
-    if (index == count)
+    if (!CheckForDuplicates(Name))
         throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
 
     Recordset rows = Tables().OpenRecordset(Name);
     const qint16 recordCount = ToInteger(rows.RecordCount());
-    if (!rows.Eof())
-        rows.MoveFirst();
-    if (ToViewer.IsTrue())
-        ReadIntoViewer(rows, FormIndex, Day);
-    else if (ToViewer.IsFalse())
-        ReadIntoEditor(rows, recordCount, FormIndex);
-}
+    if (ToViewer.IsFalse())
+        FillEditor(forms_.Editor(FormIndex), rows, recordCount);
+    if (!ToViewer.IsTrue())
+        return;
 
-void DatabaseCls::ReadIntoEditor(Recordset& rows, qint16 recordCount, qint16 formIndex) {
-    ChartEditorRows& form = forms_.Editor(formIndex);
-    int i = 0;
-    while (i < recordCount) {
-        form.SetRow(i, {TextOf(rows.Value(ChartField::Instructions)),
-                        TextOf(rows.Value(ChartField::DayOfWeek)),
-                        TextOf(rows.Value(ChartField::AdultResponsable)),
-                        TextOf(rows.Value(ChartField::Difficuly)),
-                        TextOf(rows.Value(ChartField::Points))});
-        ++i;
-        if (i < recordCount)
-            form.NewTask_Click();
-        rows.MoveNext();
-    }
-}
-
-void DatabaseCls::ReadIntoViewer(Recordset& rows, qint16 formIndex, const QString& day) {
-    const qint16 count = PrintReturnNr_Articles(day, rows.Name());
-    CurrentDay = day;
-    ChartViewerRows& form = forms_.Viewer(formIndex);
+    const qint16 count = PrintReturnNr_Articles(Day, rows.Name());
+    CurrentDay = Day;
+    ChartViewerRows& form = forms_.Viewer(FormIndex);
     if (count == 0)
         return;
     int i = 0;
-    while (!rows.Eof()) {
-        if (FallsOnDay(TextOf(rows.Value(ChartField::DayOfWeek)), day)) {
-            // The same for all rows of a day.
-            if (i == 0)
-                form.SetDayCaption(DayCaption(rows, day));
-            form.SetRow(i, {TextOf(rows.Value(ChartField::Instructions)),
-                            TextOf(rows.Value(ChartField::Difficuly)),
-                            TextOf(rows.Value(ChartField::Points)),
-                            TextOf(rows.Value(ChartField::AdultResponsable)),
-                            BooleanOf(rows.Value(ChartField::Completed))});
-            ++i;
-            if (i < count)
-                form.CreateNewTask(i);
-        }
-        rows.MoveNext();
-    }
+    ForEachRow(rows, [&] {
+        if (!IsOnDay(rows, Day))
+            return;
+        // The same for all rows of a day.
+        if (i == 0)
+            form.SetDayCaption(DayCaption(rows, Day));
+        form.SetRow(i, ShownRow(rows));
+        ++i;
+        if (i < count)
+            form.CreateNewTask(i);
+    });
 }
 
-QString DatabaseCls::DayCaption(Recordset& Rows, const QString& Day) {
+QString DatabaseCls::DayCaption(const Recordset& Rows, const QString& Day) {
     QString abbreviation = TextOf(Rows.Value(ChartField::DayOfWeek));
-    if (abbreviation == WeekDays || abbreviation == AllDays)
+    if (IsRange(abbreviation))
         abbreviation = Day;
     const QString wanted = FullDayName(abbreviation);
 
@@ -196,11 +183,9 @@ QString DatabaseCls::DayCaption(Recordset& Rows, const QString& Day) {
 }
 
 void DatabaseCls::ReadDates(const QString& Name) {
-    Recordset rows = Tables().OpenRecordset(Name);
-    if (rows.Eof())
-        return;
-    rows.MoveFirst();
-    KeepDates(rows.Value(ChartField::FirstDate), rows.Value(ChartField::LastDate));
+    const Recordset rows = Tables().OpenRecordset(Name);
+    if (!rows.Eof())
+        KeepDates(rows.Value(ChartField::FirstDate), rows.Value(ChartField::LastDate));
 }
 
 void DatabaseCls::KeepDates(const QVariant& first, const QVariant& last) {
@@ -218,8 +203,9 @@ qint16 DatabaseCls::PrintReturnNr_Articles(const QString& DayAbbreviation,
     qint16 count = 0;
     if (DayAbbreviation.isEmpty())
         return count;
-    for (; !rows.Eof(); rows.MoveNext())
-        if (FallsOnDay(TextOf(rows.Value(0)), DayAbbreviation))
+    ForEachRow(rows, [&] {
+        if (FallsOn(TextOf(rows.Value(0)), DayAbbreviation))
             count = AddIntegers(count, 1);
+    });
     return count;
 }

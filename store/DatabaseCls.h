@@ -2,7 +2,6 @@
 
 #include "platform/tables/TableStore.h"
 #include "store/FormViews.h"
-#include "store/JobCounts.h"
 #include "store/Mode.h"
 
 #include <QDate>
@@ -10,8 +9,6 @@
 #include <QStringList>
 #include <functional>
 #include <memory>
-
-class JobTallies;
 
 /// The store: every read and write of the program's lasting data.
 ///
@@ -75,7 +72,8 @@ public:
     /// "" if there is no such account; of several the last one's.
     QString RetrevePassword(const QString& Name);
     void ChangePassword(const QString& Name, const QString& NewPassword);
-    /// "" if there is no such account.
+    /// "" if there is no such account. No form asks for it: the list in which an account is chosen
+    /// tells its kind.
     QString RetreveState(const QString& Name);
     /// Loads the account's picture into `Target`, which is emptied first.
     void RetrevePicture(const QString& Name, PictureTarget& Target);
@@ -171,60 +169,34 @@ public:
     void Commit();
 
 private:
-    static void EmptyRecordset(Recordset* Rows);
-    QString DayCaption(Recordset& Rows, const QString& Day);
-    qint32 ReturnRandomColor() const;
+    // Companions of single operations; what keeps something while its operation runs stands in a
+    // class of its own.
+
+    /// CheckJobIsNew, ReturnJobRow, ReturnTotalPoints and ReturnPointsMade, for FillMatrix.
+    class MatrixFilling;
+    /// CountJobHistory, for Report2.
+    class JobHistory;
     static void PrintReportHeader(const QString& KidName, const QString& DateRangeText);
-    /// How often a job was completed and left open in the tables. The first job that is asked for
-    /// takes the counts of all jobs, in one walk, into `Counted`, where those after it find them.
-    JobCounts CountJobHistory(const QString& JobName, const QString& KidName,
-                              const QStringList& ChartNames, JobTallies& Counted);
+    static qint32 ReturnRandomColor();
+    /// What the viewer's DayLbl says for the current row, read for `Day`; "" for a day outside the
+    /// chart's week.
+    QString DayCaption(const Recordset& Rows, const QString& Day);
+    /// Deletes every row. Of no use where it is called, on a table just made.
+    static void EmptyRecordset(Recordset* Rows);
 
-    /// True if the job was not among JobNames yet; it is then.
-    bool CheckJobIsNew(const QString& JobName);
-    /// The job's place among JobNames, 1 the first; 0 if it is not there.
-    qint16 ReturnJobRow(const QString& JobName) const;
-    /// The points of all completed rows of the chart. Raises 6 beyond 16 bits.
-    qint16 ReturnTotalPoints(const QString& ChartName);
-    /// The points of the completed rows of one job (`ByJob`) or one day. Raises 6 beyond 16 bits.
-    qint16 ReturnPointsMade(const QString& Key, const QString& ChartName, bool ByJob);
-
-    struct PointSums;
-    PointSums SumPoints(const QString& chartName);
-    void ShowJob(ChartMatrix& form, qint16 line, const Recordset& rows, const QString& chartName);
-    void ShowTotals(ChartMatrix& form, qint16 line, const QString& chartName);
-
+    /// The open database. Raises 91 before InitDatabse.
     TableStore& Tables() const;
-    static bool FallsOnDay(const QString& dayOfWeek, const QString& day);
-    static bool IsChartName(const QString& tableName);
-    QStringList TableNamesWhere(const std::function<bool(const QString&)>& isWanted);
-    void KeepDates(const TableWalk& rows);
-    void KeepDates(const QVariant& first, const QVariant& last);
-    bool SpanHolds(const QString& key) const;
-    void WriteEditorRows(const QString& name, qint16 formIndex, const QString& userName,
-                         const QDate& firstDate, const QDate& lastDate, bool autoCreate);
-    void WriteTicks(const QString& name, qint16 formIndex);
-    void ReadIntoEditor(Recordset& rows, qint16 recordCount, qint16 formIndex);
-    void ReadIntoViewer(Recordset& rows, qint16 formIndex, const QString& day);
-    void RollOn(const QString& name);
     /// Runs an operation that stores pictures, and so lets events run between their pieces. If one
     /// of them opens the file anew, the operation still ends on the connection that it began on.
     void OnOneConnection(const std::function<void()>& operation);
-    static void StorePicture(Recordset& rows, const QString& field, const QString& path);
-    void TakeOutPicture(const QString& account, const QString& field, PictureTarget& target,
-                        const std::function<void(Recordset&)>& beforePicture);
-    /// Runs `action` on every row of the name; returns the cursor behind the last row.
-    Recordset ForEachAccount(const QString& name, const std::function<void(Recordset&)>& action);
-    void TakeCounts(const QString& askedJob, const QString& kidName, const QStringList& chartNames,
-                    JobTallies& counted);
-    void ListByOwnerAndMonth(const QString& userName, NameList& list, bool history);
+    /// Puts a chart's first and last date into the four members.
+    void KeepDates(const QVariant& first, const QVariant& last);
 
     ChartForms& forms_;
+    /// The day last read into a viewer, whose rows its marks go to.
     QString CurrentDay;
-    /// The distinct jobs that FillMatrix has met, in the order of their first rows.
+    /// The distinct jobs of the chart last reviewed, in the order of their first rows.
     QStringList JobNames;
-    /// While FillMatrix runs: a walk over the table for each job would make a large chart slow.
-    std::shared_ptr<PointSums> pointSums_;
     /// Shared with the operations that let events run (OnOneConnection).
     std::shared_ptr<TableStore> ChartDb;
 };

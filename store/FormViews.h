@@ -87,49 +87,24 @@ public:
     virtual void SetDayCaption(const QString& caption) = 0;
 };
 
-/// A control array of the weekly review, one element a line of its matrix. Element 0 is designed,
-/// the others are loaded at the end and unloaded from there. Places are in twips. An index outside
-/// raises 9.
-class MatrixControls {
-public:
-    virtual ~MatrixControls() = default;
-    virtual int Count() const = 0;
-    /// Adds a hidden element in the place of element 0.
-    virtual void LoadElement() = 0;
-    virtual void UnloadLast() = 0;
-    virtual int Left(int index) const = 0;
-    virtual int Top(int index) const = 0;
-    virtual int Width(int index) const = 0;
-    virtual int Height(int index) const = 0;
-    virtual void SetLeft(int index, int twips) = 0;
-    virtual void SetTop(int index, int twips) = 0;
-    virtual void SetVisible(int index, bool visible) = 0;
-};
-
-/// Such an array of labels.
-class MatrixLabels : public MatrixControls {
-public:
-    virtual QString Caption(int index) const = 0;
-    virtual void SetCaption(int index, const QString& caption) = 0;
-    /// 0 transparent, 1 opaque.
-    virtual void SetBackStyle(int index, int backStyle) = 0;
-    /// A 32-bit colour value, red in the low byte.
-    virtual void SetForeColor(int index, qint32 color) = 0;
-};
-
-/// The matrix of the weekly review: one line a job, the last one for the totals.
+/// The matrix of the weekly review: a line for each job, in the order in which they are added, and
+/// a last one for the totals. Each call shows at once what it is given.
 class ChartMatrix {
 public:
     virtual ~ChartMatrix() = default;
-    virtual CaptionTarget& Title() = 0;
-    virtual MatrixLabels& Jobs() = 0;
-    virtual MatrixLabels& Values() = 0;
+    /// Shows the title, above a matrix without jobs.
+    virtual void Begin(const QString& title) = 0;
+    virtual void AddJob(const QString& job) = 0;
+    /// What the job added last is worth, and what it has earned over the week.
+    virtual void SetJobValue(const QString& value) = 0;
+    virtual void SetJobTotal(qint16 points) = 0;
+    /// A job falls on a day, and has been done there once or not. `line`: 0 the job added first;
     /// `day`: 1 Sunday to 7 Saturday.
-    virtual MatrixLabels& Cells(int day) = 0;
-    virtual MatrixLabels& JobTotals() = 0;
-    virtual MatrixControls& Outlines() = 0;
-    /// Indexes 0 to 6, Sunday to Saturday.
-    virtual MatrixLabels& DayTotals() = 0;
+    virtual void AddMark(int line, int day, bool completed) = 0;
+    /// Adds the line of the totals.
+    virtual void AddTotals(const QString& heading) = 0;
+    virtual void SetGrandTotal(qint16 points) = 0;
+    virtual void SetDayTotal(int day, qint16 points) = 0;
 };
 
 /// The session as the store sees it.

@@ -1,11 +1,12 @@
-#include "platform/runtime/Pictures.h"
+#include "store/Pictures.h"
+
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/Numbers.h"
+#include "platform/runtime/Pictures.h"
 #include "platform/runtime/ProgramFolder.h"
 #include "platform/runtime/RuntimeError.h"
 #include "store/ChartFields.h"
-#include "store/DatabaseCls.h"
-#include "store/TableNames.h"
+#include "store/Rows.h"
 
 #include <QDir>
 #include <QFile>
@@ -64,7 +65,7 @@ void WriteScratchFile(const Recordset& rows, const QString& field, const QString
 
 } // namespace
 
-void DatabaseCls::StorePicture(Recordset& rows, const QString& field, const QString& path) {
+void StorePicture(Recordset& rows, const QString& field, const QString& path) {
     QFile file(path);
     if (!QFileInfo::exists(path))
         throw RuntimeError(ErrorNumber::FileNotFound);
@@ -80,27 +81,22 @@ void DatabaseCls::StorePicture(Recordset& rows, const QString& field, const QStr
     }
 }
 
-void DatabaseCls::TakeOutPicture(const QString& account, const QString& field,
-                                 PictureTarget& target,
-                                 const std::function<void(Recordset&)>& beforePicture) {
-    target.SetPicture(LoadPicture(QString()));
-    Recordset rows = Tables().OpenRecordset(UsersTable);
+void ShowPictures(Recordset& accounts, const QString& account, const QString& field,
+                  PictureTarget& target, const std::function<void()>& beforePicture) {
     // The first row's name, not the wanted account's: one scratch file serves every picture.
     const QString folder = InProgramFolder(QStringLiteral("DeleteMe"));
     const QString scratch =
-        folder + QLatin1Char('/') + ScratchFileName(TextOf(rows.Value(AccountField::Name)));
+        folder + QLatin1Char('/') + ScratchFileName(TextOf(accounts.Value(AccountField::Name)));
 
     // Fails from the second picture on, as the folder is there then.
     QDir().mkdir(folder);
-    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
-        if (!Holds(rows.Value(AccountField::Name), account))
-            continue;
-        beforePicture(rows);
+    ForEachRowOf(account, accounts, [&] {
+        beforePicture();
         WithErrorsSkipped([&] {
-            if (rows.FieldSize(field) == 0)
+            if (accounts.FieldSize(field) == 0)
                 return;
-            WithErrorsSkipped([&] { WriteScratchFile(rows, field, scratch); });
+            WithErrorsSkipped([&] { WriteScratchFile(accounts, field, scratch); });
             target.SetPicture(LoadPicture(scratch));
         });
-    }
+    });
 }

@@ -1,13 +1,16 @@
 #include "platform/runtime/Numbers.h"
+#include "platform/runtime/Pictures.h"
 #include "platform/runtime/Prompts.h"
 #include "platform/runtime/RuntimeError.h"
 #include "store/ChartFields.h"
 #include "store/DatabaseCls.h"
+#include "store/Pictures.h"
+#include "store/Rows.h"
 #include "store/TableNames.h"
 
 void DatabaseCls::AddPoints(const QString& UserName, qint16 Delta, Mode Reset) {
-    // Going back to the first row at the end finds out that there are no accounts at all.
-    ForEachAccount(UserName, [&](Recordset& rows) {
+    Recordset rows = Tables().OpenRecordset(UsersTable);
+    ForEachRowOf(UserName, rows, [&] {
         const qint16 balance = AddIntegers(IntegerOf(rows.Value(AccountField::Points)), Delta);
         if (balance < 0) {
             Tell(QStringLiteral("Sorry you have insufficient points to clear the account"));
@@ -16,19 +19,21 @@ void DatabaseCls::AddPoints(const QString& UserName, qint16 Delta, Mode Reset) {
         rows.Edit();
         rows.SetValue(AccountField::Points, Reset.IsTrue() ? 0 : int{balance});
         rows.Update();
-    }).MoveFirst();
+    });
+    rows.MoveFirst();
 }
 
 void DatabaseCls::RetrievePoints(const QString& UserName, CaptionTarget& Target) {
-    ForEachAccount(UserName, [&](Recordset& rows) {
-        Target.SetCaption(TextOf(rows.Value(AccountField::Points)));
-    });
+    Recordset rows = Tables().OpenRecordset(UsersTable);
+    ForEachRowOf(UserName, rows,
+                 [&] { Target.SetCaption(TextOf(rows.Value(AccountField::Points))); });
 }
 
 void DatabaseCls::AddToy(const QString& UserName, const QString& ToyName,
                          const QString& PicturePath, qint16 Cost) {
     OnOneConnection([&] {
-        ForEachAccount(UserName, [&](Recordset& rows) {
+        Recordset rows = Tables().OpenRecordset(UsersTable);
+        ForEachRowOf(UserName, rows, [&] {
             rows.Edit();
             rows.SetValue(AccountField::IncentiveName,
                           ToyName.isEmpty() ? QVariant() : QVariant(ToyName));
@@ -39,13 +44,16 @@ void DatabaseCls::AddToy(const QString& UserName, const QString& ToyName,
             else
                 StorePicture(rows, AccountField::IncentivePicture, PicturePath);
             rows.Update();
-        }).MoveFirst();
+        });
+        rows.MoveFirst();
     });
 }
 
 void DatabaseCls::RetrieveToy(const QString& UserName, CaptionTarget& NameLabel,
                               PictureTarget& Picture, CaptionTarget& CostLabel) {
-    TakeOutPicture(UserName, AccountField::IncentivePicture, Picture, [&](Recordset& rows) {
+    Picture.SetPicture(LoadPicture(QString()));
+    Recordset rows = Tables().OpenRecordset(UsersTable);
+    ShowPictures(rows, UserName, AccountField::IncentivePicture, Picture, [&] {
         WithErrorsSkipped(
             [&] { NameLabel.SetCaption(TextOf(rows.Value(AccountField::IncentiveName))); });
         WithErrorsSkipped(
@@ -56,22 +64,19 @@ void DatabaseCls::RetrieveToy(const QString& UserName, CaptionTarget& NameLabel,
 bool DatabaseCls::AllChecked(const QString& Name) {
     Recordset rows = Tables().OpenRecordset(Name);
     bool all = true;
-    if (!rows.Eof())
-        rows.MoveFirst();
-    for (; !rows.Eof(); rows.MoveNext())
+    ForEachRow(rows, [&] {
         if (!BooleanOf(rows.Value(ChartField::Completed)))
             all = false;
+    });
     return all;
 }
 
 void DatabaseCls::ClearChartPoints(const QString& Name) {
     RefuseAccountsName(Name);
     Recordset rows = Tables().OpenRecordset(Name);
-    if (!rows.Eof())
-        rows.MoveFirst();
-    for (; !rows.Eof(); rows.MoveNext()) {
+    ForEachRow(rows, [&] {
         rows.Edit();
         rows.SetValue(ChartField::Completed, false);
         rows.Update();
-    }
+    });
 }

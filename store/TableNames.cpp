@@ -39,6 +39,49 @@ QList<FieldDefinition> UsersTableFields() {
     };
 }
 
-QStringView KindPrefix(const QString& tableName) {
-    return QStringView(tableName).left(4);
+TableKind KindOf(const QString& tableName) {
+    const QStringView prefix = QStringView(tableName).left(4);
+    if (prefix == QLatin1String("MSys"))
+        return TableKind::System;
+    if (prefix == QLatin1String("Hist"))
+        return TableKind::History;
+    if (prefix == QLatin1String("Prin"))
+        return TableKind::Printed;
+    return tableName == UsersTable ? TableKind::Accounts : TableKind::Chart;
+}
+
+bool IsChart(const QString& tableName) {
+    return KindOf(tableName) == TableKind::Chart;
+}
+
+bool IsHistory(const QString& tableName) {
+    return KindOf(tableName) == TableKind::History;
+}
+
+bool IsChartOrPrinted(const QString& tableName) {
+    const TableKind kind = KindOf(tableName);
+    return kind == TableKind::Chart || kind == TableKind::Printed;
+}
+
+bool IsOwned(const QString& tableName) {
+    const TableKind kind = KindOf(tableName);
+    return kind != TableKind::System && kind != TableKind::Accounts;
+}
+
+bool HasPeriod(const QString& tableName) {
+    return KindOf(tableName) != TableKind::System && !tableName.startsWith(QLatin1String("USER"));
+}
+
+QString HistoryName(const QString& chartName, const QString& firstDate) {
+    return QStringLiteral("History ") + chartName + QStringLiteral(" from: ") + firstDate;
+}
+
+bool MeansAllHistory(const QStringList& chartNames) {
+    if (chartNames.isEmpty())
+        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+    return chartNames.first() == AllHistory;
+}
+
+QString FirstWord(const QString& text) {
+    return text.section(QLatin1Char(' '), 0, 0);
 }

@@ -102,14 +102,6 @@ TEST_F(SaveForPeople, SelectionIsCounted) {
     EXPECT_EQ(People().SelectedCount(), 1) << "a second click takes a child out again";
 }
 
-TEST_F(SaveForPeople, FirstWordEndsAtTheFirstBlank) {
-    EXPECT_EQ(DisplayAllPeople::FirstWord(u"Dish Duty Anna"_s), u"Dish"_s);
-    EXPECT_EQ(DisplayAllPeople::FirstWord(u"Chores"_s), u"Chores"_s);
-    EXPECT_EQ(DisplayAllPeople::FirstWord(u" Chores"_s), QString());
-    EXPECT_EQ(DisplayAllPeople::FirstWord(u"Dish\tDuty x"_s), u"Dish\tDuty"_s);
-    EXPECT_EQ(DisplayAllPeople::FirstWord(QString()), QString());
-}
-
 TEST_F(SaveForPeople, NobodySelectedStoresTheChartUnderItsPlainNameWithoutAWord) {
     HandOn(NewChartWithJob(u"Dish Duty"_s));
     Ok();

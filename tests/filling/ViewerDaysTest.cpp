@@ -246,15 +246,6 @@ TEST_F(ViewerDaysTest, TheHeadingsNameTheAccountTheChartsFirstWordAndToday) {
     EXPECT_FALSE(Find<QLabel>(viewer, QStringLiteral("Image2")).pixmap(Qt::ReturnByValue).isNull());
 }
 
-TEST_F(ViewerDaysTest, FirstWordEndsAtTheFirstBlank) {
-    EXPECT_EQ(ChartViewer::FirstWord(QStringLiteral("Chores Anna")), QStringLiteral("Chores"));
-    EXPECT_EQ(ChartViewer::FirstWord(QStringLiteral("Chores")), QStringLiteral("Chores"));
-    EXPECT_EQ(ChartViewer::FirstWord(QStringLiteral("Chores  for Anna")), QStringLiteral("Chores"));
-    EXPECT_EQ(ChartViewer::FirstWord(QStringLiteral("Cho\tres Anna")), QStringLiteral("Cho\tres"));
-    EXPECT_EQ(ChartViewer::FirstWord(QStringLiteral(" Chores")), QString());
-    EXPECT_EQ(ChartViewer::FirstWord(QString()), QString());
-}
-
 TEST_F(ViewerDaysTest, TheIncentiveItsCostAndTheMissingPointsAreShown) {
     Database().AddToy(QStringLiteral("Anna"), QStringLiteral("Bicycle"), PictureFile(), 300);
     SetPoints(120);

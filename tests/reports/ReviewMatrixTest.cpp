@@ -1,6 +1,7 @@
 #include "tests/reports/ReviewTest.h"
 
 #include "reports/DayStrip.h"
+#include "tests/common/SpoiledRows.h"
 
 #include <QApplication>
 #include <QHelpEvent>
@@ -14,7 +15,8 @@ using S = QStringList;
 /// The matrix on the form: which lines there are, where they stand, what they look like.
 class ReviewMatrixTest : public ReviewTest {
 protected:
-    static QList<int> Tops(const MatrixControls& controls) {
+    template <class Control>
+    static QList<int> Tops(const ControlArray<Control>& controls) {
         QList<int> tops;
         for (int line = 0; line < controls.Count(); ++line)
             tops += controls.Top(line);
@@ -27,7 +29,8 @@ protected:
             tops += first + line * pitch;
         return tops;
     }
-    static void ExpectPlace(const MatrixControls& controls, const TwipRect& place) {
+    template <class Control>
+    static void ExpectPlace(const ControlArray<Control>& controls, const TwipRect& place) {
         EXPECT_EQ(controls.Left(0), place.Left);
         EXPECT_EQ(controls.Top(0), place.Top);
         EXPECT_EQ(controls.Width(0), place.Width);
@@ -156,6 +159,54 @@ TEST_F(ReviewMatrixTest, TheTotalLineCarriesTheDayTotalsAndTheGrandTotalOnTheRig
     EXPECT_EQ(middle(form.Points[2]), middle(form.JobTotal[0]));
 }
 
+TEST_F(ReviewMatrixTest, LaterLinesAreSeenAndBeginWithoutTheFirstOnesMarks) {
+    MakeChart(QStringLiteral("Chores Anna"),
+              {{QStringLiteral("Cook"), QStringLiteral("Mon"), 5, true},
+               {QStringLiteral("Rake"), QStringLiteral("Mon"), 5, false},
+               {QStringLiteral("Read"), QStringLiteral("Mon"), 5, true}});
+    const WeekChartRepresentation& form = OpenOn(QStringLiteral("Chores Anna"));
+    EXPECT_EQ(CellsOf(form, 0), QStringLiteral("- 1 - - - - -"));
+    EXPECT_EQ(CellsOf(form, 1), QStringLiteral("- o - - - - -"));
+    EXPECT_EQ(CellsOf(form, 2), QStringLiteral("- 1 - - - - -"));
+    for (const int line : {0, 1, 2, 3}) {
+        EXPECT_TRUE(form.Job.Visible(line)) << line;
+        EXPECT_TRUE(form.Points.Visible(line)) << line;
+        EXPECT_EQ(form.JobTotal.Visible(line), line < 3) << line;
+        EXPECT_TRUE(form.Patrat.Visible(line)) << line;
+    }
+}
+
+TEST_F(ReviewMatrixTest, ACellCountsWhatIsDoneAndStaysDoneWhenALaterRowIsOpen) {
+    const QString job = QStringLiteral("Cook");
+    MakeChart(QStringLiteral("Chores Anna"), {{job, QStringLiteral("Fri"), 5, true},
+                                              {job, QStringLiteral("Fri"), 5, false},
+                                              {job, QStringLiteral("Sat"), 5, false},
+                                              {job, QStringLiteral("Sat"), 5, true},
+                                              {job, QStringLiteral("Sun"), 5, true},
+                                              {job, QStringLiteral("Sun"), 5, true}});
+    EXPECT_EQ(CellsOf(OpenOn(QStringLiteral("Chores Anna")), 0), QStringLiteral("2 - - - - 1 1"));
+}
+
+TEST_F(ReviewMatrixTest, TheFirstLineIsClearedBeforeAFailureInIt) {
+    const QString chart = QStringLiteral("Chores Anna");
+    const QString job = QStringLiteral("Cook");
+    MakeChart(chart, {{job, QStringLiteral("Mon"), 5, true}});
+    const WeekChartRepresentation& form = OpenOn(chart);
+    const QString report = RuntimeError(ErrorNumber::InvalidUseOfNull).Report();
+    Spoil(chart, QStringLiteral("Points = NULL"));
+    Boxes.Expect(report);
+    Choose(chart);
+    EXPECT_EQ(Captions(form.Job), S{job});
+    EXPECT_EQ(Captions(form.Points), S{QString()});
+    EXPECT_EQ(CellsOf(form, 0), QStringLiteral("- - - - - - -"));
+    EXPECT_EQ(form.Mon.Caption(0), QString());
+    EXPECT_EQ(form.Mon.BackStyle(0), 0);
+    Spoil(chart, QStringLiteral("Instructions = NULL"));
+    Boxes.Expect(report);
+    Choose(chart);
+    EXPECT_EQ(Captions(form.Job), S{QString()});
+}
+
 TEST_F(ReviewMatrixTest, ColoursAreThoseOfTheDesign) {
     MakeChart(QStringLiteral("Chores Anna"),
               {{QStringLiteral("Cook"), QStringLiteral("Mon"), 5, true}});
@@ -281,10 +332,10 @@ TEST_F(ReviewMatrixTest, AScreenReaderSaysWhereANumberStands) {
 TEST_F(ReviewMatrixTest, TheDayNamesStandAboveTheirColumns) {
     MakeChart(QStringLiteral("Chores Anna"), Jobs(1));
     const WeekChartRepresentation& form = OpenOn(QStringLiteral("Chores Anna"));
-    QWidget& strip = Part("Calendar1");
+    auto& strip = dynamic_cast<DayStrip&>(Part("Calendar1"));
     const QList<const CellArray*> days = DayArrays(form);
     for (int day = 1; day <= 7; ++day) {
-        const QRect name = DayStrip::PlaceOf(day);
+        const QRect name = strip.PlaceOf(day);
         EXPECT_TRUE(strip.rect().contains(name));
         const int column = days.at(day - 1)->Left(0) / 15 + 615 / 15 / 2;
         EXPECT_NEAR(strip.mapTo(&Surface(), name.center()).x(), column, 1) << day;

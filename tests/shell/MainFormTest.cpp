@@ -396,8 +396,9 @@ TEST_F(MainFormTest, TitlesShowNamesAsTheyStand) {
     Shoot(frame, QStringLiteral("ChartEditor-title"));
     editor.Widget().setWindowTitle(QStringLiteral("Editing  chart"));
     EXPECT_NE(frame.grab().toImage(), titled);
+    // The toolkit's way to write one mark.
     editor.Widget().setWindowTitle(QStringLiteral("Editing [*][*] chart"));
-    EXPECT_NE(frame.grab().toImage(), titled);
+    EXPECT_EQ(frame.grab().toImage(), titled);
 
     OpenEditor(QStringLiteral("[*]")).Frame().showMaximized();
     Settle();

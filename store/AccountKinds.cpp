@@ -1,0 +1,9 @@
+#include "store/AccountKinds.h"
+
+bool IsAdult(const QString& kind) {
+    return kind == AccountKind::Parent || kind == AccountKind::Teacher;
+}
+
+bool IsChild(const QString& kind) {
+    return kind == AccountKind::Kid || kind == AccountKind::Student;
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+#include <QtGlobal>
+
+/// The two versions of the program, as the session's SchoolMode holds them and by name. With any
+/// other value the chart editor and the reports are neither; the job names and the forms of the
+/// accounts take whatever is not home for school.
+namespace Version {
+
+inline constexpr qint16 School = -1;
+inline constexpr qint16 Home = 0;
+
+inline const QString SchoolName = QStringLiteral("School");
+inline const QString HomeName = QStringLiteral("Home");
+
+inline bool IsSchool(qint16 version) {
+    return version == School;
+}
+
+inline bool IsHome(qint16 version) {
+    return version == Home;
+}
+
+/// The name; "" for a value that is neither.
+inline QString NameOf(qint16 version) {
+    return IsSchool(version) ? SchoolName : IsHome(version) ? HomeName : QString();
+}
+
+} // namespace Version
