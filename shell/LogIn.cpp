@@ -47,11 +47,6 @@ LogIn::LogIn() : FormWidget(Place::TopLevel), ui(std::make_unique<Ui::LogIn>()) 
     // What everybody comes for; the version above is chosen once.
     ui->TeachersList->setFocus();
 
-    for (HeadedList* list : {ui->TeachersList, ui->StudentsList}) {
-        ClickRules rules = HeadedList::AccountRules();
-        rules.Opens = true;
-        list->SetRules(rules);
-    }
     On(&ui->TeachersList->Clicks, &ListClicks::Clicked, this, [this] { List_Click(1); });
     On(&ui->StudentsList->Clicks, &ListClicks::Clicked, this, [this] { List_Click(2); });
     On(&ui->TeachersList->Clicks, &ListClicks::Opened, this, [this] {

@@ -29,11 +29,8 @@ QString KeyOfOneWeekAgo() {
 using NameFilter = bool (*)(const QString& tableName);
 
 QStringList TableNamesWhere(TableStore& tables, NameFilter isWanted) {
-    QStringList names;
-    const int count = tables.TableCount();
-    for (int index = 0; index < count; ++index)
-        if (const QString name = tables.TableName(index); isWanted(name))
-            names += name;
+    QStringList names = tables.TableNames();
+    names.removeIf([isWanted](const QString& name) { return !isWanted(name); });
     return names;
 }
 

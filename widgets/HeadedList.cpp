@@ -3,11 +3,8 @@
 #include <QHeaderView>
 #include <QTextDocument>
 
-ClickRules HeadedList::AccountRules() {
-    return {.Unselecting = Qt::AllButtons, .FirstKeyTakesRow = true};
-}
-
-HeadedList::HeadedList(QWidget* parent) : ClickView(parent, AccountRules()) {
+HeadedList::HeadedList(QWidget* parent)
+    : ClickView(parent, {.Opens = true, .Unselecting = Qt::AllButtons, .FirstKeyTakesRow = true}) {
     setColumnCount(1);
     setRootIsDecorated(false);
     setUniformRowHeights(true);

@@ -22,7 +22,4 @@ public:
     QString Heading() const { return headerItem()->text(0); }
     /// Sets the column's heading, which is also the list's name for screen readers.
     void SetHeading(const QString& heading);
-
-    /// The rules of every list of accounts, to which a list may add its own.
-    static ClickRules AccountRules();
 };

@@ -145,17 +145,20 @@ void Form::ShowInMainWindow() {
     const QSize inside = hasOwnSize ? widget_.size() : widget_.sizeHint();
     auto* frame = new FormFrame(*this);
     frame_ = frame;
+    // So that the area computes none.
+    frame->setAttribute(Qt::WA_Resized);
     // Empty: each move of a form to another parent styles all its controls anew.
     area->addSubWindow(frame);
     frame->setWidget(&widget_);
-    widget_.show();
-    frame_->show();
-    // Only a frame that is shown knows how wide its edges are.
-    QSize whole = inside + frame_->size() - widget_.size();
+    // How wide its edges are the frame knows from its style.
+    frame->ensurePolished();
+    QSize whole = inside.grownBy(frame->contentsMargins());
     if (area->isVisible())
         whole = whole.boundedTo(area->viewport()->size()).expandedTo(frame_->minimumSizeHint());
     frame_->resize(whole);
     PlaceInArea(*area, *frame_);
+    widget_.show();
+    frame_->show();
 }
 
 void Form::SetFocus() {

@@ -30,6 +30,17 @@ QString TableStore::TableName(int index) const {
     });
 }
 
+QStringList TableStore::TableNames() {
+    return engine_->Guard([&] {
+        QStringList names;
+        const auto& tables = engine_->Current().Tables();
+        names.reserve(static_cast<qsizetype>(tables.size()));
+        for (const std::shared_ptr<Table>& table : tables)
+            names += table->Name;
+        return names;
+    });
+}
+
 bool TableStore::HasTable(const QString& name) {
     return engine_->Guard([&] { return engine_->Current().Find(name) != nullptr; });
 }

@@ -4,7 +4,7 @@
 #include "platform/tables/TableWalk.h"
 
 #include <QList>
-#include <QString>
+#include <QStringList>
 #include <functional>
 #include <memory>
 
@@ -59,6 +59,9 @@ public:
     /// names, whose case does not count; dropping a table moves those behind it one down. Raises 9
     /// outside.
     QString TableName(int index) const;
+
+    /// The names of all tables, in that order. Sees what another process has made or dropped since.
+    QStringList TableNames();
 
     /// True if a table of that name exists in any case.
     bool HasTable(const QString& name);
