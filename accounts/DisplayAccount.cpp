@@ -88,29 +88,26 @@ void DisplayAccount::ShowForChild() {
     if (seesOthers)
         return;
 
-    EmptyFigures();
-    LabelPicture picture(*ui_->Image1);
-    Database().RetrevePicture(CurrentUser, picture);
-    LabelCaption toyName(*ui_->ToyName);
-    LabelPicture toyPicture(*ui_->Image2);
-    LabelCaption toyValue(*ui_->ToyValue);
-    Database().RetrieveToy(CurrentUser, toyName, toyPicture, toyValue);
-    LabelCaption points(*ui_->Pointslbl);
-    Database().RetrievePoints(CurrentUser, points);
+    ShowStored(CurrentUser);
     ui_->KidName->setText(CurrentUser);
 }
 
-void DisplayAccount::StudentsList_Click() {
+/// What the store has of an account: its picture, its goal and its points.
+void DisplayAccount::ShowStored(const QString& account) {
     EmptyFigures();
-    const QString student = ReturnSelectedStudent();
     LabelPicture picture(*ui_->Image1);
-    Database().RetrevePicture(student, picture);
+    Database().RetrevePicture(account, picture);
     LabelCaption toyName(*ui_->ToyName);
     LabelPicture toyPicture(*ui_->Image2);
     LabelCaption toyValue(*ui_->ToyValue);
-    Database().RetrieveToy(student, toyName, toyPicture, toyValue);
+    Database().RetrieveToy(account, toyName, toyPicture, toyValue);
     LabelCaption points(*ui_->Pointslbl);
-    Database().RetrievePoints(student, points);
+    Database().RetrievePoints(account, points);
+}
+
+void DisplayAccount::StudentsList_Click() {
+    const QString student = ReturnSelectedStudent();
+    ShowStored(student);
 
     const double needed = Val(ui_->ToyValue->text()) - Val(ui_->Pointslbl->text());
     ui_->Label5->setText(needed <= 0 ? QStringLiteral("0") : NumberText(needed));

@@ -28,6 +28,7 @@ private:
     QString ReturnSelectedStudent() const;
     void FillList();
     void EmptyFigures();
+    void ShowStored(const QString& account);
     void ShowForAdult();
     void ShowForChild();
     void ShowWay();

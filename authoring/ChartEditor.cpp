@@ -110,7 +110,7 @@ int ChartEditor::FocusedRow() {
     const QWidget* focus = focusWidget();
     for (int index = 0; index < Instructions.Count(); ++index) {
         bool isHere = false;
-        ForEachColumn([&](auto& column) { isHere = isHere || &column[index] == focus; });
+        ForEachColumn(Columns(), [&](auto& column) { isHere = isHere || &column[index] == focus; });
         if (isHere)
             return index;
     }
@@ -211,25 +211,11 @@ void ChartEditor::Load() {
     ui_->AutoCreatechk->setChecked(IsNewChart || Database().ReturnAutoCreate(ChartName));
 }
 
-template <class Action>
-void ChartEditor::ForEachColumn(Action&& action) {
-    action(Instructions);
-    action(DayOfWeek);
-    action(AdultResponsable);
-    action(Difficulty);
-    action(Points);
-    action(JobDelete);
-    action(Number);
-}
-
 void ChartEditor::CreateNewTask() {
     const qint16 index = ToInteger(Instructions.Count());
-    ForEachColumn([](auto& column) { column.LoadElement(); });
-    ForEachColumn([index](auto& column) {
-        column.SetLeft(index, column.Left(index - 1));
-        column.SetTop(index, column.Top(index - 1) + column.Height(index - 1) + RowGap);
-        column.SetVisible(index, true);
-    });
+    LoadRow(Columns());
+    PlaceRowBelow(Columns(), index, RowGap);
+    SetRowVisible(Columns(), index, true);
     // The other boxes are new, and empty.
     AdultResponsable[index].setText(CurrentUser);
     FillDifficultyList(index);
@@ -248,10 +234,8 @@ void ChartEditor::SetTextsPosition() {
         ui_->VScroll->setFocus(Qt::OtherFocusReason);
     for (int index = 0; index < Instructions.Count(); ++index) {
         const int top = pitch * (index - value) + ListTop + RowGap;
-        ForEachColumn([index, top](auto& column) {
-            column.SetTop(index, top);
-            column.SetVisible(index, top >= ListTop);
-        });
+        SetRowTop(Columns(), index, top);
+        SetRowVisible(Columns(), index, top >= ListTop);
     }
 }
 

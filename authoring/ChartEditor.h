@@ -2,7 +2,7 @@
 
 #include "authoring/DropDownCombo.h"
 #include "authoring/InstructionsDropDown.h"
-#include "platform/forms/ControlArray.h"
+#include "platform/forms/ControlRows.h"
 #include "platform/forms/Form.h"
 #include "session/FormNames.h"
 #include "store/FormViews.h"
@@ -105,8 +105,11 @@ private:
     QPushButton* MakeDelete(int index);
     DropDownCombo* MakeInstructions(int index);
     QLineEdit* MakePoints(int index);
-    template <class Action>
-    void ForEachColumn(Action&& action);
+    /// What a row is made of.
+    auto Columns() {
+        return std::tie(Instructions, DayOfWeek, AdultResponsable, Difficulty, Points, JobDelete,
+                        Number);
+    }
     void PutRowInTabOrder(int index);
     void FitListToFrame();
     int FocusedRow();

@@ -3,7 +3,7 @@
 #include "filling/BoxOutline.h"
 #include "filling/MarkImage.h"
 #include "filling/RowText.h"
-#include "platform/forms/ControlArray.h"
+#include "platform/forms/ControlRows.h"
 #include "platform/forms/Form.h"
 #include "session/FormNames.h"
 #include "store/FormViews.h"
@@ -78,6 +78,17 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    /// What a row is made of.
+    auto Columns() {
+        return std::tie(Instructions, Difficulty, Points, AdultResponsable, CheckImg, ClearImg,
+                        RectCheck, Number);
+    }
+    /// What of it has a place in the list.
+    auto PlacedColumns() {
+        return std::tie(Instructions, Difficulty, Points, Number, RectCheck, CheckImg, ClearImg);
+    }
+    /// What is hidden where the row is scrolled away.
+    auto HidingColumns() { return std::tie(Instructions, Difficulty, Points, RectCheck, Number); }
     void DesignRows();
     void WatchRow(QWidget& text, int index);
     void WatchMouseOn(QWidget& widget);
@@ -99,7 +110,7 @@ private:
     void TurnPage(int step);
     void ExchangeRows(int step);
     bool AreRowsInUse() const;
-    void LoadRow(int index);
+    void MakeRow(int index);
 
     void ClearImg_Click(int index);
     void CheckImg_Click(int index);

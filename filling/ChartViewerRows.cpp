@@ -39,12 +39,6 @@ void Renew(BoxOutline& outline) {
 /// A mark is named with its row's text and has nothing else of its own.
 void Renew(MarkImage&) {}
 
-template <class Control>
-void PlaceBelow(ControlArray<Control>& controls, int index) {
-    controls.SetLeft(index, controls.Left(index - 1));
-    controls.SetTop(index, controls.Top(index - 1) + controls.Height(index) + RowGap);
-}
-
 } // namespace
 
 /// Row 0, as it stands until it is first filled.
@@ -156,32 +150,15 @@ void ChartViewer::SetDayCaption(const QString& caption) {
 void ChartViewer::CreateNewTask(int index) {
     isWrittenOver_ = index < Instructions.Count();
     if (!isWrittenOver_) {
-        LoadRow(index);
+        MakeRow(index);
         filledRows_ = index + 1;
     }
-    Instructions.SetVisible(index, true);
-    Difficulty.SetVisible(index, true);
-    Points.SetVisible(index, true);
-    RectCheck.SetVisible(index, true);
-    Number.SetVisible(index, true);
+    SetRowVisible(HidingColumns(), index, true);
 }
 
-void ChartViewer::LoadRow(int index) {
-    Instructions.LoadElement();
-    Difficulty.LoadElement();
-    Points.LoadElement();
-    AdultResponsable.LoadElement();
-    CheckImg.LoadElement();
-    ClearImg.LoadElement();
-    RectCheck.LoadElement();
-    Number.LoadElement();
-    PlaceBelow(Instructions, index);
-    PlaceBelow(Difficulty, index);
-    PlaceBelow(Points, index);
-    PlaceBelow(Number, index);
-    PlaceBelow(RectCheck, index);
-    PlaceBelow(CheckImg, index);
-    PlaceBelow(ClearImg, index);
+void ChartViewer::MakeRow(int index) {
+    LoadRow(Columns());
+    PlaceRowBelow(PlacedColumns(), index, RowGap);
     ClearImg.SetVisible(index, true);
     BringToFront(RectCheck[index]);
     Number[index].setText(QString::number(index + 1) + QLatin1Char(':'));
@@ -199,16 +176,8 @@ void ChartViewer::LoadRow(int index) {
 }
 
 void ChartViewer::RemoveRows(int first) {
-    while (Instructions.Count() > first) {
-        Instructions.UnloadLast();
-        Difficulty.UnloadLast();
-        Points.UnloadLast();
-        AdultResponsable.UnloadLast();
-        CheckImg.UnloadLast();
-        ClearImg.UnloadLast();
-        RectCheck.UnloadLast();
-        Number.UnloadLast();
-    }
+    while (Instructions.Count() > first)
+        UnloadLastRow(Columns());
 }
 
 void ChartViewer::ScrollTo(int value) {
@@ -220,13 +189,7 @@ void ChartViewer::SetTextsPosition() {
     const int pitch = Instructions.Height(0) + RowGap;
     for (int row = 0; row < Instructions.Count(); ++row) {
         const int top = pitch * row + FirstRowTop - ui_->VScroll->value() * pitch;
-        Instructions.SetTop(row, top);
-        Difficulty.SetTop(row, top);
-        Points.SetTop(row, top);
-        Number.SetTop(row, top);
-        CheckImg.SetTop(row, top);
-        ClearImg.SetTop(row, top);
-        RectCheck.SetTop(row, top);
+        SetRowTop(PlacedColumns(), row, top);
         // The marks are not hidden: which of the two is visible is the mark. They slide under
         // Picture1 instead.
         const bool shown = Instructions.Top(row) >= ListTop;
@@ -234,11 +197,7 @@ void ChartViewer::SetTextsPosition() {
         // have the row brought back into view.
         if (!shown && Instructions[row].hasFocus())
             VisibleMark(row).setFocus();
-        Instructions.SetVisible(row, shown);
-        Difficulty.SetVisible(row, shown);
-        Points.SetVisible(row, shown);
-        Number.SetVisible(row, shown);
-        RectCheck.SetVisible(row, shown);
+        SetRowVisible(HidingColumns(), row, shown);
     }
 }
 

@@ -12,14 +12,14 @@
 #include "widgets/FormViewAdapters.h"
 
 BackgroundOptions::BackgroundOptions()
-    : FormWidget(Place::InMainWindow), ui(std::make_unique<Ui::BackgroundOptions>()) {
-    ui->setupUi(this);
+    : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::BackgroundOptions>()) {
+    ui_->setupUi(this);
     // With no dialog used, Ok makes the background black, and so the swatch begins.
     PaintSwatch();
-    On(ui->BrowseButton, &QPushButton::clicked, this, [this] { BrowseButton_Click(); });
-    On(ui->SetColorbtn, &QPushButton::clicked, this, [this] { SetColorbtn_Click(); });
-    On(ui->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
-    On(ui->Cancel, &QPushButton::clicked, this, [this] { Unload(); });
+    On(ui_->BrowseButton, &QPushButton::clicked, this, [this] { BrowseButton_Click(); });
+    On(ui_->SetColorbtn, &QPushButton::clicked, this, [this] { SetColorbtn_Click(); });
+    On(ui_->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
+    On(ui_->Cancel, &QPushButton::clicked, this, [this] { Unload(); });
 }
 
 BackgroundOptions::~BackgroundOptions() = default;
@@ -29,23 +29,23 @@ void BackgroundOptions::BrowseButton_Click() {
     // What cannot be loaded is not chosen.
     const QImage picture = LoadPicture(file);
     browseFileName_ = file;
-    LabelPicture(*ui->Image1).SetPicture(picture);
-    ui->Picture1->hide();
+    LabelPicture(*ui_->Image1).SetPicture(picture);
+    ui_->Picture1->hide();
 }
 
 void BackgroundOptions::SetColorbtn_Click() {
     if (const auto chosen = AskForColor(dialogColor_))
         dialogColor_ = *chosen;
     PaintSwatch();
-    ui->Picture1->show();
-    ui->Picture1->raise();
+    ui_->Picture1->show();
+    ui_->Picture1->raise();
 }
 
 void BackgroundOptions::PaintSwatch() {
     // One pixel, spread over the whole swatch.
     QPixmap color(1, 1);
     color.fill(ColorFromValue(dialogColor_));
-    ui->Picture1->setPixmap(color);
+    ui_->Picture1->setPixmap(color);
 }
 
 void BackgroundOptions::Ok_Click() {

@@ -25,7 +25,7 @@ private:
     void Ok_Click();
     void PaintSwatch();
 
-    std::unique_ptr<Ui::BackgroundOptions> ui;
+    std::unique_ptr<Ui::BackgroundOptions> ui_;
     /// What the two dialogs hold; cancelling one keeps what it held.
     QString browseFileName_;
     qint32 dialogColor_ = 0;

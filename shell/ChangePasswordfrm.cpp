@@ -11,20 +11,20 @@
 #include "widgets/FormViewAdapters.h"
 
 ChangePasswordfrm::ChangePasswordfrm()
-    : FormWidget(Place::TopLevel), ui(std::make_unique<Ui::ChangePasswordfrm>()) {
-    ui->setupUi(this);
-    SetPasswordMask(*ui->OldPAss, QLatin1Char('?'));
-    SetPasswordMask(*ui->NewPass, QLatin1Char('?'));
-    On(ui->Command2, &QPushButton::clicked, this, [this] { BrowsePicture(); });
-    On(ui->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
-    On(ui->Command1, &QPushButton::clicked, this, [this] { Unload(); });
+    : FormWidget(Place::TopLevel), ui_(std::make_unique<Ui::ChangePasswordfrm>()) {
+    ui_->setupUi(this);
+    SetPasswordMask(*ui_->OldPAss, QLatin1Char('?'));
+    SetPasswordMask(*ui_->NewPass, QLatin1Char('?'));
+    On(ui_->Command2, &QPushButton::clicked, this, [this] { BrowsePicture(); });
+    On(ui_->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
+    On(ui_->Command1, &QPushButton::clicked, this, [this] { Unload(); });
 }
 
 ChangePasswordfrm::~ChangePasswordfrm() = default;
 
 void ChangePasswordfrm::Activate() {
     // The log-in form loses its selection whenever it is refreshed, so the name stands here.
-    ui->Heading->setText(AccountName);
+    ui_->Heading->setText(AccountName);
 }
 
 void ChangePasswordfrm::BrowsePicture() {
@@ -33,12 +33,12 @@ void ChangePasswordfrm::BrowsePicture() {
     // What cannot be loaded is not chosen.
     const QImage picture = LoadPicture(file);
     opFileName_ = file;
-    LabelPicture(*ui->Image1).SetPicture(picture);
+    LabelPicture(*ui_->Image1).SetPicture(picture);
 }
 
 void ChangePasswordfrm::Ok_Click() {
-    if (Database().RetrevePassword(AccountName) == ui->OldPAss->text()) {
-        const QString newPassword = ui->NewPass->text();
+    if (Database().RetrevePassword(AccountName) == ui_->OldPAss->text()) {
+        const QString newPassword = ui_->NewPass->text();
         Database().ChangePassword(AccountName, newPassword);
         Tell(QStringLiteral("Your new password is: ") + newPassword);
         Unload();

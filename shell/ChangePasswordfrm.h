@@ -29,7 +29,7 @@ private:
     void BrowsePicture();
     void Ok_Click();
 
-    std::unique_ptr<Ui::ChangePasswordfrm> ui;
+    std::unique_ptr<Ui::ChangePasswordfrm> ui_;
     /// The file name that the open-file dialog holds; cancelling it keeps the former one.
     QString opFileName_;
 };

@@ -38,43 +38,43 @@ const QString Welcome = QStringLiteral(
 
 } // namespace
 
-LogIn::LogIn() : FormWidget(Place::TopLevel), ui(std::make_unique<Ui::LogIn>()) {
-    ui->setupUi(this);
+LogIn::LogIn() : FormWidget(Place::TopLevel), ui_(std::make_unique<Ui::LogIn>()) {
+    ui_->setupUi(this);
     FitToScreen();
-    ui->TeachersList->SetHeading(ui->TeachersList->Heading());
-    ui->StudentsList->SetHeading(ui->StudentsList->Heading());
+    ui_->TeachersList->SetHeading(ui_->TeachersList->Heading());
+    ui_->StudentsList->SetHeading(ui_->StudentsList->Heading());
 
     // What everybody comes for; the version above is chosen once.
-    ui->TeachersList->setFocus();
+    ui_->TeachersList->setFocus();
 
-    On(&ui->TeachersList->Clicks, &ListClicks::Clicked, this, [this] { List_Click(1); });
-    On(&ui->StudentsList->Clicks, &ListClicks::Clicked, this, [this] { List_Click(2); });
-    On(&ui->TeachersList->Clicks, &ListClicks::Opened, this, [this] {
+    On(&ui_->TeachersList->Clicks, &ListClicks::Clicked, this, [this] { List_Click(1); });
+    On(&ui_->StudentsList->Clicks, &ListClicks::Clicked, this, [this] { List_Click(2); });
+    On(&ui_->TeachersList->Clicks, &ListClicks::Opened, this, [this] {
         ActiveList = 1;
         LogInbtn_Click();
     });
-    On(&ui->StudentsList->Clicks, &ListClicks::Opened, this, [this] {
+    On(&ui_->StudentsList->Clicks, &ListClicks::Opened, this, [this] {
         ActiveList = 2;
         LogInbtn_Click();
     });
-    On(ui->LogInbtn, &QPushButton::clicked, this, [this] { LogInbtn_Click(); });
-    On(ui->NewUserbtn, &QPushButton::clicked, this, [] { Default<NewUser>().Show(); });
-    On(ui->ChangeP, &QPushButton::clicked, this, [this] { ChangeP_Click(); });
+    On(ui_->LogInbtn, &QPushButton::clicked, this, [this] { LogInbtn_Click(); });
+    On(ui_->NewUserbtn, &QPushButton::clicked, this, [] { Default<NewUser>().Show(); });
+    On(ui_->ChangeP, &QPushButton::clicked, this, [this] { ChangeP_Click(); });
     // Selecting an option counts as its click, by hand or by the settings read.
-    On(ui->ForSchool, &QRadioButton::toggled, this, [this](bool selected) {
+    On(ui_->ForSchool, &QRadioButton::toggled, this, [this](bool selected) {
         if (selected)
             Version_Click(true);
     });
-    On(ui->ForHome, &QRadioButton::toggled, this, [this](bool selected) {
+    On(ui_->ForHome, &QRadioButton::toggled, this, [this](bool selected) {
         if (selected)
             Version_Click(false);
     });
-    On(ui->cmdHelp, &QPushButton::clicked, this, [] {
+    On(ui_->cmdHelp, &QPushButton::clicked, this, [] {
         CurrentDesktop().ShowHelp(InProgramFolder(QStringLiteral("HelpFile/DutygridHlp.hlp")), 9);
     });
-    On(ui->cmdWebSite, &QPushButton::clicked, this,
+    On(ui_->cmdWebSite, &QPushButton::clicked, this,
        [] { CurrentDesktop().ShellExecute(QStringLiteral("open"), ProductWebPage, 3); });
-    On(ui->Exitbtn, &QPushButton::clicked, this, [this] {
+    On(ui_->Exitbtn, &QPushButton::clicked, this, [this] {
         Unload();
         EndProcess();
     });
@@ -83,13 +83,13 @@ LogIn::LogIn() : FormWidget(Place::TopLevel), ui(std::make_unique<Ui::LogIn>()) 
 LogIn::~LogIn() = default;
 
 void LogIn::SelectVersion(bool school) {
-    QRadioButton& option = school ? *ui->ForSchool : *ui->ForHome;
+    QRadioButton& option = school ? *ui_->ForSchool : *ui_->ForHome;
     if (option.isChecked())
         return;
     {
         // Not by the option's signal: what fails in its handler fails here, in its caller.
-        const QSignalBlocker ofSchool(ui->ForSchool);
-        const QSignalBlocker ofHome(ui->ForHome);
+        const QSignalBlocker ofSchool(ui_->ForSchool);
+        const QSignalBlocker ofHome(ui_->ForHome);
         option.setChecked(true);
     }
     Version_Click(school);
@@ -99,17 +99,17 @@ void LogIn::SelectVersion(bool school) {
 void LogIn::FitToScreen() {
     constexpr int LowScreen = 520; // pixels
     const bool isLow = screen()->availableSize().height() < LowScreen;
-    ui->Logo->setPixmap(LogoPicture(*this, isLow ? QSize(150, 50) : QSize(240, 80)));
+    ui_->Logo->setPixmap(LogoPicture(*this, isLow ? QSize(150, 50) : QSize(240, 80)));
     if (!isLow)
         return;
-    ui->Image1->setFixedSize(100, 100);
-    ui->Side->setAlignment(ui->Image1, Qt::AlignHCenter);
-    for (HeadedList* list : {ui->TeachersList, ui->StudentsList})
+    ui_->Image1->setFixedSize(100, 100);
+    ui_->Side->setAlignment(ui_->Image1, Qt::AlignHCenter);
+    for (HeadedList* list : {ui_->TeachersList, ui_->StudentsList})
         list->setMinimumHeight(120);
     constexpr int Tight = 8;
-    ui->Page->setSpacing(Tight);
-    ui->Side->setSpacing(Tight);
-    ui->Page->setContentsMargins(Tight, Tight, Tight, Tight);
+    ui_->Page->setSpacing(Tight);
+    ui_->Side->setSpacing(Tight);
+    ui_->Page->setContentsMargins(Tight, Tight, Tight, Tight);
 }
 
 void LogIn::Load() {
@@ -121,13 +121,13 @@ void LogIn::Load() {
 }
 
 void LogIn::ClearAccounts() {
-    ui->TeachersList->Clear();
-    ui->StudentsList->Clear();
+    ui_->TeachersList->Clear();
+    ui_->StudentsList->Clear();
 }
 
 void LogIn::ListAccounts() {
     ClearAccounts();
-    Database().PopulateUserList(ui->TeachersList, *ui->StudentsList);
+    Database().PopulateUserList(ui_->TeachersList, *ui_->StudentsList);
 }
 
 // No session can begin where one of these steps fails.
@@ -156,20 +156,20 @@ void LogIn::WelcomeOnFirstRun() {
 }
 
 void LogIn::SetListHeaders() {
-    ui->TeachersList->SetHeading(ui->ForSchool->isChecked() ? QStringLiteral("Teachers")
-                                                            : QStringLiteral("Parents"));
-    ui->StudentsList->SetHeading(QStringLiteral("Sparkits"));
-    ui->TeachersList->viewport()->update();
-    ui->StudentsList->viewport()->update();
+    ui_->TeachersList->SetHeading(ui_->ForSchool->isChecked() ? QStringLiteral("Teachers")
+                                                              : QStringLiteral("Parents"));
+    ui_->StudentsList->SetHeading(QStringLiteral("Sparkits"));
+    ui_->TeachersList->viewport()->update();
+    ui_->StudentsList->viewport()->update();
 }
 
 LogIn::SelectedUser LogIn::ReturnSelectedUser() const {
     SelectedUser user;
     // The list decides the kind, not what is stored with the account.
     if (ActiveList == 1)
-        user = {ui->TeachersList->SelectedName(), AccountKind::Teacher};
+        user = {ui_->TeachersList->SelectedName(), AccountKind::Teacher};
     else if (ActiveList == 2)
-        user = {ui->StudentsList->SelectedName(), AccountKind::Student};
+        user = {ui_->StudentsList->SelectedName(), AccountKind::Student};
     return user.Name.isEmpty() ? SelectedUser() : user;
 }
 
@@ -180,7 +180,7 @@ void LogIn::List_Click(qint16 list) {
         Tell(PleaseSelect);
         return;
     }
-    LabelPicture picture(*ui->Image1);
+    LabelPicture picture(*ui_->Image1);
     Database().RetrevePicture(user.Name, picture);
 }
 

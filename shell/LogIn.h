@@ -49,5 +49,5 @@ private:
     void Version_Click(bool school);
     void WelcomeOnFirstRun();
 
-    std::unique_ptr<Ui::LogIn> ui;
+    std::unique_ptr<Ui::LogIn> ui_;
 };

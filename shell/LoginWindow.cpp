@@ -12,16 +12,16 @@
 
 #include <QCloseEvent>
 
-LoginWindow::LoginWindow() : FormWidget(Place::TopLevel), ui(std::make_unique<Ui::LoginWindow>()) {
-    ui->setupUi(this);
-    SetPasswordMask(*ui->Password, QLatin1Char('*'));
+LoginWindow::LoginWindow() : FormWidget(Place::TopLevel), ui_(std::make_unique<Ui::LoginWindow>()) {
+    ui_->setupUi(this);
+    SetPasswordMask(*ui_->Password, QLatin1Char('*'));
     // The name is filled in; what is left to type is the password.
-    ui->Password->setFocus();
+    ui_->Password->setFocus();
 
-    On(ui->UserName, &QLineEdit::returnPressed, this, [this] { Ok_Click(); });
-    On(ui->Password, &QLineEdit::returnPressed, this, [this] { Ok_Click(); });
-    On(ui->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
-    On(ui->Cancel, &QPushButton::clicked, this, [this] {
+    On(ui_->UserName, &QLineEdit::returnPressed, this, [this] { Ok_Click(); });
+    On(ui_->Password, &QLineEdit::returnPressed, this, [this] { Ok_Click(); });
+    On(ui_->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
+    On(ui_->Cancel, &QPushButton::clicked, this, [this] {
         Default<LogIn>().Show();
         Unload();
     });
@@ -30,17 +30,17 @@ LoginWindow::LoginWindow() : FormWidget(Place::TopLevel), ui(std::make_unique<Ui
 LoginWindow::~LoginWindow() = default;
 
 void LoginWindow::Activate() {
-    ui->UserName->setText(LoginName);
+    ui_->UserName->setText(LoginName);
 }
 
 void LoginWindow::Ok_Click() {
-    const QString name = ui->UserName->text();
-    if (Database().RetrevePassword(name) != ui->Password->text()) {
+    const QString name = ui_->UserName->text();
+    if (Database().RetrevePassword(name) != ui_->Password->text()) {
         Tell(QStringLiteral("Sorry, incorect password, please try again"));
-        ui->Password->clear();
+        ui_->Password->clear();
         return;
     }
-    if (Database().RetrevePassword(name) == ui->Password->text() && !name.isEmpty())
+    if (Database().RetrevePassword(name) == ui_->Password->text() && !name.isEmpty())
         OpenSession(name);
     else if (name.isEmpty())
         Tell(QStringLiteral("Please choose a username from the list, or create a new one"));

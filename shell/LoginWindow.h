@@ -31,5 +31,5 @@ private:
     void Ok_Click();
     void OpenSession(const QString& user);
 
-    std::unique_ptr<Ui::LoginWindow> ui;
+    std::unique_ptr<Ui::LoginWindow> ui_;
 };

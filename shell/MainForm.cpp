@@ -65,11 +65,11 @@ QString ButtonName(QLatin1String key) {
 
 } // namespace
 
-MainForm::MainForm() : Form(*this, Place::TopLevel), ui(std::make_unique<Ui::MainForm>()) {
-    ui->setupUi(this);
+MainForm::MainForm() : Form(*this, Place::TopLevel), ui_(std::make_unique<Ui::MainForm>()) {
+    ui_->setupUi(this);
     BuildToolbar();
     ConnectMenus();
-    SetMainWindowArea(ui->Area);
+    SetMainWindowArea(ui_->Area);
 
     // High enough for a chart with its responsible person, where the screen is.
     const QSize wanted(1180, 840);
@@ -81,21 +81,20 @@ MainForm::MainForm() : Form(*this, Place::TopLevel), ui(std::make_unique<Ui::Mai
 }
 
 MainForm::~MainForm() {
-    if (MainWindowArea() == ui->Area)
+    if (MainWindowArea() == ui_->Area)
         SetMainWindowArea(nullptr);
 }
 
 void MainForm::BuildToolbar() {
     for (const ToolbarEntry& entry : ToolbarEntries) {
         const QString picture = QStringLiteral(":/art/toolbar/%1.png").arg(entry.key);
-        QAction* button = ui->KidToolbar->addAction(QIcon(picture), entry.caption);
+        QAction* button = ui_->KidToolbar->addAction(QIcon(picture), entry.caption);
         button->setObjectName(ButtonName(entry.key));
         button->setToolTip(entry.tip);
         button->setData(QString(entry.key));
-        button->setEnabled(entry.form.isEmpty() || IsFormRegistered(entry.form));
-        ui->KidToolbar->widgetForAction(button)->setFocusPolicy(Qt::TabFocus);
+        ui_->KidToolbar->widgetForAction(button)->setFocusPolicy(Qt::TabFocus);
     }
-    On(ui->KidToolbar, &QToolBar::actionTriggered, this,
+    On(ui_->KidToolbar, &QToolBar::actionTriggered, this,
        [this](const QAction* button) { KidToolbar_ButtonClick(button->data().toString()); });
 }
 
@@ -104,57 +103,56 @@ void MainForm::FitToolbar(const QSize& room) {
     constexpr QSize Ample(800, 800); // pixels
     if (room.height() >= Ample.height())
         return;
-    ui->KidToolbar->setIconSize(QSize(24, 24));
-    ui->KidToolbar->setProperty("room", room.width() < Ample.width() ? QStringLiteral("small")
-                                                                     : QStringLiteral("low"));
+    ui_->KidToolbar->setIconSize(QSize(24, 24));
+    ui_->KidToolbar->setProperty("room", room.width() < Ample.width() ? QStringLiteral("small")
+                                                                      : QStringLiteral("low"));
 }
 
 /// To and fro between the toolbar and the form in front, or the greeting; Tab stays within each of
 /// them.
 void MainForm::SwapToolbarAndForm() {
-    const bool isOnToolbar = ui->KidToolbar->isAncestorOf(focusWidget());
-    if (QMdiSubWindow* front = ui->Area->activeSubWindow(); isOnToolbar && front != nullptr) {
+    const bool isOnToolbar = ui_->KidToolbar->isAncestorOf(focusWidget());
+    if (QMdiSubWindow* front = ui_->Area->activeSubWindow(); isOnToolbar && front != nullptr) {
         front->setFocus(Qt::ShortcutFocusReason);
         return;
     }
-    if (isOnToolbar && ui->Area->FocusWelcome())
+    if (isOnToolbar && ui_->Area->FocusWelcome())
         return;
-    for (QAction* action : ui->KidToolbar->actions())
+    for (QAction* action : ui_->KidToolbar->actions())
         if (action->isVisible() && action->isEnabled()) {
-            ui->KidToolbar->widgetForAction(action)->setFocus(Qt::TabFocusReason);
+            ui_->KidToolbar->widgetForAction(action)->setFocus(Qt::TabFocusReason);
             return;
         }
 }
 
 void MainForm::ConnectMenus() {
-    OpenWith(ui->NewChart, FormNames::Newfrm);
-    OpenWith(ui->OpenChart, FormNames::Openfrm);
-    OpenWith(ui->FillChart, FormNames::OpenFillfrm);
-    OpenWith(ui->mnuReviewDutygrid, FormNames::WeekChartRepresentation);
-    OpenWith(ui->JobReport, FormNames::Reportfrm);
-    OpenWith(ui->VicewAccount, FormNames::DisplayAccount);
-    OpenWith(ui->BackOptions, FormNames::BackgroundOptions);
-    OpenWith(ui->OtherOp, FormNames::OtherOptions);
-    OpenWith(ui->About, FormNames::frmAboutDutygrid);
+    OpenWith(ui_->NewChart, FormNames::Newfrm);
+    OpenWith(ui_->OpenChart, FormNames::Openfrm);
+    OpenWith(ui_->FillChart, FormNames::OpenFillfrm);
+    OpenWith(ui_->mnuReviewDutygrid, FormNames::WeekChartRepresentation);
+    OpenWith(ui_->JobReport, FormNames::Reportfrm);
+    OpenWith(ui_->VicewAccount, FormNames::DisplayAccount);
+    OpenWith(ui_->BackOptions, FormNames::BackgroundOptions);
+    OpenWith(ui_->OtherOp, FormNames::OtherOptions);
+    OpenWith(ui_->About, FormNames::frmAboutDutygrid);
     // The titles have no letters of their own for the Alt key.
     On(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, this,
-       [this] { menuBar()->setActiveAction(ui->File->menuAction()); });
+       [this] { menuBar()->setActiveAction(ui_->File->menuAction()); });
     On(new QShortcut(Qt::Key_F6, this), &QShortcut::activated, this,
        [this] { SwapToolbarAndForm(); });
-    On(ui->LogOff, &QAction::triggered, this, [this] { LogOffNow(); });
-    On(ui->Exit, &QAction::triggered, this, [this] {
+    On(ui_->LogOff, &QAction::triggered, this, [this] { LogOffNow(); });
+    On(ui_->Exit, &QAction::triggered, this, [this] {
         Unload();
         // Also if a form within refused: this way out ends the process whatever the answer.
         EndProcess();
     });
-    On(ui->SoundOnOff, &QAction::triggered, this,
+    On(ui_->SoundOnOff, &QAction::triggered, this,
        [this](bool nowChecked) { SoundOnOff_Click(nowChecked); });
-    On(ui->Contents, &QAction::triggered, this, [this] { ShowHelpFile(); });
-    On(ui->WebSite, &QAction::triggered, this, [this] { OpenWebPage(); });
+    On(ui_->Contents, &QAction::triggered, this, [this] { ShowHelpFile(); });
+    On(ui_->WebSite, &QAction::triggered, this, [this] { OpenWebPage(); });
 }
 
 void MainForm::OpenWith(QAction* entry, const QString& form) {
-    entry->setEnabled(IsFormRegistered(form));
     On(entry, &QAction::triggered, this, [form] { DefaultForm(form).Show(); });
 }
 
@@ -196,7 +194,7 @@ void MainForm::LogOffNow() {
 
 void MainForm::Activate() {
     SetAccountRights();
-    ui->Area->SetGreeting(MakeGreeting());
+    ui_->Area->SetGreeting(MakeGreeting());
 }
 
 /// Made of the toolbar's buttons that the account sees and of the menu's keys.
@@ -232,7 +230,7 @@ Greeting MainForm::MakeGreeting() const {
 bool MainForm::QueryUnload() {
     RemoveDeleteMe();
     // Nothing is refused here; a form within may refuse to go, and then the window stays.
-    const QList<QMdiSubWindow*> frames = ui->Area->subWindowList();
+    const QList<QMdiSubWindow*> frames = ui_->Area->subWindowList();
     return std::all_of(frames.begin(), frames.end(), [](const QMdiSubWindow* frame) {
         auto* form = dynamic_cast<Form*>(frame->widget());
         return form == nullptr || frame->isHidden() || form->Unload();
@@ -248,27 +246,27 @@ void MainForm::closeEvent(QCloseEvent* event) {
 }
 
 qint32 MainForm::BackColor() const {
-    return ui->Area->BackColor();
+    return ui_->Area->BackColor();
 }
 
 void MainForm::SetBackColor(qint32 color) {
-    ui->Area->SetBackColor(color);
+    ui_->Area->SetBackColor(color);
 }
 
 QImage MainForm::Picture() const {
-    return ui->Area->Picture();
+    return ui_->Area->Picture();
 }
 
 void MainForm::SetPicture(const QImage& picture) {
-    ui->Area->SetPicture(picture);
+    ui_->Area->SetPicture(picture);
 }
 
 bool MainForm::SoundMark() const {
-    return ui->SoundOnOff->isChecked();
+    return ui_->SoundOnOff->isChecked();
 }
 
 void MainForm::SetSoundMark(bool on) {
-    ui->SoundOnOff->setChecked(on);
+    ui_->SoundOnOff->setChecked(on);
 }
 
 QAction& MainForm::MenuEntry(QLatin1String name) const {
@@ -279,7 +277,7 @@ QAction& MainForm::MenuEntry(QLatin1String name) const {
 }
 
 QAction& MainForm::ToolbarButton(QLatin1String key) const {
-    auto* button = ui->KidToolbar->findChild<QAction*>(ButtonName(key));
+    auto* button = ui_->KidToolbar->findChild<QAction*>(ButtonName(key));
     if (button == nullptr)
         throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
     return *button;

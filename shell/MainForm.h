@@ -62,5 +62,5 @@ private:
     void OpenWebPage();
     void LogOffNow();
 
-    std::unique_ptr<Ui::MainForm> ui;
+    std::unique_ptr<Ui::MainForm> ui_;
 };

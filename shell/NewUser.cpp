@@ -10,21 +10,21 @@
 #include "ui_NewUser.h"
 #include "widgets/FormViewAdapters.h"
 
-NewUser::NewUser() : FormWidget(Place::TopLevel), ui(std::make_unique<Ui::NewUser>()) {
-    ui->setupUi(this);
-    SetPasswordMask(*ui->Password, QLatin1Char('*'));
-    On(ui->Command1, &QPushButton::clicked, this, [this] { BrowsePicture(); });
-    On(ui->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
-    On(ui->Cancel, &QPushButton::clicked, this, [this] { Unload(); });
+NewUser::NewUser() : FormWidget(Place::TopLevel), ui_(std::make_unique<Ui::NewUser>()) {
+    ui_->setupUi(this);
+    SetPasswordMask(*ui_->Password, QLatin1Char('*'));
+    On(ui_->Command1, &QPushButton::clicked, this, [this] { BrowsePicture(); });
+    On(ui_->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
+    On(ui_->Cancel, &QPushButton::clicked, this, [this] { Unload(); });
 }
 
 NewUser::~NewUser() = default;
 
 void NewUser::Activate() {
     PictureFile.clear();
-    ui->StudentOp->setText(QStringLiteral("Sparkit"));
-    ui->TeacherOp->setText(Version::IsHome(SchoolMode) ? AccountKind::Parent
-                                                       : AccountKind::Teacher);
+    ui_->StudentOp->setText(QStringLiteral("Sparkit"));
+    ui_->TeacherOp->setText(Version::IsHome(SchoolMode) ? AccountKind::Parent
+                                                        : AccountKind::Teacher);
 }
 
 void NewUser::BrowsePicture() {
@@ -34,17 +34,17 @@ void NewUser::BrowsePicture() {
     const QImage picture = LoadPicture(file);
     browseFileName_ = file;
     PictureFile = file;
-    LabelPicture(*ui->Image1).SetPicture(picture);
+    LabelPicture(*ui_->Image1).SetPicture(picture);
 }
 
 void NewUser::Ok_Click() {
-    const QString name = ui->UserName->text();
-    const QString password = ui->Password->text();
+    const QString name = ui_->UserName->text();
+    const QString password = ui_->Password->text();
     const bool complete = !password.isEmpty() && !name.isEmpty() && !PictureFile.isEmpty();
     if (!Database().CheckForUserDuplicates(name, password) && complete) {
         // The stored kind is the same in both versions; "Parent" is a caption only.
         const QString state =
-            ui->TeacherOp->isChecked() ? AccountKind::Teacher : AccountKind::Student;
+            ui_->TeacherOp->isChecked() ? AccountKind::Teacher : AccountKind::Student;
         Database().AddUser(name, password, state, PictureFile);
         Unload();
     } else {
@@ -55,8 +55,8 @@ void NewUser::Ok_Click() {
 void NewUser::TellWhatIsMissing(const QString& name, const QString& password) {
     if (Database().CheckForUserDuplicates(name, password)) {
         Tell(QStringLiteral("Please try again, this user already exist"));
-        ui->UserName->clear();
-        ui->Password->clear();
+        ui_->UserName->clear();
+        ui_->Password->clear();
     } else if (password.isEmpty()) {
         Tell(QStringLiteral("Please enter your password"));
     } else if (name.isEmpty()) {

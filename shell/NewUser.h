@@ -30,7 +30,7 @@ private:
     void Ok_Click();
     void TellWhatIsMissing(const QString& name, const QString& password);
 
-    std::unique_ptr<Ui::NewUser> ui;
+    std::unique_ptr<Ui::NewUser> ui_;
     /// The file name that the open-file dialog holds; cancelling it keeps the former one.
     QString browseFileName_;
 };

@@ -25,5 +25,5 @@ protected:
 private:
     void Ok_Click();
 
-    std::unique_ptr<Ui::OtherOptions> ui;
+    std::unique_ptr<Ui::OtherOptions> ui_;
 };

@@ -7,19 +7,19 @@
 #include "ui_frmAboutDutygrid.h"
 
 frmAboutDutygrid::frmAboutDutygrid()
-    : FormWidget(Place::InMainWindow), ui(std::make_unique<Ui::frmAboutDutygrid>()) {
-    ui->setupUi(this);
-    ui->Label3->setText(QStringLiteral("Sparkit Dutygrid " DUTYGRID_VERSION));
-    ui->Picture1->setPixmap(LogoPicture(*this, QSize(300, 100)));
+    : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::frmAboutDutygrid>()) {
+    ui_->setupUi(this);
+    ui_->Label3->setText(QStringLiteral("Sparkit Dutygrid " DUTYGRID_VERSION));
+    ui_->Picture1->setPixmap(LogoPicture(*this, QSize(300, 100)));
 
     const auto openWebPage = [] {
         CurrentDesktop().ShellExecute(QStringLiteral("open"), ProductWebPage, 3);
     };
-    On(ui->cmdContact, &QPushButton::clicked, this, openWebPage);
-    On(ui->cmdWeb, &QPushButton::clicked, this, openWebPage);
-    On(ui->Label7, &LinkLabel::Clicked, this, openWebPage);
-    On(ui->Label8, &LinkLabel::Clicked, this, openWebPage);
-    On(ui->cmdExit, &QPushButton::clicked, this, [this] { Unload(); });
+    On(ui_->cmdContact, &QPushButton::clicked, this, openWebPage);
+    On(ui_->cmdWeb, &QPushButton::clicked, this, openWebPage);
+    On(ui_->Label7, &LinkLabel::Clicked, this, openWebPage);
+    On(ui_->Label8, &LinkLabel::Clicked, this, openWebPage);
+    On(ui_->cmdExit, &QPushButton::clicked, this, [this] { Unload(); });
 }
 
 frmAboutDutygrid::~frmAboutDutygrid() = default;

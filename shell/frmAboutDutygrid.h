@@ -20,5 +20,5 @@ public:
     ~frmAboutDutygrid() override;
 
 private:
-    std::unique_ptr<Ui::frmAboutDutygrid> ui;
+    std::unique_ptr<Ui::frmAboutDutygrid> ui_;
 };

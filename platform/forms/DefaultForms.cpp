@@ -25,12 +25,8 @@ void RegisterForm(const QString& name, std::function<Form*()> make) {
     Registrations()[name].make = std::move(make);
 }
 
-bool IsFormRegistered(const QString& name) {
-    return Registrations().contains(name);
-}
-
 Form& DefaultForm(const QString& name) {
-    if (!IsFormRegistered(name))
+    if (!Registrations().contains(name))
         throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
     if (Form* existing = ExistingForm(name))
         return *existing;

@@ -12,9 +12,6 @@
 /// Makes a form known. `make` returns a new form that has not been loaded.
 void RegisterForm(const QString& name, std::function<Form*()> make);
 
-/// True if a form of that name has been registered.
-bool IsFormRegistered(const QString& name);
-
 /// The default instance, made and loaded if there is none. Raises 91 for an unknown name.
 Form& DefaultForm(const QString& name);
 

@@ -139,16 +139,6 @@ TEST_F(MainFormTest, ChildsOpenLeadsToFilling) {
     EXPECT_TRUE(IsShown(QStringLiteral("OpenFillfrm")));
 }
 
-TEST_F(MainFormTest, EntriesOfFormsThatAreNotThereAreDisabled) {
-    const QList<std::pair<QLatin1String, QString>> entries = {
-        {QLatin1String("mnuReviewDutygrid"), QStringLiteral("WeekChartRepresentation")},
-        {QLatin1String("JobReport"), QStringLiteral("Reportfrm")},
-        {QLatin1String("VicewAccount"), QStringLiteral("DisplayAccount")},
-        {QLatin1String("NewChart"), QStringLiteral("Newfrm")}};
-    for (const auto& [entry, form] : entries)
-        EXPECT_EQ(MainWindow().MenuEntry(entry).isEnabled(), IsFormRegistered(form));
-}
-
 TEST_F(MainFormTest, SecondPressBringsUpTheSameInstanceBesideOthers) {
     StartAdult();
     Push(QLatin1String("Options"));
