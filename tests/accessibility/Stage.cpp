@@ -1,12 +1,12 @@
 #include "tests/accessibility/Stage.h"
 
 #include "accounts/AddIncentives.h"
+#include "app/RegisterForms.h"
 #include "authoring/ChartEditor.h"
 #include "authoring/DeleteChartForm.h"
 #include "authoring/DisplayAllPeople.h"
 #include "authoring/ResetDate.h"
 #include "filling/ChartViewer.h"
-#include "app/RegisterForms.h"
 #include "session/Session.h"
 #include "shell/ChangePasswordfrm.h"
 #include "shell/LoginWindow.h"

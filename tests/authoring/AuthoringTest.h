@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/RegisterForms.h"
 #include "authoring/ChartEditor.h"
 #include "authoring/DeleteChartForm.h"
 #include "authoring/DisplayAllPeople.h"
@@ -8,7 +9,6 @@
 #include "authoring/ResetDate.h"
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/Dates.h"
-#include "app/RegisterForms.h"
 #include "tests/common/FormTest.h"
 
 #include <QAbstractItemView>

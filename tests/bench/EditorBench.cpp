@@ -1,7 +1,7 @@
+#include "app/RegisterForms.h"
 #include "authoring/ChartEditor.h"
 #include "authoring/Openfrm.h"
 #include "platform/runtime/Actions.h"
-#include "app/RegisterForms.h"
 #include "session/Session.h"
 #include "tests/bench/BenchTest.h"
 #include "tests/bench/PaintCounter.h"

@@ -1,7 +1,7 @@
 #include "tests/common/FormTest.h"
 
-#include "platform/forms/ActivationTracker.h"
 #include "app/RegisterForms.h"
+#include "platform/forms/ActivationTracker.h"
 #include "support/clsRegistry.h"
 
 #include <QAbstractItemView>

@@ -1,10 +1,10 @@
 #include "tests/tour/Tour.h"
 
+#include "app/RegisterForms.h"
 #include "platform/forms/DefaultForms.h"
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/ProgramFolder.h"
-#include "app/RegisterForms.h"
 #include "session/Session.h"
 #include "tests/common/Readable.h"
 
