@@ -43,10 +43,12 @@ const QSet<QString>& ProgramTexts() {
     static const QSet<QString> texts = [] {
         QSet<QString> all;
         for (const char* room :
-             {"accounts", "authoring", "filling", "platform", "reports", "shell", "store"}) {
-            QDirIterator files(QStringLiteral(DUTYGRID_SOURCE_DIR "/") + QString::fromLatin1(room),
-                               {QStringLiteral("*.ui"), QStringLiteral("*.cpp")}, QDir::Files,
-                               QDirIterator::Subdirectories);
+             {"accounts", "app", "authoring", "filling", "help", "look", "platform", "print",
+              "reports", "session", "shell", "store", "support", "widgets"}) {
+            QDirIterator files(
+                QStringLiteral(DUTYGRID_SOURCE_DIR "/") + QString::fromLatin1(room),
+                {QStringLiteral("*.ui"), QStringLiteral("*.cpp"), QStringLiteral("*.h")},
+                QDir::Files, QDirIterator::Subdirectories);
             while (files.hasNext()) {
                 const QString file = files.next();
                 const bool window = file.endsWith(QLatin1String(".ui"));
@@ -69,13 +71,6 @@ const QSet<QString>& ProgramTexts() {
 
 class HelpManualTest : public FormTest {
 protected:
-    /// The manual tells of all windows of the program, also while one is being worked on elsewhere.
-    static bool AllWindowsAreHere() {
-        const QDir reports(QStringLiteral(DUTYGRID_SOURCE_DIR "/reports"));
-        return reports.exists(QStringLiteral("Reportfrm.ui")) &&
-               reports.exists(QStringLiteral("WeekChartRepresentation.ui"));
-    }
-
     const QString source = ReadFile(Manual);
     const HelpBook book{Manual};
 };
@@ -131,8 +126,6 @@ TEST_F(HelpManualTest, PicturesAreSmallEnoughForThePage) {
 }
 
 TEST_F(HelpManualTest, ButtonsAndMenusAreCalledWhatTheProgramCallsThem) {
-    if (!AllWindowsAreHere())
-        GTEST_SKIP() << "a window that the manual tells of is not here";
     const QStringList names = AllOf("<b\\s+class=\"ui\">(.*?)</b>", source);
     EXPECT_GT(names.size(), 50);
     EXPECT_EQ(AllOf("(class=\"ui\")", source).size(), names.size());
@@ -141,8 +134,6 @@ TEST_F(HelpManualTest, ButtonsAndMenusAreCalledWhatTheProgramCallsThem) {
 }
 
 TEST_F(HelpManualTest, MessagesAreQuotedAsTheProgramSaysThem) {
-    if (!AllWindowsAreHere())
-        GTEST_SKIP() << "a window that the manual tells of is not here";
     const QStringList messages = AllOf("<span class=\"message\">(.*?)</span>", source);
     EXPECT_GT(messages.size(), 10);
     for (const QString& message : messages) {
