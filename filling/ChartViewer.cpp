@@ -123,8 +123,14 @@ void ChartViewer::TurnPage(int step) {
 /// A page with as many rows as the one before is written over it; most days have the same jobs.
 void ChartViewer::ExchangeRows(int step) {
     filledRows_ = 1;
-    // Also after an error nothing of the page before is left.
-    const auto removeUnfilled = qScopeGuard([this] { RemoveRows(filledRows_); });
+    begunRows_ = 1;
+    isWrittenOver_ = false;
+    // Also after an error nothing of the page before is left, and a row that was begun is there.
+    const auto removeUnfilled = qScopeGuard([this] {
+        RemoveRows(filledRows_);
+        if (begunRows_ > filledRows_)
+            CreateNewTask(filledRows_);
+    });
     QString day;
     qint16 count = 0;
     while ((count = Database().PrintReturnNr_Articles(day, ChartName)) == 0) {
@@ -143,10 +149,10 @@ void ChartViewer::ExchangeRows(int step) {
     Database().ReadInfoFromChart(ChartName, FormIndex, true, day);
 }
 
-/// The keyboard is in one of them, or a mark is still popping in.
+/// The keyboard is in one of them, a mark is held down or is still popping in.
 bool ChartViewer::AreRowsInUse() const {
     for (int row = 0; row < CheckImg.Count(); ++row)
-        if (CheckImg[row].IsMoving())
+        if (CheckImg[row].IsMoving() || CheckImg[row].isDown() || ClearImg[row].isDown())
             return true;
     return ui_->CleanUpList->isAncestorOf(focusWidget());
 }

@@ -127,6 +127,8 @@ private:
     bool hasGrown_ = false;
     /// Rows of the page that is being made; those behind them are left from the page before.
     int filledRows_ = 1;
-    /// The last of them is one of the page before.
+    /// The filled ones, and one more while it waits to be filled.
+    int begunRows_ = 1;
+    /// The row begun last stands as the page before left it.
     bool isWrittenOver_ = false;
 };

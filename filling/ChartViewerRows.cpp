@@ -148,6 +148,7 @@ void ChartViewer::SetDayCaption(const QString& caption) {
 }
 
 void ChartViewer::CreateNewTask(int index) {
+    begunRows_ = index + 1;
     isWrittenOver_ = index < Instructions.Count();
     if (!isWrittenOver_) {
         MakeRow(index);

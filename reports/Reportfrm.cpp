@@ -31,7 +31,7 @@ Reportfrm::Reportfrm() : FormWidget(Place::InMainWindow), ui_(std::make_unique<U
     ui_->setupUi(this);
     datesAreIn_.setSingleShot(true);
     for (ClickList* list : {ui_->StudentsList, ui_->ListView1, ui_->ListView2}) {
-        list->SetRules({.Unselecting = Qt::LeftButton});
+        list->SetRules({.Unselecting = Qt::LeftButton, .TellsRightPress = true});
         // The names of history tables differ in the date at their end.
         list->setTextElideMode(Qt::ElideMiddle);
         list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

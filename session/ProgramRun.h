@@ -23,7 +23,7 @@ struct Surroundings {
 };
 
 /// A run of the program: begins with an empty session, and leaves nothing of it or its surroundings
-/// behind. One at a time.
+/// behind. One at a time; the forms are registered anew for each.
 class ProgramRun {
 public:
     explicit ProgramRun(const Surroundings& surroundings);

@@ -115,9 +115,14 @@ void LogIn::FitToScreen() {
 void LogIn::Load() {
     WithErrorsEndingTheRun([] { Database().InitDatabse(); });
     ActiveList = 0;
+}
+
+void LogIn::showEvent(QShowEvent* event) {
+    FormWidget::showEvent(event);
     // To be seen with the form's first paint. The activation comes later, when the window system
     // has handed over the focus; it lists them again, and tells of errors.
-    WithErrorsSkipped([this] { ListAccounts(); });
+    if (!event->spontaneous())
+        WithErrorsSkipped([this] { ListAccounts(); });
 }
 
 void LogIn::ClearAccounts() {

@@ -31,6 +31,7 @@ protected:
     void Load() override;
     void Activate() override;
     void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     struct SelectedUser {

@@ -47,7 +47,7 @@ constexpr std::array ToolbarEntries = {
     ToolbarEntry{QLatin1String("View"), QLatin1String("Accounts"), QLatin1String("View Accounts"),
                  FormNames::DisplayAccount},
     ToolbarEntry{QLatin1String("Options"), QLatin1String("Options"),
-                 QLatin1String("Background Options"), QLatin1String("BackgroundOptions")},
+                 QLatin1String("Background Options"), FormNames::BackgroundOptions},
     ToolbarEntry{QLatin1String("Website"), QLatin1String("Website"),
                  QLatin1String("Sparkit Dutygrid Website"), QLatin1String("")},
     ToolbarEntry{QLatin1String("About"), QLatin1String("About"),
@@ -119,7 +119,7 @@ void MainForm::SwapToolbarAndForm() {
     if (isOnToolbar && ui_->Area->FocusWelcome())
         return;
     for (QAction* action : ui_->KidToolbar->actions())
-        if (action->isVisible() && action->isEnabled()) {
+        if (action->isVisible()) {
             ui_->KidToolbar->widgetForAction(action)->setFocus(Qt::TabFocusReason);
             return;
         }
@@ -220,7 +220,7 @@ Greeting MainForm::MakeGreeting() const {
         QLatin1String("Hi ") + CurrentUser, QStringLiteral("What would you like to do?"), {}};
     for (const Hint& hint : hints) {
         QAction& button = ToolbarButton(hint.key);
-        if (button.isVisible() && button.isEnabled())
+        if (button.isVisible())
             greeting.steps += {&button, button.text(), QString(hint.text),
                                MenuEntry(hint.menuEntry).shortcut().toString()};
     }

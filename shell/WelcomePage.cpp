@@ -56,7 +56,7 @@ void WelcomePage::MakeCard() {
         auto* button = new WelcomeStep(step, card_);
         // The account may have changed since the page was made.
         On(button, &QPushButton::clicked, this, [command = step.command] {
-            if (command->isVisible() && command->isEnabled())
+            if (command->isVisible())
                 command->trigger();
         });
         lines->addWidget(button);

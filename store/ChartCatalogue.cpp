@@ -60,11 +60,7 @@ void DatabaseCls::DeleteChart(const QString& Name) {
 }
 
 bool DatabaseCls::CheckForDuplicates(const QString& Name) {
-    const int count = Tables().TableCount();
-    for (int index = 0; index < count; ++index)
-        if (Tables().TableName(index) == Name)
-            return true;
-    return false;
+    return Tables().TableNames().contains(Name);
 }
 
 void DatabaseCls::PopulateChartList(NameList& List, Mode OwnOnly) {

@@ -9,8 +9,8 @@ inline const QString MondayToFriday = QStringLiteral("Mon-Fri");
 inline const QString SundayToSaturday = QStringLiteral("Sun-Sat");
 inline constexpr int DaysOfWeek = 7;
 
-/// True for a range. Saved charts hold none, yet a range is understood wherever rows are looked up
-/// by their day.
+/// True for a range. Charts saved by the editor hold none, yet a range is understood wherever rows
+/// are looked up by their day.
 bool IsRange(const QString& dayText);
 
 /// The days of a range, in the week's order from Sunday on; any other text itself.

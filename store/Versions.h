@@ -4,8 +4,8 @@
 #include <QtGlobal>
 
 /// The two versions of the program, as the session's SchoolMode holds them and by name. With any
-/// other value the chart editor and the reports are neither; the job names and the forms of the
-/// accounts take whatever is not home for school.
+/// other value the chart editor is neither; the job report takes whatever is not school for home,
+/// the job names and the forms of the accounts whatever is not home for school.
 namespace Version {
 
 inline constexpr qint16 School = -1;

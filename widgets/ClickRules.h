@@ -20,6 +20,8 @@ struct ClickRules {
     bool FirstKeyTakesRow = false;
     /// A selection by the program is a click as well.
     bool ProgramClicks = false;
+    /// The right button, and the keys that stand for it, tell of themselves.
+    bool TellsRightPress = false;
 };
 
 /// What a list tells.
@@ -58,7 +60,7 @@ protected:
             this->selectionModel()->clear();
         isPressed_ = true;
         View::mousePressEvent(event);
-        if (event->button() == Qt::RightButton)
+        if (rules_.TellsRightPress && event->button() == Qt::RightButton)
             emit Clicks.RightPressed();
     }
 
@@ -80,7 +82,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override {
         if (rules_.Opens && IsEnter(*event))
             emit Clicks.Opened({});
-        else if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Menu)
+        else if (rules_.TellsRightPress &&
+                 (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Menu))
             emit Clicks.RightPressed();
         else
             SelectByKey(event);

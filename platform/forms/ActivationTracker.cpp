@@ -108,18 +108,19 @@ bool ActivationTracker::eventFilter(QObject* watched, QEvent* event) {
     return !TakePress(static_cast<QWindow&>(*watched), static_cast<const QMouseEvent&>(*event));
 }
 
-/// Brings what the press goes to to the front. False if nothing is left to deliver the press to.
+/// Completes the activation of what the press goes to. False if nothing is left to deliver the
+/// press to.
 bool ActivationTracker::TakePress(QWindow& window, const QMouseEvent& press) {
     const QPointer<QWidget> topLevel = QWidget::find(window.winId());
     if (topLevel.isNull())
         return true;
     pressOnNewFront_ = press.timestamp() < doubleClickEnds_;
     // A window manager may hand on the focus a while before the press that it gave it for.
-    if (HasJustActivated())
+    if (!pressOnNewFront_ && HasJustActivated())
         TakeAsUnseen(press);
     // The activation may end or hide the form: then the one beneath gets the press.
     for (Form* form = FormAt(*topLevel, press.position().toPoint());
-         form != nullptr && BringToFront(*form);
+         form != nullptr && TakeAsInFront(*form);
          form = FormAt(*topLevel, press.position().toPoint())) {
         // A box that the activation has shown has taken the release that belongs to this press.
         const bool isHeld = QGuiApplication::mouseButtons().testFlag(press.button());
@@ -140,9 +141,9 @@ void ActivationTracker::TakeAsUnseen(const QMouseEvent& press) {
     doubleClickEnds_ = press.timestamp() + static_cast<quint64>(interval);
 }
 
-/// Takes the form for the one in front, as the window system will. True if forms have been
-/// activated by it.
-bool ActivationTracker::BringToFront(const Form& form) {
+/// Takes the form for the one in front, which the window system makes it in its own time. True if
+/// forms have been activated by it.
+bool ActivationTracker::TakeAsInFront(const Form& form) {
     QWidget& topLevel = *form.Widget().window();
     QWidget* active = QApplication::activeWindow();
     left_ = active == &topLevel ? nullptr : active;

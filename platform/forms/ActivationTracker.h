@@ -50,7 +50,7 @@ private:
     bool ActivateFront(QWidget& topLevel);
     bool HasJustActivated() const;
     void TakeAsUnseen(const QMouseEvent& press);
-    bool BringToFront(const Form& form);
+    bool TakeAsInFront(const Form& form);
     bool TakePress(QWindow& window, const QMouseEvent& press);
     static void Activate(Form& form);
 

@@ -3,6 +3,7 @@
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/Prompts.h"
+#include "store/TableNames.h"
 #include "tests/faults/FaultWorld.h"
 
 namespace {
@@ -27,10 +28,6 @@ public:
     void Clear() override { Names.clear(); }
     void AddItem(const QString& text) override { Names += text; }
 };
-
-QString FirstWord(const QString& text) {
-    return text.section(QLatin1Char(' '), 0, 0);
-}
 
 QDate WeekStart() {
     const QDate today = Today();

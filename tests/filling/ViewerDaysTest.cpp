@@ -1,7 +1,9 @@
 #include "tests/filling/FillingTest.h"
 
 #include "platform/runtime/Dates.h"
+#include "tests/common/SpoiledRows.h"
 
+#include <QScrollBar>
 #include <gtest/gtest.h>
 
 namespace {
@@ -30,6 +32,36 @@ public:
         return false;
     }
 };
+
+TEST_F(ViewerDaysTest, ARowThatCannotBeReadIsThereEmptyAndThePagesGoOn) {
+    using namespace Qt::StringLiterals;
+    // As many rows as on the bad day, which are written over, and one more.
+    for (const S& wednesday : {S{u"Cook"_s, u"Sweep"_s}, S{u"Cook"_s, u"Sweep"_s, u"Water"_s}}) {
+        SCOPED_TRACE(wednesday.size());
+        const QString chart = u"Chores%1 Anna"_s.arg(wednesday.size());
+        QList<Job> jobs;
+        for (const QString& job : wednesday)
+            jobs.append(Job{job, u"Wed"_s});
+        MakeChart(chart, jobs + QList<Job>{{u"Dust"_s, u"Thu"_s}, {u"Mop"_s, u"Thu"_s}});
+        Spoil(chart, u"Points = NULL"_s, u"Instructions = 'Mop'"_s);
+        ChartViewer& viewer = OpenChart(chart);
+        ASSERT_EQ(Jobs(viewer), wednesday);
+        Click(viewer.ClearImg[1]);
+        Button(viewer, u"NextDay"_s).setFocus();
+        Settle();
+
+        Boxes.Expect(u"Run-time error '94':\n\nInvalid use of Null"_s);
+        Next(viewer);
+        EXPECT_EQ(Jobs(viewer), (S{u"Dust"_s, QString()}));
+        EXPECT_FALSE(viewer.CheckImg.Visible(1));
+        EXPECT_EQ(Find<QScrollBar>(viewer, u"VScroll"_s).maximum(), 1);
+        Next(viewer);
+        EXPECT_EQ(Jobs(viewer), wednesday);
+        EXPECT_TRUE(viewer.CheckImg.Visible(1));
+        viewer.Unload();
+        Settle();
+    }
+}
 
 TEST_F(ViewerDaysTest, APageWithAsManyRowsIsWrittenOverWholly) {
     const QString wed = QStringLiteral("Wed");
