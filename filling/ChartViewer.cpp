@@ -141,11 +141,12 @@ void ChartViewer::ExchangeRows(int step) {
             DayNumber = 7;
         day = DayAbbreviation(DayNumber);
     }
-    std::optional<HiddenWhile> rowsChange;
-    if (count != Instructions.Count() || AreRowsInUse()) {
-        rowsChange.emplace(*ui_->CleanUpList);
-        RemoveRows();
+    if (count == Instructions.Count() && !AreRowsInUse()) {
+        Database().ReadInfoFromChart(ChartName, FormIndex, true, day);
+        return;
     }
+    const HiddenWhile rowsChange(*ui_->CleanUpList);
+    RemoveRows();
     Database().ReadInfoFromChart(ChartName, FormIndex, true, day);
 }
 
