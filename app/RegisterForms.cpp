@@ -32,6 +32,8 @@
 #include "support/SoundFunctions.h"
 #include "widgets/LinkLabel.h"
 
+namespace {
+
 void RegisterShellForms() {
     InstallFormAccess();
     InstallHelpAccess();
@@ -55,6 +57,15 @@ void RegisterAccountForms() {
     RegisterFormClass<AddIncentives>();
 }
 
+void RegisterReportForms() {
+    RegisterFormClass<Reportfrm>();
+    RegisterFormClass<DateRangefrm>();
+    RegisterFormClass<WeekChartRepresentation>();
+    WeeklyReview = []() -> ChartMatrix& { return Default<WeekChartRepresentation>(); };
+}
+
+} // namespace
+
 void RegisterAuthoringForms() {
     InstallComboAccess();
     RegisterFormClass<ChartEditor>();
@@ -77,13 +88,6 @@ void RegisterFillingForms() {
         auto* viewer = new ChartViewer;
         return FormSlots<ChartViewerRows>::Slot{viewer, viewer};
     });
-}
-
-void RegisterReportForms() {
-    RegisterFormClass<Reportfrm>();
-    RegisterFormClass<DateRangefrm>();
-    RegisterFormClass<WeekChartRepresentation>();
-    WeeklyReview = []() -> ChartMatrix& { return Default<WeekChartRepresentation>(); };
 }
 
 void RegisterForms() {

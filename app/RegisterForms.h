@@ -1,14 +1,10 @@
 #pragma once
 
-/// Make the forms of the rooms known, each under its name, and what else of a room the others reach
+/// Makes the forms of all rooms known, each under its name, and what else of a room the others reach
 /// without seeing it: the makers of charts' windows, the weekly review, what the settings show in,
 /// the roles that screen readers hear of.
+void RegisterForms();
 
-void RegisterShellForms();
-void RegisterAccountForms();
+/// Those of one room, for tests that have put something else in the place of its makers.
 void RegisterAuthoringForms();
 void RegisterFillingForms();
-void RegisterReportForms();
-
-/// All of them.
-void RegisterForms();

@@ -9,13 +9,17 @@
 /// machine who has never run it.
 class TestRun {
 public:
-    explicit TestRun(Surroundings surroundings)
-        : run_((surroundings.Today = QDate(2001, 3, 7), surroundings)) {
+    explicit TestRun(const Surroundings& surroundings) : run_(OnTheDay(surroundings)) {
         QLocale::setDefault(QLocale::c());
         qputenv("XDG_CONFIG_HOME",
                 QFile::encodeName(surroundings.ProgramFolder + QStringLiteral("/UserConfig")));
     }
 
 private:
+    static Surroundings OnTheDay(Surroundings surroundings) {
+        surroundings.Today = QDate(2001, 3, 7);
+        return surroundings;
+    }
+
     ProgramRun run_;
 };

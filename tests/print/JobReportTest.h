@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/runtime/RuntimeError.h"
-#include "tests/common/ChartRows.h"
+#include "tests/common/Charts.h"
 #include "tests/common/PrintedPages.h"
 #include "tests/common/SpoiledRows.h"
 #include "tests/common/TestWorld.h"

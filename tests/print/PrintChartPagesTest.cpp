@@ -208,7 +208,7 @@ TEST_F(PrintChartTest, CheckPictureIsLoadedAfreshForEveryPrint) {
 
 TEST_F(PrintChartTest, NullInInstructionsRaises94AndSendsNothing) {
     MakeChart(Jobs(QStringLiteral("Sun"), 2));
-    SetNull(1, ChartField::Instructions);
+    SetNull(Chart, 1, ChartField::Instructions);
     EXPECT_EQ(ErrorOfPrint(), 94);
     EXPECT_TRUE(Paper.Files().isEmpty());
 }
@@ -237,7 +237,7 @@ TEST_F(PrintChartTest, AModeThatIsNeitherTrueNorFalsePrintsNeitherTitleNorMarks)
 
 TEST_F(PrintChartTest, NullInTheFirstRowsDatesRaises94) {
     MakeChart(Jobs(QStringLiteral("Sun"), 2));
-    SetNull(0, ChartField::LastDate);
+    SetNull(Chart, 0, ChartField::LastDate);
     EXPECT_EQ(ErrorOfPrint(), 94);
     EXPECT_TRUE(Paper.Files().isEmpty());
 }
@@ -246,7 +246,7 @@ TEST_F(PrintChartTest, MissingPrinterRaises482) {
     MakeChart(Jobs(QStringLiteral("Sun"), 2));
     SetPrintTarget(nullptr);
     EXPECT_EQ(ErrorOfPrint(), 482);
-    SetNull(0, ChartField::LastDate);
+    SetNull(Chart, 0, ChartField::LastDate);
     EXPECT_EQ(ErrorOfPrint(), 482) << "the page is set up before the dates are read";
 }
 

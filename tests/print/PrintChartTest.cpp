@@ -178,7 +178,7 @@ TEST_F(PrintChartTest, LinesOfADayAreItsTwoColumnsAndOneRuleBetweenEachTwoRows) 
 }
 
 TEST_F(PrintChartTest, EveryBoxHasOneOfSevenColoursAndAllOfThemComeUp) {
-    QList<Job> jobs;
+    QList<PlainRow> jobs;
     for (const char* day : {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"})
         jobs.append({QStringLiteral("job"), QLatin1String(day)});
     MakeChart(jobs);

@@ -4,7 +4,7 @@
 #include "platform/runtime/RuntimeError.h"
 #include "reports/DateRangefrm.h"
 #include "reports/Reportfrm.h"
-#include "tests/common/ChartRows.h"
+#include "tests/common/Charts.h"
 #include "tests/common/FormTest.h"
 #include "tests/common/PrintedPages.h"
 #include "widgets/ClickList.h"

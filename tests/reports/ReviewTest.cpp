@@ -1,6 +1,7 @@
 #include "tests/reports/ReviewTest.h"
 
 #include "platform/forms/DefaultForms.h"
+#include "store/ChartFields.h"
 
 #include <QAction>
 
@@ -11,7 +12,7 @@ ReviewTest::ReviewTest() {
 }
 
 void ReviewTest::MakeChart(const QString& name, const QList<PlainRow>& rows, const QString& owner) {
-    MakePlainChart(Path(QStringLiteral("Database/Charts.mdb")), name, rows, owner);
+    MakePlainChart(name, rows, owner);
 }
 
 QList<PlainRow> ReviewTest::Jobs(int count) {

@@ -2,7 +2,7 @@
 
 #include "reports/WeekChartRepresentation.h"
 #include "tests/common/FormTest.h"
-#include "tests/common/PlainChart.h"
+#include "tests/common/Charts.h"
 
 #include <QLabel>
 #include <QListWidget>

@@ -3,7 +3,7 @@
 #include "shell/ChangePasswordfrm.h"
 #include "shell/NewUser.h"
 #include "shell/frmAboutDutygrid.h"
-#include "tests/common/PlainChart.h"
+#include "tests/common/Charts.h"
 #include "tests/common/RealInput.h"
 #include "tests/shell/ShellTest.h"
 
@@ -128,7 +128,7 @@ protected:
         MakeAccount(u"Mum"_s, u"m"_s, u"Teacher"_s);
         MakeAccount(u"Anna"_s, u"a"_s, u"Student"_s);
         MakeAccount(u"Ben"_s, u"b"_s, u"Student"_s);
-        MakePlainChart(Path(u"Database/Charts.mdb"_s), u"Chores Anna"_s, {{u"Cook"_s, u"Wed"_s}});
+        MakePlainChart(u"Chores Anna"_s, {{u"Cook"_s, u"Wed"_s}});
     }
 
     /// Another form in front, beside the one that will be pressed.

@@ -1,5 +1,6 @@
 #include "platform/runtime/Dates.h"
-#include "tests/common/PlainChart.h"
+#include "store/ChartFields.h"
+#include "tests/common/Charts.h"
 #include "tests/common/SpoiledRows.h"
 #include "tests/store/FakeMatrix.h"
 #include "tests/store/StoreTest.h"
@@ -14,7 +15,7 @@ class ChartMatrixTest : public StoreTest {
 protected:
     using Row = PlainRow;
     static void MakeChart(const QList<Row>& rows, const QString& name = Chores) {
-        MakePlainChart(Path(QStringLiteral("Database/Charts.mdb")), name, rows);
+        MakePlainChart(name, rows);
     }
 
     /// Fills the form; the number of the error that ended it, 0 for none.
@@ -28,19 +29,6 @@ protected:
         return {week.begin(), week.end()};
     }
     static S Days(const char* texts) { return QString::fromLatin1(texts).split(QLatin1Char(' ')); }
-
-    /// Sets a field of a row of the chart to Null.
-    static void SetNull(int row, int field) {
-        Database().Commit();
-        const auto tables = TableStore::OpenDatabase(Path(QStringLiteral("Database/Charts.mdb")));
-        Recordset rows = tables->OpenRecordset(Chores);
-        while (row-- > 0)
-            rows.MoveNext();
-        rows.Edit();
-        rows.SetValue(field, QVariant());
-        rows.Update();
-        tables->Commit();
-    }
 
     FakeMatrix Form;
 };
@@ -103,11 +91,11 @@ TEST_F(ChartMatrixTest, WhatWasFoundBeforeAFailureStandsAndNothingOfTheFormerFil
     const QString job = QStringLiteral("Cook");
     MakeChart({{job, QStringLiteral("Mon"), 5, true}});
     ASSERT_EQ(Fill(), 0);
-    SetNull(0, ChartField::Points);
+    SetNull(Chores, 0, ChartField::Points);
     EXPECT_EQ(Fill(), 94);
     EXPECT_EQ(Form.jobs, S{job});
     EXPECT_EQ(Form.values, S{QString()});
-    SetNull(0, ChartField::Instructions);
+    SetNull(Chores, 0, ChartField::Instructions);
     EXPECT_EQ(Fill(), 94);
     EXPECT_EQ(Form.jobs, S());
 }

@@ -235,6 +235,7 @@ TEST_P(PressTest, AWindowThatIsNoFormAndTheWayBackFromItActivateNothing) {
     main_->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get()));
     EXPECT_EQ(Taken(), S());
+    QTest::qWait(TimeToSee);
     Press(help);
     EXPECT_EQ(Taken(), (S{u"press help"_s, u"release help"_s}));
     Press(*first.pad);
