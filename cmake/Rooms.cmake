@@ -16,6 +16,15 @@ function(ShowFolder target kind folder)
     target_include_directories(${target} ${kind} ${way})
 endfunction()
 
+# As many sources at once, 0 for all: most of a compiler's time goes into the toolkit's headers.
+function(CompileTogether target count)
+    if(DUTYGRID_UNITY)
+        set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE ${count})
+        # To the compiler a source is a header then, whose classes should hold nothing local.
+        target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+    endif()
+endfunction()
+
 # The target of a room is called room_platform_forms for platform/forms.
 function(RoomTarget result room)
     string(REPLACE / _ target room_${room})
@@ -34,6 +43,7 @@ function(Room room)
     RoomTarget(target ${room})
     RoomSources(sources ${room})
     add_library(${target} STATIC ${sources})
+    CompileTogether(${target} 0)
     ShowFolder(${target} PUBLIC ${room})
     foreach(used IN LISTS it_USES)
         RoomTarget(usedTarget ${used})

@@ -1,6 +1,7 @@
 #include "tests/authoring/AuthoringTest.h"
 #include "widgets/FormViewAdapters.h"
 
+#include <QCheckBox>
 #include <QLineEdit>
 
 /// A save that fails at its first row leaves a chart without rows, which stops the lists of charts.

@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int Jobs = 100;
+constexpr int JobsToOpen = 100;
 /// Controls of a row; what is painted of an editor are eleven rows and more.
 constexpr int LeastPaints = 7 * 11;
 const QString Chart = QStringLiteral("Chores Anna");
@@ -27,7 +27,7 @@ protected:
         {
             FakeEditor editor;
             editor.rows.clear();
-            for (int job = 0; job < Jobs; ++job)
+            for (int job = 0; job < JobsToOpen; ++job)
                 editor.rows.append({QStringLiteral("Job number %1").arg(job), QStringLiteral("Mon"),
                                     QStringLiteral("Mum"), QStringLiteral("Easy"),
                                     QStringLiteral("5")});
@@ -68,9 +68,9 @@ TEST_F(EditorBench, OpeningAChartOf100JobsUntilItIsPainted) {
             QCoreApplication::processEvents();
         });
         EXPECT_GE(paints.Paints, LeastPaints) << "the editor was not painted";
-        EXPECT_EQ(LastEditor().RowCount(), Jobs);
-        EXPECT_EQ(LastEditor().Row(Jobs - 1).Instructions,
-                  QStringLiteral("Job number %1").arg(Jobs - 1));
+        EXPECT_EQ(LastEditor().RowCount(), JobsToOpen);
+        EXPECT_EQ(LastEditor().Row(JobsToOpen - 1).Instructions,
+                  QStringLiteral("Job number %1").arg(JobsToOpen - 1));
         Settle();
         LastEditor().Abandon();
         Settle();
@@ -99,7 +99,7 @@ TEST_F(EditorBench, OneNotchOfTheWheelOver100JobsUntilItIsPainted) {
         EXPECT_EQ(std::abs(bar.value() - value), 3);
         EXPECT_GE(paints.Paints, LeastPaints) << "the rows were not painted";
         // Down to the middle of the list and up again.
-        if (bar.value() >= Jobs / 2 || bar.value() == 0)
+        if (bar.value() >= JobsToOpen / 2 || bar.value() == 0)
             turn = -turn;
         Settle();
         return time;

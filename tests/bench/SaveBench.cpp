@@ -9,9 +9,9 @@
 
 namespace {
 
-constexpr int Jobs = 40;
-const QDate FirstDate(2001, 3, 4);
-const QDate LastDate(2001, 3, 10);
+constexpr int JobsToSave = 40;
+const QDate Sunday(2001, 3, 4);
+const QDate Saturday(2001, 3, 10);
 
 /// What the list of children does on Ok for every child selected.
 void SaveFor(const QString& child) {
@@ -19,9 +19,9 @@ void SaveFor(const QString& child) {
     if (Database().ChartExist(chart)) {
         Database().DuplicateChartHistory(chart);
         Database().ClearChartPoints(chart);
-        Database().WriteInfoToChart(chart, 0, false, child, FirstDate, LastDate, true);
+        Database().WriteInfoToChart(chart, 0, false, child, Sunday, Saturday, true);
     } else {
-        Database().WriteInfoToChart(chart, 0, false, child, FirstDate, LastDate, true);
+        Database().WriteInfoToChart(chart, 0, false, child, Sunday, Saturday, true);
         Database().DuplicateChartHistory(chart);
     }
 }
@@ -35,13 +35,13 @@ TEST_F(BenchTest, SavingAChartOf40JobsFor30ChildrenASecondTime) {
     editor.IsNewChart = true;
     editor.ChartName = QStringLiteral("Chores");
     editor.StartingFrom();
-    for (int job = 0; job < Jobs; ++job) {
+    for (int job = 0; job < JobsToSave; ++job) {
         if (job > 0)
             editor.NewTask_Click();
         editor.SetRow(job, {QStringLiteral("Job number %1").arg(job), QStringLiteral("Mon-Fri"),
                             QStringLiteral("Mum"), QStringLiteral("Easy"), QStringLiteral("5")});
     }
-    ASSERT_EQ(editor.RowCount(), Jobs);
+    ASSERT_EQ(editor.RowCount(), JobsToSave);
     const auto saveForAll = [] {
         RunAction([] {
             for (int child = 0; child < Children; ++child)
@@ -56,7 +56,7 @@ TEST_F(BenchTest, SavingAChartOf40JobsFor30ChildrenASecondTime) {
             for (int child = 0; child < Children; ++child) {
                 const std::string name = ChildName(child).toStdString();
                 plain.SaveAgain("Chores " + name, "History Chores " + name + " from: 3/4/2001",
-                                name, Jobs);
+                                name, JobsToSave);
             }
             plain.Commit();
         };
@@ -76,7 +76,7 @@ TEST_F(BenchTest, SavingAChartOf40JobsFor30ChildrenASecondTime) {
     // Both have written the same.
     EXPECT_EQ(TableNames().size(), Charts + HistoryTables + 2 * Children);
     const QStringList rows = Rows(QStringLiteral("Chores Child29"));
-    EXPECT_EQ(rows.size(), Jobs * 5);
+    EXPECT_EQ(rows.size(), JobsToSave * 5);
     ResetSession();
     QFile::remove(Path(QStringLiteral("Database/Charts.mdb")));
     ASSERT_TRUE(QFile::copy(plainFile, Path(QStringLiteral("Database/Charts.mdb"))));

@@ -4,7 +4,6 @@
 
 namespace {
 
-const QString Chores = u"Chores"_s;
 const QString ThisWeek = u"History Chores from: 3/4/2001"_s;
 const QString LastWeek = u"History Chores from: 2/25/2001"_s;
 
@@ -192,7 +191,7 @@ TEST_F(JobReportCountsTest, FirstJobsOwnFaultComesBeforeALaterTables) {
 
 // The same as a walk through all tables for each job
 
-struct ModelTable {
+struct ReportedTable {
     QString Name;
     QString Owner;
     QList<ChartRow> Rows;
@@ -200,13 +199,13 @@ struct ModelTable {
 };
 
 /// The counting as it is meant: one job, all tables, row by row.
-QStringList LinesOf(const QList<ModelTable>& tables, const QStringList& jobs,
+QStringList LinesOf(const QList<ReportedTable>& tables, const QStringList& jobs,
                     const QStringList& names, const QString& kid) {
     QStringList lines;
     for (const QString& job : jobs) {
         int completed = 0;
         int incomplete = 0;
-        const auto countTable = [&](const ModelTable& table) {
+        const auto countTable = [&](const ReportedTable& table) {
             for (int row = 0; row < table.Rows.size(); ++row) {
                 if (table.Rows[row].Instructions != job)
                     continue;
@@ -217,12 +216,12 @@ QStringList LinesOf(const QList<ModelTable>& tables, const QStringList& jobs,
             }
         };
         if (names.first() == u"All") {
-            for (const ModelTable& table : tables)
+            for (const ReportedTable& table : tables)
                 if (table.Name.startsWith(u"Hist"_s) && table.Owner == kid)
                     countTable(table);
         } else {
             for (const QString& name : names)
-                for (const ModelTable& table : tables)
+                for (const ReportedTable& table : tables)
                     if (table.Name == name)
                         countTable(table);
         }
@@ -242,12 +241,13 @@ protected:
         return jobs[Below(static_cast<int>(jobs.size()))];
     }
 
-    QList<ModelTable> MakeTables() {
+    QList<ReportedTable> MakeTables() {
         static const QStringList owners = {u"Anna"_s, u"anna"_s, u"Ben"_s};
         static const QStringList kinds = {u"History "_s, u"Hist"_s, u"hist "_s, u"Chart "_s};
-        QList<ModelTable> tables;
+        QList<ReportedTable> tables;
         for (int number = 0; number < 8; ++number) {
-            ModelTable table{kinds[Below(4)] + QString::number(number), owners[Below(3)], {}, {}};
+            ReportedTable table{
+                kinds[Below(4)] + QString::number(number), owners[Below(3)], {}, {}};
             // More rows than are read at once, now and then.
             for (int row = Below(4) == 0 ? 150 : 1 + Below(9); row > 0; --row)
                 table.Rows.append({AnyJob(), Below(2) == 0});
@@ -267,7 +267,7 @@ private:
 };
 
 TEST_P(RandomReports, AreAsCountedJobByJob) {
-    const QList<ModelTable> tables = MakeTables();
+    const QList<ReportedTable> tables = MakeTables();
     for (int report = 0; report < 12; ++report) {
         QStringList jobs;
         for (int entry = Below(40); entry > 0; --entry)

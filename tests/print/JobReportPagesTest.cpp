@@ -5,7 +5,6 @@ namespace {
 constexpr QRgb Black = qRgb(0, 0, 0);
 constexpr QRgb Red = qRgb(255, 0, 0);
 
-const QString Chores = u"Chores"_s;
 const QString Period = u"Starting from: 3/4/2001 until 3/10/2001"_s;
 
 class JobReportPagesTest : public JobReportTest {

@@ -17,6 +17,7 @@ protected:
     JobReportTest() { SetPrintTarget(&Recorded); }
 
     static inline const QString All = u"All"_s;
+    static inline const QString Chores = u"Chores"_s;
 
     static void WriteJobs(const QByteArray& content, const QString& file = u"HomeJobs.dat"_s);
 

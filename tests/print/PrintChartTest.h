@@ -12,12 +12,12 @@
 /// What reading a page costs in exactness, in grid units.
 inline constexpr double Near = 0.07;
 
-inline const QString Chart = QStringLiteral("Chores");
-inline const QString Kid = QStringLiteral("Anna");
-
 /// A fixture for printed charts.
 class PrintChartTest : public ProgramTest {
 protected:
+    static inline const QString Chart = QStringLiteral("Chores");
+    static inline const QString Kid = QStringLiteral("Anna");
+
     static void MakeChart(const QList<PlainRow>& jobs, const QString& name = Chart) {
         MakePlainChart(name, jobs);
     }

@@ -7,9 +7,6 @@
 
 namespace {
 
-const QString Kids = u"StudentsList"_s;
-const QString Histories = u"ListView2"_s;
-
 /// The report by dates, and the wait for them.
 class DateRangeReportTest : public ReportTest {
 protected:

@@ -29,6 +29,9 @@ protected:
         u"Please make sure the Ending Date selected is greater than the Starting Date selected."_s;
     static inline const QString DeleteChart = u"Are you sure you want to delete this chart?"_s;
 
+    static inline const QString Kids = u"StudentsList"_s;
+    static inline const QString Histories = u"ListView2"_s;
+
     static inline const QString Chores = u"Chores Anna"_s;
     static inline const QString Piano = u"Piano Anna"_s;
     static inline const QString Week1 = u"History Chores Anna from: 3/4/2001"_s;

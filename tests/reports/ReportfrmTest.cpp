@@ -9,9 +9,7 @@ const QString NoChart =
     u"Please select a Sparkit from the name list and the Dutygrid you would like to print."_s;
 const QString NoHistory = u"Please select a Sparkit from the name list and the History Report you "
                           "would like to print."_s;
-const QString Kids = u"StudentsList"_s;
 const QString Charts = u"ListView1"_s;
-const QString Histories = u"ListView2"_s;
 
 class ReportfrmTest : public ReportTest {
 protected:

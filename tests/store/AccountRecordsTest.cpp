@@ -5,7 +5,6 @@
 
 namespace {
 
-const QString Anna = QStringLiteral("Anna");
 const QString Student = QStringLiteral("Student");
 const QString Teacher = QStringLiteral("Teacher");
 

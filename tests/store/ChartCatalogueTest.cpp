@@ -4,8 +4,6 @@
 
 namespace {
 
-const QDate Sunday(2001, 3, 4);
-
 class ChartCatalogueTest : public StoreTest {
 protected:
     ChartCatalogueTest() { CurrentUser = QStringLiteral("Anna"); }

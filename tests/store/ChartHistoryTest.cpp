@@ -3,7 +3,6 @@
 
 namespace {
 
-const QString Chores = QStringLiteral("Chores Anna");
 const QString History = QStringLiteral("History Chores Anna from: ");
 
 class ChartHistoryTest : public StoreTest {

@@ -7,7 +7,6 @@
 
 namespace {
 
-const QString Chores = QStringLiteral("Chores Anna");
 using S = QStringList;
 
 /// What the store puts into the matrix of the weekly review.

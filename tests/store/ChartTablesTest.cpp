@@ -5,8 +5,6 @@
 
 namespace {
 
-const QString Chores = QStringLiteral("Chores Anna");
-
 class ChartTablesTest : public StoreTest {
 protected:
     QStringList FieldOfRows(const QString& table, int position) {

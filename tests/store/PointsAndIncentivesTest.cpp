@@ -3,7 +3,6 @@
 
 namespace {
 
-const QString Anna = QStringLiteral("Anna");
 const QString Refusal = QStringLiteral("Sorry you have insufficient points to clear the account");
 
 class PointsAndIncentivesTest : public StoreTest {

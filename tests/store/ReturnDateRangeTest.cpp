@@ -4,8 +4,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QDate Sunday(2001, 3, 4);
-
 class ReturnDateRangeTest : public StoreTest {
 protected:
     void Save(const QString& name, const QDate& first, const QDate& last,

@@ -5,6 +5,10 @@
 /// Shorthand for tests of the store: charts without an editor, small fakes of the forms' parts.
 class StoreTest : public ProgramTest {
 protected:
+    static inline const QString Anna = QStringLiteral("Anna");
+    static inline const QString Chores = QStringLiteral("Chores Anna");
+    static inline const QDate Sunday{2001, 3, 4};
+
     /// Saves rows as a chart, as the editor would, for the week of Sunday 4 March 2001.
     void SaveChart(const QString& name, const QList<EditorRow>& rows,
                    const QString& owner = QStringLiteral("Anna"), bool autoCreate = false,

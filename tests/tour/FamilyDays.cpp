@@ -10,7 +10,6 @@ const Text WithMarks = "Please click the 'Yes' button to print your Sparkit Duty
                        "marks for those jobs that have been completed for the week.";
 const Text WithBoxes = "Please click 'Ok' to print out your Sparkit Dutygrid with checkboxes to be "
                        "filled in by you as you complete the jobs.";
-const Text ExitUnsaved = "Are you sure you want to exit without saving?";
 
 Text DoneIn(const Text& table) {
     return "SELECT DayOfWeek, Instructions FROM \"" + table + "\" WHERE Completed = -1";

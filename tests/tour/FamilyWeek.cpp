@@ -17,7 +17,6 @@ const Text Welcome =
     "assistance.  Thank you for trying Sparkit Dutygrid.";
 
 const Text SelectUser = "Please select a user or create a new one.";
-const Text ExitUnsaved = "Are you sure you want to exit without saving?";
 
 } // namespace
 

@@ -8,6 +8,8 @@ class FamilyWeek : public Story {
 protected:
     FamilyWeek() : Story("family", QDate(2001, 3, 4)) {}
 
+    static inline const Text ExitUnsaved = "Are you sure you want to exit without saving?";
+
     // Sunday: the adults set everything up.
     void FirstStart();
     void MakeAccounts();
