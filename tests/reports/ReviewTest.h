@@ -1,8 +1,8 @@
 #pragma once
 
 #include "reports/WeekChartRepresentation.h"
-#include "tests/common/FormTest.h"
 #include "tests/common/Charts.h"
+#include "tests/common/FormTest.h"
 
 #include <QLabel>
 #include <QListWidget>
