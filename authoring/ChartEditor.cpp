@@ -48,6 +48,13 @@ ChartEditor::ChartEditor()
         control->installEventFilter(this);
     new FocusRing(ui_->VScroll);
 
+    // No action of a user: it stores nothing.
+    connect(&nothingElse_, &QTimer::timeout, this, [this] {
+        MakeRows(std::min(MadeRows(), RowCount() - 1));
+        if (waiting_.empty())
+            nothingElse_.stop();
+    });
+
     On(ui_->VScroll, &QScrollBar::valueChanged, this, [this] { SetTextsPosition(); });
     On(ui_->NewTask, &QPushButton::clicked, this, [this] { NewTask_Click(); });
     On(ui_->CreateChart, &QPushButton::clicked, this, [this] { CreateChart_Click(); });
@@ -61,30 +68,32 @@ ChartEditor::~ChartEditor() = default;
 
 void ChartEditor::DesignRows() {
     Instructions.Design(QStringLiteral("Instructions"), MakeInstructions(0), Column(600, 2655),
-                        [this] { return MakeInstructions(Instructions.Count()); });
+                        [this] { return MakeInstructions(MadeRows()); });
     const QString day = QStringLiteral("DayOfWeek");
     const QString dayName = ui_->DayOfWeeklbl->text();
     DayOfWeek.Design(day, MakeCombo(dayName, 0), Column(3360, 1695),
-                     [this, dayName] { return MakeCombo(dayName, DayOfWeek.Count()); });
+                     [this, dayName] { return MakeCombo(dayName, MadeRows()); });
     const QString adult = QStringLiteral("AdultResponsable");
     const QString adultName = ui_->AdultResponsablelbl->text();
-    AdultResponsable.Design(adult, MakeBox(adultName, 0), Column(5160, 2535), [this, adultName] {
-        return MakeBox(adultName, AdultResponsable.Count());
-    });
+    AdultResponsable.Design(adult, MakeBox(adultName, 0), Column(5160, 2535),
+                            [this, adultName] { return MakeBox(adultName, MadeRows()); });
     const QString difficultyName = ui_->difficultylbl->text();
-    Difficulty.Design(
-        QStringLiteral("Difficulty"), MakeCombo(difficultyName, 0), Column(7800, 1575),
-        [this, difficultyName] { return MakeCombo(difficultyName, Difficulty.Count()); });
+    Difficulty.Design(QStringLiteral("Difficulty"), MakeCombo(difficultyName, 0),
+                      Column(7800, 1575),
+                      [this, difficultyName] { return MakeCombo(difficultyName, MadeRows()); });
     Points.Design(QStringLiteral("Points"), MakePoints(0), Column(9480, 1335),
-                  [this] { return MakePoints(Points.Count()); });
+                  [this] { return MakePoints(MadeRows()); });
     JobDelete.Design(QStringLiteral("JobDelete"), MakeDelete(0), Column(10920, 975),
-                     [this] { return MakeDelete(JobDelete.Count()); });
+                     [this] { return MakeDelete(MadeRows()); });
     const auto makeNumber = [this] {
         auto* label = new QLabel(ui_->Rows);
         label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         return label;
     };
     Number.Design(QStringLiteral("Number"), makeNumber(), Column(120, 375), makeNumber);
+    ForEachColumn(Columns(), [this](auto& column) {
+        column.KeepPromisesBy([this](int index) { MakeRows(index); });
+    });
     Number[0].setText(QStringLiteral("1:"));
 
     QWidget::setTabOrder(&Instructions[0], &DayOfWeek[0]);
@@ -108,7 +117,7 @@ void ChartEditor::PutRowInTabOrder(int index) {
 /// The row that has the form's keyboard, -1 if none has it.
 int ChartEditor::FocusedRow() {
     const QWidget* focus = focusWidget();
-    for (int index = 0; index < Instructions.Count(); ++index) {
+    for (int index = 0; index < MadeRows(); ++index) {
         bool isHere = false;
         ForEachColumn(Columns(), [&](auto& column) { isHere = isHere || &column[index] == focus; });
         if (isHere)
@@ -123,6 +132,9 @@ bool ChartEditor::MoveByTab(bool next) {
     const int row = FocusedRow();
     if (!next && row > 0 && focusWidget() == &Instructions[row])
         BringRowIntoView(row - 1);
+    // So would a row that waits for its controls: the next one, or the last one before the bar.
+    if (next || focusWidget() == ui_->VScroll)
+        MakeRows(std::min(next ? row + 1 : RowCount(), RowCount() - 1));
     if (!focusNextPrevChild(next))
         return false;
     if (const int reached = FocusedRow(); reached >= 0)
@@ -132,12 +144,16 @@ bool ChartEditor::MoveByTab(bool next) {
 
 void ChartEditor::BringRowIntoView(int index) {
     const int pitch = Instructions.Height(0) + RowGap;
-    const int listBottom = TwipsOf(ui_->RowsClip->geometry().bottom());
-    const int rowsInView = std::max(1, (listBottom - ListTop) / pitch);
+    const int rowsInView = std::max(1, (ListBottom() - ListTop) / pitch);
     if (Instructions.Top(index) < ListTop)
         ui_->VScroll->setValue(index);
-    else if (Instructions.Top(index) + RowHeight > listBottom)
+    else if (Instructions.Top(index) + RowHeight > ListBottom())
         ui_->VScroll->setValue(index - rowsInView + 1);
+}
+
+/// Where the last row in sight ends, in twips.
+int ChartEditor::ListBottom() const {
+    return TwipsOf(ui_->RowsClip->geometry().bottom());
 }
 
 DropDownCombo* ChartEditor::MakeCombo(const QString& column, int index) {
@@ -213,16 +229,38 @@ void ChartEditor::Load() {
 
 void ChartEditor::CreateNewTask() {
     const qint16 index = ToInteger(Instructions.Count());
-    LoadRow(Columns());
+    PromiseRow(Columns());
     PlaceRowBelow(Columns(), index, RowGap);
     SetRowVisible(Columns(), index, true);
-    // The other boxes are new, and empty.
-    AdultResponsable[index].setText(CurrentUser);
-    FillDifficultyList(index);
-    Number[index].setText(QStringLiteral("%1:").arg(index + 1));
-    Number[index].setBuddy(&Instructions[index]);
+    WaitingRow row;
+    row.Texts.AdultResponsable = CurrentUser;
+    waiting_.push_back(row);
     ui_->VScroll->setMaximum(Instructions.Count() - 1);
-    PutRowInTabOrder(index);
+    MakeRowsInSight();
+}
+
+/// Makes the controls of the rows up to this one: each stands behind the former one in the order of
+/// the keyboard.
+void ChartEditor::MakeRows(int last) {
+    while (MadeRows() <= last) {
+        const int index = MadeRows();
+        MakeRow(Columns(), index);
+        const WaitingRow row = std::move(waiting_.front());
+        waiting_.pop_front();
+        FillDifficultyList(index);
+        FillDayList(index, row.DayListMode);
+        Number[index].setText(QStringLiteral("%1:").arg(index + 1));
+        Number[index].setBuddy(&Instructions[index]);
+        PutRowInTabOrder(index);
+        SetRow(index, row.Texts);
+    }
+}
+
+void ChartEditor::MakeRowsInSight() {
+    while (!waiting_.empty() && Instructions.Top(MadeRows()) < ListBottom())
+        MakeRows(MadeRows());
+    if (!waiting_.empty())
+        nothingElse_.start();
 }
 
 void ChartEditor::SetTextsPosition() {
@@ -237,6 +275,7 @@ void ChartEditor::SetTextsPosition() {
         SetRowTop(Columns(), index, top);
         SetRowVisible(Columns(), index, top >= ListTop);
     }
+    MakeRowsInSight();
 }
 
 void ChartEditor::FillDifficultyList(int Index) {
@@ -247,6 +286,10 @@ void ChartEditor::FillDifficultyList(int Index) {
 }
 
 void ChartEditor::FillDayList(int Index, const QString& Mode) {
+    if (IsWaiting(Index)) {
+        waiting_[PlaceAmongWaiting(Index)].DayListMode = Mode;
+        return;
+    }
     DropDownCombo& combo = DayOfWeek[Index];
     const KeptText kept(combo);
     combo.clear();
@@ -309,11 +352,18 @@ QString ChartEditor::Title(const QString& Mode) {
 }
 
 EditorRow ChartEditor::Row(int index) const {
+    if (IsWaiting(index))
+        return waiting_[PlaceAmongWaiting(index)].Texts;
     return {Instructions[index].Text(), DayOfWeek[index].Text(), AdultResponsable[index].text(),
             Difficulty[index].Text(), Points[index].text()};
 }
 
 void ChartEditor::SetRow(int index, const EditorRow& row) {
+    // Points that are refused are so at once.
+    if (IsWaiting(index) && IsPoints(row.Points)) {
+        waiting_[PlaceAmongWaiting(index)].Texts = row;
+        return;
+    }
     Instructions[index].SetText(row.Instructions);
     DayOfWeek[index].SetText(row.DayOfWeek);
     AdultResponsable[index].setText(row.AdultResponsable);
@@ -328,6 +378,7 @@ void ChartEditor::FitListToFrame() {
     const int bottom = ui_->EditChartFrame->height();
     ui_->RowsClip->resize(ui_->RowsClip->width(), bottom - ui_->RowsClip->y() - 2);
     ui_->VScroll->resize(ui_->VScroll->width(), bottom - ui_->VScroll->y() - 6);
+    MakeRowsInSight();
 }
 
 bool ChartEditor::eventFilter(QObject* watched, QEvent* event) {

@@ -11,6 +11,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTimer>
+#include <deque>
 #include <memory>
 
 namespace Ui {
@@ -99,6 +101,12 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    /// A row whose controls nobody has seen or touched yet.
+    struct WaitingRow {
+        EditorRow Texts;
+        QString DayListMode;
+    };
+
     void DesignRows();
     DropDownCombo* MakeCombo(const QString& column, int index);
     QLineEdit* MakeBox(const QString& column, int index);
@@ -110,6 +118,13 @@ private:
         return std::tie(Instructions, DayOfWeek, AdultResponsable, Difficulty, Points, JobDelete,
                         Number);
     }
+    /// The rows that have controls; those that wait come behind them.
+    int MadeRows() const { return Instructions.Count() - static_cast<int>(waiting_.size()); }
+    bool IsWaiting(int index) const { return index >= MadeRows() && index < RowCount(); }
+    std::size_t PlaceAmongWaiting(int index) const { return std::size_t(index - MadeRows()); }
+    void MakeRows(int last);
+    void MakeRowsInSight();
+    int ListBottom() const;
     void PutRowInTabOrder(int index);
     void FitListToFrame();
     int FocusedRow();
@@ -117,6 +132,8 @@ private:
     void BringRowIntoView(int index);
 
     void JobDelete_Click(int index);
+    /// What may stand in the box of the points.
+    static bool IsPoints(const QString& text);
     void Points_Change(int index);
     void Instructions_DropDown(int index);
     void Instructions_Enter(int index);
@@ -128,5 +145,9 @@ private:
     InstructionsDropDown& JobNames();
 
     std::unique_ptr<Ui::ChartEditor> ui_;
+    /// Of a long chart most rows are scrolled away: to make their controls takes longer than all
+    /// else of its opening. They are made when nothing else is to be done.
+    std::deque<WaitingRow> waiting_;
+    QTimer nothingElse_;
     bool abandoned_ = false;
 };

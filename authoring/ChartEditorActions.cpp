@@ -32,18 +32,17 @@ void ChartEditor::JobDelete_Click(int index) {
     }
     for (int row = index; row < last; ++row)
         SetRow(row, Row(row + 1));
-    Instructions.UnloadLast();
-    DayOfWeek.UnloadLast();
-    AdultResponsable.UnloadLast();
-    Difficulty.UnloadLast();
-    Points.UnloadLast();
-    JobDelete.UnloadLast();
-    Number.UnloadLast();
+    UnloadLastRow(Columns());
+    if (!waiting_.empty())
+        waiting_.pop_back();
+}
+
+bool ChartEditor::IsPoints(const QString& text) {
+    return text.isEmpty() || text == QLatin1String("0") || Val(text) != 0;
 }
 
 void ChartEditor::Points_Change(int index) {
-    const QString text = Points[index].text();
-    if (text.isEmpty() || text == QLatin1String("0") || Val(text) != 0)
+    if (IsPoints(Points[index].text()))
         return;
     Tell(QStringLiteral("That is not a valid number, please enter a number"));
     Points[index].setText(QString());

@@ -31,6 +31,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void PaintBox(QPixmap& box, const QStyleOptionComboBox& option);
     void FitList();
     void TellExpanded();
 };

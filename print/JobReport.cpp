@@ -54,35 +54,48 @@ public:
     explicit JobHistory(DatabaseCls& store) : store_(store) {}
 
     /// How often a job was completed and left open in the tables. The first job that is asked for
-    /// takes the counts of all jobs, in one walk, where those after it find them.
+    /// takes the counts of all jobs, in one walk, where those after it find them: what is raised
+    /// is the same, and in the same order, as with a walk for each.
     JobCounts CountJobHistory(const QString& JobName, const QString& KidName,
                               const QStringList& ChartNames);
 
 private:
-    JobTallies TakeCounts(const QString& askedJob, const QString& kidName,
-                          const QStringList& chartNames);
+    void TakeCounts(const QString& kidName, const QStringList& chartNames);
+    void WalkThrough(const QString& kidName, const QStringList& chartNames);
 
     DatabaseCls& store_;
     std::optional<JobTallies> tallies_;
+    /// What ended the walk before its time.
+    std::optional<RuntimeError> failure_;
 };
 
 JobCounts DatabaseCls::JobHistory::CountJobHistory(const QString& JobName, const QString& KidName,
                                                    const QStringList& ChartNames) {
     if (!tallies_)
-        tallies_ = TakeCounts(JobName, KidName, ChartNames);
-    return tallies_->Of(JobName);
+        TakeCounts(KidName, ChartNames);
+    // A row of this job that cannot be counted comes before the table that cannot be walked.
+    const JobCounts counts = tallies_->Of(JobName);
+    if (failure_)
+        throw *failure_;
+    return counts;
 }
 
-JobTallies DatabaseCls::JobHistory::TakeCounts(const QString& askedJob, const QString& kidName,
-                                               const QStringList& chartNames) {
+void DatabaseCls::JobHistory::TakeCounts(const QString& kidName, const QStringList& chartNames) {
+    tallies_.emplace();
+    try {
+        WalkThrough(kidName, chartNames);
+    } catch (const RuntimeError& failure) {
+        failure_ = failure;
+    }
+}
+
+void DatabaseCls::JobHistory::WalkThrough(const QString& kidName, const QStringList& chartNames) {
     TableStore& tables = store_.Tables();
     const TableStore::Reading reading(tables);
     TableWalk rows = tables.WalkThrough(CountedFields);
-    JobTallies tallies;
     const auto countRows = [&] {
         ForEachRow(rows, [&] {
-            tallies.Count(rows.Value(Instructions), askedJob,
-                          [&] { return rows.Value(Completed); });
+            tallies_->Count(rows.Value(Instructions), [&] { return rows.Value(Completed); });
         });
     };
     if (!MeansAllHistory(chartNames)) {
@@ -90,7 +103,7 @@ JobTallies DatabaseCls::JobHistory::TakeCounts(const QString& askedJob, const QS
             rows.Open(name);
             countRows();
         }
-        return tallies;
+        return;
     }
     const int count = tables.TableCount();
     for (int index = 0; index < count; ++index) {
@@ -102,7 +115,6 @@ JobTallies DatabaseCls::JobHistory::TakeCounts(const QString& askedJob, const QS
         if (Holds(rows.Value(UserName), kidName))
             countRows();
     }
-    return tallies;
 }
 
 void DatabaseCls::PrintReport2(const QString& KidName, const QStringList& ChartNames,

@@ -22,11 +22,10 @@ struct JobCounts {
 /// job's own rows uncountable ends the report only when its turn comes.
 class JobTallies {
 public:
-    /// Counts a row with that job and the mark that `completed` reads. `askedJob` is the job whose
-    /// turn it is: what makes a row of it uncountable is raised at once (6 beyond 16 bits), for
-    /// other jobs it is kept.
+    /// Counts a row with that job and the mark that `completed` reads. What makes it uncountable,
+    /// a mark of no kind or a count beyond 16 bits (6), is kept for the job.
     template <class Mark>
-    void Count(const QVariant& job, const QString& askedJob, Mark&& completed) {
+    void Count(const QVariant& job, Mark&& completed) {
         // Nothing stored is no job's text, not even the empty one.
         if (job.isNull())
             return;
@@ -36,8 +35,6 @@ public:
         try {
             Add(tally.counts, completed().toBool());
         } catch (const RuntimeError& fault) {
-            if (job.toString() == askedJob)
-                throw;
             tally.fault = fault;
         }
     }

@@ -6,16 +6,6 @@
 
 using namespace ReviewLayout;
 
-template <class Act>
-void WeekChartRepresentation::ForEachColumn(Act&& act) {
-    act(Job);
-    for (int day = 1; day <= DaysOfWeek; ++day)
-        act(Day(day));
-    act(Patrat);
-    act(Points);
-    act(JobTotal);
-}
-
 void WeekChartRepresentation::Begin(const QString& title) {
     ui_->Label2->setText(title);
     for (int day = 1; day <= DaysOfWeek; ++day) {
@@ -24,10 +14,8 @@ void WeekChartRepresentation::Begin(const QString& title) {
     }
     Points.SetCaption(0, QString());
     Job.SetCaption(0, QString());
-    ForEachColumn([](auto& controls) {
-        while (controls.Count() > 1)
-            controls.UnloadLast();
-    });
+    while (LastLine() > 0)
+        UnloadLastRow(Columns());
     hasJobs_ = false;
 }
 
@@ -50,7 +38,7 @@ void WeekChartRepresentation::AlignWithJob(int line) {
 
 /// Adds an empty, hidden line below the others, its job and its rectangle in their places.
 void WeekChartRepresentation::LoadLine() {
-    ForEachColumn([](auto& controls) { controls.LoadElement(); });
+    LoadRow(Columns());
     const int line = LastLine();
     Job.SetTop(line, Job.Top(line - 1) + LinePitch(line - 1));
     // Not by the pitch of the jobs: the rectangles fall behind until the lines are scrolled.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/forms/ControlRows.h"
 #include "platform/forms/Form.h"
 #include "reports/LineOutline.h"
 #include "reports/MatrixArrays.h"
@@ -62,9 +63,10 @@ private:
     void DesignLines();
     void NameCells();
 
-    /// `act` on each control array with one element a line.
-    template <class Act>
-    void ForEachColumn(Act&& act);
+    /// What a line is made of.
+    auto Columns() {
+        return std::tie(Job, Sun, Mon, Tue, Wed, Thu, Fri, Sat, Patrat, Points, JobTotal);
+    }
     void LoadLine();
     void LoadJobLine();
     void AlignWithJob(int line);

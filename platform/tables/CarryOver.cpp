@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <limits>
 #include <sqlite3.h>
 
 namespace {
@@ -123,15 +124,26 @@ std::string FormerLocale(SQLite::Database& database) {
     return locale.executeStep() ? locale.getColumn(0).getString() : std::string();
 }
 
+/// What numbers the rows of a table of the former format: their own numbers, if these leave room
+/// for more; to count the rows takes longer.
+std::string RowNumber(SQLite::Database& database, const std::string& table) {
+    SQLite::Statement ends(database, "SELECT (SELECT min(rowid) FROM former." + table +
+                                         "), (SELECT max(rowid) FROM former." + table + ")");
+    ends.executeStep();
+    const bool leaveRoom = ends.getColumn(0).getInt64() > 0 &&
+                           ends.getColumn(1).getInt64() < std::numeric_limits<int32_t>::max();
+    return leaveRoom ? "rowid" : "row_number() OVER (ORDER BY rowid)";
+}
+
 void CarryTable(Statements& fresh, Catalogue& catalogue, const QString& name) {
     const std::string table = Quoted(name);
     catalogue.RefuseTaken(name);
     catalogue.Add(name, Catalogue::Declaration(FieldsOf(fresh.Connection(), table)));
     const std::shared_ptr<Table> carried = catalogue.Open(name);
     SQLite::Statement rows(fresh.Connection(), "INSERT INTO " + carried->Shape->Rows +
-                                                   " SELECT ?1 + row_number() OVER (ORDER BY"
-                                                   " rowid), * FROM former." +
-                                                   table + " ORDER BY rowid");
+                                                   " SELECT ?1 + " +
+                                                   RowNumber(fresh.Connection(), table) +
+                                                   ", * FROM former." + table + " ORDER BY rowid");
     rows.bind(1, int64_t{carried->FirstKey()});
     rows.exec();
 }

@@ -91,8 +91,10 @@ protected:
         return LastEditor();
     }
 
+    /// Also of a row that is scrolled away and may have no controls before.
     template <class Control = QWidget>
     static Control& RowControl(const ChartEditor& editor, const QString& column, int row) {
+        static_cast<void>(editor.Instructions[row]);
         return Find<Control>(editor, u"%1(%2)"_s.arg(column).arg(row));
     }
 

@@ -39,6 +39,28 @@ TEST_F(EditorLookTest, AListNearTheLowerEdgeIsShortenedRatherThanDroppedUpwards)
     combo.hidePopup();
 }
 
+TEST_F(EditorLookTest, ABoxIsPaintedAsItIsAtTheMoment) {
+    ChartEditor& editor = NewChart();
+    auto& box = RowControl<DropDownCombo>(editor, u"DayOfWeek"_s, 0);
+    Find(editor, u"NewTask"_s).setFocus();
+    Settle();
+    const QImage atRest = box.grab().toImage();
+    box.setFocus();
+    const QImage focused = box.grab().toImage();
+    EXPECT_NE(focused, atRest) << "no sign of the keyboard";
+    box.setEnabled(false);
+    EXPECT_NE(box.grab().toImage(), focused);
+    box.setEnabled(true);
+    Find(editor, u"NewTask"_s).setFocus();
+    EXPECT_EQ(box.grab().toImage(), atRest);
+    box.resize(box.width() + 40, box.height());
+    const QImage wider = box.grab().toImage();
+    EXPECT_EQ(wider.copy(0, 0, 20, box.height()), atRest.copy(0, 0, 20, box.height()));
+    EXPECT_EQ(wider.copy(wider.width() - 20, 0, 20, box.height()),
+              atRest.copy(atRest.width() - 20, 0, 20, box.height()))
+        << "the arrow and the edge stand at the right";
+}
+
 TEST_F(EditorLookTest, ALongTextIsCutForTheEyeOnlyAndOnlyWhileNobodyWritesInIt) {
     ChartEditor& editor = NewChart();
     auto& box = RowControl<ElidingEdit>(editor, u"AdultResponsable"_s, 0);

@@ -50,6 +50,41 @@ TEST_F(ControlArrayTest, IndexesOutsideRaiseAndTheDesignedElementStays) {
     EXPECT_EQ(frame.findChild<QLineEdit*>(QStringLiteral("Points(1)")), nullptr);
 }
 
+TEST_F(ControlArrayTest, APromisedElementCountsAndItsControlIsMadeWhenItIsAskedFor) {
+    QList<int> asked;
+    boxes.KeepPromisesBy([&](int index) {
+        asked += index;
+        boxes.MakeElement(index);
+    });
+    boxes.PromiseElement();
+    boxes.PromiseElement();
+    EXPECT_EQ(boxes.Count(), 3);
+    EXPECT_EQ(boxes.Top(2), 650);
+    EXPECT_FALSE(boxes.Visible(2));
+    boxes.SetVisible(2, true);
+    boxes.SetTop(2, 1037);
+    EXPECT_TRUE(boxes.Visible(2));
+    EXPECT_EQ(frame.findChildren<QLineEdit*>().size(), 1);
+    EXPECT_EQ(asked, QList<int>());
+
+    EXPECT_EQ(boxes[2].objectName(), QStringLiteral("Points(2)"));
+    EXPECT_EQ(asked, QList<int>{2});
+    EXPECT_EQ(boxes[2].geometry(), QRect(632, 69, 89, 22));
+    EXPECT_TRUE(boxes.Visible(2));
+    EXPECT_EQ(asked, QList<int>{2}) << "made once";
+    EXPECT_EQ(frame.findChildren<QLineEdit*>().size(), 2);
+    EXPECT_TRUE(boxes[1].isHidden());
+}
+
+TEST_F(ControlArrayTest, APromisedElementIsUnloadedWithoutBeingMade) {
+    boxes.KeepPromisesBy([](int) { FAIL(); });
+    boxes.PromiseElement();
+    boxes.UnloadLast();
+    EXPECT_EQ(boxes.Count(), 1);
+    EXPECT_THROW(boxes[1], RuntimeError);
+    EXPECT_EQ(frame.findChildren<QLineEdit*>().size(), 1);
+}
+
 TEST_F(ControlArrayTest, KeptElementsComeBackRenewedForTheirIndexNamedAndPlacedAnew) {
     QWidget kept;
     ControlArray<QLineEdit> texts;

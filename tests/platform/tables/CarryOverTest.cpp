@@ -111,6 +111,22 @@ TEST_F(CarryOver, WhatWasCarriedOverIsReadAndWrittenAsEver) {
     EXPECT_TRUE(again->OpenRecordset(QStringLiteral("New")).Eof());
 }
 
+TEST_F(CarryOver, RowsWhoseNumbersLeaveNoRoomAreNumberedAnew) {
+    FillStore();
+    const QString chart = QStringLiteral("Chart 3");
+    QStringList memos = Memos(*Store, chart);
+    memos += QStringLiteral("behind all others");
+    for (const char* number : {"rowid - 1000", "rowid + 4294967295", "rowid * 2000000000"}) {
+        WriteFormer();
+        SQLite::Database(Former.toStdString(), SQLite::OPEN_READWRITE)
+            .exec(std::string("UPDATE \"Chart 3\" SET rowid = ") + number);
+        const auto carried = TableStore::OpenDatabase(Former);
+        Recordset rows = carried->OpenRecordset(chart);
+        AddMemo(rows, memos.last());
+        EXPECT_EQ(Memos(*carried, chart), memos) << number;
+    }
+}
+
 TEST_F(CarryOver, AWholeCopyOfTheFormerFileIsLeftBesideIt) {
     FillStore();
     WriteFormer();
