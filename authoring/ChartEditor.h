@@ -27,7 +27,7 @@ struct ChartWeek {
 
 /// The form on which an adult writes a chart: one row of controls a job. The rows are the chart's
 /// only copy in memory; the store reads and fills them through ChartEditorRows.
-class ChartEditor : public FormWidget, public ChartEditorRows {
+class ChartEditor final : public FormWidget, public ChartEditorRows {
     Q_OBJECT
 
 public:

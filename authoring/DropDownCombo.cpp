@@ -2,6 +2,7 @@
 
 #include "platform/forms/Handlers.h"
 #include "widgets/ElidingEdit.h"
+#include "widgets/KeptPicture.h"
 
 #include <QAbstractItemView>
 #include <QAccessibleWidget>
@@ -9,7 +10,6 @@
 #include <QCompleter>
 #include <QLineEdit>
 #include <QPainter>
-#include <QPixmapCache>
 #include <QPointer>
 #include <QScreen>
 #include <QStyleOptionComboBox>
@@ -144,39 +144,21 @@ void DropDownCombo::wheelEvent(QWheelEvent* event) {
     event->ignore();
 }
 
-// The text has a widget of its own. What is left looks alike in all rows, and takes a style sheet a
-// third of the time of a list that is scrolled.
+// The text has a widget of its own.
 void DropDownCombo::paintEvent(QPaintEvent*) {
     QStyleOptionComboBox option;
     initStyleOption(&option);
-    const QString key = QStringLiteral("DropDownCombo %1 %2 %3 %4 %5 %6")
-                            .arg(width())
-                            .arg(height())
-                            .arg(devicePixelRatioF())
-                            .arg(int(option.state))
-                            .arg(int(option.activeSubControls))
-                            .arg(option.palette.cacheKey());
-    QPixmap box;
-    if (!QPixmapCache::find(key, &box)) {
-        box = QPixmap(size() * devicePixelRatioF());
-        box.setDevicePixelRatio(devicePixelRatioF());
-        box.fill(Qt::transparent);
-        PaintBox(box, option);
-        QPixmapCache::insert(key, box);
-    }
-    QPainter(this).drawPixmap(0, 0, box);
-}
-
-void DropDownCombo::PaintBox(QPixmap& box, const QStyleOptionComboBox& option) {
-    QPainter painter(&box);
-    style()->drawComplexControl(QStyle::CC_ComboBox, &option, &painter, this);
-    // The program's style sheet takes the toolkit's button away, which is too big for a row.
-    const QRectF button =
-        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, this);
-    const QPointF middle = button.center();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(option.palette.color(QPalette::ButtonText), 1.6, Qt::SolidLine,
-                        Qt::RoundCap, Qt::RoundJoin));
-    painter.drawPolyline(
-        QPolygonF{middle + QPointF(-4, -2), middle + QPointF(0, 2), middle + QPointF(4, -2)});
+    const QString kind = QStringLiteral("DropDownCombo %1").arg(int(option.activeSubControls));
+    PaintFromPicture(*this, kind, option, [&](QPainter& painter) {
+        style()->drawComplexControl(QStyle::CC_ComboBox, &option, &painter, this);
+        // The program's style sheet takes the toolkit's button away, which is too big for a row.
+        const QRectF button =
+            style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, this);
+        const QPointF middle = button.center();
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(palette().color(QPalette::ButtonText), 1.6, Qt::SolidLine, Qt::RoundCap,
+                            Qt::RoundJoin));
+        painter.drawPolyline(
+            QPolygonF{middle + QPointF(-4, -2), middle + QPointF(0, 2), middle + QPointF(4, -2)});
+    });
 }

@@ -31,7 +31,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void PaintBox(QPixmap& box, const QStyleOptionComboBox& option);
     void FitList();
     void TellExpanded();
 };

@@ -1,5 +1,7 @@
 #include "widgets/ElidingEdit.h"
 
+#include "widgets/KeptPicture.h"
+
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyleOptionFrame>
@@ -29,17 +31,26 @@ bool ElidingEdit::event(QEvent* event) {
 }
 
 void ElidingEdit::paintEvent(QPaintEvent* event) {
-    if (hasFocus() || !IsCut()) {
+    const bool isHint = text().isEmpty() && !placeholderText().isEmpty();
+    if (hasFocus() || hasSelectedText() || isHint) {
         QLineEdit::paintEvent(event);
         return;
     }
     QStyleOptionFrame option;
     initStyleOption(&option);
-    QPainter painter(this);
-    style()->drawPrimitive(QStyle::PE_PanelLineEdit, &option, &painter, this);
+    const QString kind = QStringLiteral("ElidingEdit in ") +
+                         QLatin1String(parentWidget()->metaObject()->className());
+    PaintFromPicture(*this, kind, option, [&](QPainter& painter) {
+        style()->drawPrimitive(QStyle::PE_PanelLineEdit, &option, &painter, this);
+    });
     const QRect place = TextPlace();
+    const QFontMetrics metrics = fontMetrics();
+    QPainter painter(this);
+    painter.setClipRect(place);
     painter.setPen(
         palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::Text));
-    painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     fontMetrics().elidedText(text(), Qt::ElideRight, place.width()));
+    // Where the toolkit writes it.
+    const int top = place.y() + (place.height() - metrics.height() + 1) / 2;
+    painter.drawText(place.x(), top + metrics.ascent(),
+                     metrics.elidedText(text(), Qt::ElideRight, place.width()));
 }

@@ -11,6 +11,24 @@ namespace {
 class EditorLookTest : public AuthoringTest {
 protected:
     const QString longJob = u"Put the lunch box into the dishwasher and wipe it"_s;
+
+    /// By how much two widgets of the same size look different: the most that red, green or blue
+    /// of a pixel differs, 0 to 255. A picture that is put upon a ground is rounded once more.
+    static int LargestDifference(QWidget& one, QWidget& other) {
+        const QImage first = one.grab().toImage();
+        const QImage second = other.grab().toImage();
+        int largest = first.size() == second.size() ? 0 : 255;
+        for (int y = 0; largest < 255 && y < first.height(); ++y) {
+            for (int x = 0; x < first.width(); ++x) {
+                const QRgb here = first.pixel(x, y);
+                const QRgb there = second.pixel(x, y);
+                largest = std::max({largest, std::abs(qRed(here) - qRed(there)),
+                                    std::abs(qGreen(here) - qGreen(there)),
+                                    std::abs(qBlue(here) - qBlue(there))});
+            }
+        }
+        return largest;
+    }
 };
 
 TEST_F(EditorLookTest, TheJobListIsAsWideAsItsLongestJob) {
@@ -37,6 +55,23 @@ TEST_F(EditorLookTest, AListNearTheLowerEdgeIsShortenedRatherThanDroppedUpwards)
     Settle();
     EXPECT_GE(combo.view()->mapToGlobal(QPoint()).y(), combo.mapToGlobal(QPoint()).y());
     combo.hidePopup();
+}
+
+TEST_F(EditorLookTest, ATextThatFitsStandsWhereTheToolkitWritesIt) {
+    ChartEditor& editor = NewChart();
+    Find(editor, u"NewTask"_s).setFocus();
+    auto& box = RowControl<ElidingEdit>(editor, u"AdultResponsable"_s, 0);
+    QLineEdit toolkits(&editor.Rows());
+    toolkits.setGeometry(box.geometry().translated(0, 100));
+    toolkits.show();
+    for (const QString& text : {u"Mum"_s, u"fÄgjy Ågnes"_s, QString()}) {
+        box.setText(text);
+        toolkits.setText(text);
+        EXPECT_LE(LargestDifference(box, toolkits), 1) << text.toStdString();
+    }
+    box.setEnabled(false);
+    toolkits.setEnabled(false);
+    EXPECT_LE(LargestDifference(box, toolkits), 1) << "disabled";
 }
 
 TEST_F(EditorLookTest, ABoxIsPaintedAsItIsAtTheMoment) {
