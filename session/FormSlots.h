@@ -18,8 +18,10 @@ public:
         Rows* rows = nullptr;
     };
 
-    /// What makes a form for an element; set by the room that owns the form.
-    void SetMaker(std::function<Slot()> maker) { maker_ = std::move(maker); }
+    using Maker = std::function<Slot()>;
+
+    /// What makes a form for an element; set by the room that owns the form. Returns the former.
+    Maker SetMaker(Maker maker) { return std::exchange(maker_, std::move(maker)); }
 
     /// Grows or cuts the array to the bounds 0 to `upperBound`, keeping what it holds.
     void RedimPreserve(int upperBound) { slots_.resize(static_cast<std::size_t>(upperBound) + 1); }
@@ -58,5 +60,5 @@ private:
     }
 
     std::vector<Slot> slots_;
-    std::function<Slot()> maker_;
+    Maker maker_;
 };

@@ -23,18 +23,13 @@ namespace {
 const QDate FirstDay(2001, 3, 4);
 const QDate LastDay(2001, 3, 10);
 
-void StoreChart(const QString& name, const QString& owner) {
-    {
-        FakeEditor editor;
-        editor.rows = {{u"Feed the cat"_s, u"Sun-Sat"_s, u"Mum"_s, u"Easy"_s, u"2"_s},
-                       {u"Make the bed"_s, u"Sun-Sat"_s, u"Dad"_s, u"Medium"_s, u"3"_s},
-                       {u"Lay the table"_s, u"Wed"_s, u"Mum"_s, u"Hard"_s, u"5"_s}};
-        Database().WriteInfoToChart(name, 0, false, owner, FirstDay, LastDay, true);
-        Database().DuplicateChartHistory(name);
-        Database().Commit();
-    }
-    ChartEditors.Clear();
-    RegisterAuthoringForms();
+void StoreWithHistory(const QString& name, const QString& owner) {
+    StoreChart(name,
+               {{u"Feed the cat"_s, u"Sun-Sat"_s, u"Mum"_s, u"Easy"_s, u"2"_s},
+                {u"Make the bed"_s, u"Sun-Sat"_s, u"Dad"_s, u"Medium"_s, u"3"_s},
+                {u"Lay the table"_s, u"Wed"_s, u"Mum"_s, u"Hard"_s, u"5"_s}},
+               owner, FirstDay, LastDay, true);
+    Arrange([&] { Database().DuplicateChartHistory(name); });
 }
 
 } // namespace
@@ -59,11 +54,12 @@ void Stage::FillStore() {
         MakeAccount(adult, u"m"_s, u"Teacher"_s);
     for (const QString& child : {u"Anna"_s, u"Ben"_s, u"Mary Ann"_s})
         MakeAccount(child, u"a"_s, u"Student"_s);
-    Database().AddToy(u"Anna"_s, u"Bike"_s, PictureFile(), 40);
-    Database().AddPoints(u"Anna"_s, 12, false);
-    StoreChart(u"Chores Anna"_s, u"Anna"_s);
-    StoreChart(u"Garden Anna"_s, u"Anna"_s);
-    Database().Commit();
+    Arrange([] {
+        Database().AddToy(u"Anna"_s, u"Bike"_s, PictureFile(), 40);
+        Database().AddPoints(u"Anna"_s, 12, false);
+    });
+    StoreWithHistory(u"Chores Anna"_s, u"Anna"_s);
+    StoreWithHistory(u"Garden Anna"_s, u"Anna"_s);
 }
 
 QStringList Stage::Names() {

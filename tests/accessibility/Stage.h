@@ -3,6 +3,7 @@
 #include "help/HelpWindow.h"
 #include "platform/runtime/Desktop.h"
 #include "platform/runtime/Prompts.h"
+#include "tests/common/Charts.h"
 #include "tests/common/FormTest.h"
 
 #include <memory>

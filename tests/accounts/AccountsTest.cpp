@@ -39,10 +39,11 @@ void AccountsTest::LetChildrenSeeOthers(bool allowed) {
 void AccountsTest::MakeChild(const QString& name, qint16 points, const QString& toy, qint16 cost,
                              QRgb color) {
     const QString picture = PictureFile(QStringLiteral("picture-%1.png").arg(color, 0, 16), color);
-    Database().AddUser(name, QStringLiteral("p"), QStringLiteral("Student"), picture);
-    Database().AddPoints(name, points, false);
-    Database().AddToy(name, toy, toy.isEmpty() ? QString() : picture, cost);
-    Database().Commit();
+    Arrange([&] {
+        Database().AddUser(name, QStringLiteral("p"), QStringLiteral("Student"), picture);
+        Database().AddPoints(name, points, false);
+        Database().AddToy(name, toy, toy.isEmpty() ? QString() : picture, cost);
+    });
 }
 
 DisplayAccount& AccountsTest::OpenView(const QString& user, const QString& state) {

@@ -9,6 +9,7 @@
 #include "authoring/ResetDate.h"
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/Dates.h"
+#include "tests/common/Charts.h"
 #include "tests/common/FormTest.h"
 
 #include <QAbstractItemView>
@@ -25,19 +26,6 @@ protected:
     void SetUp() override {
         MakeAccount(u"Mum"_s, u"m"_s, u"Teacher"_s);
         StartSession(u"Mum"_s, u"Teacher"_s);
-    }
-
-    /// Stores a chart without the windows; before any editor is opened.
-    static void StoreChart(const QString& name, const QList<EditorRow>& rows,
-                           const QString& owner = u"Anna"_s, QDate first = {2001, 3, 4},
-                           QDate last = {2001, 3, 10}, bool autoCreate = false) {
-        {
-            FakeEditor editor;
-            editor.rows = rows;
-            Database().WriteInfoToChart(name, 0, false, owner, first, last, autoCreate);
-        }
-        ChartEditors.Clear();
-        RegisterAuthoringForms();
     }
 
     /// One row of a chart with the day given.

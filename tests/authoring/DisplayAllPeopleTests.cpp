@@ -38,13 +38,10 @@ protected:
 
     /// Ticks the first job of a chart, as a child would.
     static void Tick(const QString& chart) {
-        {
-            FakeViewer viewer;
-            Database().ReadInfoFromChart(chart, 0, true, u"Wed"_s);
-            viewer.rows[0].Completed = true;
-            Database().WriteInfoToChart(chart, 0, true, QString(), {}, {}, false);
-        }
-        ChartViewers.Clear();
+        FakeViewer viewer;
+        Database().ReadInfoFromChart(chart, 0, true, u"Wed"_s);
+        viewer.rows[0].Completed = true;
+        Arrange([&] { Database().WriteInfoToChart(chart, 0, true, QString(), {}, {}, false); });
     }
 
     static QString CreatedFor(const QString& child) {

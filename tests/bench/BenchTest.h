@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/common/Charts.h"
 #include "tests/common/FormTest.h"
 
 #include <functional>

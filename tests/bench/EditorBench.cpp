@@ -24,20 +24,12 @@ class EditorBench : public BenchTest {
 protected:
     void SetUp() override {
         MakeAccount(QStringLiteral("Mum"), QStringLiteral("pw"), QStringLiteral("Teacher"));
-        {
-            FakeEditor editor;
-            editor.rows.clear();
-            for (int job = 0; job < JobsToOpen; ++job)
-                editor.rows.append({QStringLiteral("Job number %1").arg(job), QStringLiteral("Mon"),
-                                    QStringLiteral("Mum"), QStringLiteral("Easy"),
-                                    QStringLiteral("5")});
-            RunAction([&] {
-                Database().WriteInfoToChart(Chart, 0, false, QStringLiteral("Anna"),
-                                            QDate(2001, 3, 4), QDate(2001, 3, 10), true);
-            });
-        }
-        ChartEditors.Clear();
-        RegisterAuthoringForms();
+        QList<EditorRow> rows;
+        for (int job = 0; job < JobsToOpen; ++job)
+            rows.append({QStringLiteral("Job number %1").arg(job), QStringLiteral("Mon"),
+                         QStringLiteral("Mum"), QStringLiteral("Easy"), QStringLiteral("5")});
+        StoreChart(Chart, rows, QStringLiteral("Anna"), QDate(2001, 3, 4), QDate(2001, 3, 10),
+                   true);
         StartSession(QStringLiteral("Mum"), QStringLiteral("Teacher"));
     }
 

@@ -1,18 +1,25 @@
 #include "tests/common/Charts.h"
 
 #include "platform/runtime/ProgramFolder.h"
-#include "session/Session.h"
+#include "platform/tables/TableStore.h"
 #include "store/ChartFields.h"
 #include "store/TableNames.h"
+#include "tests/common/TestWorld.h"
 
 namespace {
 
 std::unique_ptr<TableStore> OpenFile() {
-    Database().Commit();
     return TableStore::OpenDatabase(InProgramFolder(QStringLiteral("Database/Charts.mdb")));
 }
 
 } // namespace
+
+void StoreChart(const QString& name, const QList<EditorRow>& rows, const QString& owner,
+                const QDate& first, const QDate& last, bool autoCreate) {
+    FakeEditor editor;
+    editor.rows = rows;
+    Arrange([&] { Database().WriteInfoToChart(name, 0, false, owner, first, last, autoCreate); });
+}
 
 void MakePlainChart(const QString& name, const QList<PlainRow>& rows, const QString& owner,
                     const QDate& first, const QDate& last) {

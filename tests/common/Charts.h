@@ -1,11 +1,19 @@
 #pragma once
 
+#include "store/FormViews.h"
+
 #include <QDate>
 #include <QList>
 #include <QString>
 
-/// Makers of charts past the store's own writing, straight in the test's database. What is under
-/// way in the store is committed first.
+/// Saves rows as a chart, as the editor would, without a window; before any editor is opened.
+void StoreChart(const QString& name, const QList<EditorRow>& rows,
+                const QString& owner = QStringLiteral("Anna"),
+                const QDate& first = QDate(2001, 3, 4), const QDate& last = QDate(2001, 3, 10),
+                bool autoCreate = false);
+
+/// Makers of charts past the store's own writing, straight in the file of the test's database: what
+/// is under way in the store has to be committed before.
 
 /// One row of a chart as it lies in the table, also such as no save stores.
 struct PlainRow {

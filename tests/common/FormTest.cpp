@@ -101,11 +101,11 @@ void FormTest::Settle() {
         const bool calm = std::exchange(seen, unrest.Events()) == unrest.Events();
         quiet = calm && !WindowManagerIsBehind() ? quiet + 1 : 0;
     }
+    EXPECT_FALSE(IsUnderWay()) << "a kill would undo what has just been done";
 }
 
 void FormTest::MakeAccount(const QString& name, const QString& password, const QString& state) {
-    Database().AddUser(name, password, state, PictureFile());
-    Database().Commit();
+    Arrange([&] { Database().AddUser(name, password, state, PictureFile()); });
 }
 
 void FormTest::StartSession(const QString& user, const QString& state) {

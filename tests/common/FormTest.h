@@ -14,7 +14,8 @@ protected:
     ~FormTest() override;
 
     /// Lets events run until the windows have come to rest and activations have been delivered,
-    /// however slow the window manager is; at most about two seconds.
+    /// however slow the window manager is; at most about two seconds. What a hand did before is
+    /// committed then.
     static void Settle();
 
     /// Adds an account with a picture straight to the store. State: "Teacher" or "Student".

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/runtime/ProgramFolder.h"
-#include "session/Session.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
@@ -11,7 +10,6 @@
 /// the SET of an UPDATE; `where`: which rows are meant.
 inline void Spoil(const QString& table, const QString& assignment,
                   const QString& where = QStringLiteral("true")) {
-    Database().Commit();
     SQLite::Database file(InProgramFolder(QStringLiteral("Database/Charts.mdb")).toStdString(),
                           SQLite::OPEN_READWRITE);
     SQLite::Statement entry(file, "SELECT Id, Shape FROM Catalogue WHERE Name = ?1");

@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QFile>
 #include <QImage>
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <sqlite3.h>
 
 namespace {
 
@@ -51,7 +53,6 @@ ProgramTest::~ProgramTest() {
 }
 
 void ProgramTest::Restart() {
-    Database().Commit();
     ResetSession();
     Database().InitDatabse();
 }
@@ -70,12 +71,16 @@ QString ProgramTest::PictureFile(const QString& name, QRgb color) {
     return path;
 }
 
-QStringList ProgramTest::Rows(const QString& table) {
-    Database().Commit();
-    return RowsInFile(table);
+bool IsUnderWay() {
+    const QString file = InProgramFolder(QStringLiteral("Database/Charts.mdb"));
+    if (!QFileInfo(file).isFile())
+        return false;
+    SQLite::Database another(file.toStdString(), SQLite::OPEN_READWRITE);
+    // Only one can be about to write.
+    return another.tryExec("BEGIN IMMEDIATE") == SQLITE_BUSY;
 }
 
-QStringList ProgramTest::RowsInFile(const QString& table) {
+QStringList ProgramTest::Rows(const QString& table) {
     const auto tables = TableStore::OpenDatabase(Path(QStringLiteral("Database/Charts.mdb")));
     Recordset rows = tables->OpenRecordset(table);
     const bool accounts = table == UsersTable;
@@ -92,7 +97,6 @@ QStringList ProgramTest::RowsInFile(const QString& table) {
 }
 
 QStringList ProgramTest::TableNames(bool withAccounts) {
-    Database().Commit();
     const auto tables = TableStore::OpenDatabase(Path(QStringLiteral("Database/Charts.mdb")));
     QStringList names;
     for (int index = 0; index < tables->TableCount(); ++index)
@@ -102,11 +106,25 @@ QStringList ProgramTest::TableNames(bool withAccounts) {
 }
 
 FakeEditor::FakeEditor() {
-    ChartEditors.SetMaker([this] { return FormSlots<ChartEditorRows>::Slot{this, this}; });
+    former_ = ChartEditors.SetMaker([this] {
+        return FormSlots<ChartEditorRows>::Slot{this, this};
+    });
     ChartEditors.RedimPreserve(0);
 }
 
+FakeEditor::~FakeEditor() {
+    ChartEditors.Clear();
+    ChartEditors.SetMaker(former_);
+}
+
 FakeViewer::FakeViewer() {
-    ChartViewers.SetMaker([this] { return FormSlots<ChartViewerRows>::Slot{this, this}; });
+    former_ = ChartViewers.SetMaker([this] {
+        return FormSlots<ChartViewerRows>::Slot{this, this};
+    });
     ChartViewers.RedimPreserve(0);
+}
+
+FakeViewer::~FakeViewer() {
+    ChartViewers.Clear();
+    ChartViewers.SetMaker(former_);
 }

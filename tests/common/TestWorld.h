@@ -8,6 +8,17 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+/// True while the program has written what it has not committed, which a kill would undo.
+bool IsUnderWay();
+
+/// Writes what stands in the database before the program does something, and commits it.
+template <class Write>
+void Arrange(Write&& write) {
+    EXPECT_FALSE(IsUnderWay()) << "the program has not committed what it did before";
+    write();
+    Database().Commit();
+}
+
 /// A fixture with a program folder of its own: an empty database with its accounts' table,
 /// settings, job lists, pictures and sounds as delivered; a fixed clock (Wednesday 7 March 2001),
 /// the C locale, scripted prompts, desktop and printer, an empty session. The store is open.
@@ -16,7 +27,7 @@ protected:
     ProgramTest();
     ~ProgramTest() override;
 
-    /// Opens the store anew on the same file, as another start of the program would.
+    /// Opens the store anew on the same file, as the next start after a kill would.
     static void Restart();
 
     /// A path in the test's program folder.
@@ -26,13 +37,12 @@ protected:
     static QString PictureFile(const QString& name = QStringLiteral("picture.png"),
                                QRgb color = 0xff2266aa);
 
-    /// All rows of a table, each as its fields' texts joined by "|"; Null as "<null>", true as
-    /// "-1" and false as "0". Commits first.
+    /// All rows of a table as another process finds them in the file, and the next start after a
+    /// kill at this moment: each as its fields' texts joined by "|"; Null as "<null>", true as "-1"
+    /// and false as "0".
     static QStringList Rows(const QString& table);
-    /// The same as another process would find them in the file, also after a kill at this moment.
-    static QStringList RowsInFile(const QString& table);
 
-    /// Names of all tables in order, USERS among them or not.
+    /// Names of all tables in order, USERS among them or not, as they are in the file.
     static QStringList TableNames(bool withAccounts = false);
 
     ScriptedPrompts Boxes;
@@ -50,23 +60,29 @@ private:
     TestRun run_;
 };
 
-/// Rows of a chart editor without a form, for tests of the store. In slot 0 of ChartEditors while
-/// it lives.
+/// Rows of a chart editor without a form, for tests of the store. In slot 0 of ChartEditors, and
+/// there alone, while it lives.
 class FakeEditor : public QObject, public ChartEditorRows {
 public:
     FakeEditor();
+    ~FakeEditor() override;
     QList<EditorRow> rows{EditorRow{}};
 
     int RowCount() const override { return static_cast<int>(rows.size()); }
     EditorRow Row(int index) const override { return rows.at(index); }
     void SetRow(int index, const EditorRow& row) override { rows[index] = row; }
     void NewTask_Click() override { rows.append(EditorRow{}); }
+
+private:
+    FormSlots<ChartEditorRows>::Maker former_;
 };
 
-/// Rows of a chart viewer without a form, in slot 0 of ChartViewers while it lives.
+/// Rows of a chart viewer without a form, in slot 0 of ChartViewers, and there alone, while it
+/// lives.
 class FakeViewer : public QObject, public ChartViewerRows {
 public:
     FakeViewer();
+    ~FakeViewer() override;
     QList<ViewerRow> rows{ViewerRow{}};
     QString dayCaption;
 
@@ -78,4 +94,7 @@ public:
     }
     void CreateNewTask(int) override { rows.append(ViewerRow{}); }
     void SetDayCaption(const QString& caption) override { dayCaption = caption; }
+
+private:
+    FormSlots<ChartViewerRows>::Maker former_;
 };

@@ -16,16 +16,10 @@ FillingTest::FillingTest() {
 
 void FillingTest::MakeChart(const QString& name, const QList<Job>& jobs, const QString& owner,
                             QDate first, QDate last, bool autoCreate) {
-    {
-        FakeEditor editor;
-        editor.rows.clear();
-        for (const Job& job : jobs)
-            editor.rows += EditorRow{job.text, job.day, job.adult, job.difficulty, job.points};
-        Database().WriteInfoToChart(name, 0, false, owner, first, last, autoCreate);
-        Database().Commit();
-    }
-    ChartEditors.Clear();
-    RegisterAuthoringForms();
+    QList<EditorRow> rows;
+    for (const Job& job : jobs)
+        rows += EditorRow{job.text, job.day, job.adult, job.difficulty, job.points};
+    StoreChart(name, rows, owner, first, last, autoCreate);
 }
 
 QList<FillingTest::Job> FillingTest::JobsOn(const QString& day, int count) {
@@ -105,10 +99,16 @@ QString FillingTest::PointsIn(const QString& account) {
     return caption.text;
 }
 
+void FillingTest::SetGoal(const QString& name, qint16 cost, const QString& picture,
+                          const QString& account) {
+    Arrange([&] { Database().AddToy(account, name, picture, cost); });
+}
+
 void FillingTest::SetPoints(qint16 points, const QString& account) {
-    Database().AddPoints(account, 0, true);
-    Database().AddPoints(account, points, false);
-    Database().Commit();
+    Arrange([&] {
+        Database().AddPoints(account, 0, true);
+        Database().AddPoints(account, points, false);
+    });
 }
 
 QString FillingTest::TableGone(const QString& table) {

@@ -2,6 +2,7 @@
 
 #include "filling/ChartViewer.h"
 #include "filling/OpenFillfrm.h"
+#include "tests/common/Charts.h"
 #include "tests/common/FormTest.h"
 
 #include <QListWidget>
@@ -46,6 +47,9 @@ protected:
     static QStringList Ticked(const QString& chart);
     /// The account's points.
     static QString PointsIn(const QString& account = QStringLiteral("Anna"));
+    /// Sets an account's incentive; "" as the picture's file for none.
+    static void SetGoal(const QString& name, qint16 cost, const QString& picture = QString(),
+                        const QString& account = QStringLiteral("Anna"));
     static void SetPoints(qint16 points, const QString& account = QStringLiteral("Anna"));
 
     /// The report of an error about a table that is not there.

@@ -352,7 +352,7 @@ TEST_F(OpenFillfrmTest, AViewerClosedByItsFrameAsksNothingAndKeepsNoTicks) {
 TEST_F(OpenFillfrmTest, AFailedReadIsSkippedAndTheRestOfTheOpeningRuns) {
     MakeChart(QStringLiteral("Chores Anna"), JobsOn(QStringLiteral("Wed"), 1));
     OpenFillfrm& form = ShowList();
-    Database().DeleteChart(QStringLiteral("Chores Anna"));
+    Arrange([] { Database().DeleteChart(QStringLiteral("Chores Anna")); });
     ClickRow(List(), 0);
     Button(form, QStringLiteral("Ok")).click();
     EXPECT_TRUE(Boxes.Shown().isEmpty());

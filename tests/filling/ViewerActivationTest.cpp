@@ -77,7 +77,7 @@ TEST_F(ViewerActivationTest, ReturningByAClickOnPlainTextTurnsOnePage) {
 }
 
 TEST_F(ViewerActivationTest, AReturnArmsTheGoalAgain) {
-    Database().AddToy(QStringLiteral("Anna"), QStringLiteral("Kite"), QString(), 3);
+    SetGoal(QStringLiteral("Kite"), 3);
     Viewer().GoalPoints = 0;
     Form& other = DefaultForm(QStringLiteral("frmAboutDutygrid"));
     other.Show();
@@ -170,7 +170,7 @@ TEST_F(ViewerActivationTest, LogOffAndLogInTurnOnePage) {
 }
 
 TEST_F(ViewerActivationTest, TheGoalMessageAndThePrintQuestionsTurnNothing) {
-    Database().AddToy(QStringLiteral("Anna"), QStringLiteral("Kite"), QString(), 3);
+    SetGoal(QStringLiteral("Kite"), 3);
     Viewer().GoalPoints = 3;
     const auto realBox = [this] {
         QMessageBox box(&Main());

@@ -279,7 +279,7 @@ TEST_F(ViewerDaysTest, TheHeadingsNameTheAccountTheChartsFirstWordAndToday) {
 }
 
 TEST_F(ViewerDaysTest, TheIncentiveItsCostAndTheMissingPointsAreShown) {
-    Database().AddToy(QStringLiteral("Anna"), QStringLiteral("Bicycle"), PictureFile(), 300);
+    SetGoal(QStringLiteral("Bicycle"), 300, PictureFile());
     SetPoints(120);
     MakeChart(QStringLiteral("Chores Anna"), JobsOn(QStringLiteral("Wed"), 1));
     const ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
@@ -291,7 +291,7 @@ TEST_F(ViewerDaysTest, TheIncentiveItsCostAndTheMissingPointsAreShown) {
 }
 
 TEST_F(ViewerDaysTest, WithEnoughPointsNoneAreNeeded) {
-    Database().AddToy(QStringLiteral("Anna"), QStringLiteral("Book"), QString(), 100);
+    SetGoal(QStringLiteral("Book"), 100);
     SetPoints(250);
     MakeChart(QStringLiteral("Chores Anna"), JobsOn(QStringLiteral("Wed"), 1));
     const ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
@@ -312,7 +312,7 @@ TEST_F(ViewerDaysTest, AnAdultWithAChartSeesItsOwnNameAndPoints) {
 TEST_F(ViewerDaysTest, AChartDeletedBehindTheViewerIsReportedAndTheRowsStay) {
     MakeWeek();
     ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
-    Database().DeleteChart(QStringLiteral("Chores Anna"));
+    Arrange([] { Database().DeleteChart(QStringLiteral("Chores Anna")); });
     Boxes.Expect(TableGone(QStringLiteral("Chores Anna")));
     Next(viewer);
     EXPECT_EQ(Jobs(viewer), S{QStringLiteral("Sweep")});

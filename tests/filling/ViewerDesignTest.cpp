@@ -74,7 +74,7 @@ TEST_F(ViewerDesignTest, ALongNameNeverMakesTheFormWider) {
     const QString longName(50, QLatin1Char('W'));
     MakeAccount(longName, QStringLiteral("w"), QStringLiteral("Student"));
     CurrentUser = longName;
-    Database().AddToy(longName, QString(200, QLatin1Char('M')), PictureFile(), 32000);
+    SetGoal(QString(200, QLatin1Char('M')), 32000, PictureFile(), longName);
     MakeChart(QString(60, QLatin1Char('C')),
               {{QString(200, QLatin1Char('J')), QStringLiteral("Wed"), QStringLiteral("32767"),
                 longName, QString(200, QLatin1Char('D'))}},
@@ -88,11 +88,14 @@ TEST_F(ViewerDesignTest, ALongNameNeverMakesTheFormWider) {
 }
 
 TEST_F(ViewerDesignTest, ThePagesOfAWeekCanBeLookedAt) {
-    Database().ChangePicture(QStringLiteral("Anna"), Path(QStringLiteral("UsersPictures/Fox.png")));
-    Database().ChangePicture(QStringLiteral("Mum"),
-                             Path(QStringLiteral("UsersPictures/Woman.png")));
-    Database().AddToy(QStringLiteral("Anna"), QStringLiteral("New bicycle"),
-                      Path(QStringLiteral("IncentivesPictures/Bike.gif")), 300);
+    Arrange([] {
+        Database().ChangePicture(QStringLiteral("Anna"),
+                                 Path(QStringLiteral("UsersPictures/Fox.png")));
+        Database().ChangePicture(QStringLiteral("Mum"),
+                                 Path(QStringLiteral("UsersPictures/Woman.png")));
+    });
+    SetGoal(QStringLiteral("New bicycle"), 300,
+            Path(QStringLiteral("IncentivesPictures/Bike.gif")));
     SetPoints(120);
     QList<Job> jobs = {{QStringLiteral("Feed the cat"), QStringLiteral("Wed")},
                        {QStringLiteral("Lay the table"), QStringLiteral("Thu")}};

@@ -10,10 +10,6 @@ namespace {
 /// The way to the incentive on the viewer, and what moves at a tick.
 class ViewerGoalTest : public FillingTest {
 protected:
-    static void SetGoal(const QString& name, qint16 cost, const QString& picture = QString()) {
-        Database().AddToy(QStringLiteral("Anna"), name, picture, cost);
-        Database().Commit();
-    }
     ChartViewer& OpenWithJobsOf(const QStringList& points) {
         QList<Job> jobs;
         for (const QString& value : points)
@@ -196,7 +192,10 @@ TEST_F(ViewerGoalTest, ATurnedPageAndAClosedFormEndTheMovementsUnderWay) {
 }
 
 TEST_F(ViewerGoalTest, TheWayCanBeLookedAt) {
-    Database().ChangePicture(QStringLiteral("Anna"), Path(QStringLiteral("UsersPictures/Fox.png")));
+    Arrange([] {
+        Database().ChangePicture(QStringLiteral("Anna"),
+                                 Path(QStringLiteral("UsersPictures/Fox.png")));
+    });
     const QString bike = Path(QStringLiteral("IncentivesPictures/Bike.gif"));
     SetGoal(QStringLiteral("New bicycle"), 300, bike);
     ChartViewer& viewer = OpenWithJobsOf({QStringLiteral("40"), QStringLiteral("150")});

@@ -14,10 +14,6 @@ using S = QStringList;
 /// Ticks and unticks, points, the goal, Ok and printing.
 class ViewerMarksTest : public FillingTest {
 protected:
-    static void SetGoal(qint16 cost) {
-        Database().AddToy(QStringLiteral("Anna"), QStringLiteral("Bicycle"), QString(), cost);
-        Database().Commit();
-    }
     /// A chart of Wednesday with one job for each point value.
     ChartViewer& OpenWith(const QStringList& points) {
         QList<Job> jobs;
@@ -46,7 +42,7 @@ protected:
 };
 
 TEST_F(ViewerMarksTest, ATickMovesThePointsAtOnceAndTheTickOnlyAtThePage) {
-    SetGoal(100);
+    SetGoal(QStringLiteral("Bicycle"), 100);
     ChartViewer& viewer = OpenWith({QStringLiteral("5"), QStringLiteral("3")});
     Click(viewer.ClearImg[0]);
     ExpectMark(viewer, 0, true);
@@ -67,8 +63,8 @@ TEST_F(ViewerMarksTest, ATickMovesThePointsAtOnceAndTheTickOnlyAtThePage) {
 TEST_F(ViewerMarksTest, PointsOutlastAKillBeforeTheTickIsStored) {
     ChartViewer& viewer = OpenWith({QStringLiteral("5")});
     Click(viewer.ClearImg[0]);
-    EXPECT_EQ(RowsInFile(UsersTable).last(), QStringLiteral("Anna|a|5|Student|<null>|500"));
-    EXPECT_EQ(RowsInFile(QStringLiteral("Chores Anna")),
+    EXPECT_EQ(Rows(UsersTable).last(), QStringLiteral("Anna|a|5|Student|<null>|500"));
+    EXPECT_EQ(Rows(QStringLiteral("Chores Anna")),
               S{QStringLiteral("Job for 5|Wed|Mum|Easy|5|0|2001-03-04|2001-03-10|Anna|-1")});
 }
 
@@ -83,7 +79,7 @@ TEST_F(ViewerMarksTest, EveryFurtherClickMovesThePoints) {
 }
 
 TEST_F(ViewerMarksTest, TheGoalIsTestedStrictlyGreater) {
-    SetGoal(13);
+    SetGoal(QStringLiteral("Bicycle"), 13);
     SetPoints(8);
     ChartViewer& viewer = OpenWith({QStringLiteral("5"), QStringLiteral("1")});
     Click(viewer.ClearImg[0]);
@@ -104,7 +100,7 @@ TEST_F(ViewerMarksTest, TheGoalIsTestedStrictlyGreater) {
 }
 
 TEST_F(ViewerMarksTest, TheGoalMessageComesOnceAndThePointsNeededStayAtZeroAfterIt) {
-    SetGoal(10);
+    SetGoal(QStringLiteral("Bicycle"), 10);
     SetPoints(9);
     ChartViewer& viewer = OpenWith({QStringLiteral("5"), QStringLiteral("1")});
     Boxes.Expect(GoalMessage);
@@ -119,7 +115,7 @@ TEST_F(ViewerMarksTest, TheGoalMessageComesOnceAndThePointsNeededStayAtZeroAfter
 }
 
 TEST_F(ViewerMarksTest, AnUntickThatLeavesTheTotalAboveTheGoalShowsTheMessageToo) {
-    SetGoal(10);
+    SetGoal(QStringLiteral("Bicycle"), 10);
     SetPoints(30);
     MakeChart(QStringLiteral("Chores Anna"), {{QStringLiteral("Cook"), QStringLiteral("Wed")}});
     ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
@@ -135,7 +131,7 @@ TEST_F(ViewerMarksTest, AnUntickThatLeavesTheTotalAboveTheGoalShowsTheMessageToo
 
 TEST_F(ViewerMarksTest, WithoutAnIncentiveCostTheGoalIsWhatTheLabelHeld) {
     // A cost of Null leaves Label3 as it was, at first the designed 10.
-    SetGoal(0);
+    SetGoal(QStringLiteral("Bicycle"), 0);
     ChartViewer& viewer = OpenWith({QStringLiteral("11")});
     EXPECT_EQ(viewer.GoalPoints, 10);
     EXPECT_EQ(TextAt(viewer, QStringLiteral("ToyName")), QStringLiteral("Bicycle 10 Points"));
@@ -314,7 +310,7 @@ TEST_F(ViewerMarksTest, OkOnAChartFinishedWithTheDayOnDisplayIsApplauded) {
 
 TEST_F(ViewerMarksTest, OkOnADeletedChartIsReportedAndTheFormStaysInUse) {
     ChartViewer& viewer = OpenWith({QStringLiteral("5")});
-    Database().DeleteChart(QStringLiteral("Chores Anna"));
+    Arrange([] { Database().DeleteChart(QStringLiteral("Chores Anna")); });
     Boxes.Expect(TableGone(QStringLiteral("Chores Anna")));
     Click(Button(viewer, QStringLiteral("Ok")));
     EXPECT_TRUE(viewer.isVisible());

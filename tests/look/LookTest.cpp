@@ -79,14 +79,7 @@ void LookTest::MakeChart(const QString& name, const QString& owner, int jobsADay
         for (int index = 0; index < jobsADay; ++index)
             rows.append({job.isEmpty() ? jobs.at(index % jobs.size()) : job, day,
                          job.isEmpty() ? u"Mum"_s : LongName(), u"Medium"_s, u"10"_s});
-    {
-        FakeEditor editor;
-        editor.rows = rows;
-        Database().WriteInfoToChart(name, 0, false, owner, QDate(2001, 3, 4), QDate(2001, 3, 10),
-                                    false);
-    }
-    Database().Commit();
-    ChartEditors.Clear();
+    StoreChart(name, rows, owner);
 }
 
 QStringList LookTest::Faults(Form& form, Fits fits) {

@@ -132,7 +132,6 @@ TEST_F(WindowsLookTest, ListOfCharts) {
           u"Chores Anna-Katharina"_s, u"Kitchen "_s + LongName(), u"Kitchen Ben"_s, u"Pets Anna"_s,
           u"Pets Ben"_s, u"School Anna"_s, u"School Ben"_s})
         MakeChart(name, u"Anna"_s, 1);
-    RegisterAuthoringForms();
     auto& form = ShowForm<Openfrm>();
     ClickRow(Find(form, u"ChartList"_s), 2);
     Look(form, u"Openfrm"_s);
@@ -142,7 +141,6 @@ TEST_F(WindowsLookTest, ChartEditor) {
     MakeFamily();
     MakeChart(u"Chores Anna"_s, u"Anna"_s, 3);
     MakeChart(u"Long "_s + LongName(), LongName(), 8, LongJob());
-    RegisterAuthoringForms();
     StartFor(u"Mum"_s, u"Teacher"_s);
     ::ChartEditor& editor = OpenEditor(0);
     Look(editor, u"ChartEditor"_s);
@@ -169,10 +167,11 @@ TEST_F(WindowsLookTest, PeopleToSaveFor) {
     ClickRow(Find(form, u"ListView1"_s), 3);
     Look(form, u"DisplayAllPeople-selected"_s);
     form.Unload();
-    for (int number = 1; number <= 25; ++number)
-        Database().AddUser(u"Pupil %1"_s.arg(number), u"x"_s, u"Student"_s,
-                           Path(u"UsersPictures/Cat.png"_s));
-    Database().Commit();
+    Arrange([] {
+        for (int number = 1; number <= 25; ++number)
+            Database().AddUser(u"Pupil %1"_s.arg(number), u"x"_s, u"Student"_s,
+                               Path(u"UsersPictures/Cat.png"_s));
+    });
     Look(ShowForm<DisplayAllPeople>(), u"DisplayAllPeople-class"_s);
 }
 
@@ -181,7 +180,6 @@ TEST_F(WindowsLookTest, ChartViewer) {
     MakeChart(u"Chores Anna"_s, u"Anna"_s, 12);
     MakeChart(u"Pets Anna"_s, u"Anna"_s, 1);
     MakeChart(u"Everyday-and-always"_s, u"Anna"_s, 9, LongJob());
-    RegisterFillingForms();
     StartFor(u"Anna"_s, u"Student"_s);
     auto& list = ShowForm<OpenFillfrm>();
     Look(list, u"OpenFillfrm"_s);

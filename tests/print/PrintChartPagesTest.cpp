@@ -90,7 +90,6 @@ TEST_F(PrintChartTest, LineOfALaterDayCountsTowardsItsBreak) {
     // Monday begins at line 12; with 15 rows it ends on row 27, with 16 it moves on.
     MakeChart(Jobs(QStringLiteral("Sun"), 10) + Jobs(QStringLiteral("Mon"), 15));
     EXPECT_EQ(Print().Count(), 1);
-    Database().DeleteChart(Chart);
     MakeChart(Jobs(QStringLiteral("Sun"), 10) + Jobs(QStringLiteral("Mon"), 16));
     const PrintedPages pages = Print();
     ASSERT_EQ(pages.Count(), 2);
@@ -105,7 +104,6 @@ TEST_F(PrintChartTest, DaysBehindABreakGoOnBelowIt) {
     // Line 27 after Sunday, 28 at Monday, 29 at Tuesday: a third page.
     ASSERT_EQ(pages.Count(), 3);
     EXPECT_NEAR(pages.Find(3, QStringLiteral("Tuesday")).Place.top(), 1.1, Near);
-    Database().DeleteChart(Chart);
     MakeChart(Jobs(QStringLiteral("Sun"), 20) + Jobs(QStringLiteral("Mon"), 8) +
               Jobs(QStringLiteral("Tue"), 3));
     const PrintedPages second = Print();

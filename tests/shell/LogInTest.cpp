@@ -284,7 +284,6 @@ TEST_F(LogInTest, HelpAndWebSite) {
 }
 
 TEST_F(LogInTest, FaultOfTheStoreAtTheStartEndsTheRun) {
-    Database().Commit();
     ASSERT_TRUE(QDir(Path(QStringLiteral("Database"))).removeRecursively());
     try {
         Default<LogIn>();

@@ -162,8 +162,9 @@ TEST_F(SchemaTest, ASecondInitDatabseWhileAPictureIsStoredLosesNothing) {
         Database().AddUser(anna, QStringLiteral("a"), QStringLiteral("Student"), file.fileName());
         EXPECT_EQ(Database().RetrevePassword(anna), QStringLiteral("a")) << "seen at once";
     });
-    EXPECT_EQ(RowsInFile(UsersTable), (QStringList{QStringLiteral("Ben|b|1|Student|<null>|500"),
-                                                   QStringLiteral("Anna|a|0|Student|<null>|500")}));
+    EXPECT_EQ(ProgramTest::Rows(UsersTable),
+              (QStringList{QStringLiteral("Ben|b|1|Student|<null>|500"),
+                           QStringLiteral("Anna|a|0|Student|<null>|500")}));
     FakePicture picture;
     Database().RetrevePicture(anna, picture);
     EXPECT_EQ(picture.picture.size(), QSize(24, 24));
@@ -173,7 +174,7 @@ TEST_F(SchemaTest, ASecondInitDatabseWhileAPictureIsStoredLosesNothing) {
     EXPECT_EQ(picture.picture.size(), QSize(24, 24));
 
     whileOpenedAnew([&] { Database().AddToy(ben, QStringLiteral("Bike"), file.fileName(), 70); });
-    EXPECT_EQ(RowsInFile(UsersTable).first(), QStringLiteral("Ben|b|3|Student|Bike|70"));
+    EXPECT_EQ(ProgramTest::Rows(UsersTable).first(), QStringLiteral("Ben|b|3|Student|Bike|70"));
 }
 
 TEST_F(SchemaTest, WhatWasWrittenThroughAFormerConnectionStandsAfterAnErrorToo) {
@@ -195,8 +196,9 @@ TEST_F(SchemaTest, WhatWasWrittenThroughAFormerConnectionStandsAfterAnErrorToo) 
         Qt::QueuedConnection);
     Boxes.Expect(RuntimeError(ErrorNumber::FileNotFound).Report());
     RunAction([&] { Database().AddToy(anna, QStringLiteral("Bike"), file.fileName(), 70); });
-    EXPECT_EQ(RowsInFile(UsersTable), (QStringList{QStringLiteral("Anna|0|0|Student|Bike|70"),
-                                                   QStringLiteral("Anna|1|0|Student|<null>|500")}));
+    EXPECT_EQ(ProgramTest::Rows(UsersTable),
+              (QStringList{QStringLiteral("Anna|0|0|Student|Bike|70"),
+                           QStringLiteral("Anna|1|0|Student|<null>|500")}));
 }
 
 TEST_F(SchemaTest, ASmallerPictureKeepsTheTailOfTheLargerInTheScratchFileAndStillLoads) {

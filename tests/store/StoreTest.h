@@ -34,6 +34,20 @@ protected:
         Database().WriteInfoToChart(chart, 0, true, QString(), QDate(), QDate(), false);
     }
 
+    /// Whoever calls the store commits; these do so for the calls of the tests.
+    static QStringList Rows(const QString& table) {
+        Database().Commit();
+        return ProgramTest::Rows(table);
+    }
+    static QStringList TableNames(bool withAccounts = false) {
+        Database().Commit();
+        return ProgramTest::TableNames(withAccounts);
+    }
+    static void Restart() {
+        Database().Commit();
+        ProgramTest::Restart();
+    }
+
     FakeEditor Editor;
     FakeViewer Viewer;
 };
