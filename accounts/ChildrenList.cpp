@@ -1,9 +1,12 @@
 #include "accounts/ChildrenList.h"
 
+#include "platform/forms/EnterKey.h"
+
 #include <QDragMoveEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <algorithm>
 
 ChildrenList::ChildrenList(QWidget* parent) : HeadedList(parent) {
     setHeaderHidden(true);
@@ -34,7 +37,7 @@ void ChildrenList::mousePressEvent(QMouseEvent* event) {
 }
 
 void ChildrenList::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Menu)
+    if (IsMenuKey(*event))
         emit Pressed(Qt::RightButton);
     else
         HeadedList::keyPressEvent(event);

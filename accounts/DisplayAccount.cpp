@@ -44,9 +44,9 @@ void DisplayAccount::Activate() {
     ReadSettings();
     // The other names of the kinds are left out here, unlike elsewhere: for them the buttons stay
     // as they are.
-    if (CurrentState == AccountKind::Teacher)
+    if (IsStoredAdult(CurrentState))
         ShowForAdult();
-    else if (CurrentState == AccountKind::Student)
+    else if (IsStoredChild(CurrentState))
         ShowForChild();
     ShowWay();
 }

@@ -1,23 +1,23 @@
 #include "authoring/ChartEditor.h"
 
 #include "authoring/ComboLists.h"
+#include "platform/forms/EnterKey.h"
 #include "platform/forms/Handlers.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/Numbers.h"
-#include "platform/runtime/Prompts.h"
+#include "platform/runtime/RuntimeError.h"
 #include "session/Session.h"
 #include "store/DayTexts.h"
 #include "support/DateCls.h"
 #include "ui_ChartEditor.h"
 #include "widgets/ElidingEdit.h"
-#include "widgets/EnterKey.h"
 #include "widgets/FocusRing.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QStringList>
 #include <algorithm>
-#include <array>
+#include <utility>
 
 namespace {
 
@@ -96,7 +96,6 @@ void ChartEditor::DesignRows() {
     });
     Number[0].setText(QStringLiteral("1:"));
 
-    QWidget::setTabOrder(&Instructions[0], &DayOfWeek[0]);
     PutRowInTabOrder(0);
     QWidget::setTabOrder(&JobDelete[0], ui_->VScroll);
     Number[0].setBuddy(&Instructions[0]);
@@ -305,17 +304,14 @@ void ChartEditor::FillAllDayLists() {
 }
 
 ChartWeek ChartEditor::ChartWeekDates(bool nextWeek) const {
-    QString startDay;
-    qint16 length = 0;
-    if (Version::IsSchool(SchoolMode)) {
-        startDay = QStringLiteral("Monday");
-        length = 5;
-    } else if (Version::IsHome(SchoolMode)) {
-        startDay = QStringLiteral("Sunday");
-        length = 7;
-    } else {
+    QStringList days;
+    if (Version::IsSchool(SchoolMode))
+        days = DaysOf(MondayToFriday);
+    else if (Version::IsHome(SchoolMode))
+        days = DaysOf(SundayToSaturday);
+    else
         return {};
-    }
+    const QString startDay = FullDayName(days.first());
     DateCls date;
     for (int step = 0; WeekdayName(date.Value()) != startDay; ++step) {
         // Weekday names come from the system: in another language none is ever the start day's.
@@ -329,7 +325,7 @@ ChartWeek ChartEditor::ChartWeekDates(bool nextWeek) const {
             date.Subtract(1, DateUnits::Days);
     }
     const QDate first = date.Value();
-    date.Add(static_cast<qint16>(length - 1), DateUnits::Days);
+    date.Add(static_cast<qint16>(days.size() - 1), DateUnits::Days);
     return {first, date.Value()};
 }
 

@@ -5,14 +5,13 @@
 #include "authoring/DisplayAllPeople.h"
 #include "authoring/ResetDate.h"
 #include "platform/forms/DefaultForms.h"
+#include "platform/forms/Hourglass.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Prompts.h"
 #include "session/Session.h"
 #include "store/TableNames.h"
 #include "ui_ChartEditor.h"
-
-#include <QScopeGuard>
 
 void ChartEditor::NewTask_Click() {
     CreateNewTask();
@@ -86,8 +85,7 @@ void ChartEditor::CreateChart_Click() {
 }
 
 void ChartEditor::Print_Click() {
-    SetMousePointer(11);
-    const auto restorePointer = qScopeGuard([this] { SetMousePointer(0); });
+    const Hourglass hourglass(*this);
     Database().WriteInfoToChart(PrintedTable, FormIndex, false, PrintedTable, FirstDate, LastDate,
                                 false);
     // KidName is "" for a chart that is no child's yet.

@@ -12,7 +12,6 @@
 #include <QIcon>
 #include <QPainter>
 #include <QPixmap>
-#include <QTextDocument>
 
 /// Pictures scaled once to the size in which the list shows them.
 class DisplayAllPeople::PictureList : public ImageList {
@@ -50,22 +49,16 @@ public:
     explicit PeopleList(QListWidget& list) : list_(list) {}
 
     void Clear() override { list_.clear(); }
-    void AddItem(const QString& text) override { AddNamed(text); }
+    void AddItem(const QString& text) override { AddNamed(list_, text); }
     int View() const override { return list_.viewMode() == QListView::IconMode ? 0 : 1; }
     void SetIcons(ImageList& images) override { icons_ = dynamic_cast<PictureList*>(&images); }
     void AddItemWithIcon(const QString& text, int icon) override {
-        QListWidgetItem* item = AddNamed(text);
+        QListWidgetItem* item = AddNamed(list_, text);
         if (icons_ != nullptr)
             item->setIcon(icons_->Icon(icon));
     }
 
 private:
-    QListWidgetItem* AddNamed(const QString& text) {
-        auto* item = new QListWidgetItem(text, &list_);
-        item->setToolTip(Qt::convertFromPlainText(text));
-        return item;
-    }
-
     QListWidget& list_;
     const PictureList* icons_ = nullptr;
 };

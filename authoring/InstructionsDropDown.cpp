@@ -8,13 +8,13 @@
 void InstructionsDropDown::ReceveInstructions(QComboBox& List) const {
     const KeptText kept(List);
     List.clear();
-    InputFile file(JobNameFile(!Version::IsHome(SchoolMode)));
+    InputFile file(JobNameFile(Version::CountsAsSchool(SchoolMode)));
     while (!file.AtEnd())
         List.addItem(file.InputText());
 }
 
 void InstructionsDropDown::AddInstructions(const QComboBox& List) const {
-    OutputFile file(JobNameFile(!Version::IsHome(SchoolMode)));
+    OutputFile file(JobNameFile(Version::CountsAsSchool(SchoolMode)));
     QString last;
     for (int index = 0; index < List.count(); ++index) {
         const QString name = List.itemText(index);

@@ -2,12 +2,12 @@
 
 #include "authoring/ChartEditor.h"
 #include "authoring/EditorSlots.h"
+#include "platform/forms/EnterKey.h"
 #include "platform/forms/Handlers.h"
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/Prompts.h"
 #include "session/Session.h"
 #include "ui_Newfrm.h"
-#include "widgets/EnterKey.h"
 
 #include <QScopeGuard>
 

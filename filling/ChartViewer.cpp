@@ -2,13 +2,14 @@
 
 #include "filling/MouseWatch.h"
 #include "filling/ViewerLayout.h"
-#include "look/ProgramStyle.h"
+#include "look/LookColors.h"
 #include "platform/forms/Handlers.h"
 #include "platform/forms/Twips.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Prompts.h"
 #include "session/Session.h"
+#include "store/DayTexts.h"
 #include "store/TableNames.h"
 #include "support/SoundFunctions.h"
 #include "ui_ChartViewer.h"
@@ -29,7 +30,7 @@ ChartViewer::ChartViewer()
     softLine.setColor(QPalette::WindowText, softLine.color(QPalette::AlternateBase).darker(115));
     for (QFrame* line : {ui_->Line1, ui_->Line2})
         line->setPalette(softLine);
-    ui_->Line3->setPalette(QPalette(QColor::fromRgb(ProgramGold)));
+    ui_->Line3->setPalette(QPalette(LookColors::Gold));
     ui_->DoneColumn->setPixmap(QPixmap(QStringLiteral(":/art/Tick.png")));
     DesignRows();
     ShowResponsible(false);
@@ -135,10 +136,10 @@ void ChartViewer::ExchangeRows(int step) {
     qint16 count = 0;
     while ((count = Database().PrintReturnNr_Articles(day, ChartName)) == 0) {
         DayNumber = AddIntegers(DayNumber, static_cast<qint16>(step));
-        if (DayNumber > 7)
+        if (DayNumber > DaysOfWeek)
             DayNumber = 1;
         else if (DayNumber < 1)
-            DayNumber = 7;
+            DayNumber = DaysOfWeek;
         day = DayAbbreviation(DayNumber);
     }
     if (count == Instructions.Count() && !AreRowsInUse()) {

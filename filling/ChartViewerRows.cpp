@@ -245,21 +245,19 @@ void ChartViewer::KeepGrownFormInside() {
 }
 
 void ChartViewer::ColourRow(int index, const QColor& color) {
-    Instructions[index].SetForeColor(color);
-    Difficulty[index].SetForeColor(color);
-    Points[index].SetForeColor(color);
-    Number[index].SetForeColor(color);
     RectCheck[index].SetBorderColor(color);
     // Colour alone does not tell everybody which row is meant.
     const bool selected = color == Qt::blue;
     Instructions[index].SetSelected(selected);
     for (FittingLabel* text : {&Number[index], static_cast<FittingLabel*>(&Instructions[index]),
-                               &Difficulty[index], &Points[index]})
+                               &Difficulty[index], &Points[index]}) {
+        text->SetForeColor(color);
         if (text->font().bold() != selected) {
             QFont font = text->font();
             font.setBold(selected);
             text->setFont(font);
         }
+    }
 }
 
 void ChartViewer::AllRowsBlack() {

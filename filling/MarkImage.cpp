@@ -1,7 +1,7 @@
 #include "filling/MarkImage.h"
 
 #include "platform/forms/ActivationTracker.h"
-#include "widgets/EnterKey.h"
+#include "platform/forms/EnterKey.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>

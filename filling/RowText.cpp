@@ -1,6 +1,6 @@
 #include "filling/RowText.h"
 
-#include "widgets/EnterKey.h"
+#include "platform/forms/EnterKey.h"
 
 #include <QAccessible>
 #include <QFocusEvent>

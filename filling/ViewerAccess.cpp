@@ -10,8 +10,14 @@ namespace {
 /// What a press by the keyboard does can be asked for as an action, too.
 class PressedAccess : public QAccessibleWidget {
 public:
-    using QAccessibleWidget::QAccessibleWidget;
+    PressedAccess(QWidget* widget, QAccessible::Role role, const QString& action)
+        : QAccessibleWidget(widget, role), action_(action) {}
 
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        SetState(state);
+        return state;
+    }
     QStringList actionNames() const override { return {action_, setFocusAction()}; }
     void doAction(const QString& action) override {
         if (action == action_)
@@ -21,7 +27,7 @@ public:
     }
 
 protected:
-    void SetAction(const QString& action) { action_ = action; }
+    virtual void SetState(QAccessible::State& state) const = 0;
     virtual void Press() = 0;
 
 private:
@@ -30,18 +36,14 @@ private:
 
 class MarkAccess : public PressedAccess {
 public:
-    explicit MarkAccess(MarkImage* mark) : PressedAccess(mark, QAccessible::CheckBox), mark_(mark) {
-        SetAction(toggleAction());
-    }
-
-    QAccessible::State state() const override {
-        QAccessible::State state = QAccessibleWidget::state();
-        state.checkable = true;
-        state.checked = mark_->IsTick();
-        return state;
-    }
+    explicit MarkAccess(MarkImage* mark)
+        : PressedAccess(mark, QAccessible::CheckBox, toggleAction()), mark_(mark) {}
 
 protected:
+    void SetState(QAccessible::State& state) const override {
+        state.checkable = true;
+        state.checked = mark_->IsTick();
+    }
     void Press() override { mark_->click(); }
 
 private:
@@ -50,18 +52,14 @@ private:
 
 class RowAccess : public PressedAccess {
 public:
-    explicit RowAccess(RowText* row) : PressedAccess(row, QAccessible::ListItem), row_(row) {
-        SetAction(pressAction());
-    }
-
-    QAccessible::State state() const override {
-        QAccessible::State state = QAccessibleWidget::state();
-        state.selectable = true;
-        state.selected = row_->IsSelected();
-        return state;
-    }
+    explicit RowAccess(RowText* row)
+        : PressedAccess(row, QAccessible::ListItem, pressAction()), row_(row) {}
 
 protected:
+    void SetState(QAccessible::State& state) const override {
+        state.selectable = true;
+        state.selected = row_->IsSelected();
+    }
     void Press() override { emit row_->Chosen(); }
 
 private:

@@ -1,5 +1,6 @@
 #include "help/HelpPage.h"
 
+#include "look/LookColors.h"
 #include "platform/forms/Handlers.h"
 
 #include <QDir>
@@ -156,8 +157,7 @@ void HelpPage::ShowHits() {
     for (qsizetype hit = 0; hit < hits_.size(); ++hit) {
         ExtraSelection mark;
         mark.cursor = hits_.at(hit);
-        mark.format.setBackground(hit == hit_ ? QColor(0xff, 0xb9, 0x2e)
-                                              : QColor(0xff, 0xec, 0xb3));
+        mark.format.setBackground(hit == hit_ ? LookColors::FoundHere : LookColors::Found);
         mark.format.setForeground(palette().text());
         marks += mark;
     }

@@ -1,5 +1,6 @@
 #include "help/HelpWindow.h"
 
+#include "platform/forms/EnterKey.h"
 #include "platform/forms/Handlers.h"
 #include "ui_HelpWindow.h"
 
@@ -8,7 +9,7 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QSignalBlocker>
-#include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -46,7 +47,7 @@ HelpWindow::HelpWindow() : ui_(std::make_unique<Ui::HelpWindow>()) {
     On(ui_->CloseHelp, &QPushButton::clicked, this, [this] { close(); });
     On(ui_->NextHit, &QPushButton::clicked, this, [this] { NextHit(1); });
     On(ui_->SearchText, &QLineEdit::textChanged, this, [this] { Search(); });
-    On(ui_->SearchText, &QLineEdit::returnPressed, this, [this] { NextHit(1); });
+    On(new EnterKey(ui_->SearchText), &EnterKey::Pressed, this, [this] { NextHit(1); });
     On(ui_->Results, &QListWidget::currentRowChanged, this, [this](int row) {
         if (row >= 0)
             OpenResult(row, false);

@@ -21,5 +21,14 @@ inline constexpr QColor Outline(0x85, 0x7b, 0x64);   ///< edges that a control i
 inline constexpr QColor Honey(0xff, 0xf3, 0xd6);     ///< under the mouse
 inline constexpr QColor HoneyDark(0xff, 0xe4, 0xa8); ///< pressed
 inline constexpr QColor Unusable(0x8d, 0x8b, 0x86);  ///< text of what cannot be used now
+inline constexpr QColor Done(0xa9, 0xdf, 0xb4);      ///< ground of a job done, in the review
+inline constexpr QColor DoneEdge(0x3f, 0x8a, 0x55);
+inline constexpr QColor Found(0xff, 0xec, 0xb3);     ///< ground of words found in the help
+inline constexpr QColor FoundHere(0xff, 0xb9, 0x2e); ///< of the one gone to
+
+// Those of the program's pictures, for what is painted beside them: of stars and of joy.
+inline constexpr QColor Gold(0xff, 0xc5, 0x33);
+inline constexpr QColor Coral(0xe4, 0x57, 0x3d);
+inline constexpr QColor Sky(0x4f, 0x9f, 0xd8);
 
 } // namespace LookColors

@@ -4,6 +4,7 @@
 #include "platform/runtime/RuntimeError.h"
 #include "platform/runtime/TextFiles.h"
 #include "print/JobTallies.h"
+#include "print/SheetSetUp.h"
 #include "store/ChartFields.h"
 #include "store/ColorValues.h"
 #include "store/DatabaseCls.h"
@@ -46,112 +47,9 @@ void PrintJobLine(PrinterObject& printer, qint16 lineNo, const QString& job,
     printer.SetForeColor(ColorValue::Black);
 }
 
-} // namespace
-
-/// The counts of one report.
-class DatabaseCls::JobHistory {
-public:
-    explicit JobHistory(DatabaseCls& store) : store_(store) {}
-
-    /// How often a job was completed and left open in the tables. The first job that is asked for
-    /// takes the counts of all jobs, in one walk, where those after it find them: what is raised
-    /// is the same, and in the same order, as with a walk for each.
-    JobCounts CountJobHistory(const QString& JobName, const QString& KidName,
-                              const QStringList& ChartNames);
-
-private:
-    void TakeCounts(const QString& kidName, const QStringList& chartNames);
-    void WalkThrough(const QString& kidName, const QStringList& chartNames);
-
-    DatabaseCls& store_;
-    std::optional<JobTallies> tallies_;
-    /// What ended the walk before its time.
-    std::optional<RuntimeError> failure_;
-};
-
-JobCounts DatabaseCls::JobHistory::CountJobHistory(const QString& JobName, const QString& KidName,
-                                                   const QStringList& ChartNames) {
-    if (!tallies_)
-        TakeCounts(KidName, ChartNames);
-    // A row of this job that cannot be counted comes before the table that cannot be walked.
-    const JobCounts counts = tallies_->Of(JobName);
-    if (failure_)
-        throw *failure_;
-    return counts;
-}
-
-void DatabaseCls::JobHistory::TakeCounts(const QString& kidName, const QStringList& chartNames) {
-    tallies_.emplace();
-    try {
-        WalkThrough(kidName, chartNames);
-    } catch (const RuntimeError& failure) {
-        failure_ = failure;
-    }
-}
-
-void DatabaseCls::JobHistory::WalkThrough(const QString& kidName, const QStringList& chartNames) {
-    TableStore& tables = store_.Tables();
-    const TableStore::Reading reading(tables);
-    TableWalk rows = tables.WalkThrough(CountedFields);
-    const auto countRows = [&] {
-        ForEachRow(rows, [&] {
-            tallies_->Count(rows.Value(Instructions), [&] { return rows.Value(Completed); });
-        });
-    };
-    if (!MeansAllHistory(chartNames)) {
-        for (const QString& name : chartNames) {
-            rows.Open(name);
-            countRows();
-        }
-        return;
-    }
-    const int count = tables.TableCount();
-    for (int index = 0; index < count; ++index) {
-        const QString name = tables.TableName(index);
-        if (!IsHistory(name))
-            continue;
-        rows.Open(name);
-        // Whose table it is says its first row, whatever the table is called.
-        if (Holds(rows.Value(UserName), kidName))
-            countRows();
-    }
-}
-
-void DatabaseCls::PrintReport2(const QString& KidName, const QStringList& ChartNames,
-                               const QString& DateRangeText) {
-    Report2(KidName, ChartNames, JobNameFile(forms_.IsSchool()), DateRangeText);
-}
-
-void DatabaseCls::Report2(const QString& KidName, const QStringList& ChartNames,
-                          const QString& JobFile, const QString& DateRangeText) {
-    PrinterObject& printer = Printer();
-    const PrintJobGuard job(printer);
-    PrintReportHeader(KidName, DateRangeText);
-
-    InputFile names(JobFile);
-    JobHistory history(*this);
-    qint16 LineNo = 0;
-    while (!names.AtEnd()) {
-        const QString JobName = names.InputText();
-        const JobCounts counts = history.CountJobHistory(JobName, KidName, ChartNames);
-        if (!counts.Found)
-            continue;
-        PrintJobLine(printer, LineNo, JobName, counts);
-        LineNo = AddIntegers(LineNo, 1);
-        // The limit is the number's, not the paper's: the last two lines stand beyond its edge.
-        if (LineNo > LastLineNo) {
-            printer.NewPage();
-            PrintReportHeader(KidName, DateRangeText);
-            LineNo = 0;
-        }
-    }
-    printer.EndDoc();
-}
-
-void DatabaseCls::PrintReportHeader(const QString& KidName, const QString& DateRangeText) {
-    PrinterObject& printer = Printer();
-    printer.SetScaleWidth(21);
-    printer.SetScaleHeight(30);
+void PrintReportHeader(PrinterObject& printer, const QString& KidName,
+                       const QString& DateRangeText) {
+    SetUpGrid(printer);
     const auto print = [&printer](double x, double y, const QString& text) {
         printer.SetCurrentX(x);
         printer.SetCurrentY(y);
@@ -166,6 +64,107 @@ void DatabaseCls::PrintReportHeader(const QString& KidName, const QString& DateR
     printer.Line(3, 3, 21, 3, ColorValue::Black);
     printer.Line(11, 3, 11, 29, ColorValue::Black);
     printer.Line(15, 3, 15, 29, ColorValue::Black);
+}
+
+/// The counts of one report.
+class JobHistory {
+public:
+    explicit JobHistory(TableStore& tables) : tables_(tables) {}
+
+    /// How often a job was completed and left open in the tables. The first job that is asked for
+    /// takes the counts of all jobs, in one walk, where those after it find them: what is raised
+    /// is the same, and in the same order, as with a walk for each.
+    JobCounts CountJobHistory(const QString& JobName, const QString& KidName,
+                              const QStringList& ChartNames);
+
+private:
+    void TakeCounts(const QString& kidName, const QStringList& chartNames);
+    void WalkThrough(const QString& kidName, const QStringList& chartNames);
+
+    TableStore& tables_;
+    std::optional<JobTallies> tallies_;
+    /// What ended the walk before its time.
+    std::optional<RuntimeError> failure_;
+};
+
+JobCounts JobHistory::CountJobHistory(const QString& JobName, const QString& KidName,
+                                      const QStringList& ChartNames) {
+    if (!tallies_)
+        TakeCounts(KidName, ChartNames);
+    // A row of this job that cannot be counted comes before the table that cannot be walked.
+    const JobCounts counts = tallies_->Of(JobName);
+    if (failure_)
+        throw *failure_;
+    return counts;
+}
+
+void JobHistory::TakeCounts(const QString& kidName, const QStringList& chartNames) {
+    tallies_.emplace();
+    try {
+        WalkThrough(kidName, chartNames);
+    } catch (const RuntimeError& failure) {
+        failure_ = failure;
+    }
+}
+
+void JobHistory::WalkThrough(const QString& kidName, const QStringList& chartNames) {
+    const TableStore::Reading reading(tables_);
+    TableWalk rows = tables_.WalkThrough(CountedFields);
+    const auto countRows = [&] {
+        ForEachRow(rows, [&] {
+            tallies_->Count(rows.Value(Instructions), [&] { return rows.Value(Completed); });
+        });
+    };
+    if (!MeansAllHistory(chartNames)) {
+        for (const QString& name : chartNames) {
+            rows.Open(name);
+            countRows();
+        }
+        return;
+    }
+    const int count = tables_.TableCount();
+    for (int index = 0; index < count; ++index) {
+        const QString name = tables_.TableName(index);
+        if (!IsHistory(name))
+            continue;
+        rows.Open(name);
+        // Whose table it is says its first row, whatever the table is called.
+        if (Holds(rows.Value(UserName), kidName))
+            countRows();
+    }
+}
+
+} // namespace
+
+void DatabaseCls::PrintReport2(const QString& KidName, const QStringList& ChartNames,
+                               const QString& DateRangeText) {
+    Report2(KidName, ChartNames, JobNameFile(forms_.IsSchool()), DateRangeText);
+}
+
+void DatabaseCls::Report2(const QString& KidName, const QStringList& ChartNames,
+                          const QString& JobFile, const QString& DateRangeText) {
+    PrinterObject& printer = Printer();
+    const PrintJobGuard job(printer);
+    PrintReportHeader(printer, KidName, DateRangeText);
+
+    InputFile names(JobFile);
+    JobHistory history(Tables());
+    qint16 LineNo = 0;
+    while (!names.AtEnd()) {
+        const QString JobName = names.InputText();
+        const JobCounts counts = history.CountJobHistory(JobName, KidName, ChartNames);
+        if (!counts.Found)
+            continue;
+        PrintJobLine(printer, LineNo, JobName, counts);
+        LineNo = AddIntegers(LineNo, 1);
+        // The limit is the number's, not the paper's: the last two lines stand beyond its edge.
+        if (LineNo > LastLineNo) {
+            printer.NewPage();
+            PrintReportHeader(printer, KidName, DateRangeText);
+            LineNo = 0;
+        }
+    }
+    printer.EndDoc();
 }
 
 QString DatabaseCls::ReturnDateRange(const QString&, const QStringList& ChartNames) {

@@ -121,9 +121,7 @@ void ChartSheet::PrintMark(bool completed) {
         printer_.Print(openMark_);
 }
 
-} // namespace
-
-qint32 DatabaseCls::ReturnRandomColor() {
+qint32 ReturnRandomColor() {
     constexpr std::array<qint32, 7> Colors = {
         ColorValue::Of(0, 128, 0), ColorValue::Of(255, 255, 0), ColorValue::Of(40, 200, 255),
         ColorValue::Of(128, 0, 0), ColorValue::Of(255, 179, 5), ColorValue::Of(222, 0, 183),
@@ -132,6 +130,8 @@ qint32 DatabaseCls::ReturnRandomColor() {
     QRandomGenerator generator(static_cast<quint32>(now));
     return Colors[generator.bounded(static_cast<quint32>(Colors.size()))];
 }
+
+} // namespace
 
 void DatabaseCls::PrintChart(const QString& ChartName, Mode BlankBoxes, const QString& KidName,
                              const QString& OpenMark) {
@@ -148,9 +148,10 @@ void DatabaseCls::PrintChart(const QString& ChartName, Mode BlankBoxes, const QS
         const QString day = DayAbbreviation(number);
         sheet.NextLine();
         const qint16 DayCount = PrintReturnNr_Articles(day, ChartName);
-        rows.MoveFirst();
         if (DayCount == 0)
             continue;
+        // The day before has left the cursor behind the last row.
+        rows.MoveFirst();
         qint16 ItemNo = 1;
         bool FirstRow = true;
         sheet.MakeRoomFor(DayCount);

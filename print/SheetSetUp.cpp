@@ -2,9 +2,13 @@
 
 #include "platform/printing/Printer.h"
 
-void SetUpSheet(PrinterObject& printer) {
+void SetUpGrid(PrinterObject& printer) {
     printer.SetScaleWidth(21);
     printer.SetScaleHeight(30);
+}
+
+void SetUpSheet(PrinterObject& printer) {
+    SetUpGrid(printer);
     printer.SetCurrentX(4);
     printer.SetCurrentY(1);
     printer.SetFontSize(18);

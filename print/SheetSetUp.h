@@ -2,5 +2,8 @@
 
 class PrinterObject;
 
-/// Sets up the page of a printed sheet: the grid of 21 by 30 units, the title's place and its font.
+/// The grid of every printed page, 21 by 30 units.
+void SetUpGrid(PrinterObject& printer);
+
+/// Sets up the page of a printed sheet: the grid, the title's place and its font.
 void SetUpSheet(PrinterObject& printer);

@@ -1,14 +1,8 @@
 #include "reports/MatrixCell.h"
 
+#include "look/LookColors.h"
+
 #include <QPainter>
-
-namespace {
-
-// Black on it has a contrast of 13:1.
-const QColor Done(0xa9, 0xdf, 0xb4);
-const QColor DoneEdge(0x3f, 0x8a, 0x55);
-
-} // namespace
 
 MatrixCell::MatrixCell(QWidget* parent) : FittingLabel(parent) {
     setAlignment(Qt::AlignCenter);
@@ -33,8 +27,8 @@ void MatrixCell::paintEvent(QPaintEvent* event) {
     if (backStyle_ != Transparent) {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(DoneEdge);
-        painter.setBrush(Done);
+        painter.setPen(LookColors::DoneEdge);
+        painter.setBrush(LookColors::Done);
         painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
     }
     FittingLabel::paintEvent(event);

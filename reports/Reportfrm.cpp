@@ -2,6 +2,7 @@
 
 #include "platform/forms/DefaultForms.h"
 #include "platform/forms/Handlers.h"
+#include "platform/forms/Hourglass.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/Prompts.h"
 #include "reports/DateRangefrm.h"
@@ -10,22 +11,6 @@
 #include "store/TableNames.h"
 #include "ui_Reportfrm.h"
 #include "widgets/FormViewAdapters.h"
-
-namespace {
-
-/// The hourglass over a form, as long as it lives.
-class Hourglass {
-public:
-    explicit Hourglass(Form& form) : form_(form) { form_.SetMousePointer(11); }
-    ~Hourglass() { form_.SetMousePointer(0); }
-    Hourglass(const Hourglass&) = delete;
-    Hourglass& operator=(const Hourglass&) = delete;
-
-private:
-    Form& form_;
-};
-
-} // namespace
 
 Reportfrm::Reportfrm() : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::Reportfrm>()) {
     ui_->setupUi(this);

@@ -1,4 +1,3 @@
-#include "platform/forms/Twips.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/RuntimeError.h"
 #include "reports/ReviewLayout.h"
@@ -8,6 +7,7 @@
 
 #include <QRegularExpression>
 #include <array>
+#include <functional>
 
 using namespace ReviewLayout;
 

@@ -2,13 +2,12 @@
 
 #include "platform/forms/DefaultForms.h"
 #include "platform/forms/Handlers.h"
-#include "platform/forms/Twips.h"
-#include "platform/runtime/Dates.h"
 #include "platform/runtime/Numbers.h"
 #include "reports/ReviewLayout.h"
 #include "session/Session.h"
 #include "ui_WeekChartRepresentation.h"
 #include "widgets/FocusRing.h"
+#include "widgets/FormViewAdapters.h"
 
 #include <QScopeGuard>
 #include <QWheelEvent>

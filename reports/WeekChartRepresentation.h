@@ -6,7 +6,6 @@
 #include "reports/MatrixArrays.h"
 #include "session/FormNames.h"
 #include "store/FormViews.h"
-#include "widgets/FormViewAdapters.h"
 
 #include <memory>
 

@@ -7,6 +7,8 @@
 #include "platform/runtime/ProgramFolder.h"
 #include "platform/runtime/Prompts.h"
 #include "session/Session.h"
+#include "session/Settings.h"
+#include "support/SoundFunctions.h"
 
 namespace {
 
@@ -31,5 +33,7 @@ ProgramRun::~ProgramRun() {
     ChartEditors.SetMaker({});
     ChartViewers.SetMaker({});
     WeeklyReview = {};
+    SetSettingsForms(nullptr);
+    SetSoundSwitch({});
     Take({});
 }

@@ -34,7 +34,7 @@ void ApplyVariables() {
     // The version before the colour: the option's handler may write the file here, and it is to
     // write the colour that the main window had until now.
     const bool school = SchoolFlag != 0;
-    SchoolMode = school ? Version::School : Version::Home;
+    SchoolMode = Version::Of(school);
     Forms().SelectVersion(school);
 
     Forms().SetBackColor(BackgroundColor);

@@ -11,5 +11,6 @@ void SetAccountRights();
 /// files stays as it is, and nothing is reported.
 void RemoveDeleteMe();
 
-/// The date as eight digits, year, month, day; two keys compare as strings in date order.
+/// The date as eight digits, year, month, day; two keys compare as strings in date order. No
+/// form asks for it: they take DateKey, as the store does.
 QString ReturnDateKey(const QDate& Value);

@@ -142,7 +142,7 @@ void LogIn::Activate() {
         ClearAccounts();
         ReadSettings();
         ListAccounts();
-        SelectVersion(!Version::IsHome(SchoolMode));
+        SelectVersion(Version::CountsAsSchool(SchoolMode));
         WelcomeOnFirstRun();
     });
 }
@@ -213,7 +213,7 @@ void LogIn::ChangeP_Click() {
 
 void LogIn::Version_Click(bool school) {
     SetListHeaders();
-    SchoolMode = school ? Version::School : Version::Home;
+    SchoolMode = Version::Of(school);
     SchoolFlag = school ? 1 : 0;
     WriteSettings();
 }

@@ -1,6 +1,7 @@
 #include "shell/LoginWindow.h"
 
 #include "platform/forms/DefaultForms.h"
+#include "platform/forms/EnterKey.h"
 #include "platform/forms/Handlers.h"
 #include "platform/runtime/Prompts.h"
 #include "session/Session.h"
@@ -18,8 +19,8 @@ LoginWindow::LoginWindow() : FormWidget(Place::TopLevel), ui_(std::make_unique<U
     // The name is filled in; what is left to type is the password.
     ui_->Password->setFocus();
 
-    On(ui_->UserName, &QLineEdit::returnPressed, this, [this] { Ok_Click(); });
-    On(ui_->Password, &QLineEdit::returnPressed, this, [this] { Ok_Click(); });
+    for (QLineEdit* box : {ui_->UserName, ui_->Password})
+        On(new EnterKey(box), &EnterKey::Pressed, this, [this] { Ok_Click(); });
     On(ui_->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
     On(ui_->Cancel, &QPushButton::clicked, this, [this] {
         Default<LogIn>().Show();

@@ -7,3 +7,11 @@ bool IsAdult(const QString& kind) {
 bool IsChild(const QString& kind) {
     return kind == AccountKind::Kid || kind == AccountKind::Student;
 }
+
+bool IsStoredAdult(const QString& kind) {
+    return kind == AccountKind::Teacher;
+}
+
+bool IsStoredChild(const QString& kind) {
+    return kind == AccountKind::Student;
+}

@@ -15,3 +15,8 @@ inline const QString Kid = QStringLiteral("Kid");
 bool IsAdult(const QString& kind);
 /// True for a child's kind; a text can be neither.
 bool IsChild(const QString& kind);
+
+/// True for the one kind of an adult, or of a child, that is ever stored. In a few places the other
+/// names count for nothing, unlike everywhere else.
+bool IsStoredAdult(const QString& kind);
+bool IsStoredChild(const QString& kind);

@@ -80,9 +80,9 @@ void DatabaseCls::PopulateUserList(NameList* Teachers, NameList& Students) {
         const QString state = TextOf(rows.Value(AccountField::State));
         const QString name = TextOf(rows.Value(AccountField::Name));
         // The other names of the kinds stand in no list.
-        if (state == AccountKind::Student)
+        if (IsStoredChild(state))
             Students.AddItem(name);
-        else if (state == AccountKind::Teacher && Teachers != nullptr)
+        else if (IsStoredAdult(state) && Teachers != nullptr)
             Teachers->AddItem(name);
     });
 }

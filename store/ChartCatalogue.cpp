@@ -99,8 +99,7 @@ void DatabaseCls::PopulateChartList(NameList& List, Mode OwnOnly) {
 }
 
 QString DatabaseCls::ReturnExistingKidName(const QString& Name) {
-    Recordset rows = Tables().OpenRecordset(Name);
-    rows.MoveFirst();
+    const Recordset rows = Tables().OpenRecordset(Name);
     return TextOf(rows.Value(ChartField::UserName));
 }
 

@@ -37,7 +37,6 @@ void DatabaseCls::DuplicateChartHistory(const QString& Name) {
 
 void RollOn(DatabaseCls& store, TableStore& tables, const QString& name) {
     Recordset rows = tables.OpenRecordset(name);
-    rows.MoveFirst();
     if (!BooleanOf(rows.Value(ChartField::AutoCreate)))
         return;
     // The copy before the unticking, so that history holds the week's ticks.

@@ -57,15 +57,15 @@ PointSums SumPoints(Recordset rows) {
     return sums;
 }
 
-} // namespace
-
-class DatabaseCls::MatrixFilling {
+/// One filling of the matrix. `jobNames`: the distinct jobs found so far.
+class MatrixFilling {
 public:
-    explicit MatrixFilling(DatabaseCls& store) : store_(store) {}
+    MatrixFilling(TableStore& tables, QStringList& jobNames)
+        : tables_(tables), jobNames_(jobNames) {}
 
-    /// True if the job was not among JobNames yet; it is then.
+    /// True if the job was not among the names yet; it is then.
     bool CheckJobIsNew(const QString& JobName);
-    /// The job's place among JobNames, 1 the first; 0 if it is not there.
+    /// The job's place among the names, 1 the first; 0 if it is not there.
     qint16 ReturnJobRow(const QString& JobName) const;
     /// The points of all completed rows of the chart. Raises 6 beyond 16 bits.
     qint16 ReturnTotalPoints(const QString& ChartName);
@@ -73,25 +73,26 @@ public:
     qint16 ReturnPointsMade(const QString& Key, const QString& ChartName, bool ByJob);
 
 private:
-    DatabaseCls& store_;
+    TableStore& tables_;
+    QStringList& jobNames_;
     /// Of the one chart: a walk over the table for each job would make a large chart slow.
     std::optional<PointSums> sums_;
 };
 
-bool DatabaseCls::MatrixFilling::CheckJobIsNew(const QString& JobName) {
-    if (store_.JobNames.contains(JobName))
+bool MatrixFilling::CheckJobIsNew(const QString& JobName) {
+    if (jobNames_.contains(JobName))
         return false;
-    store_.JobNames += JobName;
+    jobNames_ += JobName;
     return true;
 }
 
-qint16 DatabaseCls::MatrixFilling::ReturnJobRow(const QString& JobName) const {
-    return ToInteger(static_cast<double>(store_.JobNames.lastIndexOf(JobName)) + 1);
+qint16 MatrixFilling::ReturnJobRow(const QString& JobName) const {
+    return ToInteger(static_cast<double>(jobNames_.lastIndexOf(JobName)) + 1);
 }
 
-qint16 DatabaseCls::MatrixFilling::ReturnTotalPoints(const QString& ChartName) {
+qint16 MatrixFilling::ReturnTotalPoints(const QString& ChartName) {
     PointSum sum;
-    Recordset rows = store_.Tables().OpenRecordset(ChartName);
+    Recordset rows = tables_.OpenRecordset(ChartName);
     ForEachRow(rows, [&] {
         if (IsCompleted(rows))
             sum.Add(rows);
@@ -99,12 +100,13 @@ qint16 DatabaseCls::MatrixFilling::ReturnTotalPoints(const QString& ChartName) {
     return sum.Value();
 }
 
-qint16 DatabaseCls::MatrixFilling::ReturnPointsMade(const QString& Key, const QString& ChartName,
-                                                    bool ByJob) {
+qint16 MatrixFilling::ReturnPointsMade(const QString& Key, const QString& ChartName, bool ByJob) {
     if (!sums_)
-        sums_ = SumPoints(store_.Tables().OpenRecordset(ChartName));
+        sums_ = SumPoints(tables_.OpenRecordset(ChartName));
     return (ByJob ? sums_->ByJob : sums_->ByDay).value(Key).Value();
 }
+
+} // namespace
 
 void DatabaseCls::FillMatrix(const QString& ChartName) {
     const TableStore::Reading reading(Tables());
@@ -116,7 +118,7 @@ void DatabaseCls::FillMatrix(const QString& ChartName) {
     form.Begin(QStringLiteral("Weekly Dutygrid Review from: ") + firstDate +
                QStringLiteral(" to ") + lastDate);
 
-    MatrixFilling filling(*this);
+    MatrixFilling filling(Tables(), JobNames);
     qint16 jobCount = 0;
     ForEachRow(rows, [&] {
         const QString job = TextOf(rows.Value(ChartField::Instructions));

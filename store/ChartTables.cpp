@@ -86,6 +86,43 @@ ViewerRow ShownRow(const Recordset& rows) {
             BooleanOf(rows.Value(ChartField::Completed))};
 }
 
+/// Deletes every row. Of no use where it is called, on a table just made.
+void EmptyRecordset(Recordset* Rows) {
+    if (Rows == nullptr)
+        return;
+    while (!(Rows->Eof() && Rows->Bof())) {
+        Rows->Delete();
+        if (Rows->RecordCount() == 0)
+            return;
+        Rows->MoveFirst();
+    }
+}
+
+/// What the viewer's DayLbl says for the current row, read for `Day`; "" for a day outside the
+/// chart's week, whose dates are read into the store's members.
+QString DayCaption(DatabaseCls& store, const Recordset& Rows, const QString& Day) {
+    QString abbreviation = TextOf(Rows.Value(ChartField::DayOfWeek));
+    if (IsRange(abbreviation))
+        abbreviation = Day;
+    const QString wanted = FullDayName(abbreviation);
+
+    store.ReadDates(Rows.Name());
+    const QDate first = DateFromText(store.FirstDateText);
+    DateCls date;
+    date.SetValue(DateFromText(store.LastDateText));
+    date.Subtract(4, Days);
+    const int days = date.Value() == first ? 5 : 7;
+    date.SetValue(first);
+
+    QString caption;
+    for (int day = 0; day < days; ++day) {
+        if (WeekdayName(date.Value()) == wanted)
+            caption = wanted + QLatin1Char(' ') + DateText(date.Value());
+        date.Add(1, Days);
+    }
+    return caption;
+}
+
 } // namespace
 
 void DatabaseCls::CreateChart(const QString& Name) {
@@ -97,17 +134,6 @@ void DatabaseCls::CreateChart(const QString& Name) {
 
 bool DatabaseCls::ChartExist(const QString& Name) {
     return Tables().HasTable(Name);
-}
-
-void DatabaseCls::EmptyRecordset(Recordset* Rows) {
-    if (Rows == nullptr)
-        return;
-    while (!(Rows->Eof() && Rows->Bof())) {
-        Rows->Delete();
-        if (Rows->RecordCount() == 0)
-            return;
-        Rows->MoveFirst();
-    }
 }
 
 void DatabaseCls::WriteInfoToChart(const QString& Name, qint16 FormIndex, Mode UpdateTicks,
@@ -151,35 +177,12 @@ void DatabaseCls::ReadInfoFromChart(const QString& Name, qint16 FormIndex, Mode 
             return;
         // The same for all rows of a day.
         if (i == 0)
-            form.SetDayCaption(DayCaption(rows, Day));
+            form.SetDayCaption(DayCaption(*this, rows, Day));
         form.SetRow(i, ShownRow(rows));
         ++i;
         if (i < count)
             form.CreateNewTask(i);
     });
-}
-
-QString DatabaseCls::DayCaption(const Recordset& Rows, const QString& Day) {
-    QString abbreviation = TextOf(Rows.Value(ChartField::DayOfWeek));
-    if (IsRange(abbreviation))
-        abbreviation = Day;
-    const QString wanted = FullDayName(abbreviation);
-
-    ReadDates(Rows.Name());
-    const QDate first = DateFromText(FirstDateText);
-    DateCls date;
-    date.SetValue(DateFromText(LastDateText));
-    date.Subtract(4, Days);
-    const int days = date.Value() == first ? 5 : 7;
-    date.SetValue(first);
-
-    QString caption;
-    for (int day = 0; day < days; ++day) {
-        if (WeekdayName(date.Value()) == wanted)
-            caption = wanted + QLatin1Char(' ') + DateText(date.Value());
-        date.Add(1, Days);
-    }
-    return caption;
 }
 
 void DatabaseCls::ReadDates(const QString& Name) {

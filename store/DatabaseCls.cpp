@@ -3,6 +3,7 @@
 #include "platform/runtime/ProgramFolder.h"
 #include "platform/runtime/Progress.h"
 #include "platform/runtime/RuntimeError.h"
+#include "store/NewDatabase.h"
 
 #include <QFileInfo>
 
@@ -28,8 +29,7 @@ void DatabaseCls::InitDatabse() {
                            all);
         });
     else
-        ChartDb =
-            TableStore::CreateDatabase(path, QStringLiteral(";LANGID=0x0409;CP=1252;COUNTRY=0"));
+        ChartDb = MakeDatabase(path);
 }
 
 void DatabaseCls::Commit() {

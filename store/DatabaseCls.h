@@ -169,21 +169,6 @@ public:
     void Commit();
 
 private:
-    // Companions of single operations; what keeps something while its operation runs stands in a
-    // class of its own.
-
-    /// CheckJobIsNew, ReturnJobRow, ReturnTotalPoints and ReturnPointsMade, for FillMatrix.
-    class MatrixFilling;
-    /// CountJobHistory, for Report2.
-    class JobHistory;
-    static void PrintReportHeader(const QString& KidName, const QString& DateRangeText);
-    static qint32 ReturnRandomColor();
-    /// What the viewer's DayLbl says for the current row, read for `Day`; "" for a day outside the
-    /// chart's week.
-    QString DayCaption(const Recordset& Rows, const QString& Day);
-    /// Deletes every row. Of no use where it is called, on a table just made.
-    static void EmptyRecordset(Recordset* Rows);
-
     /// The open database. Raises 91 before InitDatabse.
     TableStore& Tables() const;
     /// Runs an operation that stores pictures, and so lets events run between their pieces. If one

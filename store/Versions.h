@@ -22,6 +22,15 @@ inline bool IsHome(qint16 version) {
     return version == Home;
 }
 
+/// True for whatever is not home.
+inline bool CountsAsSchool(qint16 version) {
+    return !IsHome(version);
+}
+
+inline qint16 Of(bool school) {
+    return school ? School : Home;
+}
+
 /// The name; "" for a value that is neither.
 inline QString NameOf(qint16 version) {
     return IsSchool(version) ? SchoolName : IsHome(version) ? HomeName : QString();

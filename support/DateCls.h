@@ -6,7 +6,8 @@
 /// The units of DateCls's steps.
 enum DateUnits : qint32 { Days = 0, Weeks = 1, Months = 2, Years = 3 };
 
-/// A calendar date of the years 100 to 9999 that steps by days, weeks, months and years.
+/// A calendar date of the years 100 to 9999 that steps by days, weeks, months and years. The
+/// program itself takes only steps of days.
 class DateCls {
 public:
     /// Holds today.

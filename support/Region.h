@@ -7,7 +7,8 @@
 #include <memory>
 #include <vector>
 
-/// Gives a window an outline that is no rectangle, from a polygon or from a saved file.
+/// Gives a window an outline that is no rectangle, from a polygon or from a saved file. No form of
+/// the program asks for one: they are rectangles.
 class Region {
 public:
     /// The number of points added.

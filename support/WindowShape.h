@@ -2,7 +2,7 @@
 
 #include <QRegion>
 
-/// A window that can be given an outline: the forms implement it.
+/// A window that can be given an outline (support/Region.h). Forms can be, though none is.
 class WindowShape {
 public:
     virtual ~WindowShape() = default;

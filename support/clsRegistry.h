@@ -15,6 +15,9 @@ inline constexpr quint32 HKEY_CURRENT_USER = 0x80000001;
 /// ignore case. No key of another computer, one named other than "", can be opened. A damaged file
 /// is renamed and the keys begin afresh. Where an operation fails it raises the number named with
 /// it, its own name as the text and "clsRegistry" as the source.
+///
+/// The program keeps its first-run marker here, for which it needs CreateKey, GetValue and SetValue
+/// alone.
 class clsRegistry {
 public:
     /// Stores a value. One that is not there yet becomes a string, whatever is passed; otherwise

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "widgets/EnterKey.h"
+#include "platform/forms/EnterKey.h"
 
 #include <QAbstractItemView>
 #include <QItemSelectionModel>
@@ -82,8 +82,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override {
         if (rules_.Opens && IsEnter(*event))
             emit Clicks.Opened({});
-        else if (rules_.TellsRightPress &&
-                 (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Menu))
+        else if (rules_.TellsRightPress && IsMenuKey(*event))
             emit Clicks.RightPressed();
         else
             SelectByKey(event);

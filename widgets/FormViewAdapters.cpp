@@ -1,6 +1,7 @@
 #include "widgets/FormViewAdapters.h"
 
 #include <QPixmap>
+#include <QTextDocument>
 
 namespace {
 const char PictureProperty[] = "picture";
@@ -21,6 +22,12 @@ void LabelPicture::SetPicture(const QImage& picture) {
                                    Qt::SmoothTransformation);
     scaled.setDevicePixelRatio(ratio);
     label_.setPixmap(QPixmap::fromImage(scaled));
+}
+
+QListWidgetItem* AddNamed(QListWidget& list, const QString& name) {
+    auto* entry = new QListWidgetItem(name, &list);
+    entry->setToolTip(Qt::convertFromPlainText(name));
+    return entry;
 }
 
 QString SelectedEntry(const QListWidget& list) {

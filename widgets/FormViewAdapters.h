@@ -4,7 +4,6 @@
 
 #include <QLabel>
 #include <QListWidget>
-#include <QTextDocument>
 
 /// The store's small interfaces on ordinary widgets.
 
@@ -29,15 +28,15 @@ private:
     QLabel& label_;
 };
 
-/// A list of names in a list widget; a name is also its entry's tool tip, since it may be cut.
+/// Adds a name to a list; it is also its entry's tool tip, since it may be cut.
+QListWidgetItem* AddNamed(QListWidget& list, const QString& name);
+
+/// A list of names in a list widget.
 class ListNames : public NameList {
 public:
     explicit ListNames(QListWidget& list) : list_(list) {}
     void Clear() override { list_.clear(); }
-    void AddItem(const QString& text) override {
-        auto* item = new QListWidgetItem(text, &list_);
-        item->setToolTip(Qt::convertFromPlainText(text));
-    }
+    void AddItem(const QString& text) override { AddNamed(list_, text); }
 
 private:
     QListWidget& list_;

@@ -1,6 +1,6 @@
 #include "widgets/GoalScene.h"
 
-#include "look/ProgramStyle.h"
+#include "look/LookColors.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -63,8 +63,7 @@ public:
         : painter_(painter), ink_(palette.color(QPalette::WindowText)),
           paper_(palette.color(QPalette::Base)), done_(palette.color(QPalette::Highlight)),
           ground_(palette.color(QPalette::AlternateBase).darker(106)),
-          edge_(palette.color(QPalette::AlternateBase).darker(165)),
-          shine_(QColor::fromRgb(ProgramGold)) {}
+          edge_(palette.color(QPalette::AlternateBase).darker(165)), shine_(LookColors::Gold) {}
 
     void Ground(const Way& way, const GoalScene& scene) {
         painter_.setBrush(Qt::NoBrush);
@@ -147,8 +146,7 @@ public:
 
     /// Paper stars, discs and flags over the whole way, in the program's colours.
     void Confetti(const QRectF& area, const Way& way, double joy) {
-        const std::array<QColor, 4> colors = {shine_, done_, QColor::fromRgb(ProgramCoral),
-                                              QColor::fromRgb(ProgramSky)};
+        const std::array<QColor, 4> colors = {shine_, done_, LookColors::Coral, LookColors::Sky};
         const double right = way.Goal().left() - way.StarSize() * 1.3 - way.Rays();
         const double from = area.left() + 6;
         const double bottom = area.top() + area.height() * 0.55;
@@ -229,7 +227,7 @@ private:
         };
         const QPen outline(ink_, std::max(1.2, goal.width() * 0.035), Qt::SolidLine, Qt::RoundCap,
                            Qt::RoundJoin);
-        const QColor ribbon = QColor::fromRgb(ProgramCoral);
+        const QColor ribbon = LookColors::Coral;
         painter_.setPen(outline);
         painter_.setBrush(done_);
         painter_.drawRoundedRect(part(0.16, 0.48, 0.68, 0.44), 2, 2);

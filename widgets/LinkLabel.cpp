@@ -1,6 +1,6 @@
 #include "widgets/LinkLabel.h"
 
-#include "widgets/EnterKey.h"
+#include "platform/forms/EnterKey.h"
 
 #include <QAccessibleWidget>
 #include <QKeyEvent>

@@ -1,12 +1,12 @@
-// Makes the database that is delivered: the accounts' table, without an account.
+// Makes the database that is delivered.
 //
 // Usage: MakeSeedDatabase <file>
 
-#include "platform/tables/TableStore.h"
-#include "store/TableNames.h"
+#include "store/NewDatabase.h"
 
 #include <QFile>
 #include <QTextStream>
+#include <exception>
 
 int main(int argc, char** argv) {
     if (argc != 2) {
@@ -16,10 +16,7 @@ int main(int argc, char** argv) {
     const QString path = QString::fromLocal8Bit(argv[1]);
     QFile::remove(path);
     try {
-        const auto tables =
-            TableStore::CreateDatabase(path, QStringLiteral(";LANGID=0x0409;CP=1252;COUNTRY=0"));
-        tables->CreateTable(UsersTable, UsersTableFields());
-        tables->Commit();
+        MakeSeedDatabase(path);
     } catch (const std::exception& error) {
         QTextStream(stderr) << error.what() << '\n';
         return 1;

@@ -25,7 +25,6 @@
 #include <limits>
 #include <numbers>
 #include <stdexcept>
-#include <string>
 #include <vector>
 
 using namespace Qt::StringLiterals;

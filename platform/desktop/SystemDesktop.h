@@ -2,9 +2,10 @@
 
 #include "platform/runtime/Desktop.h"
 
-#include <QObject>
+#include <QString>
 #include <functional>
 #include <memory>
+#include <optional>
 
 class MotionSetting;
 class WavePlayer;

@@ -34,7 +34,7 @@ public:
     /// press in this.
     bool IsPressOnNewFront() const { return pressOnNewFront_; }
 
-    /// Forgets what was in front; for the end of a test.
+    /// Forgets what was in front; for the end of a run.
     void Reset();
 
 protected:

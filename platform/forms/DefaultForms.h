@@ -21,7 +21,7 @@ Form* ExistingForm(const QString& name);
 /// Forgets an instance that is being unloaded; the next naming makes a fresh one.
 void ForgetDefaultForm(const Form& form);
 
-/// Unloads nothing, forgets all instances and deletes them; for the end of a test.
+/// Unloads nothing, forgets all instances and deletes them; for the end of a run.
 void DropDefaultForms();
 
 /// RegisterForm for a class with a static `FormName`.

@@ -10,7 +10,6 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QLayout>
 #include <QMdiArea>
 #include <QScreen>
 #include <algorithm>

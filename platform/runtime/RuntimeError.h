@@ -35,7 +35,7 @@ public:
 
     int Number() const { return number_; }
     const QString& Text() const { return text_; }
-    /// The class that raised the error by a number of its own; "" for all others.
+    /// The class that raised the error by a number of its own; "" for all others. Shown to nobody.
     const QString& Source() const { return source_; }
     /// What the user is shown: "Run-time error '6':", an empty line and the text.
     QString Report() const;

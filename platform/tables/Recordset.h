@@ -34,6 +34,7 @@ public:
     /// Raises 3021 if the cursor is behind the last row already.
     void MoveNext();
 
+    /// For who looks at whole rows, as tests do: the program names its fields.
     int FieldCount() const;
 
     /// A field of the current row; an invalid QVariant for Null. bool, int, QDate or QString by

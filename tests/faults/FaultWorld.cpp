@@ -1,7 +1,6 @@
 #include "tests/faults/FaultWorld.h"
 
-#include "platform/tables/TableStore.h"
-#include "store/TableNames.h"
+#include "store/NewDatabase.h"
 
 #include <QDir>
 #include <QFile>
@@ -12,10 +11,7 @@ QString ChartsFile(const QString& programFolder) {
 
 void MakeEmptyDatabase(const QString& programFolder) {
     QDir(programFolder).mkpath(QStringLiteral("Database"));
-    const auto database = TableStore::CreateDatabase(
-        ChartsFile(programFolder), QStringLiteral(";LANGID=0x0409;CP=1252;COUNTRY=0"));
-    database->CreateTable(UsersTable, UsersTableFields());
-    database->Commit();
+    MakeSeedDatabase(ChartsFile(programFolder));
 }
 
 QByteArray BytesOf(const QString& file) {

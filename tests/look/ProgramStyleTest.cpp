@@ -118,6 +118,14 @@ TEST_F(ProgramStyleTest, TextsStandOutOnEveryGroundThatAControlTakesUnderTheMous
     EXPECT_GE(Contrast(LookColors::Muted, LookColors::Band), ForText);
 }
 
+TEST_F(ProgramStyleTest, TextsStandOutOnJobsDoneAndOnWordsFound) {
+    EXPECT_GE(Contrast(Qt::black, LookColors::Done), ForText);
+    EXPECT_GE(Contrast(Qt::blue, LookColors::Done), ForText);
+    EXPECT_GE(Contrast(LookColors::DoneEdge, LookColors::Card), ForControls);
+    for (const QColor& ground : {LookColors::Found, LookColors::FoundHere})
+        EXPECT_GE(Contrast(LookColors::Ink, ground), ForText);
+}
+
 TEST_F(ProgramStyleTest, EdgesAndFocusOfControlsStandOutFromTheGroundsAround) {
     static const QRegularExpression control(
         u"QPushButton|QLineEdit|QComboBox|QListView|QTreeView"_s);

@@ -24,6 +24,15 @@ TEST(VocabularyTest, FourKindsOfAccountsAreAdultsOrChildrenAndAnyOtherTextIsNeit
     }
 }
 
+TEST(VocabularyTest, OnlyOneKindOfEachIsEverStored) {
+    EXPECT_TRUE(IsStoredAdult(u"Teacher"_s));
+    EXPECT_TRUE(IsStoredChild(u"Student"_s));
+    for (const QString& other : {u"Student"_s, u"Parent"_s, u"Kid"_s, u"teacher"_s, QString()})
+        EXPECT_FALSE(IsStoredAdult(other)) << other.toStdString();
+    for (const QString& other : {u"Teacher"_s, u"Parent"_s, u"Kid"_s, u"student"_s, QString()})
+        EXPECT_FALSE(IsStoredChild(other)) << other.toStdString();
+}
+
 TEST(VocabularyTest, RangesHoldTheirDaysInTheWeeksOrderAndOtherTextsThemselves) {
     EXPECT_EQ(DaysOf(u"Mon-Fri"_s),
               (QStringList{u"Mon"_s, u"Tue"_s, u"Wed"_s, u"Thu"_s, u"Fri"_s}));
@@ -57,6 +66,14 @@ TEST(VocabularyTest, OnlyTheTwoVersionsHaveNames) {
     EXPECT_EQ(Version::NameOf(1), QString());
     EXPECT_FALSE(Version::IsSchool(1));
     EXPECT_FALSE(Version::IsHome(1));
+    EXPECT_EQ(Version::Of(true), -1);
+    EXPECT_EQ(Version::Of(false), 0);
+}
+
+TEST(VocabularyTest, WhateverIsNotHomeCountsAsSchool) {
+    EXPECT_TRUE(Version::CountsAsSchool(-1));
+    EXPECT_TRUE(Version::CountsAsSchool(1));
+    EXPECT_FALSE(Version::CountsAsSchool(0));
 }
 
 TEST(VocabularyTest, ColoursHaveRedInTheLowByte) {

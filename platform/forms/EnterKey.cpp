@@ -1,4 +1,4 @@
-#include "widgets/EnterKey.h"
+#include "platform/forms/EnterKey.h"
 
 #include <QLineEdit>
 

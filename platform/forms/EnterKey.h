@@ -14,6 +14,11 @@ inline bool IsPressKey(const QKeyEvent& event) {
     return event.key() == Qt::Key_Space || IsEnter(event);
 }
 
+/// One of the keys that stand for the right button of the mouse.
+inline bool IsMenuKey(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Delete || event.key() == Qt::Key_Menu;
+}
+
 /// Watches for the Enter key going down in a box. The key then does nothing else there.
 class EnterKey : public QObject {
     Q_OBJECT
