@@ -10,9 +10,7 @@
 #include <QTest>
 #include <QTimer>
 #include <cstdio>
-#include <functional>
 #include <iostream>
-#include <string>
 #include <unistd.h>
 #include <utility>
 

@@ -34,14 +34,9 @@ void StoreWithHistory(const QString& name, const QString& owner) {
 
 } // namespace
 
-PromptAnswer SilentPrompts::Show(const Prompt& prompt) {
-    Shown += prompt.Text;
-    return prompt.Buttons == PromptButtons::Ok ? PromptAnswer::Ok : PromptAnswer::No;
-}
-
 Stage::Stage() {
-    SetPrompts(&silentPrompts_);
-    SetDesktop(&silentDesktop_);
+    SetPrompts(&prompts_);
+    SetDesktop(&desktop_);
     FillStore();
 }
 

@@ -2,19 +2,10 @@
 
 #include "help/HelpWindow.h"
 #include "platform/runtime/Desktop.h"
-#include "platform/runtime/Prompts.h"
 #include "tests/common/Charts.h"
 #include "tests/common/FormTest.h"
 
 #include <memory>
-
-/// Message boxes that nobody needs to answer: questions are answered with No.
-class SilentPrompts : public Prompts {
-public:
-    QStringList Shown;
-
-    PromptAnswer Show(const Prompt& prompt) override;
-};
 
 /// File and colour dialogs that are cancelled.
 class SilentDesktop : public Desktop {
@@ -45,7 +36,7 @@ public:
     static void WaitForRest() { Settle(); }
 
     /// Message boxes shown and web pages opened so far.
-    QStringList Told() const { return silentPrompts_.Shown + silentDesktop_.Opened; }
+    QStringList Told() const { return prompts_.Shown + desktop_.Opened; }
 
 private:
     void TestBody() override {}
@@ -56,7 +47,7 @@ private:
     QWidget& OpenViewer();
     void PickChart(const QString& form);
 
-    SilentPrompts silentPrompts_;
-    SilentDesktop silentDesktop_;
+    RecordingPrompts prompts_;
+    SilentDesktop desktop_;
     std::unique_ptr<HelpWindow> help_;
 };

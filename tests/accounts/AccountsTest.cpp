@@ -1,5 +1,6 @@
 #include "tests/accounts/AccountsTest.h"
 
+#include <QLabel>
 #include <QPushButton>
 #include <QTest>
 

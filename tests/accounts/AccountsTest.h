@@ -4,10 +4,8 @@
 #include "accounts/ChildrenList.h"
 #include "accounts/DisplayAccount.h"
 #include "tests/shell/ShellTest.h"
-#include "widgets/FormViewAdapters.h"
 
 #include <QImage>
-#include <QLabel>
 
 /// A fixture for the account view and the incentive editor: a family with one adult, Mum, and the
 /// children Kim (80 points, a bike for 500) and Lee (30 points, no incentive).

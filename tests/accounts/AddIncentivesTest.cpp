@@ -3,6 +3,7 @@
 #include "tests/accounts/AccountsTest.h"
 
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -155,16 +156,15 @@ TEST_F(AddIncentivesTest, TotalBelowZeroIsRefusedWithAMessageAndTheFormUnloads) 
 }
 
 TEST_F(AddIncentivesTest, NumberBeyond16BitsOverflowsAndStoresNothing) {
-    const QString overflow = RuntimeError(ErrorNumber::Overflow).Report();
     OpenEditor();
     Type(Box("Points"), QStringLiteral("99999"));
-    Boxes.Expect(overflow);
+    Boxes.ExpectError(ErrorNumber::Overflow);
     PressIn("AddPoints");
     Type(Box("Value"), QStringLiteral("32768"));
-    Boxes.Expect(overflow);
+    Boxes.ExpectError(ErrorNumber::Overflow);
     PressIn("AddIncentive");
     Type(Box("Points"), QStringLiteral("32767"));
-    Boxes.Expect(overflow);
+    Boxes.ExpectError(ErrorNumber::Overflow);
     PressIn("AddPoints");
     EXPECT_EQ(StoredPoints(Kim), QStringLiteral("80"));
     EXPECT_EQ(StoredToy(Kim), QStringLiteral("Red bike|500"));
@@ -174,7 +174,7 @@ TEST_F(AddIncentivesTest, NumberBeyond16BitsOverflowsAndStoresNothing) {
 TEST_F(AddIncentivesTest, NameLongerThanItsFieldIsReportedAndNeverCut) {
     OpenEditor();
     Type(Box("ToyName"), QString(256, QLatin1Char('x')));
-    Boxes.Expect(RuntimeError(ErrorNumber::FieldTooSmall).Report());
+    Boxes.ExpectError(ErrorNumber::FieldTooSmall);
     PressIn("AddIncentive");
     EXPECT_EQ(StoredToy(Kim), QStringLiteral("Red bike|500"));
     EXPECT_TRUE(IsOpen());
@@ -202,7 +202,7 @@ TEST_F(AddIncentivesTest, MissingPictureFileIsReportedAndTheFormerIncentiveStays
     OpenEditor();
     Browse(Path(QStringLiteral("gone.png")));
     Type(Box("ToyName"), QStringLiteral("Ball"));
-    Boxes.Expect(RuntimeError(ErrorNumber::FileNotFound).Report());
+    Boxes.ExpectError(ErrorNumber::FileNotFound);
     PressIn("AddIncentive");
     EXPECT_EQ(StoredToy(Kim), QStringLiteral("Red bike|500"));
     EXPECT_EQ(StoredToyPicture(Kim).pixelColor(3, 3), QColor(Qt::red));

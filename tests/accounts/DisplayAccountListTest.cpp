@@ -5,7 +5,6 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QTest>
 
 namespace {
 

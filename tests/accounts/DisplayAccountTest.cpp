@@ -1,8 +1,9 @@
 #include "tests/accounts/DisplayAccountTest.h"
 #include "platform/forms/DefaultForms.h"
 
+#include <QLabel>
+#include <QPointer>
 #include <QPushButton>
-#include <QTest>
 
 namespace {
 
@@ -232,7 +233,7 @@ TEST_F(DisplayAccountTest, MissingPictureFileIsReportedAndTheFormerOneStays) {
     OpenView();
     ClickRow(List(), 0);
     DesktopCalls.FileAnswers += Path(QStringLiteral("gone.png"));
-    Boxes.Expect(RuntimeError(ErrorNumber::FileNotFound).Report());
+    Boxes.ExpectError(ErrorNumber::FileNotFound);
     PressButton("cmdChgPic");
     EXPECT_EQ(StoredPictureColor(Kim), QColor(Qt::red));
 }

@@ -300,7 +300,7 @@ TEST_F(ChartEditorActions, MissingJobListIsReportedAndTheTypedTextStays) {
     QFile::remove(Path(u"Jobs/HomeJobs.dat"_s));
     ChartEditor& editor = NewChart();
     Type(RowControl(editor, u"Instructions"_s, 0), u"Sweep"_s);
-    Boxes.Expect(u"Run-time error '53':\n\nFile not found"_s);
+    Boxes.ExpectError(ErrorNumber::FileNotFound);
     Press(RowControl(editor, u"Instructions"_s, 0), Qt::Key_Return);
     EXPECT_EQ(editor.Row(0).Instructions, u"Sweep"_s);
     EXPECT_FALSE(QFile::exists(Path(u"Jobs/HomeJobs.dat"_s)));
@@ -367,7 +367,7 @@ TEST_F(ChartEditorActions, SavingAnEmptyRowTakesTheJobChosenLastOutOfTheList) {
 TEST_F(ChartEditorActions, SavingWithoutAJobListIsReportedAndTheEditorStays) {
     QFile::remove(Path(u"Jobs/HomeJobs.dat"_s));
     ChartEditor& editor = ThreeJobs();
-    Boxes.Expect(u"Run-time error '53':\n\nFile not found"_s);
+    Boxes.ExpectError(ErrorNumber::FileNotFound);
     Click(Find(editor, u"CreateChart"_s));
     EXPECT_TRUE(Shown(editor));
     EXPECT_EQ(Texts(editor), (QStringList{u"a"_s, u"b"_s, u"c"_s}));

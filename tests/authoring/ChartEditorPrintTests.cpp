@@ -57,7 +57,7 @@ TEST_F(ChartEditorPrinting, PrintingAnOpenedChartNamesItsChild) {
 TEST_F(ChartEditorPrinting, PointsBeyondTheirFieldPassHereAndAreRefusedAtTheSave) {
     ChartEditor& editor = NewChart();
     editor.SetRow(0, Job(u"a"_s, u"Mon"_s, u"99999999999"_s));
-    Boxes.Expect(u"Run-time error '6':\n\nOverflow"_s);
+    Boxes.ExpectError(ErrorNumber::Overflow);
     Click(Find(editor, u"Print"_s));
     EXPECT_EQ(editor.Row(0).Points, u"99999999999"_s);
     EXPECT_EQ(Paper.Files().size(), 0);

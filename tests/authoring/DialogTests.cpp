@@ -1,7 +1,6 @@
 #include "tests/authoring/AuthoringTest.h"
 
 #include <QLineEdit>
-#include <QRadioButton>
 #include <limits>
 
 class NewDialog : public AuthoringTest {
@@ -181,7 +180,7 @@ TEST_F(NewDialog, NameOfAnyLengthIsTakenWhole) {
 TEST_F(NewDialog, CounterBeyondSixteenBitsIsARunTimeErrorAndLeavesNoEditor) {
     ChartFormIndex = std::numeric_limits<qint16>::max();
     Type(Name(), u"Chores"_s);
-    Boxes.Expect(u"Run-time error '6':\n\nOverflow"_s);
+    Boxes.ExpectError(ErrorNumber::Overflow);
     Click(Ok());
     EXPECT_EQ(ChartFormIndex, std::numeric_limits<qint16>::max());
     EXPECT_EQ(EditorAt(ChartFormIndex), nullptr);
@@ -369,7 +368,7 @@ TEST_F(OpenDialog, ChartThatCannotBeReadLeavesNoEditorAndItsSlotFree) {
     StoreChart(u"Chores Anna"_s, {Job(u"a"_s)});
     Open();
     ClickRow(List(), 0);
-    Boxes.Expect(RuntimeError(ErrorNumber::SubscriptOutOfRange).Report());
+    Boxes.ExpectError(ErrorNumber::SubscriptOutOfRange);
     Click(Find(Dialog(), u"Ok"_s));
     EXPECT_EQ(ChartFormIndex, 0);
     EXPECT_EQ(EditorAt(0), nullptr);
@@ -432,8 +431,7 @@ TEST_F(DeleteDialog, YesAfterTheEditorWasClosedStillDropsTheChart) {
 TEST_F(DeleteDialog, ChartThatHasGoneAlreadyIsReportedAndTheDialogStays) {
     OpenConfirmation();
     Database().DeleteChart(u"Chores Anna"_s);
-    Boxes.Expect(u"Run-time error '3078':\n\n"
-                 "The database cannot find the table 'Chores Anna'."_s);
+    Boxes.ExpectMissingTable(u"Chores Anna"_s);
     Click(Find(Dialog(), u"Yes"_s));
     EXPECT_TRUE(Shown(Dialog()));
     Click(Find(Dialog(), u"No"_s));

@@ -302,7 +302,7 @@ TEST_F(SaveForPeople, FailedSaveIsReportedAndEndsTheOperationThere) {
     AddJobs(editor, 1);
     editor.SetRow(1, Job(u"Mop"_s, u"Thu"_s, u"99999999999"_s));
     HandOn(editor, {0, 1});
-    Boxes.Expect(u"Run-time error '6':\n\nOverflow"_s);
+    Boxes.ExpectError(ErrorNumber::Overflow);
     Ok();
     EXPECT_EQ(Rows(u"Chores Anna"_s), QStringList{RowOf(u"Anna"_s)}) << "what was written stands";
     EXPECT_FALSE(Database().ChartExist(u"Chores Ben"_s));
@@ -315,7 +315,7 @@ TEST_F(SaveForPeople, TextLongerThanItsFieldIsReportedAndNeverCut) {
         auto& box = RowControl(editor, column, 0);
         Type(box, QString(256, u'x'));
         HandOn(editor, {0});
-        Boxes.Expect(RuntimeError(ErrorNumber::FieldTooSmall).Report());
+        Boxes.ExpectError(ErrorNumber::FieldTooSmall);
         Ok();
         Click(Find(People(), u"Cancel"_s));
         Database().DeleteChart(u"Chores Anna"_s);
@@ -332,15 +332,15 @@ TEST_F(SaveForPeople, TextLongerThanItsFieldIsReportedAndNeverCut) {
 
 TEST_F(SaveForPeople, ChartNamedLikeTheAccountsTableTouchesNoAccount) {
     const QStringList accounts = Rows(u"USERS"_s);
-    const QString refusal = u"Run-time error '5':\n\nThe name \"users\" is kept for the accounts. "
+    const QString refusal = u"The name \"users\" is kept for the accounts. "
                             "Please give the Dutygrid another one."_s;
     ChartEditor& editor = NewChartWithJob(u"users"_s);
     Boxes.Expect(DeleteQuestion, PromptAnswer::Yes);
-    Boxes.Expect(refusal);
+    Boxes.ExpectError(ErrorNumber::InvalidProcedureCall, refusal);
     Click(editor.JobDelete[0]);
     EXPECT_TRUE(Shown(editor));
     HandOn(editor);
-    Boxes.Expect(refusal);
+    Boxes.ExpectError(ErrorNumber::InvalidProcedureCall, refusal);
     Ok();
     EXPECT_TRUE(Shown(People())) << "a child may still be chosen";
     EXPECT_EQ(Rows(u"USERS"_s), accounts);
@@ -357,7 +357,7 @@ TEST_F(SaveForPeople, SaveCanBeTriedAgainAfterAFailure) {
     AddJobs(editor, 1);
     editor.SetRow(1, Job(u"Mop"_s, u"Thu"_s, u"99999999999"_s));
     HandOn(editor, {0, 1});
-    Boxes.Expect(u"Run-time error '6':\n\nOverflow"_s);
+    Boxes.ExpectError(ErrorNumber::Overflow);
     Ok();
     editor.SetRow(1, Job(u"Mop"_s, u"Thu"_s));
     Boxes.Expect(AllCreated);

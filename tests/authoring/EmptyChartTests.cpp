@@ -1,8 +1,6 @@
 #include "tests/authoring/AuthoringTest.h"
-#include "widgets/FormViewAdapters.h"
 
 #include <QCheckBox>
-#include <QLineEdit>
 
 /// A save that fails at its first row leaves a chart without rows, which stops the lists of charts.
 /// The adult's way out of it, by the real forms.
@@ -27,7 +25,7 @@ protected:
     void FailToSave() {
         ChartEditor& editor = NewChart();
         editor.SetRow(0, Job(u"Sweep"_s, u"Wed"_s, u"99999999999"_s));
-        Boxes.Expect(RuntimeError(ErrorNumber::Overflow).Report());
+        Boxes.ExpectError(ErrorNumber::Overflow);
         SaveForAnna(editor);
         ASSERT_EQ(Rows(Chart), QStringList()) << "a chart without rows";
         ASSERT_TRUE(TableNames().contains(Chart));
@@ -62,25 +60,14 @@ protected:
         CurrentUser = u"Mum"_s;
     }
 
-    /// The error of filling the children's list of charts; 0 if there is none.
-    static int ErrorOfChildrensList() {
-        QListWidget list;
-        ListNames names(list);
-        try {
-            Database().PopulateChartList(names, true);
-        } catch (const RuntimeError& error) {
-            return error.Number();
-        }
-        return 0;
-    }
-
     const QString Chart = u"Chores Anna"_s;
     const QString History = u"History Chores Anna from: 3/4/2001"_s;
 };
 
 TEST_F(EmptyChart, CanBeDeletedByItsEditorAndWrittenAnew) {
     FailToSave();
-    EXPECT_EQ(ErrorOfChildrensList(), 3021);
+    FakeList ofChild;
+    EXPECT_ERROR(3021, Database().PopulateChartList(ofChild, true));
 
     ChartEditor& editor = OpenChart(Chart);
     EXPECT_TRUE(Shown(editor));
@@ -113,7 +100,7 @@ TEST_F(EmptyChart, CannotBeSavedOverAsItHasNoWeekForItsHistory) {
     FailToSave();
     ChartEditor& editor = OpenChart(Chart);
     editor.SetRow(0, Job(u"Sweep"_s, u"Wed"_s));
-    Boxes.Expect(RuntimeError(ErrorNumber::NoCurrentRecord).Report());
+    Boxes.ExpectError(ErrorNumber::NoCurrentRecord);
     SaveForAnna(editor);
     EXPECT_EQ(TableNames(), (QStringList{u"Art Anna"_s, Chart}));
     EXPECT_EQ(Rows(Chart), QStringList());
@@ -136,7 +123,7 @@ TEST_F(EmptyChart, OpensOnTheWeekOfTheChartReadBeforeItAndElseOnTodays) {
 TEST_F(EmptyChart, ScratchTableOfAFailedPrintIsMendedByTheNextPrint) {
     ChartEditor& editor = NewChart();
     editor.SetRow(0, Job(u"Sweep"_s, u"Wed"_s, u"99999999999"_s));
-    Boxes.Expect(RuntimeError(ErrorNumber::Overflow).Report());
+    Boxes.ExpectError(ErrorNumber::Overflow);
     Click(Find(editor, u"Print"_s));
     EXPECT_EQ(Rows(u"Printed"_s), QStringList());
     editor.SetRow(0, Job(u"Sweep"_s, u"Wed"_s));

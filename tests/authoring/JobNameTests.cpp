@@ -52,12 +52,7 @@ TEST_F(JobNameLists, WhatCannotBeWrittenWholeLeavesTheFormerList) {
     ASSERT_TRUE(QFile::rename(file, longest));
     ASSERT_TRUE(QFile::link(longest, file));
     list.addItem(u"b"_s);
-    try {
-        names.AddInstructions(list);
-        ADD_FAILURE() << "written in place";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), 75);
-    }
+    EXPECT_ERROR(75, names.AddInstructions(list));
     EXPECT_EQ(ReadJobs(), "a\r\n");
 }
 
@@ -118,12 +113,7 @@ TEST_F(JobNameLists, FileIsChosenAtEachCall) {
 TEST_F(JobNameLists, MissingFileRaisesFileNotFoundAndKeepsTheText) {
     QFile::remove(Path(u"Jobs/HomeJobs.dat"_s));
     list.setEditText(u"typed"_s);
-    try {
-        names.ReceveInstructions(list);
-        ADD_FAILURE();
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), 53);
-    }
+    EXPECT_ERROR(53, names.ReceveInstructions(list));
     EXPECT_EQ(list.currentText(), u"typed"_s);
 }
 
@@ -134,12 +124,7 @@ TEST_F(JobNameLists, MissingFileIsMadeByAWriteButAMissingFolderIsNot) {
     EXPECT_EQ(ReadJobs(), "a\r\n");
 
     QDir(Path(u"Jobs"_s)).removeRecursively();
-    try {
-        names.AddInstructions(list);
-        ADD_FAILURE();
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), 76);
-    }
+    EXPECT_ERROR(76, names.AddInstructions(list));
     EXPECT_FALSE(QDir(Path(u"Jobs"_s)).exists());
 }
 

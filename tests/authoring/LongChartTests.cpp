@@ -168,9 +168,9 @@ TEST_F(LongChart, FillingAllDayListsFillsThoseOfRowsThatWait) {
 }
 
 TEST_F(LongChart, IndexesOutsideRaise) {
-    EXPECT_THROW(static_cast<void>(editor_->Row(Jobs)), RuntimeError);
-    EXPECT_THROW(static_cast<void>(editor_->Row(-1)), RuntimeError);
-    EXPECT_THROW(editor_->SetRow(Jobs, JobAt(0)), RuntimeError);
+    EXPECT_ERROR(9, editor_->Row(Jobs));
+    EXPECT_ERROR(9, editor_->Row(-1));
+    EXPECT_ERROR(9, editor_->SetRow(Jobs, JobAt(0)));
 }
 
 } // namespace

@@ -6,17 +6,10 @@
 
 namespace {
 
-class NamesOnly : public NameList {
-public:
-    QStringList Names;
-    void Clear() override { Names.clear(); }
-    void AddItem(const QString& text) override { Names += text; }
-};
-
 QStringList ListOf(bool ownOnly) {
-    NamesOnly list;
+    FakeList list;
     RunAction([&] { Database().PopulateChartList(list, ownOnly); });
-    return list.Names;
+    return list.items;
 }
 
 } // namespace

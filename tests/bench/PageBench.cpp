@@ -1,12 +1,10 @@
 #include "filling/ChartViewer.h"
-#include "platform/forms/DefaultForms.h"
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/Dates.h"
 #include "tests/bench/BenchTest.h"
 #include "tests/bench/PaintCounter.h"
 
 #include <QPushButton>
-#include <QTest>
 
 TEST_F(BenchTest, TurningAPageOf50JobsStoredAndPainted) {
     constexpr int jobs = 50;

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cctype>
 #include <stdexcept>
-#include <utility>
-#include <vector>
 
 namespace {
 

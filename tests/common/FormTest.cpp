@@ -18,7 +18,6 @@
 FormTest::FormTest() {
     // What an earlier test has pressed and never released is not held here.
     QTestPrivate::qtestMouseButtons = Qt::NoButton;
-    qputenv("XDG_CONFIG_HOME", Path(QStringLiteral("config")).toLocal8Bit());
     clsRegistry registry;
     const QString key = QStringLiteral("Dutygrid");
     registry.CreateKey(HKEY_CURRENT_USER, key);

@@ -4,7 +4,7 @@
 #include "tests/common/TestWorld.h"
 
 #include <QWidget>
-#include <functional>
+#include <stdexcept>
 
 /// A fixture for windows: all forms of the program registered, none shown, the activation tracker
 /// at work. Needs a display with a window manager.

@@ -7,7 +7,6 @@
 #include <QRectF>
 #include <QSizeF>
 #include <QString>
-#include <QStringList>
 
 /// Text read from paper as it was printed: a font joins the letters of "fi" and "fl" into one sign,
 /// which is taken apart again.

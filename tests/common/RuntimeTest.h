@@ -3,6 +3,7 @@
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/ProgramFolder.h"
+#include "tests/common/Errors.h"
 #include "tests/common/Readable.h"
 #include "tests/common/Scripted.h"
 #include "tests/common/TestRun.h"
@@ -12,15 +13,6 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
-
-/// `statement` raises the run-time error of that number.
-#define EXPECT_ERROR(number, statement)                                                            \
-    try {                                                                                          \
-        statement;                                                                                 \
-        ADD_FAILURE() << "no run-time error";                                                      \
-    } catch (const RuntimeError& error) {                                                          \
-        EXPECT_EQ(error.Number(), number) << error.what();                                         \
-    }
 
 /// A fixture for what needs no database: an empty program folder and user of its own, a fixed
 /// clock (Wednesday 7 March 2001), the C locale, scripted prompts and desktop.

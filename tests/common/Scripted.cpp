@@ -4,6 +4,7 @@
 
 #include <QPdfWriter>
 #include <QProcess>
+#include <QRegularExpression>
 #include <gtest/gtest.h>
 
 ScriptedPrompts::~ScriptedPrompts() {
@@ -13,6 +14,15 @@ ScriptedPrompts::~ScriptedPrompts() {
 void ScriptedPrompts::Expect(const QString& text, PromptAnswer answer,
                              std::function<void()> during) {
     expected_.append({text, answer, std::move(during)});
+}
+
+void ScriptedPrompts::ExpectError(ErrorNumber number, const QString& text) {
+    Expect((text.isEmpty() ? RuntimeError(number) : RuntimeError(number, text)).Report());
+}
+
+void ScriptedPrompts::ExpectMissingTable(const QString& table) {
+    ExpectError(ErrorNumber::NoSuchTable,
+                QStringLiteral("The database cannot find the table '%1'.").arg(table));
 }
 
 void ScriptedPrompts::VerifyAllShown() {
@@ -36,6 +46,15 @@ PromptAnswer ScriptedPrompts::Show(const Prompt& prompt) {
     if (next.during)
         next.during();
     return next.answer;
+}
+
+PromptAnswer RecordingPrompts::Show(const Prompt& prompt) {
+    Shown += prompt.Text;
+    return prompt.Buttons == PromptButtons::Ok ? PromptAnswer::Ok : PromptAnswer::No;
+}
+
+QStringList RecordingPrompts::Errors() const {
+    return Shown.filter(QRegularExpression(QStringLiteral("^Run-time error")));
 }
 
 std::optional<QString> ScriptedDesktop::OpenFile(const QString& initialFolder) {

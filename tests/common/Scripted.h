@@ -3,6 +3,7 @@
 #include "platform/printing/Printer.h"
 #include "platform/runtime/Desktop.h"
 #include "platform/runtime/Prompts.h"
+#include "platform/runtime/RuntimeError.h"
 
 #include <QList>
 #include <QString>
@@ -18,6 +19,11 @@ public:
     /// The next box shows `text` and is answered so. `during` runs while the box stands.
     void Expect(const QString& text, PromptAnswer answer = PromptAnswer::Ok,
                 std::function<void()> during = {});
+
+    /// The next box reports a run-time error, with its standard text if it has none of its own.
+    void ExpectError(ErrorNumber number, const QString& text = {});
+    /// The next box reports that the database has no table of that name.
+    void ExpectMissingTable(const QString& table);
 
     /// Fails the test if expected boxes have not come.
     void VerifyAllShown();
@@ -35,6 +41,17 @@ private:
     };
     QList<Expected> expected_;
     QList<Prompt> shown_;
+};
+
+/// Message boxes that are all answered with Ok or No; keeps what they showed.
+class RecordingPrompts : public Prompts {
+public:
+    QStringList Shown;
+
+    PromptAnswer Show(const Prompt& prompt) override;
+
+    /// The reports of run-time errors among them.
+    QStringList Errors() const;
 };
 
 /// A desktop that answers from queues and keeps what it was asked.

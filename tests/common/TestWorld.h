@@ -1,6 +1,7 @@
 #pragma once
 
 #include "session/Session.h"
+#include "tests/common/Errors.h"
 #include "tests/common/Readable.h"
 #include "tests/common/Scripted.h"
 #include "tests/common/TestRun.h"
@@ -58,6 +59,14 @@ protected:
 
 private:
     TestRun run_;
+};
+
+/// A list of names without a form.
+class FakeList : public NameList {
+public:
+    QStringList items;
+    void Clear() override { items.clear(); }
+    void AddItem(const QString& text) override { items += text; }
 };
 
 /// Rows of a chart editor without a form, for tests of the store. In slot 0 of ChartEditors, and

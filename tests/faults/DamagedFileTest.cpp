@@ -1,9 +1,7 @@
 #include "platform/runtime/Actions.h"
-#include "platform/runtime/RuntimeError.h"
 #include "platform/tables/TableStore.h"
 #include "session/Session.h"
 #include "tests/faults/FaultWorld.h"
-#include "tests/faults/Snapshot.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 

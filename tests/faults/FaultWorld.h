@@ -1,29 +1,11 @@
 #pragma once
 
-#include "platform/runtime/Prompts.h"
 #include "tests/common/Readable.h"
+#include "tests/common/Scripted.h"
 #include "tests/common/TestRun.h"
 
-#include <QRegularExpression>
-#include <QStringList>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
-
-/// Message boxes that are all answered with Ok or No; keeps what they showed.
-class RecordingPrompts : public Prompts {
-public:
-    QStringList Shown;
-
-    PromptAnswer Show(const Prompt& prompt) override {
-        Shown += prompt.Text;
-        return prompt.Buttons == PromptButtons::Ok ? PromptAnswer::Ok : PromptAnswer::No;
-    }
-
-    /// The reports of run-time errors among them.
-    QStringList Errors() const {
-        return Shown.filter(QRegularExpression(QStringLiteral("^Run-time error")));
-    }
-};
 
 /// The file with the program's data in a program folder.
 QString ChartsFile(const QString& programFolder);

@@ -22,13 +22,6 @@ const QStringList DayTexts{QStringLiteral("Mon-Fri"), QStringLiteral("Sun-Sat"),
                            QStringLiteral("Sun"),     QStringLiteral("Mon"),
                            QStringLiteral("Wed"),     QString()};
 
-class NamesOnly : public NameList {
-public:
-    QStringList Names;
-    void Clear() override { Names.clear(); }
-    void AddItem(const QString& text) override { Names += text; }
-};
-
 QDate WeekStart() {
     const QDate today = Today();
     return today.addDays(-(today.dayOfWeek() % 7));
@@ -71,13 +64,13 @@ void Household::Do(int number) {
 }
 
 void Household::Act() {
-    NamesOnly teachers;
-    NamesOnly students;
+    FakeList teachers;
+    FakeList students;
     Database().PopulateUserList(&teachers, students);
-    children_ = students.Names;
-    NamesOnly charts;
+    children_ = students.items;
+    FakeList charts;
     Database().PopulateChartList(charts, false);
-    charts_ = charts.Names;
+    charts_ = charts.items;
 
     if (children_.size() < 2)
         return AddChild();
@@ -91,7 +84,7 @@ void Household::Act() {
     } else if (kind < 62) {
         ChangeDay();
     } else if (kind < 74) {
-        NamesOnly list;
+        FakeList list;
         CurrentUser = AnyOf(children_);
         Database().PopulateChartList(list, true);
     } else if (kind < 81) {

@@ -46,8 +46,10 @@ int Hold(const QStringList& arguments) {
 /// Rewrites the small files of a folder without end; reports the number of each state once it is
 /// written.
 int Rewrite(const QStringList& arguments) {
+    const TestRun run({.ProgramFolder = arguments.at(0)});
+    const SmallFiles files(arguments.at(0));
     for (int number = 1;; ++number) {
-        SmallFiles(arguments.at(0)).Write(number);
+        files.Write(number);
         ReportToParent(number);
     }
 }

@@ -1,10 +1,8 @@
 #include "platform/runtime/Actions.h"
 #include "tests/faults/FaultWorld.h"
-#include "tests/faults/Snapshot.h"
 
 #include "session/Session.h"
 
-#include <QDir>
 #include <QFile>
 #include <sys/stat.h>
 #include <unistd.h>

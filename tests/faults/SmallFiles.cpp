@@ -17,10 +17,6 @@ QString TextOfRegistry(int state) {
 
 } // namespace
 
-SmallFiles::SmallFiles(const QString& folder) : folder_(folder) {
-    qputenv("XDG_CONFIG_HOME", (folder + QStringLiteral("/config")).toLocal8Bit());
-}
-
 void SmallFiles::Write(int state) const {
     WriteText(state);
     WriteRegistry(state);

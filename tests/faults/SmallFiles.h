@@ -2,13 +2,13 @@
 
 #include <QString>
 #include <optional>
+#include <utility>
 
 /// A text file, written as the settings and the lists of job names are, and the user's registry,
-/// both below one folder. Each state that they can be in is a number.
+/// both below one folder, which is that of the run. Each state that they can be in is a number.
 class SmallFiles {
 public:
-    /// Keeps the registry of this process in the folder from now on.
-    explicit SmallFiles(const QString& folder);
+    explicit SmallFiles(QString folder) : folder_(std::move(folder)) {}
 
     /// Puts both into a state, the text first. Raises what the program's own writing raises.
     void Write(int state) const;
@@ -21,7 +21,7 @@ public:
 
     QString TextFile() const { return folder_ + QStringLiteral("/lines.txt"); }
     QString RegistryFile() const {
-        return folder_ + QStringLiteral("/config/sparkit-dutygrid/registry.json");
+        return folder_ + QStringLiteral("/UserConfig/sparkit-dutygrid/registry.json");
     }
 
 private:

@@ -1,6 +1,6 @@
 #include "tests/faults/SmallFiles.h"
-#include "platform/runtime/RuntimeError.h"
 #include "platform/runtime/TextFiles.h"
+#include "tests/common/Errors.h"
 #include "tests/faults/ChildProcess.h"
 #include "tests/faults/FaultWorld.h"
 #include "tests/faults/FileSizeLimit.h"
@@ -14,17 +14,6 @@
 /// The settings, the lists of job names and the user's registry.
 class SmallFilesTest : public FaultTest {
 protected:
-    /// The number of the error that `statement` raises, 0 for none.
-    template <class Statement>
-    static int ErrorOf(Statement&& statement) {
-        try {
-            statement();
-            return 0;
-        } catch (const RuntimeError& error) {
-            return error.Number();
-        }
-    }
-
     static QStringList FilesBeside(const QString& file) {
         return QFileInfo(file).dir().entryList(QDir::Files | QDir::Hidden);
     }
@@ -38,8 +27,8 @@ TEST_F(SmallFilesTest, AWriteThatFindsNoRoomLeavesTheFormerContents) {
     for (const auto& [limit, operation] :
          {std::pair(0, 11005), {1, 11005}, {4'096, 11005}, {70'000, 11001}}) {
         const FileSizeLimit noRoom(limit);
-        EXPECT_EQ(ErrorOf([this] { files.WriteText(2); }), 75) << limit;
-        EXPECT_EQ(ErrorOf([this] { files.WriteRegistry(222'222); }), operation) << limit;
+        EXPECT_ERROR(75, files.WriteText(2)) << limit;
+        EXPECT_ERROR(operation, files.WriteRegistry(222'222)) << limit;
     }
     EXPECT_EQ(files.TextState(), 1);
     EXPECT_EQ(files.RegistryState(), 1);
@@ -63,11 +52,11 @@ TEST_F(SmallFilesTest, AShortFileThatFindsNoRoomKeepsItsFormerContents) {
     ASSERT_EQ(before.size(), 25);
     for (const qint64 limit : {0, 1, 24}) {
         const FileSizeLimit noRoom(limit);
-        EXPECT_EQ(ErrorOf([&] { write(2); }), 75) << limit;
+        EXPECT_ERROR(75, write(2)) << limit;
         EXPECT_EQ(BytesOf(files.TextFile()), before) << limit;
     }
     const FileSizeLimit justRoom(25);
-    EXPECT_EQ(ErrorOf([&] { write(2); }), 0);
+    EXPECT_NO_THROW(write(2));
 }
 
 TEST_F(SmallFilesTest, AKillAtAnyMomentLeavesTheFormerContentsOrTheNew) {

@@ -5,6 +5,7 @@
 #include "platform/runtime/ProgramFolder.h"
 
 #include <QAction>
+#include <QListWidget>
 
 FillingTest::FillingTest() {
     MakeAccount(QStringLiteral("Mum"), QStringLiteral("m"), QStringLiteral("Teacher"));
@@ -109,12 +110,6 @@ void FillingTest::SetPoints(qint16 points, const QString& account) {
         Database().AddPoints(account, 0, true);
         Database().AddPoints(account, points, false);
     });
-}
-
-QString FillingTest::TableGone(const QString& table) {
-    return RuntimeError(ErrorNumber::NoSuchTable,
-                        QStringLiteral("The database cannot find the table '%1'.").arg(table))
-        .Report();
 }
 
 QString FillingTest::Sound(const QString& file, int flags) const {

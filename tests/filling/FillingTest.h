@@ -5,7 +5,6 @@
 #include "tests/common/Charts.h"
 #include "tests/common/FormTest.h"
 
-#include <QListWidget>
 #include <QPushButton>
 #include <QScrollBar>
 
@@ -51,9 +50,6 @@ protected:
     static void SetGoal(const QString& name, qint16 cost, const QString& picture = QString(),
                         const QString& account = QStringLiteral("Anna"));
     static void SetPoints(qint16 points, const QString& account = QStringLiteral("Anna"));
-
-    /// The report of an error about a table that is not there.
-    static QString TableGone(const QString& table);
 
     QString Sound(const QString& file, int flags) const;
     QString PageSound() const { return Sound(QStringLiteral("Draw.wav"), 1); }

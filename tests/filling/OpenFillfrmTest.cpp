@@ -4,6 +4,7 @@
 #include "platform/forms/MainWindowArea.h"
 #include "platform/runtime/Dates.h"
 
+#include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QTest>
@@ -361,7 +362,7 @@ TEST_F(OpenFillfrmTest, AFailedReadIsSkippedAndTheRestOfTheOpeningRuns) {
     EXPECT_EQ(ChartFormIndex, 1);
     EXPECT_FALSE(IsOpen());
     // Nothing covers the viewer's own first page.
-    Boxes.Expect(TableGone(QStringLiteral("Chores Anna")));
+    Boxes.ExpectMissingTable(QStringLiteral("Chores Anna"));
     Settle();
     EXPECT_EQ(Jobs(*ViewerAt(0)), S{QStringLiteral("zzz")});
 }

@@ -50,7 +50,7 @@ TEST_F(ViewerDaysTest, ARowThatCannotBeReadIsThereEmptyAndThePagesGoOn) {
         Button(viewer, u"NextDay"_s).setFocus();
         Settle();
 
-        Boxes.Expect(u"Run-time error '94':\n\nInvalid use of Null"_s);
+        Boxes.ExpectError(ErrorNumber::InvalidUseOfNull);
         Next(viewer);
         EXPECT_EQ(Jobs(viewer), (S{u"Dust"_s, QString()}));
         EXPECT_FALSE(viewer.CheckImg.Visible(1));
@@ -313,7 +313,7 @@ TEST_F(ViewerDaysTest, AChartDeletedBehindTheViewerIsReportedAndTheRowsStay) {
     MakeWeek();
     ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
     Arrange([] { Database().DeleteChart(QStringLiteral("Chores Anna")); });
-    Boxes.Expect(TableGone(QStringLiteral("Chores Anna")));
+    Boxes.ExpectMissingTable(QStringLiteral("Chores Anna"));
     Next(viewer);
     EXPECT_EQ(Jobs(viewer), S{QStringLiteral("Sweep")});
     EXPECT_EQ(viewer.DayNumber, 4);

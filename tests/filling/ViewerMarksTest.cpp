@@ -4,7 +4,6 @@
 #include "tests/common/PrintedPages.h"
 
 #include <QAction>
-#include <QTest>
 #include <gtest/gtest.h>
 
 namespace {
@@ -191,7 +190,7 @@ TEST_F(ViewerMarksTest, ANegativeJobTakesPointsAwayWhenTicked) {
 TEST_F(ViewerMarksTest, PointsBeyondSixteenBitsAreAnErrorAndTheMarkStaysFlipped) {
     ChartViewer& viewer = OpenWith({QStringLiteral("99999"), QStringLiteral("5")});
     EXPECT_EQ(viewer.Points[0].text(), QStringLiteral("99999"));
-    Boxes.Expect(RuntimeError(ErrorNumber::Overflow).Report());
+    Boxes.ExpectError(ErrorNumber::Overflow);
     Click(viewer.ClearImg[0]);
     ExpectMark(viewer, 0, true);
     EXPECT_EQ(PointsIn(), QStringLiteral("0"));
@@ -204,7 +203,7 @@ TEST_F(ViewerMarksTest, PointsBeyondSixteenBitsAreAnErrorAndTheMarkStaysFlipped)
 TEST_F(ViewerMarksTest, ABalanceBeyondSixteenBitsIsAnErrorAndKeepsThePoints) {
     ChartViewer& viewer = OpenWith({QStringLiteral("10")});
     SetPoints(32760);
-    Boxes.Expect(RuntimeError(ErrorNumber::Overflow).Report());
+    Boxes.ExpectError(ErrorNumber::Overflow);
     Click(viewer.ClearImg[0]);
     ExpectMark(viewer, 0, true);
     EXPECT_EQ(PointsIn(), QStringLiteral("32760"));
@@ -311,7 +310,7 @@ TEST_F(ViewerMarksTest, OkOnAChartFinishedWithTheDayOnDisplayIsApplauded) {
 TEST_F(ViewerMarksTest, OkOnADeletedChartIsReportedAndTheFormStaysInUse) {
     ChartViewer& viewer = OpenWith({QStringLiteral("5")});
     Arrange([] { Database().DeleteChart(QStringLiteral("Chores Anna")); });
-    Boxes.Expect(TableGone(QStringLiteral("Chores Anna")));
+    Boxes.ExpectMissingTable(QStringLiteral("Chores Anna"));
     Click(Button(viewer, QStringLiteral("Ok")));
     EXPECT_TRUE(viewer.isVisible());
     EXPECT_EQ(viewer.Tag, QStringLiteral("USED"));

@@ -51,7 +51,7 @@ TEST_F(DialogsLookTest, MessageBoxes) {
     LookAtNext(u"Box-exclamation"_s);
     prompts.Show(message);
     message.Icon = PromptIcon::Critical;
-    message.Text = u"Run-time error '6':\n\nOverflow"_s;
+    message.Text = RuntimeError(ErrorNumber::Overflow).Report();
     LookAtNext(u"Box-error"_s);
     prompts.Show(message);
     Prompt question;

@@ -11,7 +11,6 @@
 #include <QMdiArea>
 #include <QPixmap>
 #include <QScreen>
-#include <QScrollBar>
 
 namespace {
 

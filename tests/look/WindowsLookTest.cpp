@@ -23,10 +23,6 @@
 #include "tests/look/LookTest.h"
 #include "widgets/HeadedList.h"
 
-#include <QListWidget>
-#include <QPushButton>
-#include <QScrollBar>
-
 namespace {
 
 class WindowsLookTest : public LookTest {

@@ -1,5 +1,7 @@
 #include "tests/print/JobReportTest.h"
 
+#include <QDir>
+#include <QFile>
 #include <QRandomGenerator>
 
 namespace {
@@ -123,12 +125,12 @@ TEST_F(JobReportCountsTest, StrangeNamesAreCountedAndPrinted) {
 
 TEST_F(JobReportCountsTest, MissingListOfJobsRaises53) {
     QFile::remove(Path(u"Jobs/HomeJobs.dat"_s));
-    EXPECT_EQ(ErrorOfReport({u"no such table"_s}), 53);
+    ExpectError(53, {u"no such table"_s});
 }
 
 TEST_F(JobReportCountsTest, MissingFolderOfJobsRaises76) {
     QDir(Path(u"Jobs"_s)).removeRecursively();
-    EXPECT_EQ(ErrorOfReport({Chores}), 76);
+    ExpectError(76, {Chores});
 }
 
 TEST_F(JobReportCountsTest, PrinterThatRefusesRaises482BeforeTheListIsLookedFor) {
@@ -138,15 +140,15 @@ TEST_F(JobReportCountsTest, PrinterThatRefusesRaises482BeforeTheListIsLookedFor)
         void Sent() override {}
     } nowhere;
     SetPrintTarget(&nowhere);
-    EXPECT_EQ(ErrorOfReport({Chores}), 482);
+    ExpectError(482, {Chores});
     SetPrintTarget(nullptr);
-    EXPECT_EQ(ErrorOfReport({Chores}), 482);
+    ExpectError(482, {Chores});
 }
 
 TEST_F(JobReportCountsTest, MissingTableRaises3078AndPrintsNothing) {
     MakeChartTable(Chores, {{u"Dust"_s}});
     WriteJobs("Dust\r\n");
-    EXPECT_EQ(ErrorOfReport({Chores, u"gone"_s}), 3078);
+    ExpectError(3078, {Chores, u"gone"_s});
     EXPECT_EQ(Counts(Print({Chores})), QStringList{u"Dust 0/1"_s}) << "the next report is whole";
 }
 
@@ -161,12 +163,12 @@ TEST_F(JobReportCountsTest, EmptyHistoryTableRaises3021WithAll) {
     MakeChartTable(ThisWeek, {{u"Dust"_s}});
     MakeChartTable(LastWeek, {}, u"Ben"_s);
     WriteJobs("Dust\r\n");
-    EXPECT_EQ(ErrorOfReport({All}), 3021);
+    ExpectError(3021, {All});
 }
 
 TEST_F(JobReportCountsTest, NoNamesRaise9) {
     WriteJobs("Dust\r\n");
-    EXPECT_EQ(ErrorOfReport({}), 9);
+    ExpectError(9, {});
 }
 
 TEST_F(JobReportCountsTest, CountBeyond16BitsRaises6OnlyForAJobOfTheList) {
@@ -176,7 +178,7 @@ TEST_F(JobReportCountsTest, CountBeyond16BitsRaises6OnlyForAJobOfTheList) {
     MakeChartTable(ThisWeek, {{u"Dust"_s, true}});
     EXPECT_EQ(Counts(Print({Chores, ThisWeek})).last(), u"Dust 1/32767"_s);
     MakeChartTable(LastWeek, {{u"Dust"_s}});
-    EXPECT_EQ(ErrorOfReport({Chores, LastWeek}), 6);
+    ExpectError(6, {Chores, LastWeek});
     WriteJobs("Sweep\r\n");
     EXPECT_EQ(Counts(Print({Chores, LastWeek})), QStringList{u"Sweep 0/1"_s});
 }
@@ -184,9 +186,9 @@ TEST_F(JobReportCountsTest, CountBeyond16BitsRaises6OnlyForAJobOfTheList) {
 TEST_F(JobReportCountsTest, FirstJobsOwnFaultComesBeforeALaterTables) {
     MakeChartTable(Chores, QList<ChartRow>(32768, {u"Dust"_s}));
     WriteJobs("Dust\r\nSweep\r\n");
-    EXPECT_EQ(ErrorOfReport({Chores, u"gone"_s}), 6);
+    ExpectError(6, {Chores, u"gone"_s});
     WriteJobs("Sweep\r\nDust\r\n");
-    EXPECT_EQ(ErrorOfReport({Chores, u"gone"_s}), 3078);
+    ExpectError(3078, {Chores, u"gone"_s});
 }
 
 // The same as a walk through all tables for each job

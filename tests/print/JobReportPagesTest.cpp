@@ -1,3 +1,4 @@
+#include "tests/common/PrintedPages.h"
 #include "tests/print/JobReportTest.h"
 
 namespace {

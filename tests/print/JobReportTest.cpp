@@ -1,5 +1,8 @@
 #include "tests/print/JobReportTest.h"
 
+#include <QFile>
+#include <cmath>
+
 void JobReportTest::WriteJobs(const QByteArray& content, const QString& file) {
     QFile list(Path(u"Jobs/"_s + file));
     ASSERT_TRUE(list.open(QIODevice::WriteOnly));
@@ -38,13 +41,9 @@ QStringList JobReportTest::Counts(const QList<QList<Line>>& pages) {
     return counts;
 }
 
-int JobReportTest::ErrorOfReport(const QStringList& chartNames, const QString& kid) {
+void JobReportTest::ExpectError(int number, const QStringList& chartNames) {
     const qsizetype before = Recorded.Jobs.size();
-    try {
-        Database().PrintReport2(kid, chartNames, u"period"_s);
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(Recorded.Jobs.size(), before);
-        return error.Number();
-    }
-    return 0;
+    EXPECT_ERROR(number, Database().PrintReport2(u"Anna"_s, chartNames, u"period"_s))
+        << chartNames.join(u", "_s).toStdString();
+    EXPECT_EQ(Recorded.Jobs.size(), before);
 }

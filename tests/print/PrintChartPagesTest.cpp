@@ -1,3 +1,4 @@
+#include "store/ChartFields.h"
 #include "tests/common/SpoiledRows.h"
 #include "tests/print/PrintChartTest.h"
 
@@ -156,14 +157,14 @@ TEST_F(PrintChartTest, ColumnsStandOnLaterPagesAsOnTheFirst) {
 
 TEST_F(PrintChartTest, ChartWithoutRowsRaises3021BeforeAnythingReachesThePrinter) {
     MakeChart({});
-    EXPECT_EQ(ErrorOfPrint(), 3021);
+    EXPECT_ERROR(3021, Send());
     SetPrintTarget(nullptr);
-    EXPECT_EQ(ErrorOfPrint(), 3021) << "not the missing printer's error";
+    EXPECT_ERROR(3021, Send()) << "not the missing printer's error";
     EXPECT_TRUE(Paper.Files().isEmpty());
 }
 
 TEST_F(PrintChartTest, ChartThatDoesNotExistRaises3078) {
-    EXPECT_EQ(ErrorOfPrint(), 3078);
+    EXPECT_ERROR(3078, Send());
     EXPECT_TRUE(Paper.Files().isEmpty());
 }
 
@@ -171,7 +172,7 @@ TEST_F(PrintChartTest, MissingCheckPictureRaises53AndSendsNothing) {
     QFile::remove(Path(QStringLiteral("Images/CheckWhite.jpg")));
     MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Sun"), 5, false},
                {QStringLiteral("Beds"), QStringLiteral("Mon"), 5, true}});
-    EXPECT_EQ(ErrorOfPrint(), 53);
+    EXPECT_ERROR(53, Send());
     EXPECT_TRUE(Paper.Files().isEmpty());
     // A blank chart needs no picture, and nothing of the former job is on it.
     const PrintedPages pages = Print(true);
@@ -186,28 +187,28 @@ TEST_F(PrintChartTest, CheckPictureThatIsNoneRaises481AndSendsNothing) {
     file.write("no picture");
     file.close();
     MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Sun"), 5, true}});
-    EXPECT_EQ(ErrorOfPrint(), 481);
+    EXPECT_ERROR(481, Send());
     EXPECT_TRUE(Paper.Files().isEmpty());
 }
 
 TEST_F(PrintChartTest, ChartWithoutCompletedRowsNeedsNoCheckPicture) {
     QFile::remove(Path(QStringLiteral("Images/CheckWhite.jpg")));
     MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Sun")}});
-    EXPECT_EQ(ErrorOfPrint(), 0);
+    Send();
     EXPECT_EQ(Paper.Files().size(), 1);
 }
 
 TEST_F(PrintChartTest, CheckPictureIsLoadedAfreshForEveryPrint) {
     MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Sun"), 5, true}});
-    EXPECT_EQ(ErrorOfPrint(), 0);
+    Send();
     QFile::remove(Path(QStringLiteral("Images/CheckWhite.jpg")));
-    EXPECT_EQ(ErrorOfPrint(), 53);
+    EXPECT_ERROR(53, Send());
 }
 
 TEST_F(PrintChartTest, NullInInstructionsRaises94AndSendsNothing) {
     MakeChart(Jobs(QStringLiteral("Sun"), 2));
     SetNull(Chart, 1, ChartField::Instructions);
-    EXPECT_EQ(ErrorOfPrint(), 94);
+    EXPECT_ERROR(94, Send());
     EXPECT_TRUE(Paper.Files().isEmpty());
 }
 
@@ -236,23 +237,23 @@ TEST_F(PrintChartTest, AModeThatIsNeitherTrueNorFalsePrintsNeitherTitleNorMarks)
 TEST_F(PrintChartTest, NullInTheFirstRowsDatesRaises94) {
     MakeChart(Jobs(QStringLiteral("Sun"), 2));
     SetNull(Chart, 0, ChartField::LastDate);
-    EXPECT_EQ(ErrorOfPrint(), 94);
+    EXPECT_ERROR(94, Send());
     EXPECT_TRUE(Paper.Files().isEmpty());
 }
 
 TEST_F(PrintChartTest, MissingPrinterRaises482) {
     MakeChart(Jobs(QStringLiteral("Sun"), 2));
     SetPrintTarget(nullptr);
-    EXPECT_EQ(ErrorOfPrint(), 482);
+    EXPECT_ERROR(482, Send());
     SetNull(Chart, 0, ChartField::LastDate);
-    EXPECT_EQ(ErrorOfPrint(), 482) << "the page is set up before the dates are read";
+    EXPECT_ERROR(482, Send()) << "the page is set up before the dates are read";
 }
 
 TEST_F(PrintChartTest, DeviceThatRefusesRaises482AndTheNextPrintIsWhole) {
     MakeChart(Jobs(QStringLiteral("Sun"), 2));
     PdfPrintTarget nowhere(Path(QStringLiteral("no-such-folder")));
     SetPrintTarget(&nowhere);
-    EXPECT_EQ(ErrorOfPrint(), 482);
+    EXPECT_ERROR(482, Send());
     EXPECT_TRUE(nowhere.Files().isEmpty());
     SetPrintTarget(&Paper);
     EXPECT_EQ(Print().FindAll(1, QStringLiteral("Anna's")).size(), 1);

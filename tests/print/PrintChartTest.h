@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/runtime/RuntimeError.h"
-#include "store/ChartFields.h"
 #include "tests/common/Charts.h"
 #include "tests/common/PrintedPages.h"
 #include "tests/common/TestWorld.h"
@@ -29,8 +27,12 @@ protected:
         return jobs;
     }
 
-    PrintedPages Print(bool blankBoxes = false, const QString& openMark = QString()) {
+    static void Send(bool blankBoxes = false, const QString& openMark = QString()) {
         Database().PrintChart(Chart, blankBoxes, Kid, openMark);
+    }
+
+    PrintedPages Print(bool blankBoxes = false, const QString& openMark = QString()) {
+        Send(blankBoxes, openMark);
         return PrintedPages(Paper.Files().last());
     }
 
@@ -38,7 +40,7 @@ protected:
     QList<RecordedPage> Record(const QString& openMark = QString()) {
         RecordedPaper paper;
         SetPrintTarget(&paper);
-        Database().PrintChart(Chart, false, Kid, openMark);
+        Send(false, openMark);
         SetPrintTarget(&Paper);
         return paper.Jobs.value(0);
     }
@@ -46,15 +48,6 @@ protected:
     /// A place to a thousandth of a grid unit.
     static QPointF Rounded(const QPointF& place) {
         return {std::round(place.x() * 1000) / 1000, std::round(place.y() * 1000) / 1000};
-    }
-
-    static int ErrorOfPrint(bool blankBoxes = false) {
-        try {
-            Database().PrintChart(Chart, blankBoxes, Kid, QString());
-        } catch (const RuntimeError& error) {
-            return error.Number();
-        }
-        return 0;
     }
 
     /// The mark cell of a row whose first grid row is `top`.

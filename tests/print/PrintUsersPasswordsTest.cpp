@@ -1,4 +1,3 @@
-#include "platform/runtime/RuntimeError.h"
 #include "tests/common/PrintedPages.h"
 #include "tests/common/TestWorld.h"
 
@@ -100,12 +99,7 @@ TEST_F(PrintUsersPasswordsTest, DeviceThatRefusesRaises482AndTheNextListIsWhole)
     MakeAccounts(2);
     PdfPrintTarget nowhere(Path(QStringLiteral("no-such-folder")));
     SetPrintTarget(&nowhere);
-    try {
-        Database().PrintUsersPasswords();
-        ADD_FAILURE() << "printed on nothing";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), 482);
-    }
+    EXPECT_ERROR(482, Database().PrintUsersPasswords());
     SetPrintTarget(&Paper);
     const PrintedPages pages = Print();
     EXPECT_EQ(pages.Count(), 1);
@@ -119,12 +113,7 @@ TEST_F(PrintUsersPasswordsTest, DatabaseWithoutTheAccountsTableRaises3078AndSend
         tables->DeleteTable(QStringLiteral("USERS"));
         tables->Commit();
     }
-    try {
-        Database().PrintUsersPasswords();
-        ADD_FAILURE() << "printed without accounts";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), 3078);
-    }
+    EXPECT_ERROR(3078, Database().PrintUsersPasswords());
     EXPECT_TRUE(Paper.Files().isEmpty());
 }
 

@@ -3,7 +3,8 @@
 #include "shell/LogIn.h"
 #include "shell/MainForm.h"
 
-#include <QAction>
+#include <QPointer>
+#include <QTest>
 
 namespace {
 

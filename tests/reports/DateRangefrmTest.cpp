@@ -1,11 +1,13 @@
+#include "platform/runtime/Dates.h"
 #include "reports/MonthCalendar.h"
 #include "tests/common/RuntimeTest.h"
 #include "tests/reports/ReportTest.h"
 
-#include <QFrame>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QTableView>
+#include <QTest>
 
 namespace {
 

@@ -2,6 +2,7 @@
 
 #include <QCalendarWidget>
 #include <QPushButton>
+#include <QTest>
 
 void ReportTest::SetUp() {
     for (const QString& name : {u"Mum"_s, u"Anna"_s, u"Ben"_s})

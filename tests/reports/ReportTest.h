@@ -1,16 +1,11 @@
 #pragma once
 
-#include "platform/runtime/Dates.h"
-#include "platform/runtime/RuntimeError.h"
 #include "reports/DateRangefrm.h"
 #include "reports/Reportfrm.h"
 #include "tests/common/Charts.h"
 #include "tests/common/FormTest.h"
 #include "tests/common/PrintedPages.h"
 #include "widgets/ClickList.h"
-
-#include <QPointer>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 

@@ -4,9 +4,7 @@
 #include "tests/common/Charts.h"
 #include "tests/common/FormTest.h"
 
-#include <QLabel>
 #include <QListWidget>
-#include <QPushButton>
 #include <QScrollBar>
 
 /// An adult, Mum, with the weekly review of the children's charts, on Wednesday 7 March 2001.

@@ -4,6 +4,8 @@
 
 #include <QAction>
 #include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -17,11 +19,6 @@ const QString Chores = QStringLiteral("Chores Anna");
 class WeekChartRepresentationTest : public ReviewTest {
 protected:
     static bool IsOpen() { return ExistingForm(WeekChartRepresentation::FormName) != nullptr; }
-    static QString MissingTable(const QString& table) {
-        return RuntimeError(ErrorNumber::NoSuchTable,
-                            QStringLiteral("The database cannot find the table '%1'.").arg(table))
-            .Report();
-    }
     static QPushButton& Button(const char* name) { return dynamic_cast<QPushButton&>(Part(name)); }
     /// Each rectangle begins 120 above its line, and everything of a line stands in one row.
     static void ExpectInLine(const WeekChartRepresentation& form) {
@@ -57,7 +54,7 @@ TEST_F(WeekChartRepresentationTest, AFormWhoseLoadFailedIsLoadedAfreshTheNextTim
     MakeChart(Chores, Jobs(1));
     Database().CreateChart(QStringLiteral("Empty Anna"));
     for (int attempt = 0; attempt < 2; ++attempt) {
-        Boxes.Expect(RuntimeError(ErrorNumber::NoCurrentRecord).Report());
+        Boxes.ExpectError(ErrorNumber::NoCurrentRecord);
         OpenByMenu();
         Boxes.VerifyAllShown();
         EXPECT_FALSE(IsOpen());
@@ -135,7 +132,7 @@ TEST_F(WeekChartRepresentationTest, ArrowKeysInTheListFillTheMatrixAsAClickDoes)
 TEST_F(WeekChartRepresentationTest, AClickWithNoEntrySelectedFailsOnTheMissingTable) {
     MakeChart(Chores, Jobs(2));
     const WeekChartRepresentation& form = OpenOn(Chores);
-    Boxes.Expect(MissingTable(QString()));
+    Boxes.ExpectMissingTable(QString());
     QTest::mouseClick(List().viewport(), Qt::LeftButton, Qt::ControlModifier,
                       List().visualItemRect(List().item(0)).center());
     Settle();
@@ -146,7 +143,7 @@ TEST_F(WeekChartRepresentationTest, AClickWithNoEntrySelectedFailsOnTheMissingTa
 
 TEST_F(WeekChartRepresentationTest, AClickIntoAnEmptyListFailsOnTheMissingTable) {
     Open();
-    Boxes.Expect(MissingTable(QString()));
+    Boxes.ExpectMissingTable(QString());
     Click(*List().viewport());
     EXPECT_TRUE(Surface().isHidden());
 }
@@ -156,11 +153,11 @@ TEST_F(WeekChartRepresentationTest, AFailedFillLeavesTheSurfaceAsItWas) {
     const WeekChartRepresentation& form = Open();
     List().addItem(QStringLiteral("Empty"));
     Database().CreateChart(QStringLiteral("Empty"));
-    Boxes.Expect(RuntimeError(ErrorNumber::NoCurrentRecord).Report());
+    Boxes.ExpectError(ErrorNumber::NoCurrentRecord);
     Choose(QStringLiteral("Empty"));
     EXPECT_TRUE(Surface().isHidden());
     Choose(Chores);
-    Boxes.Expect(RuntimeError(ErrorNumber::NoCurrentRecord).Report());
+    Boxes.ExpectError(ErrorNumber::NoCurrentRecord);
     Choose(QStringLiteral("Empty"));
     EXPECT_TRUE(Surface().isVisible());
     EXPECT_TRUE(form.Job[0].isVisible());

@@ -10,17 +10,6 @@ namespace {
 
 class SettingsTest : public ShellTest {
 protected:
-    /// The number of the error that ReadSettings raises, which must end the run.
-    static int FatalErrorOfReading() {
-        try {
-            ReadSettings();
-        } catch (const RuntimeError& error) {
-            EXPECT_TRUE(error.EndsRun());
-            return error.Number();
-        }
-        return 0;
-    }
-
     static bool Selected(const QString& option) {
         return Find<QRadioButton>(Default<LogIn>(), option).isChecked();
     }
@@ -220,7 +209,7 @@ TEST_F(SettingsTest, PathWithACommaIsCutThereAndTheLinesBehindShiftByOne) {
 TEST_F(SettingsTest, RestOfAPathBehindACommaThatIsNoNumberEndsTheRun) {
     BackgroundPicture = QStringLiteral("/pictures/me, Kim.png");
     WriteSettings();
-    EXPECT_EQ(FatalErrorOfReading(), 13);
+    EXPECT_END_OF_RUN(13, ReadSettings());
 }
 
 TEST_F(SettingsTest, QuotedPathIsReadToTheClosingQuote) {
@@ -234,38 +223,38 @@ TEST_F(SettingsTest, QuotedPathIsReadToTheClosingQuote) {
 
 TEST_F(SettingsTest, MissingFileEndsTheRun) {
     ASSERT_TRUE(QFile::remove(Path(QStringLiteral("Settings/Settings.txt"))));
-    EXPECT_EQ(FatalErrorOfReading(), 53);
+    EXPECT_END_OF_RUN(53, ReadSettings());
     EXPECT_FALSE(QFile::exists(Path(QStringLiteral("Settings/Settings.txt"))));
 }
 
 TEST_F(SettingsTest, MissingFolderEndsTheRunAndIsNotMade) {
     ASSERT_TRUE(QDir(Path(QStringLiteral("Settings"))).removeRecursively());
-    EXPECT_EQ(FatalErrorOfReading(), 76);
-    EXPECT_THROW(WriteSettings(), RuntimeError);
+    EXPECT_END_OF_RUN(76, ReadSettings());
+    EXPECT_ERROR(76, WriteSettings());
     EXPECT_FALSE(QDir(Path(QStringLiteral("Settings"))).exists());
 }
 
 TEST_F(SettingsTest, ShortFileEndsTheRun) {
     PutSettings({QStringLiteral("0"), QString(), QStringLiteral("0"), QStringLiteral("0")});
-    EXPECT_EQ(FatalErrorOfReading(), 62);
+    EXPECT_END_OF_RUN(62, ReadSettings());
 }
 
 TEST_F(SettingsTest, TextWhereANumberBelongsEndsTheRun) {
     PutSettings({QStringLiteral("yes"), QString(), QStringLiteral("0"), QStringLiteral("0"),
                  QStringLiteral("0")});
-    EXPECT_EQ(FatalErrorOfReading(), 13);
+    EXPECT_END_OF_RUN(13, ReadSettings());
 }
 
 TEST_F(SettingsTest, NumberBeyondSixteenBitsEndsTheRun) {
     PutSettings({QStringLiteral("0"), QString(), QStringLiteral("70000"), QStringLiteral("0"),
                  QStringLiteral("70000")});
-    EXPECT_EQ(FatalErrorOfReading(), 6);
+    EXPECT_END_OF_RUN(6, ReadSettings());
 }
 
 TEST_F(SettingsTest, MissingBackgroundPictureEndsTheRunAfterTheColorHasBeenSet) {
     PutSettings({QStringLiteral("0"), Path(QStringLiteral("gone.png")), QStringLiteral("123"),
                  QStringLiteral("0"), QStringLiteral("0")});
-    EXPECT_EQ(FatalErrorOfReading(), 53);
+    EXPECT_END_OF_RUN(53, ReadSettings());
     EXPECT_EQ(MainWindow().BackColor(), 123);
     EXPECT_TRUE(MainWindow().SoundMark()) << "the sound's mark comes after the picture";
 }
@@ -273,14 +262,14 @@ TEST_F(SettingsTest, MissingBackgroundPictureEndsTheRunAfterTheColorHasBeenSet) 
 TEST_F(SettingsTest, BackgroundPictureThatIsNoneEndsTheRun) {
     PutSettings({QStringLiteral("0"), Path(QStringLiteral("Settings/Settings.txt")),
                  QStringLiteral("0"), QStringLiteral("0"), QStringLiteral("0")});
-    EXPECT_EQ(FatalErrorOfReading(), 481);
+    EXPECT_END_OF_RUN(481, ReadSettings());
 }
 
 TEST_F(SettingsTest, FaultOfTheWritingWithinTheReadingEndsTheRun) {
     PutSettings(true, Color);
     const QByteArray before = SettingsBytes();
     MakeSettingsReadOnly();
-    EXPECT_EQ(FatalErrorOfReading(), 75);
+    EXPECT_END_OF_RUN(75, ReadSettings());
     EXPECT_EQ(SettingsBytes(), before);
     EXPECT_NE(MainWindow().BackColor(), Color) << "the colour comes after the version";
 }

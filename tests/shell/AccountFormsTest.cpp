@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
@@ -193,7 +194,7 @@ TEST_F(NewUserTest, ComingBackToTheFormForgetsThePictureButNotTheTexts) {
 
 TEST_F(NewUserTest, FileThatIsNoPictureIsReported) {
     Open();
-    Boxes.Expect(QStringLiteral("Run-time error '481':\n\nInvalid picture"));
+    Boxes.ExpectError(ErrorNumber::InvalidPicture);
     Browse(Path(QStringLiteral("Settings/Settings.txt")));
     EXPECT_TRUE(IsOpen());
     EXPECT_TRUE(Ends.isEmpty());
@@ -203,7 +204,7 @@ TEST_F(NewUserTest, FileThatIsNoPictureIsNotChosen) {
     NewUser& form = Open();
     Type(Box("UserName"), QStringLiteral("Kim"));
     Type(Box("Password"), QStringLiteral("cat"));
-    Boxes.Expect(QStringLiteral("Run-time error '481':\n\nInvalid picture"));
+    Boxes.ExpectError(ErrorNumber::InvalidPicture);
     Browse(Path(QStringLiteral("Settings/Settings.txt")));
     EXPECT_EQ(form.PictureFile, QString());
     Boxes.Expect(QStringLiteral("You have to select a picture for your account"));
@@ -217,12 +218,10 @@ TEST_F(NewUserTest, FileThatIsNoPictureKeepsTheOneChosenBefore) {
     Type(Box("UserName"), QStringLiteral("Kim"));
     Type(Box("Password"), QStringLiteral("cat"));
     Browse(Picture());
-    for (const auto& [file, report] :
-         {std::pair(QStringLiteral("Settings/Settings.txt"),
-                    QStringLiteral("Run-time error '481':\n\nInvalid picture")),
-          std::pair(QStringLiteral("gone.png"),
-                    QStringLiteral("Run-time error '53':\n\nFile not found"))}) {
-        Boxes.Expect(report);
+    for (const auto& [file, error] :
+         {std::pair(QStringLiteral("Settings/Settings.txt"), ErrorNumber::InvalidPicture),
+          std::pair(QStringLiteral("gone.png"), ErrorNumber::FileNotFound)}) {
+        Boxes.ExpectError(error);
         Browse(Path(file));
         EXPECT_EQ(form.PictureFile, Picture());
         EXPECT_EQ(ColorOfLabel(form, QStringLiteral("Image1")), QColor(Qt::red));
@@ -243,7 +242,7 @@ TEST_F(NewUserTest, PictureThatHasGoneIsReportedAndNothingIsStored) {
     const QString picture = Picture();
     Browse(picture);
     ASSERT_TRUE(QFile::remove(picture));
-    Boxes.Expect(QStringLiteral("Run-time error '53':\n\nFile not found"));
+    Boxes.ExpectError(ErrorNumber::FileNotFound);
     PressOk();
     EXPECT_TRUE(IsOpen());
     EXPECT_TRUE(Rows(UsersTable).isEmpty());
@@ -402,14 +401,14 @@ TEST_F(ChangePasswordTest, WrongPasswordWithoutAPictureAsksForAChange) {
 TEST_F(ChangePasswordTest, FileThatIsNoPictureIsNotChosen) {
     Open();
     Type(Box("OldPAss"), QStringLiteral("wrong"));
-    Boxes.Expect(QStringLiteral("Run-time error '481':\n\nInvalid picture"));
+    Boxes.ExpectError(ErrorNumber::InvalidPicture);
     Browse(Path(QStringLiteral("Settings/Settings.txt")));
     Boxes.Expect(QStringLiteral("Please make a change or click on the 'Cancel' button."));
     PressOk();
     EXPECT_TRUE(IsOpen());
 
     Browse(Picture());
-    Boxes.Expect(QStringLiteral("Run-time error '481':\n\nInvalid picture"));
+    Boxes.ExpectError(ErrorNumber::InvalidPicture);
     Browse(Path(QStringLiteral("Settings/Settings.txt")));
     PressOk();
     EXPECT_FALSE(IsOpen());

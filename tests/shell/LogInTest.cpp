@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QRadioButton>
 #include <QTest>
 
@@ -285,17 +286,12 @@ TEST_F(LogInTest, HelpAndWebSite) {
 
 TEST_F(LogInTest, FaultOfTheStoreAtTheStartEndsTheRun) {
     ASSERT_TRUE(QDir(Path(QStringLiteral("Database"))).removeRecursively());
-    try {
-        Default<LogIn>();
-        FAIL() << "no error";
-    } catch (const RuntimeError& error) {
-        EXPECT_TRUE(error.EndsRun());
-    }
+    EXPECT_END_OF_RUN(3000, Default<LogIn>());
 }
 
 TEST_F(LogInTest, FaultOfTheSettingsAtActivationEndsTheProcess) {
     ASSERT_TRUE(QFile::remove(Path(QStringLiteral("Settings/Settings.txt"))));
-    Boxes.Expect(QStringLiteral("Run-time error '53':\n\nFile not found"));
+    Boxes.ExpectError(ErrorNumber::FileNotFound);
     ShowLogIn();
     EXPECT_EQ(Ends, QList<int>{1});
 }
@@ -303,7 +299,7 @@ TEST_F(LogInTest, FaultOfTheSettingsAtActivationEndsTheProcess) {
 TEST_F(LogInTest, FaultOfTheFileRewrittenWithinTheSettingsEndsTheProcess) {
     PutSettings(true, 123);
     MakeSettingsReadOnly();
-    Boxes.Expect(QStringLiteral("Run-time error '75':\n\nPath/File access error"));
+    Boxes.ExpectError(ErrorNumber::PathFileAccessError);
     ShowLogIn();
     EXPECT_EQ(Ends, QList<int>{1});
     EXPECT_NE(MainWindow().BackColor(), 123) << "the reading ended with the writing within";
@@ -313,7 +309,7 @@ TEST_F(LogInTest, FaultOfTheFileRewrittenWithinTheSettingsEndsTheProcess) {
 TEST_F(LogInTest, FaultOfTheSettingsAtTheVersionsSwitchDoesNotEndTheProcess) {
     ShowLogIn();
     MakeSettingsReadOnly();
-    Boxes.Expect(QStringLiteral("Run-time error '75':\n\nPath/File access error"));
+    Boxes.ExpectError(ErrorNumber::PathFileAccessError);
     Click(Button("ForSchool"));
     EXPECT_TRUE(Ends.isEmpty());
 }
@@ -327,14 +323,14 @@ TEST_F(LogInTest, FaultWhileTheListsAreFilledEndsTheProcess) {
         rows.Update();
         tables->Commit();
     }
-    Boxes.Expect(QStringLiteral("Run-time error '94':\n\nInvalid use of Null"));
+    Boxes.ExpectError(ErrorNumber::InvalidUseOfNull);
     ShowLogIn();
     EXPECT_EQ(Ends, QList<int>{1});
 }
 
 class FirstRunTest : public LogInTest {
 protected:
-    FirstRunTest() { QDir(Path(QStringLiteral("config"))).removeRecursively(); }
+    FirstRunTest() { QDir(Path(QStringLiteral("UserConfig"))).removeRecursively(); }
 
     static QVariant Marker() {
         return clsRegistry().GetValue(HKEY_CURRENT_USER, QStringLiteral("Dutygrid"),
@@ -422,9 +418,9 @@ TEST_F(FirstRunTest, DamagedRegistryWelcomesOnceMoreAndTheProgramGoesOn) {
 
 TEST_F(FirstRunTest, RegistryThatCannotBeWrittenEndsTheProcess) {
     // A file stands where the user's folder of settings belongs.
-    ASSERT_TRUE(QFile::copy(PictureFile(), Path(QStringLiteral("config"))));
+    ASSERT_TRUE(QFile::copy(PictureFile(), Path(QStringLiteral("UserConfig"))));
     Boxes.Expect(Welcome);
-    Boxes.Expect(QStringLiteral("Run-time error '11005':\n\nCreateKey"));
+    Boxes.Expect(RuntimeError(11005, QStringLiteral("CreateKey")).Report());
     ShowLogIn();
     EXPECT_EQ(Ends, QList<int>{1});
 }

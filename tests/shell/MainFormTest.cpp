@@ -1,16 +1,15 @@
-#include "shell/InitValues.h"
 #include "shell/frmAboutDutygrid.h"
 #include "support/SoundFunctions.h"
 #include "tests/shell/ShellTest.h"
 
 #include <QAccessible>
 #include <QComboBox>
-#include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QPointer>
 #include <QTest>
 #include <QToolBar>
 #include <QToolButton>
@@ -401,7 +400,7 @@ TEST_F(MainFormTest, LastSlotOfTheRunOverflowsTheCounter) {
     Push(QLatin1String("New"));
     const QWidget& form = DefaultForm(QStringLiteral("Newfrm")).Widget();
     Type(Find(form, QStringLiteral("NameOfNewChart")), QStringLiteral("Chores"));
-    Boxes.Expect(QStringLiteral("Run-time error '6':\n\nOverflow"));
+    Boxes.ExpectError(ErrorNumber::Overflow);
     Click(Find(form, QStringLiteral("Ok")));
     EXPECT_EQ(ChartFormIndex, 32767);
     EXPECT_TRUE(Ends.isEmpty());

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -157,8 +158,7 @@ TEST_F(BackgroundOptionsTest, CancelChangesNothing) {
 TEST_F(BackgroundOptionsTest, FileThatIsNoPictureIsReportedAndNotChosen) {
     Open();
     const QByteArray before = SettingsBytes();
-    const QString invalid = QStringLiteral("Run-time error '481':\n\nInvalid picture");
-    Boxes.Expect(invalid);
+    Boxes.ExpectError(ErrorNumber::InvalidPicture);
     Browse(Path(QStringLiteral("Settings/Settings.txt")));
     EXPECT_TRUE(IsOpen());
     EXPECT_TRUE(SwatchShows());
@@ -166,7 +166,7 @@ TEST_F(BackgroundOptionsTest, FileThatIsNoPictureIsReportedAndNotChosen) {
     EXPECT_EQ(MainWindow().BackColor(), 4711);
 
     Browse(PictureFile());
-    Boxes.Expect(invalid);
+    Boxes.ExpectError(ErrorNumber::InvalidPicture);
     Browse(Path(QStringLiteral("Settings/Settings.txt")));
     PressOk();
     EXPECT_FALSE(IsOpen());
@@ -181,7 +181,7 @@ TEST_F(BackgroundOptionsTest, PictureThatHasGoneIsReportedAndNothingIsStored) {
     const QString picture = PictureFile();
     Browse(picture);
     ASSERT_TRUE(QFile::remove(picture));
-    Boxes.Expect(QStringLiteral("Run-time error '53':\n\nFile not found"));
+    Boxes.ExpectError(ErrorNumber::FileNotFound);
     PressOk();
     EXPECT_TRUE(IsOpen());
     EXPECT_EQ(SettingsBytes(), before);
@@ -191,7 +191,7 @@ TEST_F(BackgroundOptionsTest, PictureThatHasGoneIsReportedAndNothingIsStored) {
 TEST_F(BackgroundOptionsTest, SettingsThatCannotBeWrittenAreReportedAndTheFormStays) {
     Open();
     ASSERT_TRUE(QDir(Path(QStringLiteral("Settings"))).removeRecursively());
-    Boxes.Expect(QStringLiteral("Run-time error '76':\n\nPath not found"));
+    Boxes.ExpectError(ErrorNumber::PathNotFound);
     PressOk();
     EXPECT_TRUE(IsOpen());
     EXPECT_TRUE(Ends.isEmpty());

@@ -8,7 +8,6 @@
 #include "widgets/HeadedList.h"
 
 #include <QColor>
-#include <QPointer>
 
 /// A fixture for the windows of the shell, with the settings file within reach.
 class ShellTest : public FormTest {

@@ -1,6 +1,5 @@
 #include "shell/WelcomePage.h"
 #include "authoring/Newfrm.h"
-#include "platform/forms/MainWindowArea.h"
 #include "shell/BackgroundArea.h"
 #include "shell/WelcomeStep.h"
 #include "tests/shell/ShellTest.h"

@@ -150,21 +150,17 @@ TEST_F(AccountRecordsTest, ChangePictureReplacesThePictureAndAnEmptyPathKeepsIt)
 }
 
 TEST_F(AccountRecordsTest, AMissingPictureFileStoresNothing) {
-    EXPECT_EQ(
-        ErrorOf([this] { Add(Anna, QStringLiteral("cat"), Student, Path(QStringLiteral("no"))); }),
-        53);
+    EXPECT_ERROR(53, Add(Anna, QStringLiteral("cat"), Student, Path(QStringLiteral("no"))));
     EXPECT_EQ(Rows(UsersTable), QStringList());
     Add(Anna, QStringLiteral("cat"), Student, PictureFile());
-    EXPECT_EQ(ErrorOf([this] { Database().ChangePicture(Anna, Path(QStringLiteral("no"))); }), 53);
+    EXPECT_ERROR(53, Database().ChangePicture(Anna, Path(QStringLiteral("no"))));
     FakePicture target;
     Database().RetrevePicture(Anna, target);
     EXPECT_FALSE(target.picture.isNull());
 }
 
 TEST_F(AccountRecordsTest, AFolderAsPictureIsAnAccessError) {
-    EXPECT_EQ(
-        ErrorOf([this] { Add(Anna, QStringLiteral("c"), Student, Path(QStringLiteral("Jobs"))); }),
-        75);
+    EXPECT_ERROR(75, Add(Anna, QStringLiteral("c"), Student, Path(QStringLiteral("Jobs"))));
     EXPECT_EQ(Rows(UsersTable), QStringList());
 }
 
@@ -177,7 +173,7 @@ TEST_F(AccountRecordsTest, AnAccountWithoutAPictureEmptiesTheTarget) {
 
 TEST_F(AccountRecordsTest, AnEmptyAccountsTableFailsTheTakingOutOfAPicture) {
     FakePicture target;
-    EXPECT_EQ(ErrorOf([&] { Database().RetrevePicture(Anna, target); }), 3021);
+    EXPECT_ERROR(3021, Database().RetrevePicture(Anna, target));
     EXPECT_TRUE(target.picture.isNull());
     EXPECT_FALSE(QFile::exists(Path(QStringLiteral("DeleteMe"))));
 }
@@ -226,7 +222,7 @@ TEST_F(AccountRecordsTest, DeletingAnAccountLeavesTheEnginesTablesAlone) {
 }
 
 TEST_F(AccountRecordsTest, NamesLongerThanTheirFieldAreRefusedAndNothingIsStored) {
-    EXPECT_EQ(ErrorOf([] { Add(QString(51, QLatin1Char('x')), QStringLiteral("p")); }), 3163);
+    EXPECT_ERROR(3163, Add(QString(51, QLatin1Char('x')), QStringLiteral("p")));
     EXPECT_EQ(Rows(UsersTable), QStringList());
 }
 

@@ -25,15 +25,12 @@ protected:
     /// The operation is refused in words that tell why.
     template <class Operation>
     static void ExpectRefusal(const QString& name, Operation&& operation) {
-        try {
-            operation();
-            ADD_FAILURE() << "not refused for " << name.toStdString();
-        } catch (const RuntimeError& error) {
-            EXPECT_EQ(error.Number(), 5);
-            EXPECT_EQ(error.Text(), QStringLiteral("The name \"%1\" is kept for the accounts. "
-                                                   "Please give the Dutygrid another one.")
-                                        .arg(name));
-        }
+        const std::optional<RuntimeError> refusal = ErrorOf(operation);
+        ASSERT_TRUE(refusal) << "not refused for " << name.toStdString();
+        EXPECT_EQ(refusal->Number(), 5);
+        EXPECT_EQ(refusal->Text(), QStringLiteral("The name \"%1\" is kept for the accounts. "
+                                                  "Please give the Dutygrid another one.")
+                                       .arg(name));
     }
 
     /// Runs every operation that writes to a chart.

@@ -102,7 +102,7 @@ TEST_F(ChartCatalogueTest, TheListIsNotClearedFirst) {
 TEST_F(ChartCatalogueTest, AnEmptyChartIsJudgedByTheDatesReadBeforeIt) {
     Save(QStringLiteral("A former one"), Sunday.addDays(-7));
     MakeEmptyChart(QStringLiteral("Empty"));
-    EXPECT_EQ(ErrorOf([] { Charts(true); }), 3021);
+    EXPECT_ERROR(3021, Charts(true));
 }
 
 TEST_F(ChartCatalogueTest, OwnerAndAutoCreateAreThoseOfTheFirstRow) {
@@ -112,7 +112,7 @@ TEST_F(ChartCatalogueTest, OwnerAndAutoCreateAreThoseOfTheFirstRow) {
     EXPECT_FALSE(Database().ReturnAutoCreate(QStringLiteral("none")));
     MakeEmptyChart(QStringLiteral("Empty"));
     EXPECT_FALSE(Database().ReturnAutoCreate(QStringLiteral("Empty")));
-    EXPECT_EQ(ErrorOf([] { Database().ReturnExistingKidName(QStringLiteral("Empty")); }), 3021);
+    EXPECT_ERROR(3021, Database().ReturnExistingKidName(QStringLiteral("Empty")));
 }
 
 TEST_F(ChartCatalogueTest, ReportListsCompareTheMonthsNumberOfAnyYear) {

@@ -53,7 +53,7 @@ TEST_F(ChartHistoryTest, ASecondCopyOfTheSameWeekReplacesTheFirst) {
 
 TEST_F(ChartHistoryTest, AnEmptyChartFailsAndLeavesNoHistory) {
     MakeEmptyChart(Chores);
-    EXPECT_EQ(ErrorOf([] { Database().DuplicateChartHistory(Chores); }), 3021);
+    EXPECT_ERROR(3021, Database().DuplicateChartHistory(Chores));
     EXPECT_EQ(TableNames(), QStringList{Chores});
 }
 

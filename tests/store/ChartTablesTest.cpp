@@ -92,30 +92,21 @@ TEST_F(ChartTablesTest, PointsOf32768AndMoreAreStoredAsTheyAreUpTo32Bits) {
     Editor.rows = {EditorRow{}};
     Database().ReadInfoFromChart(Chores, 0, false, QString());
     EXPECT_EQ(Editor.rows.at(1).Points, QStringLiteral("32768"));
-    EXPECT_EQ(ErrorOf([this] {
-                  SaveChart(Chores, {Job(QStringLiteral("a"), QStringLiteral("Mon"),
-                                         QStringLiteral("2147483648"))});
-              }),
-              6);
+    EXPECT_ERROR(6, SaveChart(Chores, {Job(QStringLiteral("a"), QStringLiteral("Mon"),
+                                           QStringLiteral("2147483648"))}));
 }
 
 TEST_F(ChartTablesTest, PointsBeyondAWholeNumberFailTheSaveWithTheRowsBeforeWritten) {
-    EXPECT_EQ(ErrorOf([this] {
-                  SaveChart(Chores, {Job(QStringLiteral("a"), QStringLiteral("Mon")),
-                                     Job(QStringLiteral("b"), QStringLiteral("Mon"),
-                                         QStringLiteral("99999999999"))});
-              }),
-              6);
+    EXPECT_ERROR(6, SaveChart(Chores, {Job(QStringLiteral("a"), QStringLiteral("Mon")),
+                                       Job(QStringLiteral("b"), QStringLiteral("Mon"),
+                                           QStringLiteral("99999999999"))}));
     EXPECT_EQ(FieldOfRows(Chores, 0), QStringList{QStringLiteral("a")});
 }
 
 TEST_F(ChartTablesTest, TooLongATextFailsAndTheRowsBeforeStand) {
     EditorRow long1 = Job(QStringLiteral("b"), QStringLiteral("Mon"));
     long1.AdultResponsable = QString(256, QLatin1Char('x'));
-    EXPECT_EQ(ErrorOf([&] {
-                  SaveChart(Chores, {Job(QStringLiteral("a"), QStringLiteral("Mon")), long1});
-              }),
-              3163);
+    EXPECT_ERROR(3163, SaveChart(Chores, {Job(QStringLiteral("a"), QStringLiteral("Mon")), long1}));
     EXPECT_EQ(FieldOfRows(Chores, 0), QStringList{QStringLiteral("a")});
 }
 
@@ -131,11 +122,8 @@ TEST_F(ChartTablesTest, SavingFromTheEditorLosesEveryTickOfTheTableSavedOver) {
 TEST_F(ChartTablesTest, ASaveDropsTheOldTableBeforeItAsksForTheEditor) {
     SaveChart(Chores, {Job(QStringLiteral("Rake"), QStringLiteral("Mon"))});
     constexpr qint16 noSlot = 7;
-    EXPECT_EQ(ErrorOf([] {
-                  Database().WriteInfoToChart(Chores, noSlot, false, QString(), QDate(2001, 3, 4),
-                                              QDate(2001, 3, 10), false);
-              }),
-              9);
+    EXPECT_ERROR(9, Database().WriteInfoToChart(Chores, noSlot, false, QString(), QDate(2001, 3, 4),
+                                                QDate(2001, 3, 10), false));
     EXPECT_EQ(TableNames(), QStringList{Chores});
     EXPECT_EQ(Rows(Chores), QStringList());
 }
@@ -216,10 +204,8 @@ TEST_F(ChartTablesTest, MoreRowsThanTheViewerShowsFailAtTheFirstBeyondWithTheOth
     Database().ReadInfoFromChart(Chores, 0, true, QStringLiteral("Wed"));
     Viewer.rows = {ViewerRow{}};
     Viewer.rows[0].Completed = true;
-    EXPECT_EQ(ErrorOf([] {
-                  Database().WriteInfoToChart(Chores, 0, true, QString(), QDate(), QDate(), false);
-              }),
-              9);
+    EXPECT_ERROR(9,
+                 Database().WriteInfoToChart(Chores, 0, true, QString(), QDate(), QDate(), false));
     EXPECT_EQ(FieldOfRows(Chores, 5).join(QLatin1Char(' ')), QStringLiteral("-1 0"));
 }
 
@@ -287,24 +273,16 @@ TEST_F(ChartTablesTest, ReadDatesFillsTheFourMembersAndAnEmptyChartLeavesThem) {
 }
 
 TEST_F(ChartTablesTest, UnknownTablesFailEachInItsOwnWay) {
-    EXPECT_EQ(ErrorOf([] { Database().ReadDates(QStringLiteral("none")); }), 3078);
-    EXPECT_EQ(
-        ErrorOf([] { Database().ReadInfoFromChart(QStringLiteral("none"), 0, true, QString()); }),
-        91);
-    EXPECT_EQ(ErrorOf([] {
-                  Database().WriteInfoToChart(QStringLiteral("none"), 0, true, QString(), QDate(),
-                                              QDate(), false);
-              }),
-              3078);
-    EXPECT_EQ(ErrorOf([] { Database().DeleteChart(QStringLiteral("none")); }), 3078);
+    EXPECT_ERROR(3078, Database().ReadDates(QStringLiteral("none")));
+    EXPECT_ERROR(91, Database().ReadInfoFromChart(QStringLiteral("none"), 0, true, QString()));
+    EXPECT_ERROR(3078, Database().WriteInfoToChart(QStringLiteral("none"), 0, true, QString(),
+                                                   QDate(), QDate(), false));
+    EXPECT_ERROR(3078, Database().DeleteChart(QStringLiteral("none")));
 }
 
 TEST_F(ChartTablesTest, ReadingAsksForTheExactCaseOfTheName) {
     SaveChart(QStringLiteral("Chores"), {Job(QStringLiteral("a"), QStringLiteral("Fri"))});
-    EXPECT_EQ(ErrorOf([] {
-                  Database().ReadInfoFromChart(QStringLiteral("CHORES"), 0, false, QString());
-              }),
-              91);
+    EXPECT_ERROR(91, Database().ReadInfoFromChart(QStringLiteral("CHORES"), 0, false, QString()));
 }
 
 TEST_F(ChartTablesTest, ChartNamesOfAnyKindAreStoredAndFoundAgain) {

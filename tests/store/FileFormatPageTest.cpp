@@ -1,4 +1,3 @@
-#include "store/TableNames.h"
 #include "tests/store/StoreTest.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>

@@ -65,14 +65,13 @@ TEST_F(PointsAndIncentivesTest, WithoutAnyAccountThereIsNoRecordToGoBackTo) {
     Database().AddPoints(QStringLiteral("Ben"), 5, false);
     Database().AddToy(QStringLiteral("Ben"), QStringLiteral("Bike"), QString(), 70);
     Database().DeleteAccount(Anna);
-    EXPECT_EQ(ErrorOf([] { Database().AddPoints(Anna, 5, false); }), 3021);
-    EXPECT_EQ(ErrorOf([] { Database().AddToy(Anna, QStringLiteral("Bike"), QString(), 70); }),
-              3021);
+    EXPECT_ERROR(3021, Database().AddPoints(Anna, 5, false));
+    EXPECT_ERROR(3021, Database().AddToy(Anna, QStringLiteral("Bike"), QString(), 70));
 }
 
 TEST_F(PointsAndIncentivesTest, ABalanceBeyond32767Overflows) {
     Database().AddPoints(Anna, 32767, false);
-    EXPECT_EQ(ErrorOf([] { Database().AddPoints(Anna, 1, false); }), 6);
+    EXPECT_ERROR(6, Database().AddPoints(Anna, 1, false));
     EXPECT_EQ(PointsOf(Anna), QStringLiteral("32767"));
 }
 
@@ -86,7 +85,7 @@ TEST_F(PointsAndIncentivesTest, NullPointsFailTheConversion) {
         rows.Update();
         tables->Commit();
     }
-    EXPECT_EQ(ErrorOf([] { Database().AddPoints(Anna, 1, false); }), 94);
+    EXPECT_ERROR(94, Database().AddPoints(Anna, 1, false));
 }
 
 TEST_F(PointsAndIncentivesTest, AnUnknownNameLeavesTheCaptionAsItIs) {

@@ -1,5 +1,4 @@
 #include "platform/runtime/Actions.h"
-#include "platform/runtime/ProgramFolder.h"
 #include "store/TableNames.h"
 #include "tests/store/StoreTest.h"
 
@@ -23,13 +22,13 @@ TEST_F(SchemaTest, AbsentDatabaseIsMadeEmptyAndTheFirstAccountOperationFails) {
     EXPECT_TRUE(Contents(Path(QStringLiteral("Database/Charts.mdb")))
                     .contains(";LANGID=0x0409;CP=1252;COUNTRY=0"));
     EXPECT_EQ(TableNames(), QStringList());
-    EXPECT_EQ(ErrorOf([] { Database().RetrevePassword(QStringLiteral("Anna")); }), 3078);
+    EXPECT_ERROR(3078, Database().RetrevePassword(QStringLiteral("Anna")));
 }
 
 TEST_F(SchemaTest, MissingDatabaseFolderIsTheEnginesErrorAndNoFolderIsMade) {
     ResetSession();
     QDir(Path(QStringLiteral("Database"))).removeRecursively();
-    EXPECT_EQ(ErrorOf([] { Database().InitDatabse(); }), 3000);
+    EXPECT_ERROR(3000, Database().InitDatabse());
     EXPECT_FALSE(QFile::exists(Path(QStringLiteral("Database"))));
 }
 
@@ -57,7 +56,7 @@ TEST_F(SchemaTest, ASecondInitDatabseOpensTheFileAnew) {
 
 TEST_F(SchemaTest, OperationsBeforeInitDatabseRaiseObjectNotSet) {
     ResetSession();
-    EXPECT_EQ(ErrorOf([] { Database().DeleteChart(QStringLiteral("Chores")); }), 91);
+    EXPECT_ERROR(91, Database().DeleteChart(QStringLiteral("Chores")));
 }
 
 TEST_F(SchemaTest, ChartTableHasTheTenFieldsInOrder) {
@@ -194,7 +193,7 @@ TEST_F(SchemaTest, WhatWasWrittenThroughAFormerConnectionStandsAfterAnErrorToo) 
             });
         },
         Qt::QueuedConnection);
-    Boxes.Expect(RuntimeError(ErrorNumber::FileNotFound).Report());
+    Boxes.ExpectError(ErrorNumber::FileNotFound);
     RunAction([&] { Database().AddToy(anna, QStringLiteral("Bike"), file.fileName(), 70); });
     EXPECT_EQ(ProgramTest::Rows(UsersTable),
               (QStringList{QStringLiteral("Anna|0|0|Student|Bike|70"),

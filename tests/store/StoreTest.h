@@ -52,13 +52,6 @@ protected:
     FakeViewer Viewer;
 };
 
-class FakeList : public NameList {
-public:
-    QStringList items;
-    void Clear() override { items.clear(); }
-    void AddItem(const QString& text) override { items += text; }
-};
-
 class FakeCaption : public CaptionTarget {
 public:
     QString caption = QStringLiteral("as it was");
@@ -71,14 +64,3 @@ public:
     QImage Picture() const override { return picture; }
     void SetPicture(const QImage& image) override { picture = image; }
 };
-
-/// The number of the run-time error that a statement raises; 0 if it raises none.
-template <class Statement>
-int ErrorOf(Statement&& statement) {
-    try {
-        statement();
-    } catch (const RuntimeError& error) {
-        return error.Number();
-    }
-    return 0;
-}

@@ -3,7 +3,10 @@
 #include "store/ColorValues.h"
 #include "store/DayTexts.h"
 #include "store/Versions.h"
-#include "tests/common/TestWorld.h"
+#include "tests/common/Readable.h"
+
+#include <QStringList>
+#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 

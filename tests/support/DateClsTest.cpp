@@ -1,6 +1,5 @@
 #include "support/DateCls.h"
 
-#include "platform/runtime/RuntimeError.h"
 #include "tests/common/RuntimeTest.h"
 
 #include <QLocale>

@@ -1,6 +1,5 @@
 #include "support/Region.h"
 
-#include "platform/runtime/RuntimeError.h"
 #include "support/RegionData.h"
 #include "tests/common/RuntimeTest.h"
 

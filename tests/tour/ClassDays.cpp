@@ -1,4 +1,3 @@
-#include "session/Session.h"
 #include "tests/common/Readable.h"
 #include "tests/tour/ClassWeek.h"
 

@@ -5,7 +5,6 @@
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/ProgramFolder.h"
-#include "session/Session.h"
 #include "tests/common/Readable.h"
 
 #include <QAbstractItemView>

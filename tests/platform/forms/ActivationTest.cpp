@@ -232,7 +232,7 @@ TEST_F(DefaultFormsTest, NamingMakesLoadsAndHidesOnceAndAnewAfterAnUnload) {
 }
 
 TEST_F(DefaultFormsTest, AnUnknownNameRaisesObjectNotSet) {
-    EXPECT_THROW(DefaultForm(QStringLiteral("no such form")), RuntimeError);
+    EXPECT_ERROR(91, DefaultForm(QStringLiteral("no such form")));
 }
 
 } // namespace

@@ -41,9 +41,9 @@ TEST_F(ControlArrayTest, VisibleIsTheControlsOwnFlagOnAHiddenForm) {
 }
 
 TEST_F(ControlArrayTest, IndexesOutsideRaiseAndTheDesignedElementStays) {
-    EXPECT_THROW(boxes[1], RuntimeError);
-    EXPECT_THROW(boxes[-1], RuntimeError);
-    EXPECT_THROW(boxes.UnloadLast(), RuntimeError);
+    EXPECT_ERROR(9, boxes[1]);
+    EXPECT_ERROR(9, boxes[-1]);
+    EXPECT_ERROR(9, boxes.UnloadLast());
     boxes.LoadElement();
     boxes.UnloadLast();
     EXPECT_EQ(boxes.Count(), 1);
@@ -81,7 +81,7 @@ TEST_F(ControlArrayTest, APromisedElementIsUnloadedWithoutBeingMade) {
     boxes.PromiseElement();
     boxes.UnloadLast();
     EXPECT_EQ(boxes.Count(), 1);
-    EXPECT_THROW(boxes[1], RuntimeError);
+    EXPECT_ERROR(9, boxes[1]);
     EXPECT_EQ(frame.findChildren<QLineEdit*>().size(), 1);
 }
 

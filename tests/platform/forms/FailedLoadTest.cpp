@@ -38,7 +38,7 @@ protected:
 
     void OpenAndFail() {
         Fate.fails = true;
-        Boxes.Expect(QStringLiteral("Run-time error '3021':\n\nNo current record."));
+        Boxes.ExpectError(ErrorNumber::NoCurrentRecord);
         RunAction([] { DefaultForm(FailingForm::FormName).Show(); });
         Boxes.VerifyAllShown();
         Fate.fails = false;
@@ -74,7 +74,7 @@ TEST_F(FailedLoadTest, ItIsLoadedAfreshWhenItIsNamedAgain) {
 TEST_F(FailedLoadTest, AFormThatIsNoDefaultInstanceIsDroppedAndDeletedAsWell) {
     const QPointer<FailingForm> form = new FailingForm;
     Fate.fails = true;
-    EXPECT_THROW(form->Show(), RuntimeError);
+    EXPECT_ERROR(3021, form->Show());
     ASSERT_FALSE(form.isNull()) << "its caller may still hold it";
     EXPECT_TRUE(form->IsUnloaded());
     form->Show();

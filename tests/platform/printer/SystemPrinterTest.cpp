@@ -77,12 +77,7 @@ TEST_F(SystemPrinterTest, TheSystemsPrintingKeepsPlacesBreaksAndColours) {
 TEST_F(SystemPrinterTest, PrinterThatDoesNotBeginRaises482) {
     PrinterOnFile target(Path(QStringLiteral("no-such-folder/system.pdf")));
     SetPrintTarget(&target);
-    try {
-        Database().PrintUsersPasswords();
-        ADD_FAILURE() << "printed on nothing";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), 482);
-    }
+    EXPECT_ERROR(482, Database().PrintUsersPasswords());
     EXPECT_FALSE(target.IsSent());
 }
 

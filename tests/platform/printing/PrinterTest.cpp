@@ -7,7 +7,6 @@
 #include <QFontMetricsF>
 #include <QPdfWriter>
 #include <QTemporaryDir>
-#include <cmath>
 #include <functional>
 #include <gtest/gtest.h>
 
@@ -58,15 +57,6 @@ public:
     using QPdfWriter::QPdfWriter;
     bool newPage() override { return false; }
 };
-
-int ErrorNumberOf(const std::function<void()>& statement) {
-    try {
-        statement();
-    } catch (const RuntimeError& error) {
-        return error.Number();
-    }
-    return 0;
-}
 
 TEST_F(PrinterTest, TextStandsWithItsTopLeftCornerAtTheDrawingPosition) {
     printer_.SetFontSize(18);
@@ -224,7 +214,7 @@ TEST_F(PrinterTest, PictureIsScaledIntoItsRectangle) {
 }
 
 TEST_F(PrinterTest, EmptyPictureRaises481) {
-    EXPECT_EQ(ErrorNumberOf([this] { printer_.PaintPicture(QImage(), 1, 1, 1, 1); }), 481);
+    EXPECT_ERROR(481, printer_.PaintPicture(QImage(), 1, 1, 1, 1));
 }
 
 TEST_F(PrinterTest, BoxTextIsAnEmptySquareAsHighAsCapitalLetters) {
@@ -354,13 +344,12 @@ TEST_F(PrinterTest, NextJobStartsCleanOnItsFirstPage) {
 }
 
 TEST_F(PrinterTest, GuardDropsTheJobThatAnErrorLeftUnfinished) {
-    EXPECT_EQ(ErrorNumberOf([this] {
-                  const PrintJobGuard job(printer_);
-                  PrintAt(1, 1, QStringLiteral("lost"));
-                  printer_.NewPage();
-                  throw RuntimeError(ErrorNumber::InvalidUseOfNull);
-              }),
-              94);
+    EXPECT_ERROR(94, {
+        const PrintJobGuard job(printer_);
+        PrintAt(1, 1, QStringLiteral("lost"));
+        printer_.NewPage();
+        throw RuntimeError(ErrorNumber::InvalidUseOfNull);
+    });
     printer_.EndDoc();
     EXPECT_TRUE(target_.Files().isEmpty());
     PrintAt(1, 1, QStringLiteral("kept"));
@@ -387,10 +376,10 @@ TEST_F(PrinterTest, PrinterThatIsNotThereRaises482AtTheFirstDrawing) {
     };
     PrinterObject printer(none);
     printer.SetFontSize(18);
-    EXPECT_EQ(ErrorNumberOf([&] { printer.Print(QStringLiteral("x")); }), 482);
-    EXPECT_EQ(ErrorNumberOf([&] { printer.Line(1, 1, 2, 2, Black); }), 482);
+    EXPECT_ERROR(482, printer.Print(QStringLiteral("x")));
+    EXPECT_ERROR(482, printer.Line(1, 1, 2, 2, Black));
     none.Make = [] { return std::unique_ptr<QPagedPaintDevice>(); };
-    EXPECT_EQ(ErrorNumberOf([&] { printer.Print(QStringLiteral("x")); }), 482);
+    EXPECT_ERROR(482, printer.Print(QStringLiteral("x")));
     EXPECT_EQ(none.SentJobs, 0);
 }
 
@@ -401,7 +390,7 @@ TEST_F(PrinterTest, DeviceThatCannotBeginRaises482AndTheJobIsGone) {
     };
     PrinterObject printer(refusing);
     printer.Print(QStringLiteral("lost"));
-    EXPECT_EQ(ErrorNumberOf([&] { printer.EndDoc(); }), 482);
+    EXPECT_ERROR(482, printer.EndDoc());
     EXPECT_EQ(refusing.SentJobs, 0);
 
     const QString file = folder_.filePath(QStringLiteral("next.pdf"));
@@ -423,14 +412,14 @@ TEST_F(PrinterTest, DeviceThatRefusesASecondPageRaises482) {
     printer.Print(QStringLiteral("one"));
     printer.NewPage();
     printer.Print(QStringLiteral("two"));
-    EXPECT_EQ(ErrorNumberOf([&] { printer.EndDoc(); }), 482);
+    EXPECT_ERROR(482, printer.EndDoc());
     EXPECT_EQ(onePage.SentJobs, 0);
 }
 
 class PrinterOfTheProgram : public RuntimeTest {};
 
 TEST_F(PrinterOfTheProgram, Raises482WithoutATarget) {
-    EXPECT_EQ(ErrorNumberOf([] { Printer(); }), 482);
+    EXPECT_ERROR(482, Printer());
 }
 
 TEST_F(PrinterOfTheProgram, PrintsOnTheTargetSet) {

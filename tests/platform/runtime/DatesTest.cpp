@@ -1,6 +1,5 @@
 #include "platform/runtime/Dates.h"
 
-#include "platform/runtime/RuntimeError.h"
 #include "tests/common/RuntimeTest.h"
 
 namespace {

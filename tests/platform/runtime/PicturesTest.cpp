@@ -1,6 +1,5 @@
 #include "platform/runtime/Pictures.h"
 
-#include "platform/runtime/RuntimeError.h"
 #include "tests/common/RuntimeTest.h"
 
 #include <QImage>

@@ -36,18 +36,42 @@ TEST_F(PromptsTest, ReportOfAnErrorNeverRaises) {
 }
 
 TEST_F(PromptsTest, ErrorsCarryTheirStandardTexts) {
-    EXPECT_EQ(RuntimeError(ErrorNumber::Overflow).Report(),
-              QStringLiteral("Run-time error '6':\n\nOverflow"));
-    EXPECT_STREQ(RuntimeError(ErrorNumber::PathNotFound).what(),
-                 "Run-time error '76':\n\nPath not found");
-    for (const ErrorNumber number :
-         {ErrorNumber::SubscriptOutOfRange, ErrorNumber::TypeMismatch,
-          ErrorNumber::BadFileNameOrNumber, ErrorNumber::FileNotFound,
-          ErrorNumber::InputPastEndOfFile, ErrorNumber::PathFileAccessError,
-          ErrorNumber::ObjectVariableNotSet, ErrorNumber::InvalidUseOfNull,
-          ErrorNumber::InvalidPicture, ErrorNumber::PrinterError, ErrorNumber::EngineFault,
-          ErrorNumber::NoCurrentRecord, ErrorNumber::NoSuchTable, ErrorNumber::FieldTooSmall})
-        EXPECT_FALSE(RuntimeError(number).Text().isEmpty()) << static_cast<int>(number);
+    const auto standardText = [](ErrorNumber number) { return RuntimeError(number).Text(); };
+    EXPECT_EQ(standardText(ErrorNumber::InvalidProcedureCall),
+              QStringLiteral("Invalid procedure call or argument"));
+    EXPECT_EQ(standardText(ErrorNumber::Overflow), QStringLiteral("Overflow"));
+    EXPECT_EQ(standardText(ErrorNumber::SubscriptOutOfRange),
+              QStringLiteral("Subscript out of range"));
+    EXPECT_EQ(standardText(ErrorNumber::TypeMismatch), QStringLiteral("Type mismatch"));
+    EXPECT_EQ(standardText(ErrorNumber::BadFileNameOrNumber),
+              QStringLiteral("Bad file name or number"));
+    EXPECT_EQ(standardText(ErrorNumber::FileNotFound), QStringLiteral("File not found"));
+    EXPECT_EQ(standardText(ErrorNumber::InputPastEndOfFile),
+              QStringLiteral("Input past end of file"));
+    EXPECT_EQ(standardText(ErrorNumber::PathFileAccessError),
+              QStringLiteral("Path/File access error"));
+    EXPECT_EQ(standardText(ErrorNumber::PathNotFound), QStringLiteral("Path not found"));
+    EXPECT_EQ(standardText(ErrorNumber::ObjectVariableNotSet),
+              QStringLiteral("Object variable or With block variable not set"));
+    EXPECT_EQ(standardText(ErrorNumber::InvalidUseOfNull), QStringLiteral("Invalid use of Null"));
+    EXPECT_EQ(standardText(ErrorNumber::InvalidPicture), QStringLiteral("Invalid picture"));
+    EXPECT_EQ(standardText(ErrorNumber::PrinterError), QStringLiteral("Printer error"));
+    EXPECT_EQ(standardText(ErrorNumber::EngineFault),
+              QStringLiteral("The database reported an error"));
+    EXPECT_EQ(standardText(ErrorNumber::NoCurrentRecord), QStringLiteral("No current record."));
+    EXPECT_EQ(standardText(ErrorNumber::NoSuchTable),
+              QStringLiteral("The database cannot find the table"));
+    EXPECT_EQ(standardText(ErrorNumber::FieldTooSmall),
+              QStringLiteral("The field is too small to accept the amount of data you attempted "
+                             "to add."));
+}
+
+TEST_F(PromptsTest, ReportsOfErrorsTellTheirNumberAndTheirText) {
+    const RuntimeError error(ErrorNumber::PathNotFound);
+    EXPECT_EQ(error.Report(), QStringLiteral("Run-time error '76':\n\nPath not found"));
+    EXPECT_STREQ(error.what(), "Run-time error '76':\n\nPath not found");
+    EXPECT_EQ(RuntimeError(ErrorNumber::EngineFault, QStringLiteral("disk full")).Report(),
+              QStringLiteral("Run-time error '3000':\n\ndisk full"));
 }
 
 } // namespace

@@ -27,15 +27,9 @@ protected:
         return here;
     }
 
-    /// The number of the error that setting the value raises, 0 if none.
-    int Refusal(const char* field, const QVariant& value) {
+    void Set(const char* field, const QVariant& value) {
         Rows.Edit();
-        try {
-            Rows.SetValue(QLatin1String(field), value);
-        } catch (const RuntimeError& error) {
-            return error.Number();
-        }
-        return 0;
+        Rows.SetValue(QLatin1String(field), value);
     }
 
     Recordset Rows;
@@ -61,11 +55,11 @@ TEST_F(FieldValues, NumbersAndDatesBecomeTextInTextFields) {
 }
 
 TEST_F(FieldValues, TextIsMeasuredInCharacters) {
-    EXPECT_EQ(Refusal("Text", QString(10, QChar(0xe4))), 0);
-    EXPECT_EQ(Refusal("Text", QString(11, QLatin1Char('x'))), 3163);
+    EXPECT_NO_THROW(Set("Text", QString(10, QChar(0xe4))));
+    EXPECT_ERROR(3163, Set("Text", QString(11, QLatin1Char('x'))));
     // An emoji counts as two.
-    EXPECT_EQ(Refusal("Text", QString::fromUtf8("🎉🎉🎉🎉🎉")), 0);
-    EXPECT_EQ(Refusal("Text", QString::fromUtf8("🎉🎉🎉🎉🎉x")), 3163);
+    EXPECT_NO_THROW(Set("Text", QString::fromUtf8("🎉🎉🎉🎉🎉")));
+    EXPECT_ERROR(3163, Set("Text", QString::fromUtf8("🎉🎉🎉🎉🎉x")));
 }
 
 TEST_F(FieldValues, SizesOfTextFieldsSurviveReopening) {
@@ -104,21 +98,21 @@ TEST_F(FieldValues, WholeNumbersRoundAHalfToTheEvenNeighbour) {
 TEST_F(FieldValues, WholeNumbersOutOfRangeOverflow) {
     EXPECT_EQ(Kept("Long", std::numeric_limits<int>::max()), QStringLiteral("int 2147483647"));
     EXPECT_EQ(Kept("Long", std::numeric_limits<int>::min()), QStringLiteral("int -2147483648"));
-    EXPECT_EQ(Refusal("Long", 2147483648.0), 6);
-    EXPECT_EQ(Refusal("Long", qint64{1} << 40), 6);
-    EXPECT_EQ(Refusal("Long", -1e300), 6);
-    EXPECT_EQ(Refusal("Long", std::numeric_limits<double>::quiet_NaN()), 6);
-    EXPECT_EQ(Refusal("Long", QStringLiteral("2147483648")), 6);
+    EXPECT_ERROR(6, Set("Long", 2147483648.0));
+    EXPECT_ERROR(6, Set("Long", qint64{1} << 40));
+    EXPECT_ERROR(6, Set("Long", -1e300));
+    EXPECT_ERROR(6, Set("Long", std::numeric_limits<double>::quiet_NaN()));
+    EXPECT_ERROR(6, Set("Long", QStringLiteral("2147483648")));
 }
 
 TEST_F(FieldValues, TextThatIsNoNumberIsAMismatch) {
     for (const char* text : {"", " ", "five", "5 points", "nan", "inf", "1,5"})
-        EXPECT_EQ(Refusal("Long", QString::fromUtf8(text)), 13) << text;
-    EXPECT_EQ(Refusal("Long", QDate(2001, 3, 7)), 13);
-    EXPECT_EQ(Refusal("Boolean", QStringLiteral("perhaps")), 13);
-    EXPECT_EQ(Refusal("Date", QStringLiteral("someday")), 13);
-    EXPECT_EQ(Refusal("Date", 5), 13);
-    EXPECT_EQ(Refusal("Bytes", QByteArray("x")), 13);
+        EXPECT_ERROR(13, Set("Long", QString::fromUtf8(text))) << text;
+    EXPECT_ERROR(13, Set("Long", QDate(2001, 3, 7)));
+    EXPECT_ERROR(13, Set("Boolean", QStringLiteral("perhaps")));
+    EXPECT_ERROR(13, Set("Date", QStringLiteral("someday")));
+    EXPECT_ERROR(13, Set("Date", 5));
+    EXPECT_ERROR(13, Set("Bytes", QByteArray("x")));
 }
 
 TEST_F(FieldValues, BooleansAreTrueOrFalse) {
@@ -127,7 +121,7 @@ TEST_F(FieldValues, BooleansAreTrueOrFalse) {
     EXPECT_EQ(Kept("Boolean", -1), QStringLiteral("bool true"));
     EXPECT_EQ(Kept("Boolean", QStringLiteral("False")), QStringLiteral("bool false"));
     EXPECT_EQ(Kept("Boolean", QStringLiteral("True")), QStringLiteral("bool true"));
-    EXPECT_EQ(Refusal("Boolean", QVariant()), 94);
+    EXPECT_ERROR(94, Set("Boolean", QVariant()));
 }
 
 TEST_F(FieldValues, DatesAreDays) {
@@ -136,8 +130,8 @@ TEST_F(FieldValues, DatesAreDays) {
     EXPECT_EQ(Kept("Date", QStringLiteral("12/31/1999")), QStringLiteral("QDate 1999-12-31"));
     EXPECT_EQ(Kept("Date", QDate(9999, 12, 31)), QStringLiteral("QDate 9999-12-31"));
     EXPECT_EQ(Kept("Date", QDate()), QStringLiteral("Null"));
-    EXPECT_EQ(Refusal("Date", QDate(10000, 1, 1)), 6);
-    EXPECT_EQ(Refusal("Date", QDate(-5, 1, 1)), 6);
+    EXPECT_ERROR(6, Set("Date", QDate(10000, 1, 1)));
+    EXPECT_ERROR(6, Set("Date", QDate(-5, 1, 1)));
 }
 
 TEST_F(FieldValues, FieldsGoBackToNull) {

@@ -3,8 +3,6 @@
 #include "platform/tables/TableStore.h"
 #include "tests/common/RuntimeTest.h"
 
-#include <functional>
-
 /// A fixture with a new, empty database that is open as `Store`.
 class TablesTest : public RuntimeTest {
 protected:
@@ -53,13 +51,10 @@ protected:
     }
 
     /// The text of the run-time error that `operation` raises, "" if it raises none.
-    static QString ErrorText(const std::function<void()>& operation) {
-        try {
-            operation();
-        } catch (const RuntimeError& error) {
-            return error.Text();
-        }
-        return {};
+    template <class Operation>
+    static QString ErrorText(Operation&& operation) {
+        const std::optional<RuntimeError> error = ErrorOf(operation);
+        return error ? error->Text() : QString();
     }
 
     /// A value with its type, for a value of the wrong type is as wrong as a wrong value.
