@@ -57,6 +57,11 @@ QStringList RecordingPrompts::Errors() const {
     return Shown.filter(QRegularExpression(QStringLiteral("^Run-time error")));
 }
 
+ScriptedDesktop::~ScriptedDesktop() {
+    EXPECT_TRUE(FileAnswers.isEmpty()) << "an open-file dialog did not come";
+    EXPECT_TRUE(ColorAnswers.isEmpty()) << "a colour dialog did not come";
+}
+
 std::optional<QString> ScriptedDesktop::OpenFile(const QString& initialFolder) {
     FileFolders += initialFolder;
     if (FileAnswers.isEmpty()) {

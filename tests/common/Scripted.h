@@ -54,9 +54,12 @@ public:
     QStringList Errors() const;
 };
 
-/// A desktop that answers from queues and keeps what it was asked.
+/// A desktop that answers from queues and keeps what it was asked. A question without an answer
+/// and an answer without a question fail the test.
 class ScriptedDesktop : public Desktop {
 public:
+    ~ScriptedDesktop() override;
+
     QList<std::optional<QString>> FileAnswers;
     QList<std::optional<qint32>> ColorAnswers;
     QStringList FileFolders;

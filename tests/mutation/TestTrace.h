@@ -6,8 +6,8 @@
 #include <cstdio>
 #include <gtest/gtest.h>
 
-/// Notes for each test how long it took and which places it came by, one line a test, in the file
-/// that DUTYGRID_MUTANT_TRACE names.
+/// Notes for each test in what file it stands, whether it passed, how long it took and which places
+/// it came by, one line a test, in the file that DUTYGRID_MUTANT_TRACE names.
 class TestTrace : public testing::EmptyTestEventListener {
 public:
     static void Install() {
@@ -24,7 +24,7 @@ private:
     }
 
     void OnTestEnd(const testing::TestInfo& test) override {
-        std::fprintf(out_, "%s.%s %d %d", test.test_suite_name(), test.name(),
+        std::fprintf(out_, "%s.%s %s %d %d", test.test_suite_name(), test.name(), test.file(),
                      test.result()->Passed() ? 1 : 0, int(test.result()->elapsed_time()));
         for (int number = 0; number < Mutants::Most; ++number)
             if (Mutants::reached[number])

@@ -46,7 +46,7 @@ class Source:
                        if c.kind == CursorKind.MACRO_INSTANTIATION and self.is_here(c)]
         for cursor in top:
             if self.is_here(cursor) and not cursor.kind.is_preprocessing():
-                self.walk(cursor, None)
+                self.walk(cursor)
 
     def is_here(self, cursor):
         return cursor.location.file is not None and cursor.location.file.name == self.path
@@ -101,16 +101,16 @@ class Source:
         token = self.operator(cursor)
         return token is not None and token[2] in LOGICAL
 
-    def walk(self, cursor, parent):
+    def walk(self, cursor):
         kind = cursor.kind
-        if kind in (CursorKind.STATIC_ASSERT, CursorKind.ENUM_DECL, CursorKind.CASE_STMT) and kind != CursorKind.CASE_STMT:
+        if kind in (CursorKind.STATIC_ASSERT, CursorKind.ENUM_DECL):
             return
         if kind in (CursorKind.VAR_DECL, CursorKind.FUNCTION_DECL, CursorKind.CXX_METHOD, CursorKind.FUNCTION_TEMPLATE):
             if self.is_constant(cursor):
                 return
         children = list(cursor.get_children())
         if kind == CursorKind.IF_STMT or kind == CursorKind.WHILE_STMT:
-            self.condition_of(cursor, children)
+            self.condition(cursor, children)
         elif kind == CursorKind.CONDITIONAL_OPERATOR:
             self.negate(children[0])
         elif kind == CursorKind.BINARY_OPERATOR:
@@ -120,9 +120,9 @@ class Source:
         for index, child in enumerate(children):
             if self.is_body(kind, index, children):
                 self.statement(child)
-            if kind == CursorKind.CASE_STMT and index == 0:
-                continue
-            self.walk(child, cursor)
+            # What a case is told by is a constant.
+            if kind != CursorKind.CASE_STMT or index > 0:
+                self.walk(child)
 
     def is_constant(self, cursor):
         start = cursor.extent.start.offset
@@ -130,16 +130,11 @@ class Source:
         first = [t[2] for t in self.tokens[index:index + 6]]
         return "constexpr" in first or "consteval" in first
 
-    def condition_of(self, cursor, children):
+    def condition(self, cursor, children):
         second = self.token_at(cursor.extent.start.offset + 2)
-        if second is None or second[2] == "constexpr" or not children[0].kind.is_expression():
-            return
-        # With a declaration of its own the condition is a second child.
-        if cursor.kind == CursorKind.IF_STMT and len(children) > 1 and children[1].kind.is_expression():
-            between = self.text[children[0].extent.end.offset:children[1].extent.start.offset]
-            if b";" in between:
-                return
-        self.negate(children[0])
+        # A declaration among the conditions comes first.
+        if second[2] != "constexpr" and children[0].kind.is_expression():
+            self.negate(children[0])
 
     def binary(self, cursor, children):
         token = self.operator(cursor)

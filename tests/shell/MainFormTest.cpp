@@ -9,6 +9,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QPainter>
 #include <QPointer>
 #include <QTest>
 #include <QToolBar>
@@ -244,12 +245,23 @@ TEST_F(MainFormTest, LargePictureCoversTheWholeBackground) {
     StartAdult();
     QImage picture(4000, 3000, QImage::Format_RGB32);
     picture.fill(Qt::green);
+    QPainter painter(&picture);
+    painter.fillRect(2000, 0, 2000, 1500, Qt::yellow);
+    painter.fillRect(0, 1500, 2000, 1500, Qt::cyan);
+    painter.fillRect(2000, 1500, 2000, 1500, Qt::magenta);
+    painter.end();
     MainWindow().SetBackColor(255);
     MainWindow().SetPicture(picture);
     const QImage background = Background();
+    const int right = background.width() - 1;
+    const int bottom = background.height() - 1;
     EXPECT_EQ(background.pixelColor(0, 0), QColor(Qt::green));
-    EXPECT_EQ(background.pixelColor(background.width() - 1, background.height() - 1),
-              QColor(Qt::green));
+    EXPECT_EQ(background.pixelColor(right, 0), QColor(Qt::yellow));
+    EXPECT_EQ(background.pixelColor(0, bottom), QColor(Qt::cyan));
+    EXPECT_EQ(background.pixelColor(right, bottom), QColor(Qt::magenta));
+    EXPECT_EQ(background.pixelColor(right / 2 - 4, bottom / 2 - 4), QColor(Qt::green))
+        << "its middle is in the middle";
+    EXPECT_EQ(background.pixelColor(right / 2 + 4, bottom / 2 + 4), QColor(Qt::magenta));
 }
 
 TEST_F(MainFormTest, LogOffHidesTheWindowAndKeepsTheSession) {
