@@ -400,7 +400,7 @@ TEST_F(FirstRunTest, DamagedRegistryWelcomesOnceMoreAndTheProgramGoesOn) {
     for (const QByteArray& damaged :
          {QByteArray(), QByteArray("{\"Dutygrid\": {"), QByteArray("x")}) {
         SCOPED_TRACE(damaged.constData());
-        const QString folder = Path(QStringLiteral("config/sparkit-dutygrid"));
+        const QString folder = Path(QStringLiteral("UserConfig/sparkit-dutygrid"));
         ASSERT_TRUE(QDir().mkpath(folder));
         QFile file(folder + QStringLiteral("/registry.json"));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));

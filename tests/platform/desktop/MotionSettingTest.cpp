@@ -37,7 +37,7 @@ protected:
     MotionSettingTest() : setting(QDBusConnection(QString())) {}
 
     void Write(const QString& file, const QByteArray& text) const {
-        const QString path = Path(QStringLiteral("config/") + file);
+        const QString path = Path(QStringLiteral("UserConfig/") + file);
         QDir().mkpath(QFileInfo(path).path());
         QFile out(path);
         ASSERT_TRUE(out.open(QIODevice::WriteOnly));
