@@ -28,6 +28,7 @@ public:
     }
 };
 
+const QString Root = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString Gnome = QStringLiteral("org.gnome.desktop.interface");
 const QString Plasma = QStringLiteral("org.kde.kdeglobals.KDE");
 const QString Common = QStringLiteral("org.freedesktop.appearance");
@@ -89,7 +90,7 @@ TEST_F(MotionSettingTest, ThePortalsAnswerCountsOnceItIsThereAndFollowsTheDeskto
     server.setAnonymousAuthenticationAllowed(true);
     QDBusConnection peer(QString{});
     QObject::connect(&server, &QDBusServer::newConnection, &server, [&](QDBusConnection asked) {
-        asked.registerVirtualObject(QStringLiteral("/org/freedesktop/portal/desktop"), &portal);
+        asked.registerVirtualObject(Root, &portal);
         peer = asked;
     });
     MotionSetting asking(
@@ -100,8 +101,8 @@ TEST_F(MotionSettingTest, ThePortalsAnswerCountsOnceItIsThereAndFollowsTheDeskto
     portal.Settings[Gnome][QStringLiteral("enable-animations")] = true;
     EXPECT_TRUE(QTest::qWaitFor([&] { return !asking.WantsLess(); }, 3000));
     QDBusConnection::disconnectFromPeer(QStringLiteral("motion"));
-    // Its thread may be at a question that the portal has to be there for.
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !peer.isConnected(); }));
+    // The connection's own thread may be about to ask again.
+    peer.unregisterObject(Root);
 }
 
 } // namespace
