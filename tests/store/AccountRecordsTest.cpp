@@ -211,6 +211,15 @@ TEST_F(AccountRecordsTest, DeletingAnAccountTakesChartsAndHistoryButNoOneElses) 
     EXPECT_EQ(Rows(UsersTable), QStringList());
 }
 
+TEST_F(AccountRecordsTest, DeletingAnAccountTakesTheLastTableTooIfNoneWentBefore) {
+    Add(Anna, QStringLiteral("cat"));
+    const QList<EditorRow> rows = {Job(QStringLiteral("a"), QStringLiteral("Mon"))};
+    SaveChart(QStringLiteral("Chores Ben"), rows, QStringLiteral("Ben"));
+    SaveChart(QStringLiteral("Zoo Anna"), rows);
+    Database().DeleteAccount(Anna);
+    EXPECT_EQ(TableNames(), QStringList{QStringLiteral("Chores Ben")});
+}
+
 TEST_F(AccountRecordsTest, DeletingAnAccountLeavesTheEnginesTablesAlone) {
     Add(Anna, QStringLiteral("cat"));
     for (const char* name : {"MSys Anna", "Chores Ben", "msys Anna two", "Chores Bob"})

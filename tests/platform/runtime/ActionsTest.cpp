@@ -113,6 +113,18 @@ TEST_F(ActionsTest, YieldRunsPendingEventsAsActionsAfterACommit) {
     EXPECT_EQ(log, Steps({"a", "commit", "event", "commit", "b", "commit"}));
 }
 
+TEST_F(ActionsTest, WhatCannotBeCommittedBeforeAnotherActionIsReportedAndBothGoOn) {
+    commitsToFail = 1;
+    ExpectReport(3000, "disk full");
+    QTimer::singleShot(0, qApp, [this] { RunAction([this] { Write("event"); }); });
+    RunAction([this] {
+        Write("a");
+        DoEvents();
+        Write("b");
+    });
+    EXPECT_EQ(log, Steps({"a", "commit", "commit", "event", "commit", "b", "commit"}));
+}
+
 TEST_F(ActionsTest, ErrorEndsTheOperationIsReportedAndWhatWasWrittenStands) {
     ExpectReport(6, "Overflow");
     RunAction([this] {

@@ -116,7 +116,8 @@ TEST_F(CarryOver, RowsWhoseNumbersLeaveNoRoomAreNumberedAnew) {
     const QString chart = QStringLiteral("Chart 3");
     QStringList memos = Memos(*Store, chart);
     memos += QStringLiteral("behind all others");
-    for (const char* number : {"rowid - 1000", "rowid + 4294967295", "rowid * 2000000000"}) {
+    for (const char* number :
+         {"rowid - 1", "rowid - 1000", "rowid + 4294967295", "rowid * 2000000000"}) {
         WriteFormer();
         SQLite::Database(Former.toStdString(), SQLite::OPEN_READWRITE)
             .exec(std::string("UPDATE \"Chart 3\" SET rowid = ") + number);
