@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QTimer>
+#include <cstdlib>
 #include <stdexcept>
 
 namespace {
@@ -195,17 +196,22 @@ TEST_F(ActionsTest, EndingTheProcessCommitsFirst) {
     EXPECT_EQ(log, Steps({"a", "commit", "end 0", "commit"}));
 }
 
+// In a process of its own: after the end no event loop of a process runs any more.
 TEST_F(ActionsTest, EndingTheProcessLeavesAllEventLoops) {
-    SetEndProcess({});
-    QEventLoop outer;
-    QTimer::singleShot(0, &outer, [this] {
-        QEventLoop inner;
-        QTimer::singleShot(0, &inner, [] { RunAction([] { EndProcess(3); }); });
-        EXPECT_EQ(inner.exec(), 3);
-        Write("inner left");
-    });
-    EXPECT_EQ(outer.exec(), 3);
-    EXPECT_TRUE(log.contains(QStringLiteral("inner left")));
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto leave = [] {
+        SetEndProcess({});
+        QEventLoop outer;
+        int innerCode = 0;
+        QTimer::singleShot(0, &outer, [&innerCode] {
+            QEventLoop inner;
+            QTimer::singleShot(0, &inner, [] { RunAction([] { EndProcess(3); }); });
+            innerCode = inner.exec();
+        });
+        const int outerCode = outer.exec();
+        std::_Exit(10 * innerCode + outerCode);
+    };
+    EXPECT_EXIT(leave(), testing::ExitedWithCode(33), "");
 }
 
 TEST_F(ActionsTest, SkippedErrorsLetTheNextStatementRun) {
