@@ -18,7 +18,7 @@ QRect ElidingEdit::TextPlace() const {
 }
 
 bool ElidingEdit::IsCut() const {
-    return fontMetrics().horizontalAdvance(text()) > TextPlace().width();
+    return fontMetrics().horizontalAdvance(displayText()) > TextPlace().width();
 }
 
 bool ElidingEdit::event(QEvent* event) {
@@ -32,7 +32,9 @@ bool ElidingEdit::event(QEvent* event) {
 
 void ElidingEdit::paintEvent(QPaintEvent* event) {
     const bool isHint = text().isEmpty() && !placeholderText().isEmpty();
-    if (hasFocus() || hasSelectedText() || isHint) {
+    // It stands at the other end, which the toolkit sees to.
+    const bool isMirrored = text().isRightToLeft() && !IsCut();
+    if (hasFocus() || hasSelectedText() || isHint || isMirrored) {
         QLineEdit::paintEvent(event);
         return;
     }
@@ -52,5 +54,5 @@ void ElidingEdit::paintEvent(QPaintEvent* event) {
     // Where the toolkit writes it.
     const int top = place.y() + (place.height() - metrics.height() + 1) / 2;
     painter.drawText(place.x(), top + metrics.ascent(),
-                     metrics.elidedText(text(), Qt::ElideRight, place.width()));
+                     metrics.elidedText(displayText(), Qt::ElideRight, place.width()));
 }

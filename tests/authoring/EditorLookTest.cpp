@@ -64,7 +64,8 @@ TEST_F(EditorLookTest, ATextThatFitsStandsWhereTheToolkitWritesIt) {
     QLineEdit toolkits(&editor.Rows());
     toolkits.setGeometry(box.geometry().translated(0, 100));
     toolkits.show();
-    for (const QString& text : {u"Mum"_s, u"fÄgjy Ågnes"_s, QString()}) {
+    for (const QString& text :
+         {u"Mum"_s, u"fÄgjy Ågnes"_s, QString(), u"Mum\tand\nDad"_s, u"أمي"_s}) {
         box.setText(text);
         toolkits.setText(text);
         EXPECT_LE(LargestDifference(box, toolkits), 1) << text.toStdString();

@@ -2,6 +2,8 @@
 
 #include "tests/common/RuntimeTest.h"
 
+#include <utility>
+
 namespace {
 
 class PromptsTest : public RuntimeTest {};
@@ -36,34 +38,28 @@ TEST_F(PromptsTest, ReportOfAnErrorNeverRaises) {
 }
 
 TEST_F(PromptsTest, ErrorsCarryTheirStandardTexts) {
-    const auto standardText = [](ErrorNumber number) { return RuntimeError(number).Text(); };
-    EXPECT_EQ(standardText(ErrorNumber::InvalidProcedureCall),
-              QStringLiteral("Invalid procedure call or argument"));
-    EXPECT_EQ(standardText(ErrorNumber::Overflow), QStringLiteral("Overflow"));
-    EXPECT_EQ(standardText(ErrorNumber::SubscriptOutOfRange),
-              QStringLiteral("Subscript out of range"));
-    EXPECT_EQ(standardText(ErrorNumber::TypeMismatch), QStringLiteral("Type mismatch"));
-    EXPECT_EQ(standardText(ErrorNumber::BadFileNameOrNumber),
-              QStringLiteral("Bad file name or number"));
-    EXPECT_EQ(standardText(ErrorNumber::FileNotFound), QStringLiteral("File not found"));
-    EXPECT_EQ(standardText(ErrorNumber::InputPastEndOfFile),
-              QStringLiteral("Input past end of file"));
-    EXPECT_EQ(standardText(ErrorNumber::PathFileAccessError),
-              QStringLiteral("Path/File access error"));
-    EXPECT_EQ(standardText(ErrorNumber::PathNotFound), QStringLiteral("Path not found"));
-    EXPECT_EQ(standardText(ErrorNumber::ObjectVariableNotSet),
-              QStringLiteral("Object variable or With block variable not set"));
-    EXPECT_EQ(standardText(ErrorNumber::InvalidUseOfNull), QStringLiteral("Invalid use of Null"));
-    EXPECT_EQ(standardText(ErrorNumber::InvalidPicture), QStringLiteral("Invalid picture"));
-    EXPECT_EQ(standardText(ErrorNumber::PrinterError), QStringLiteral("Printer error"));
-    EXPECT_EQ(standardText(ErrorNumber::EngineFault),
-              QStringLiteral("The database reported an error"));
-    EXPECT_EQ(standardText(ErrorNumber::NoCurrentRecord), QStringLiteral("No current record."));
-    EXPECT_EQ(standardText(ErrorNumber::NoSuchTable),
-              QStringLiteral("The database cannot find the table"));
-    EXPECT_EQ(standardText(ErrorNumber::FieldTooSmall),
-              QStringLiteral("The field is too small to accept the amount of data you attempted "
-                             "to add."));
+    const std::pair<ErrorNumber, const char*> standardTexts[] = {
+        {ErrorNumber::InvalidProcedureCall, "Invalid procedure call or argument"},
+        {ErrorNumber::Overflow, "Overflow"},
+        {ErrorNumber::SubscriptOutOfRange, "Subscript out of range"},
+        {ErrorNumber::TypeMismatch, "Type mismatch"},
+        {ErrorNumber::BadFileNameOrNumber, "Bad file name or number"},
+        {ErrorNumber::FileNotFound, "File not found"},
+        {ErrorNumber::InputPastEndOfFile, "Input past end of file"},
+        {ErrorNumber::PathFileAccessError, "Path/File access error"},
+        {ErrorNumber::PathNotFound, "Path not found"},
+        {ErrorNumber::ObjectVariableNotSet, "Object variable or With block variable not set"},
+        {ErrorNumber::InvalidUseOfNull, "Invalid use of Null"},
+        {ErrorNumber::InvalidPicture, "Invalid picture"},
+        {ErrorNumber::PrinterError, "Printer error"},
+        {ErrorNumber::EngineFault, "The database reported an error"},
+        {ErrorNumber::NoCurrentRecord, "No current record."},
+        {ErrorNumber::NoSuchTable, "The database cannot find the table"},
+        {ErrorNumber::FieldTooSmall,
+         "The field is too small to accept the amount of data you attempted "
+         "to add."}};
+    for (const auto& [number, text] : standardTexts)
+        EXPECT_EQ(RuntimeError(number).Text(), QString::fromUtf8(text));
 }
 
 TEST_F(PromptsTest, ReportsOfErrorsTellTheirNumberAndTheirText) {
