@@ -19,7 +19,6 @@ TEST_F(DisplayAccountListTest, ClickByAnAdultSelectsTheRowAndShowsItsAccount) {
     EXPECT_EQ(Text("Label5"), QStringLiteral("420"));
     EXPECT_EQ(PictureColor("Image1"), QColor(Qt::red));
     EXPECT_EQ(PictureColor("Image2"), QColor(Qt::red));
-    Shoot(View(), QStringLiteral("DisplayAccount-adult"));
     ClickRow(List(), 1);
     EXPECT_EQ(List().SelectedName(), Lee);
     EXPECT_EQ(Figures(), QStringLiteral("30||"));
@@ -80,7 +79,7 @@ TEST_F(DisplayAccountListTest, PressInAScrolledListSelectsTheRowUnderTheMouse) {
     EXPECT_EQ(List().SelectedName(), QStringLiteral("Child 25"));
     EXPECT_EQ(Text("KidName"), QStringLiteral("Child 25"));
     EXPECT_EQ(List().verticalScrollBar()->value(), top);
-    Shoot(MainWindow(), QStringLiteral("DisplayAccount-30-children"));
+    LookAt(MainWindow(), QStringLiteral("DisplayAccount-30-children"));
     Boxes.Expect(ResetQuestion, PromptAnswer::No);
     PressButton("cmdReset");
     EXPECT_EQ(List().verticalScrollBar()->value(), top);

@@ -404,13 +404,13 @@ TEST_F(ChartEditorForm, RowAddedAfterDeletionsInAScrolledListIsInSight) {
 
 TEST_F(ChartEditorForm, TextsStandWhollyInTheirRows) {
     ChartEditor& editor = NewChart(u"Chores of the whole summer"_s);
-    Shoot(editor, u"ChartEditorEmpty"_s);
+    LookAt(editor, u"ChartEditorEmpty"_s);
     AddJobs(editor, 14);
     for (int row = 0; row < 15; ++row)
         editor.SetRow(row,
                       {u"Empty the waste paper bins on the upper floor and below"_s, u"Mon-Fri"_s,
                        u"Grandmother Josephine Maximiliana"_s, u"Very Easy"_s, u"12"_s});
-    Shoot(editor, u"ChartEditorLongTexts"_s);
+    LookAt(editor, u"ChartEditorLongTexts"_s);
     for (const QString& column : {u"AdultResponsable"_s, u"Points"_s}) {
         const auto& box = RowControl<QLineEdit>(editor, column, 0);
         QStyleOptionFrame option;

@@ -3,21 +3,24 @@
 #include "app/RegisterForms.h"
 #include "platform/forms/ActivationTracker.h"
 #include "support/clsRegistry.h"
+#include "tests/common/Pictures.h"
+#include "tests/common/WindowsAtRest.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
-#include <QDeadlineTimer>
+#include <QCursor>
 #include <QDir>
 #include <QLineEdit>
+#include <QScreen>
 #include <QTest>
 #include <QTextDocumentFragment>
-#include <QWindow>
-#include <utility>
 
 FormTest::FormTest() {
     // What an earlier test has pressed and never released is not held here.
     QTestPrivate::qtestMouseButtons = Qt::NoButton;
+    // Nothing is under the mouse where an earlier test has left it.
+    QCursor::setPos(QApplication::primaryScreen()->geometry().bottomRight());
     clsRegistry registry;
     const QString key = QStringLiteral("Dutygrid");
     registry.CreateKey(HKEY_CURRENT_USER, key);
@@ -31,75 +34,8 @@ FormTest::~FormTest() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-namespace {
-
-/// Counts what tells that windows are still on their way: a window that comes, goes, moves or is
-/// drawn afresh, and focus that travels.
-class WindowUnrest : public QObject {
-public:
-    WindowUnrest() { qApp->installEventFilter(this); }
-
-    int Events() const { return events_; }
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        switch (event->type()) {
-        case QEvent::WindowActivate:
-        case QEvent::WindowDeactivate:
-        case QEvent::ApplicationStateChange:
-        case QEvent::WindowStateChange:
-        case QEvent::FocusIn:
-        case QEvent::FocusOut:
-        case QEvent::Show:
-        case QEvent::Hide:
-            ++events_;
-            break;
-        case QEvent::Expose:
-        case QEvent::Move:
-        case QEvent::Resize:
-            events_ += watched->isWindowType() ? 1 : 0;
-            break;
-        default:
-            break;
-        }
-        return false;
-    }
-
-private:
-    int events_ = 0;
-};
-
-/// True while a form is shown as a window of its own, and one of them is not drawn yet or none
-/// has the focus: the window manager has not come to it.
-bool WindowManagerIsBehind() {
-    if (QApplication::activeModalWidget() != nullptr)
-        return false;
-    bool anyShown = false;
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (dynamic_cast<Form*>(window) == nullptr || !window->isVisible() || window->isMinimized())
-            continue;
-        anyShown = true;
-        if (window->windowHandle() == nullptr || !window->windowHandle()->isExposed())
-            return true;
-    }
-    return anyShown && QApplication::activeWindow() == nullptr;
-}
-
-} // namespace
-
 void FormTest::Settle() {
-    constexpr int QuietRounds = 3;
-    constexpr int RoundMs = 15;
-    // Another program may keep the focus for good.
-    const QDeadlineTimer latest(2000);
-    const WindowUnrest unrest;
-    int seen = 0;
-    for (int quiet = 0; quiet < QuietRounds && !latest.hasExpired();) {
-        QTest::qWait(RoundMs);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        const bool calm = std::exchange(seen, unrest.Events()) == unrest.Events();
-        quiet = calm && !WindowManagerIsBehind() ? quiet + 1 : 0;
-    }
+    LetWindowsRest();
     EXPECT_FALSE(IsUnderWay()) << "a kill would undo what has just been done";
 }
 
@@ -195,8 +131,6 @@ void FormTest::Press(QWidget& control, Qt::Key key) {
     QTest::keyClick(&control, key);
 }
 
-void FormTest::Shoot(QWidget& form, const QString& name) {
-    const QString folder = qEnvironmentVariable("DUTYGRID_SHOTS");
-    if (!folder.isEmpty())
-        form.grab().save(QDir(folder).filePath(name + QStringLiteral(".png")));
+void FormTest::LookAt(QWidget& seen, const QString& name) {
+    ExpectPicture(seen.grab().toImage(), name);
 }

@@ -52,6 +52,6 @@ protected:
     /// The title that the window system shows for a form's window.
     static QString ShownTitle(const QWidget& form);
 
-    /// Saves a picture of a form to the folder named by DUTYGRID_SHOTS, if that is set.
-    static void Shoot(QWidget& form, const QString& name);
+    /// Compares what is seen of a window with its picture of that name.
+    static void LookAt(QWidget& seen, const QString& name);
 };

@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QEvent>
 #include <QProcess>
+#include <QStyleHints>
 #include <QTest>
 #include <QWidget>
 #include <algorithm>
@@ -27,17 +28,24 @@ QStringList MoveTo(const QWidget& widget, const QPoint& place) {
     return {QStringLiteral("mousemove"), QString::number(at.x()), QString::number(at.y())};
 }
 
-QElapsedTimer& SinceClick() {
-    static QElapsedTimer timer;
-    return timer;
+struct FormerClick {
+    QElapsedTimer since;
+    QPoint at;
+};
+
+FormerClick& Former() {
+    static FormerClick former;
+    return former;
 }
 
-/// Lets the time pass in which a press would be taken for the second one of a double click.
-void LetTheFormerClickRest() {
+/// Lets the time pass in which a press here would be taken for the second one of a double click.
+void LetTheFormerClickRest(const QPoint& at) {
     constexpr int spare = 100; // milliseconds
-    if (!SinceClick().isValid())
+    const QStyleHints& hints = *QGuiApplication::styleHints();
+    if (!Former().since.isValid() ||
+        (at - Former().at).manhattanLength() > 2 * hints.mouseDoubleClickDistance())
         return;
-    const qint64 rest = QApplication::doubleClickInterval() + spare - SinceClick().elapsed();
+    const qint64 rest = hints.mouseDoubleClickInterval() + spare - Former().since.elapsed();
     QTest::qWait(static_cast<int>(std::max<qint64>(rest, 0)));
 }
 
@@ -48,7 +56,8 @@ bool IsInSight(const QWidget& widget, const QPoint& place) {
 }
 
 void SendClickAt(const QWidget& widget, const QPoint& place, const RealPress& press) {
-    LetTheFormerClickRest();
+    const QPoint at = widget.mapToGlobal(place);
+    LetTheFormerClickRest(at);
     EXPECT_TRUE(IsInSight(widget, place)) << widget.objectName().toStdString();
     QStringList hand = MoveTo(widget, place);
     for (int click = 0; click < press.count; ++click)
@@ -56,7 +65,8 @@ void SendClickAt(const QWidget& widget, const QPoint& place, const RealPress& pr
                  QStringLiteral("sleep"),     QString::number(press.heldMs / 1000.0),
                  QStringLiteral("mouseup"),   QStringLiteral("1")};
     Run(hand, press.isBusy);
-    SinceClick().start();
+    Former().since.start();
+    Former().at = at;
 }
 
 } // namespace

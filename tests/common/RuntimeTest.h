@@ -4,6 +4,7 @@
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/ProgramFolder.h"
 #include "tests/common/Errors.h"
+#include "tests/common/MemoryFolder.h"
 #include "tests/common/Readable.h"
 #include "tests/common/Scripted.h"
 #include "tests/common/TestRun.h"
@@ -41,6 +42,6 @@ protected:
     ScriptedDesktop DesktopCalls;
 
 private:
-    QTemporaryDir folder_;
+    QTemporaryDir folder_{MemoryFolder()};
     TestRun run_{{.Boxes = &Boxes, .Desktop = &DesktopCalls, .ProgramFolder = folder_.path()}};
 };

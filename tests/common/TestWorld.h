@@ -2,6 +2,7 @@
 
 #include "session/Session.h"
 #include "tests/common/Errors.h"
+#include "tests/common/MemoryFolder.h"
 #include "tests/common/Readable.h"
 #include "tests/common/Scripted.h"
 #include "tests/common/TestRun.h"
@@ -50,7 +51,7 @@ protected:
     ScriptedDesktop DesktopCalls;
 
 private:
-    QTemporaryDir folder_;
+    QTemporaryDir folder_{MemoryFolder()};
 
 protected:
     PdfPrintTarget Paper;

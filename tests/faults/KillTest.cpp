@@ -1,4 +1,5 @@
 #include "platform/runtime/ProgramFolder.h"
+#include "tests/common/MemoryFolder.h"
 #include "tests/faults/ChildProcess.h"
 #include "tests/faults/FaultWorld.h"
 #include "tests/faults/Household.h"
@@ -141,7 +142,7 @@ TEST_F(FaultTest, AKillAtAnyMomentLeavesTheStateAfterTheLastActionReportedOrTheN
     };
     for (quint32 family = 0; goesOn(); ++family) {
         const QTemporaryDir folder;
-        const QTemporaryDir modelFolder;
+        const QTemporaryDir modelFolder(MemoryFolder());
         MakeEmptyDatabase(folder.path());
         MakeEmptyDatabase(modelFolder.path());
         ResetSession();

@@ -48,7 +48,6 @@ TEST_F(OpenFillfrmTest, ShowsItsCaptions) {
     EXPECT_EQ(Button(form, QStringLiteral("Cancel")).text(), QStringLiteral("Cancel"));
     EXPECT_TRUE(Find<QWidget>(form, QStringLiteral("Shape1")).isVisible());
     EXPECT_EQ(Find<QLabel>(form, QStringLiteral("Label1")).buddy(), &List());
-    Shoot(form, QStringLiteral("OpenFillfrm"));
 }
 
 TEST_F(OpenFillfrmTest, ListsTheAccountsOwnChartsOfTheWeekThatHoldsToday) {

@@ -84,7 +84,7 @@ TEST_F(ViewerDesignTest, ALongNameNeverMakesTheFormWider) {
     Click(viewer.Instructions[0]);
     EXPECT_EQ(viewer.height(), 9800 / 15);
     EXPECT_EQ(viewer.width(), 734);
-    Shoot(*viewer.window(), QStringLiteral("ChartViewer-longnames"));
+    LookAt(viewer.Frame(), QStringLiteral("ChartViewer-longnames"));
 }
 
 TEST_F(ViewerDesignTest, ThePagesOfAWeekCanBeLookedAt) {
@@ -108,19 +108,17 @@ TEST_F(ViewerDesignTest, ThePagesOfAWeekCanBeLookedAt) {
                     QStringLiteral("Mum"), QStringLiteral("Average")};
     MakeChart(QStringLiteral("Chores Anna"), jobs);
     ChartViewer& viewer = OpenChart(QStringLiteral("Chores Anna"));
-    Shoot(*viewer.window(), QStringLiteral("ChartViewer-1row"));
     Click(Button(viewer, QStringLiteral("NextDay")));
     EXPECT_EQ(viewer.Instructions.Count(), 12);
     Click(viewer.ClearImg[0]);
     Click(viewer.ClearImg[2]);
-    Shoot(*viewer.window(), QStringLiteral("ChartViewer-12rows"));
+    LookAt(viewer.Frame(), QStringLiteral("ChartViewer-12rows"));
     Click(viewer.Instructions[4]);
     EXPECT_EQ(TextAt(viewer, QStringLiteral("Namelbl")), QStringLiteral("Mum"));
-    Shoot(*viewer.window(), QStringLiteral("ChartViewer-highlighted"));
     Scroll(viewer).setValue(5);
     viewer.ClearImg[6].setFocus();
     Settle();
-    Shoot(*viewer.window(), QStringLiteral("ChartViewer-scrolled"));
+    LookAt(viewer.Frame(), QStringLiteral("ChartViewer-scrolled"));
 }
 
 } // namespace

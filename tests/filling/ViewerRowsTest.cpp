@@ -399,7 +399,7 @@ TEST_F(ViewerRowsTest, AMaximisedViewerStaysMaximised) {
     Next(viewer);
     EXPECT_EQ(viewer.Frame().geometry(), whole);
     EXPECT_EQ(Jobs(viewer), S{QStringLiteral("Thu job 1")});
-    Shoot(*viewer.window(), QStringLiteral("ChartViewer-maximised"));
+    LookAt(viewer.Frame(), QStringLiteral("ChartViewer-maximised"));
 }
 
 TEST_F(ViewerRowsTest, APressOnTheNumberOrAHeadingIsNotStoredAndStartsNoDrag) {

@@ -160,7 +160,6 @@ TEST_F(HelpManualTest, EveryPageShowsWithinTheWindow) {
         Settle();
         EXPECT_LE(page.document()->size().width(), page.viewport()->width())
             << topic.Id.toStdString();
-        Shoot(window, QStringLiteral("help-") + topic.Id);
     }
 }
 

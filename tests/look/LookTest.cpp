@@ -5,11 +5,9 @@
 
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
-#include <QDir>
-#include <QGuiApplication>
+#include <QApplication>
 #include <QLabel>
 #include <QMdiArea>
-#include <QPixmap>
 #include <QScreen>
 
 namespace {
@@ -40,7 +38,10 @@ bool IsInList(const QWidget& control) {
 
 } // namespace
 
-LookTest::LookTest() = default;
+LookTest::LookTest() {
+    // A blinking one is in one picture of two.
+    QApplication::setCursorFlashTime(0);
+}
 
 QString LookTest::LongName() {
     return u"Maximiliana Bartholomea van der Woodhouse-Smythe"_s;
@@ -117,14 +118,7 @@ QStringList LookTest::Faults(Form& form, Fits fits) {
 
 void LookTest::Look(Form& form, const QString& name, Fits fits) {
     Settle();
-    TakeScreen(name);
+    LookAt(form.Frame(), name);
     const QStringList faults = Faults(form, fits);
     EXPECT_EQ(faults, QStringList()) << name.toStdString();
-}
-
-void LookTest::TakeScreen(const QString& name) {
-    const QString folder = qEnvironmentVariable("DUTYGRID_SHOTS");
-    if (!folder.isEmpty())
-        QGuiApplication::primaryScreen()->grabWindow(0).save(
-            QDir(folder).filePath(name + u".png"_s));
 }

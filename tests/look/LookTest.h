@@ -9,7 +9,6 @@ using namespace Qt::StringLiterals;
 
 /// A fixture for what the windows look like, at whatever scale the process runs: a family with
 /// short and long names, charts of short and long jobs, and a look at each window for what is cut.
-/// With DUTYGRID_SHOTS a picture of the screen is left for each window.
 class LookTest : public FormTest {
 protected:
     LookTest();
@@ -33,10 +32,8 @@ protected:
     /// A form of a size of its own may be larger than the main window, which then scrolls.
     enum class Fits { Wholly, AsItIs };
 
-    /// Looks a shown form over and takes its picture.
+    /// Looks a shown form over, and compares it with its picture.
     static void Look(Form& form, const QString& name, Fits fits = Fits::Wholly);
-    /// A picture of the whole screen.
-    static void TakeScreen(const QString& name);
 
     /// The texts that are cut, controls outside their parents, and a form that is not whole in the
     /// main window, one a line; empty if all is well.

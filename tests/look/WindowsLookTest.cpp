@@ -84,7 +84,7 @@ TEST_F(WindowsLookTest, MakingAndChangingAccounts) {
 TEST_F(WindowsLookTest, MainWindowOfAnAdultAndOfAChild) {
     MakeFamily();
     StartFor(u"Mum"_s, u"Teacher"_s);
-    TakeScreen(u"Main-adult"_s);
+    LookAt(Default<MainForm>().Widget(), u"Main-adult"_s);
     CurrentUser = u"Anna"_s;
     CurrentState = u"Student"_s;
     Default<MainForm>().SetCaption(u"Sparkit Dutygrid - Hi Anna"_s);
@@ -92,7 +92,7 @@ TEST_F(WindowsLookTest, MainWindowOfAnAdultAndOfAChild) {
     ShowForm<::LogIn>().Hide();
     Default<MainForm>().Show();
     Settle();
-    TakeScreen(u"Main-child"_s);
+    LookAt(Default<MainForm>().Widget(), u"Main-child"_s);
 }
 
 TEST_F(WindowsLookTest, SmallDialogs) {
@@ -143,12 +143,12 @@ TEST_F(WindowsLookTest, ChartEditor) {
     auto& combo = Find<QComboBox>(editor, u"Instructions(1)"_s);
     combo.showPopup();
     Settle();
-    TakeScreen(u"ChartEditor-jobs"_s);
+    LookAt(*QApplication::activePopupWidget(), u"ChartEditor-jobs"_s);
     combo.hidePopup();
     auto& days = Find<QComboBox>(editor, u"DayOfWeek(2)"_s);
     days.showPopup();
     Settle();
-    TakeScreen(u"ChartEditor-days"_s);
+    LookAt(*QApplication::activePopupWidget(), u"ChartEditor-days"_s);
     days.hidePopup();
     editor.Hide();
     Look(OpenEditor(1), u"ChartEditor-long"_s);

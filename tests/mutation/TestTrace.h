@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <gtest/gtest.h>
+#include <vector>
 
 /// Notes for each test in what file it stands, whether it passed, how long it took and which places
 /// it came by, one line a test, in the file that DUTYGRID_MUTANT_TRACE names.
@@ -16,11 +17,14 @@ public:
     }
 
 private:
-    explicit TestTrace(const char* file) : out_(std::fopen(file, "a")) {}
+    /// Every test rests on what was come by before the first one.
+    explicit TestTrace(const char* file)
+        : out_(std::fopen(file, "a")), before_(Mutants::reached, Mutants::reached + Mutants::Most) {
+    }
     ~TestTrace() override { std::fclose(out_); }
 
     void OnTestStart(const testing::TestInfo&) override {
-        std::fill_n(Mutants::reached, Mutants::Most, false);
+        std::copy(before_.begin(), before_.end(), Mutants::reached);
     }
 
     void OnTestEnd(const testing::TestInfo& test) override {
@@ -34,4 +38,5 @@ private:
     }
 
     std::FILE* out_;
+    std::vector<bool> before_;
 };

@@ -39,7 +39,6 @@ TEST_F(ReportfrmTest, TextsOfTheForm) {
         {u"Cancel"_s, u"Exit"_s}};
     for (const auto& [name, text] : buttons)
         EXPECT_EQ(Find<QPushButton>(Report(), name).text(), text);
-    Shoot(Report(), u"Reportfrm-empty"_s);
 }
 
 TEST_F(ReportfrmTest, ActivationListsTheChildrenAndTheChartsOfNobody) {
@@ -54,7 +53,7 @@ TEST_F(ReportfrmTest, ClickOnAChildListsItsChartsAndItsHistory) {
     EXPECT_EQ(Entries(Charts), (QStringList{Chores, Piano}));
     EXPECT_EQ(Entries(Histories), (QStringList{Week2, Week3, Week1}));
     EXPECT_EQ(Selected(Charts), QStringList());
-    Shoot(Report(), u"Reportfrm-child"_s);
+    LookAt(Report(), u"Reportfrm-child"_s);
     Pick(Kids, u"Ben"_s);
     EXPECT_EQ(Entries(Charts), QStringList{u"Chores Ben"_s});
     EXPECT_EQ(Entries(Histories), QStringList{u"History Chores Ben from: 3/4/2001"_s});
@@ -375,7 +374,7 @@ TEST_F(ReportfrmTest, LongAndStrangeNamesAreListedAndPrinted) {
     Settle();
     ToFront(Report());
     Pick(Kids, kid);
-    Shoot(Report(), u"Reportfrm-long"_s);
+    LookAt(Report(), u"Reportfrm-long"_s);
     EXPECT_EQ(Entries(Charts), QStringList{u"Chart 'of' \"him\""_s});
     Pick(Histories, history);
     Push(u"Ok2"_s);

@@ -285,7 +285,7 @@ TEST_F(ReviewMatrixTest, ALongJobIsCutAndToldInFullByItsTip) {
     EXPECT_EQ(form.Points.Caption(0), QStringLiteral("2147483647"));
     EXPECT_FALSE(form.Points[0].TextFits());
     EXPECT_EQ(form.width(), 961);
-    Shoot(*form.window(), QStringLiteral("Review-longnames"));
+    LookAt(*form.window(), QStringLiteral("Review-longnames"));
 }
 
 TEST_F(ReviewMatrixTest, TheMouseOverACellTellsWhatItsNumberCounts) {

@@ -87,7 +87,7 @@ TEST_F(WeekChartRepresentationTest, BeforeAChoiceTheListAndTheTitleStandAlone) {
     EXPECT_TRUE(Scroll().isHidden());
     EXPECT_TRUE(List().isVisible());
     EXPECT_TRUE(List().selectedItems().isEmpty());
-    Shoot(*form.window(), QStringLiteral("Review-before"));
+    LookAt(*form.window(), QStringLiteral("Review-before"));
 }
 
 TEST_F(WeekChartRepresentationTest, AllOwnersChartsAreListedOnceAndNoOtherTable) {

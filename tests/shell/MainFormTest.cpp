@@ -99,7 +99,6 @@ TEST_F(MainFormTest, Toolbar) {
 
 TEST_F(MainFormTest, AdultsEntriesOpenTheirForms) {
     StartAdult();
-    Shoot(MainWindow(), QStringLiteral("MainForm-adult"));
     const QList<std::pair<QLatin1String, QString>> entries = {
         {QLatin1String("NewChart"), QStringLiteral("Newfrm")},
         {QLatin1String("OpenChart"), QStringLiteral("Openfrm")},
@@ -130,7 +129,6 @@ TEST_F(MainFormTest, AdultsEntriesOpenTheirForms) {
 
 TEST_F(MainFormTest, ChildsOpenLeadsToFilling) {
     StartChild();
-    Shoot(MainWindow(), QStringLiteral("MainForm-child"));
     Push(QLatin1String("OpenKid"));
     EXPECT_TRUE(IsShown(QStringLiteral("OpenFillfrm")));
     EXPECT_TRUE(DefaultForm(QStringLiteral("OpenFillfrm")).Unload());
@@ -394,7 +392,7 @@ TEST_F(MainFormTest, TitlesShowNamesAsTheyStand) {
               QStringLiteral("Editing [*] chart"));
     // On its own frame a title is only painted: it has to differ from one without the name.
     const QImage titled = frame.grab().toImage();
-    Shoot(frame, QStringLiteral("ChartEditor-title"));
+    LookAt(frame, QStringLiteral("ChartEditor-title"));
     editor.Widget().setWindowTitle(QStringLiteral("Editing  chart"));
     EXPECT_NE(frame.grab().toImage(), titled);
     // The toolkit's way to write one mark.
@@ -428,7 +426,6 @@ TEST_F(MainFormTest, AboutFormTellsAndOpensTheWebPageEverywhere) {
     EXPECT_EQ(Find<QLabel>(form, QStringLiteral("Label8")).text(), QStringLiteral("Larkfen Press"));
     EXPECT_FALSE(Find<QLabel>(form, QStringLiteral("Label7")).text().isEmpty());
     EXPECT_FALSE(Find<QLabel>(form, QStringLiteral("Picture1")).pixmap().isNull());
-    Shoot(MainWindow(), QStringLiteral("About"));
     for (const char* control : {"cmdContact", "cmdWeb", "Label7", "Label8"})
         Click(Find(form, QString::fromLatin1(control)));
     EXPECT_EQ(DesktopCalls.Opened,

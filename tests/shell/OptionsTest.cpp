@@ -71,7 +71,6 @@ TEST_F(BackgroundOptionsTest, ColorIsPreviewedSetAndStored) {
     EXPECT_TRUE(SwatchShows());
     EXPECT_EQ(Swatch(), QColor(255, 128, 0));
     EXPECT_EQ(MainWindow().BackColor(), 4711) << "not before Ok";
-    Shoot(MainWindow(), QStringLiteral("BackgroundOptions"));
     PressOk();
     EXPECT_TRUE(form.isNull());
     EXPECT_EQ(MainWindow().BackColor(), Orange);
@@ -221,7 +220,6 @@ TEST_F(OtherOptionsTest, TextsAndTheStoredChoice) {
     EXPECT_EQ(Find<QPushButton>(form, QStringLiteral("Ok")).text(), QStringLiteral("Ok"));
     EXPECT_EQ(Find<QPushButton>(form, QStringLiteral("Cancel")).text(), QStringLiteral("Cancel"));
     EXPECT_TRUE(Option("Option1").isChecked());
-    Shoot(MainWindow(), QStringLiteral("OtherOptions"));
 }
 
 TEST_F(OtherOptionsTest, AnyOtherValueThanZeroSelectsTheSecondOption) {

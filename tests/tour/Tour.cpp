@@ -6,6 +6,7 @@
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/ProgramFolder.h"
 #include "tests/common/Readable.h"
+#include "tests/common/WindowsAtRest.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -29,7 +30,6 @@
 
 namespace {
 
-constexpr int Quiet = 7;           // milliseconds without a change, thrice
 constexpr int WaitForFront = 4000; // milliseconds
 
 void CopyTree(const QString& from, const QString& to) {
@@ -91,12 +91,9 @@ void Tour::TheDayIs(const QDate& day) {
 }
 
 void Tour::Settle() {
-    for (int quiet = 0; quiet < 3; ++quiet) {
-        QTest::qWait(Quiet);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
+    LetWindowsRest();
     Boxes.WaitForAll();
-    QTest::qWait(Quiet);
+    LetWindowsRest();
 }
 
 QString Tour::InFolder(const Text& tail) {
@@ -152,7 +149,7 @@ void Tour::BringIntoView(const QWidget& widget, const QPoint& place) {
         down->setValue(down->value() + inArea.y() - view.bottom() + Margin);
     if (!(view.left() <= inArea.x() && inArea.x() <= view.right()))
         right->setValue(right->value() + inArea.x() - view.right() + Margin);
-    QTest::qWait(Quiet);
+    LetWindowsRest();
 }
 
 void Tour::ClickAt(QWidget& widget, const QPoint& place, const HowToClick& how) {
@@ -187,7 +184,7 @@ void Tour::Click(const Text& control) {
 void Tour::Type(const Text& box, const Text& text) {
     QWidget& edit = EditOf(Control(box));
     ClickAt(edit, edit.rect().center());
-    QTest::qWait(Quiet);
+    LetWindowsRest();
     EXPECT_TRUE(edit.hasFocus()) << box.toStdString();
     ReplaceText(edit, text);
     Settle();
@@ -330,7 +327,7 @@ void Tour::Menu(const Text& menu, const Text& entry) {
 
 void Tour::ShowMenu(const Text& menu, const Text& picture) {
     QMenu& open = OpenMenu(MainWindow(), menu);
-    QTest::qWait(Quiet);
+    LetWindowsRest();
     Pictures.TakeScreen(picture);
     QTest::keyClick(&open, Qt::Key_Escape);
     Settle();

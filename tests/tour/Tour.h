@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/desktop/SystemPrompts.h"
+#include "tests/common/MemoryFolder.h"
 #include "tests/common/Scripted.h"
 #include "tests/common/TestRun.h"
 #include "tests/tour/Album.h"
@@ -126,7 +127,7 @@ private:
     void ClickAt(QWidget& widget, const QPoint& place, const HowToClick& how = {});
     void PickEntry(const QString& list, const QString& entry, const HowToClick& how);
 
-    QTemporaryDir folder_;
+    QTemporaryDir folder_{MemoryFolder()};
     SystemPrompts prompts_;
     TestRun run_{{.Boxes = &prompts_,
                   .Desktop = &DesktopCalls,

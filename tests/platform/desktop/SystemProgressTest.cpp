@@ -31,7 +31,7 @@ TEST_F(SystemProgressTest, ShowsWorkThatTakesLongerThanASecondUntilItIsDone) {
     EXPECT_EQ(window->value(), 200);
     EXPECT_EQ(window->maximum(), 6000);
     EXPECT_TRUE(window->findChildren<QPushButton*>().isEmpty()) << "it cannot be broken off";
-    Shoot(*window, QStringLiteral("progress"));
+    LookAt(*window, QStringLiteral("progress"));
     ReportProgress(Work, 6000, 6000);
     EXPECT_EQ(ShownWindow(), nullptr);
 }

@@ -1,4 +1,5 @@
 #include "tests/common/FormerFile.h"
+#include "tests/common/Rounds.h"
 #include "tests/platform/tables/FullDisk.h"
 #include "tests/platform/tables/TablesTest.h"
 
@@ -219,7 +220,7 @@ TEST_F(CarryOver, KilledAtAnyMomentTheFileIsWhollyOldOrWhollyNew) {
     timer.start();
     TableStore::OpenDatabase(Former);
     const qint64 whole = timer.nsecsElapsed() / 1000;
-    constexpr int rounds = 40;
+    const int rounds = Rounds(12, 100);
     // A process of its own takes a little longer, and the machine is not always as quick.
     for (int round = 0; round < rounds || (carried == 0 && round < 5 * rounds); ++round) {
         WriteFile(Former, before);

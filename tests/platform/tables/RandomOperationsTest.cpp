@@ -1,3 +1,4 @@
+#include "tests/common/Rounds.h"
 #include "tests/platform/tables/TablesTest.h"
 
 #include <algorithm>
@@ -8,7 +9,6 @@
 
 namespace {
 
-constexpr int Steps = 100'000;
 constexpr int MostTables = 12;
 constexpr int MostRows = 150;
 constexpr int MostCursors = 5;
@@ -324,7 +324,8 @@ private:
 } // namespace
 
 TEST_F(RandomOperations, TablesAgreeWithAPlainModelOfThem) {
-    for (int step = 0; step < Steps; ++step) {
+    const int steps = Rounds(20'000, 500'000);
+    for (int step = 0; step < steps; ++step) {
         ASSERT_NO_FATAL_FAILURE(OneStep()) << "step " << step;
         if (step % 1000 == 0) {
             ASSERT_NO_FATAL_FAILURE(CompareAll(*Store)) << "step " << step;

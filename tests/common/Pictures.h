@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+class QImage;
+
+/// Looks whether something is painted as it was when somebody last looked at it: as in the picture
+/// SUITE-NAME.png of tests/pictures, at half its size. Where it is not, the test fails and what was
+/// seen is left in the folder pictures-seen. With DUTYGRID_PICTURES=FOLDER nothing is compared:
+/// what is seen is left in that folder. Nothing is compared either at another scale than 1, or with
+/// another version of the toolkit, which paints otherwise.
+void ExpectPicture(const QImage& painted, const QString& name);

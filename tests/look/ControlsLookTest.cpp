@@ -1,0 +1,143 @@
+#include "tests/common/Pictures.h"
+#include "tests/look/LookTest.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QPainter>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QStyle>
+#include <QStyleOptionButton>
+#include <QStyleOptionSlider>
+#include <functional>
+
+namespace {
+
+/// Every control in every state it can be in, in a grid of cells.
+class Sheet {
+public:
+    Sheet(QSize cell, int columns, int rows)
+        : cell_(cell), columns_(columns),
+          image_(cell.width() * columns, cell.height() * rows, QImage::Format_RGB32) {
+        image_.fill(Qt::white);
+    }
+
+    /// The next cell; its contents stand 3 pixels from its edges.
+    void Add(const std::function<void(QPainter&, const QRect&)>& paint) {
+        const QPoint corner(next_ % columns_ * cell_.width(), next_ / columns_ * cell_.height());
+        ++next_;
+        QPainter painter(&image_);
+        painter.translate(corner);
+        paint(painter, QRect(QPoint(), cell_).adjusted(3, 3, -3, -3));
+    }
+
+    const QImage& Image() const { return image_; }
+
+private:
+    QSize cell_;
+    int columns_;
+    int next_ = 0;
+    QImage image_;
+};
+
+const QList<QStyle::State> States = {
+    QStyle::State_None, QStyle::State_Enabled, QStyle::State_Enabled | QStyle::State_MouseOver,
+    QStyle::State_Enabled | QStyle::State_Sunken | QStyle::State_MouseOver,
+    QStyle::State_Enabled | QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange};
+
+class ControlsLookTest : public LookTest {};
+
+TEST_F(ControlsLookTest, Marks) {
+    Sheet sheet(QSize(24, 24), static_cast<int>(States.size()), 4);
+    QCheckBox square;
+    QRadioButton disc;
+    for (QAbstractButton* button :
+         {static_cast<QAbstractButton*>(&square), static_cast<QAbstractButton*>(&disc)})
+        for (const QStyle::State mark : {QStyle::State_Off, QStyle::State_On})
+            for (const QStyle::State state : States)
+                sheet.Add([&](QPainter& painter, const QRect& room) {
+                    QStyleOptionButton option;
+                    option.rect = room;
+                    option.state = state | mark;
+                    button->style()->drawPrimitive(button == &square
+                                                       ? QStyle::PE_IndicatorCheckBox
+                                                       : QStyle::PE_IndicatorRadioButton,
+                                                   &option, &painter, button);
+                });
+    ExpectPicture(sheet.Image(), u"marks"_s);
+}
+
+TEST_F(ControlsLookTest, Buttons) {
+    Sheet sheet(QSize(110, 40), static_cast<int>(States.size()), 2);
+    QPushButton usual;
+    QPushButton primary;
+    primary.setProperty("role", u"primary"_s);
+    for (QPushButton* button : {&usual, &primary})
+        for (const QStyle::State state : States)
+            sheet.Add([&](QPainter& painter, const QRect& room) {
+                button->ensurePolished();
+                button->resize(room.size());
+                QStyleOptionButton option;
+                option.initFrom(button);
+                option.state = state;
+                option.text = u"Chores"_s;
+                painter.translate(room.topLeft());
+                button->style()->drawControl(QStyle::CE_PushButton, &option, &painter, button);
+            });
+    ExpectPicture(sheet.Image(), u"buttons"_s);
+}
+
+void PaintScrollBar(QPainter& painter, QScrollBar& bar, QStyle::SubControls active,
+                    QStyle::State state) {
+    QStyleOptionSlider option;
+    option.initFrom(&bar);
+    option.subControls = QStyle::SC_All;
+    option.activeSubControls = active;
+    option.orientation = bar.orientation();
+    option.minimum = bar.minimum();
+    option.maximum = bar.maximum();
+    option.pageStep = bar.pageStep();
+    option.sliderPosition = option.sliderValue = bar.value();
+    option.direction = bar.layoutDirection();
+    option.state = state;
+    if (bar.orientation() == Qt::Horizontal)
+        option.state |= QStyle::State_Horizontal;
+    bar.style()->drawComplexControl(QStyle::CC_ScrollBar, &option, &painter, &bar);
+}
+
+/// Nothing to scroll, at the start, between, at the end, in a window that cannot be used.
+const QList<std::pair<int, int>> Scrolled = {{0, 0}, {0, 20}, {9, 20}, {20, 20}};
+
+TEST_F(ControlsLookTest, ScrollBars) {
+    const QList<QStyle::SubControls> parts = {QStyle::SC_None, QStyle::SC_ScrollBarSubLine,
+                                              QStyle::SC_ScrollBarAddLine,
+                                              QStyle::SC_ScrollBarSlider};
+    constexpr QStyle::State usable = QStyle::State_Enabled;
+    const QList<QStyle::State> states = {
+        QStyle::State_None, usable, usable | QStyle::State_MouseOver,
+        usable | QStyle::State_Sunken | QStyle::State_MouseOver, usable | QStyle::State_HasFocus};
+    for (const auto& [name, orientation, direction, size] :
+         {std::tuple(u"scroll-down"_s, Qt::Vertical, Qt::LeftToRight, QSize(16, 90)),
+          std::tuple(u"scroll-across"_s, Qt::Horizontal, Qt::LeftToRight, QSize(90, 16)),
+          std::tuple(u"scroll-back"_s, Qt::Horizontal, Qt::RightToLeft, QSize(90, 16))}) {
+        Sheet sheet(size + QSize(6, 6), static_cast<int>(states.size() * parts.size()),
+                    static_cast<int>(Scrolled.size()));
+        QScrollBar bar(orientation);
+        bar.setLayoutDirection(direction);
+        bar.setPageStep(5);
+        bar.resize(size);
+        for (const auto& [value, last] : Scrolled)
+            for (const QStyle::State state : states)
+                for (const QStyle::SubControls part : parts)
+                    sheet.Add([&](QPainter& painter, const QRect& room) {
+                        bar.setRange(0, last);
+                        bar.setValue(value);
+                        painter.translate(room.topLeft());
+                        PaintScrollBar(painter, bar, part, state);
+                    });
+        ExpectPicture(sheet.Image(), name);
+    }
+}
+
+} // namespace
