@@ -19,6 +19,8 @@
 FormTest::FormTest() {
     // What an earlier test has pressed and never released is not held here.
     QTestPrivate::qtestMouseButtons = Qt::NoButton;
+    // A blinking cursor is in one picture of two.
+    QApplication::setCursorFlashTime(0);
     // Nothing is under the mouse where an earlier test has left it.
     QCursor::setPos(QApplication::primaryScreen()->geometry().bottomRight());
     clsRegistry registry;
@@ -30,8 +32,9 @@ FormTest::FormTest() {
 
 FormTest::~FormTest() {
     DropDefaultForms();
-    // Deferred deletions belong to this test, not to the next.
+    // Deferred deletions belong to this test, and so does the focus that its windows leave behind.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    LetWindowsRest();
 }
 
 void FormTest::Settle() {
@@ -48,7 +51,7 @@ void FormTest::StartSession(const QString& user, const QString& state) {
     CurrentState = state;
     Form& mainForm = DefaultForm(QStringLiteral("MainForm"));
     mainForm.Show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&mainForm.Widget()));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&mainForm.Widget(), Patience));
     Settle();
 }
 
@@ -132,5 +135,5 @@ void FormTest::Press(QWidget& control, Qt::Key key) {
 }
 
 void FormTest::LookAt(QWidget& seen, const QString& name) {
-    ExpectPicture(seen.grab().toImage(), name);
+    ExpectPicture([&seen] { return seen.grab().toImage(); }, name);
 }

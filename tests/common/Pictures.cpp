@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QImage>
+#include <QTest>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -60,24 +61,40 @@ void Leave(const QImage& seen, const QDir& folder, const QString& file) {
         << folder.path().toStdString();
 }
 
+QString FileOf(const QString& name) {
+    const char* suite = testing::UnitTest::GetInstance()->current_test_info()->test_suite_name();
+    return QString::fromLatin1(suite) + u'-' + name + u".png"_s;
+}
+
+QImage AsKept(const QImage& painted) {
+    return painted.scaled(painted.size() / 2, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+        .convertToFormat(QImage::Format_RGB32);
+}
+
+bool AreCompared(const QImage& painted) {
+    return painted.devicePixelRatio() == 1 && qstrcmp(qVersion(), ToolkitVersion) == 0;
+}
+
+QImage Expected(const QString& file) {
+    QImage expected;
+    EXPECT_TRUE(expected.load(QDir(QStringLiteral(DUTYGRID_PICTURES_DIR)).filePath(file)))
+        << file.toStdString();
+    return expected.convertToFormat(QImage::Format_RGB32);
+}
+
 } // namespace
 
 void ExpectPicture(const QImage& painted, const QString& name) {
-    const QImage seen =
-        painted.scaled(painted.size() / 2, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-            .convertToFormat(QImage::Format_RGB32);
-    const char* suite = testing::UnitTest::GetInstance()->current_test_info()->test_suite_name();
-    const QString file = QString::fromLatin1(suite) + u'-' + name + u".png"_s;
+    const QString file = FileOf(name);
+    const QImage seen = AsKept(painted);
     const QString folder = qEnvironmentVariable("DUTYGRID_PICTURES");
     if (!folder.isEmpty()) {
         Leave(seen, folder, file);
         return;
     }
-    if (painted.devicePixelRatio() != 1 || qstrcmp(qVersion(), ToolkitVersion) != 0)
+    if (!AreCompared(painted))
         return;
-    QImage expected;
-    EXPECT_TRUE(expected.load(QDir(QStringLiteral(DUTYGRID_PICTURES_DIR)).filePath(file)))
-        << file.toStdString();
+    const QImage expected = Expected(file);
     if (seen.size() != expected.size())
         ADD_FAILURE() << file.toStdString() << " has another size: " << seen.width() << " x "
                       << seen.height();
@@ -87,4 +104,19 @@ void ExpectPicture(const QImage& painted, const QString& name) {
     else
         return;
     Leave(seen, QDir(u"pictures-seen"_s), file);
+}
+
+void ExpectPicture(const std::function<QImage()>& painted, const QString& name) {
+    constexpr int longestMove = 2000; // milliseconds
+    if (!qEnvironmentVariableIsEmpty("DUTYGRID_PICTURES")) {
+        QTest::qWait(longestMove / 2);
+    } else if (AreCompared(painted())) {
+        const QImage expected = Expected(FileOf(name));
+        const auto isAsExpected = [&] {
+            const QImage seen = AsKept(painted());
+            return seen.size() == expected.size() && Difference(seen, expected).isEmpty();
+        };
+        static_cast<void>(QTest::qWaitFor(isAsExpected, longestMove));
+    }
+    ExpectPicture(painted(), name);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 
 class QImage;
 
@@ -10,3 +11,7 @@ class QImage;
 /// what is seen is left in that folder. Nothing is compared either at another scale than 1, or with
 /// another version of the toolkit, which paints otherwise.
 void ExpectPicture(const QImage& painted, const QString& name);
+
+/// The same for what may still be moving, a button that fades in or a list that slides: looks at it
+/// until it is as in its picture, for two seconds at most.
+void ExpectPicture(const std::function<QImage()>& painted, const QString& name);

@@ -1,5 +1,7 @@
 #include "tests/common/RealInput.h"
 
+#include "tests/common/TestRun.h"
+
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEvent>
@@ -11,8 +13,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-constexpr int Patience = 20000; // milliseconds
 
 void Run(const QStringList& hand, bool isBusy = false) {
     QProcess xdotool;

@@ -5,6 +5,9 @@
 #include <QFile>
 #include <QLocale>
 
+/// In milliseconds: so long a test waits for what a busy machine may be slow to do.
+constexpr int Patience = 20000;
+
 /// A run of the program in a test: on Wednesday 7 March 2001, in the C locale, by a user of the
 /// machine who has never run it.
 class TestRun {

@@ -45,7 +45,7 @@ protected:
         HelpWindow help;
         help.Open(book.fileName());
         help.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&help));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&help, Patience));
         help.close();
         Settle();
     }
@@ -102,7 +102,7 @@ TEST_F(BareDisplayTest, APressBringsAFormToTheFront) {
     auto& over = Default<NewUser>();
     over.move(1000, 500);
     over.Show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&over));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&over, Patience));
     hand_.Click(Viewer().Instructions[0], RealInput::Short);
     Settle();
     EXPECT_TRUE(Main().isActiveWindow());

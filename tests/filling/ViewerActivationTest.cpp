@@ -95,7 +95,7 @@ TEST_F(ViewerActivationTest, AMessageBoxTurnsNothing) {
     box.setText(QStringLiteral("Please read"));
     box.addButton(QMessageBox::Ok);
     QTimer::singleShot(0, &box, [&box] {
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&box, Patience));
         box.accept();
     });
     box.exec();
@@ -107,7 +107,7 @@ TEST_F(ViewerActivationTest, AFileDialogTurnsNothing) {
     QFileDialog dialog(&Main());
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     QTimer::singleShot(0, &dialog, [&dialog] {
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog, Patience));
         dialog.reject();
     });
     dialog.exec();
@@ -137,7 +137,7 @@ TEST_F(ViewerActivationTest, AnotherProgramsWindowTurnsNothing) {
     other.terminate();
     other.waitForFinished();
     Main().activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&Main()));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&Main(), Patience));
     Wait();
     ExpectDay(Wednesday, 0);
 }
@@ -148,7 +148,7 @@ TEST_F(ViewerActivationTest, MinimisingTheMainWindowTurnsNothing) {
     ExpectDay(Wednesday, 0);
     Main().showNormal();
     Main().activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&Main()));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&Main(), Patience));
     Wait();
     ExpectDay(Wednesday, 0);
 }
@@ -158,12 +158,12 @@ TEST_F(ViewerActivationTest, LogOffAndLogInTurnOnePage) {
     mainForm.Hide();
     Form& logIn = DefaultForm(QStringLiteral("LogIn"));
     logIn.Show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&logIn.Widget()));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&logIn.Widget(), Patience));
     Wait();
     ExpectDay(Wednesday, 0);
     logIn.Unload();
     mainForm.Show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&mainForm.Widget()));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&mainForm.Widget(), Patience));
     Wait();
     // From the log-in window, a form of the program, back to the viewer.
     ExpectDay(Wednesday + 1, 1);
@@ -175,7 +175,7 @@ TEST_F(ViewerActivationTest, TheGoalMessageAndThePrintQuestionsTurnNothing) {
     const auto realBox = [this] {
         QMessageBox box(&Main());
         QTimer::singleShot(0, &box, [&box] {
-            EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&box, Patience));
             box.accept();
         });
         box.exec();

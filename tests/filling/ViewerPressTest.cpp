@@ -45,7 +45,7 @@ protected:
             auto& over = Default<NewUser>();
             over.move(1000, 500);
             over.Show();
-            EXPECT_TRUE(QTest::qWaitForWindowActive(&over));
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&over, Patience));
         }
         Settle();
     }

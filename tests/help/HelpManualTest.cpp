@@ -153,7 +153,7 @@ TEST_F(HelpManualTest, TheChildrensPageHasFewWordsAndManyPictures) {
 TEST_F(HelpManualTest, EveryPageShowsWithinTheWindow) {
     HelpWindow window;
     window.Open(Path(QStringLiteral("HelpFile/DutygridHlp.hlp")));
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window, Patience));
     auto& page = Find<HelpPage>(window, QStringLiteral("Page"));
     for (const HelpTopic& topic : page.Book().Topics()) {
         page.GoTo(topic.Id);

@@ -43,7 +43,7 @@ protected:
 
     void Open() {
         window.Open(bookFile);
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window, Patience));
         Settle();
         Settle();
     }
@@ -414,7 +414,7 @@ protected:
 TEST_F(HelpWindowTest, GoingToTheHelpAndBackIsNoReturnToAForm) {
     auto* form = new CountingForm;
     form->Show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(form));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form, Patience));
     Settle();
     EXPECT_EQ(form->Activations, 1);
     Open();
@@ -422,13 +422,13 @@ TEST_F(HelpWindowTest, GoingToTheHelpAndBackIsNoReturnToAForm) {
     Settle();
     form->raise();
     form->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(form)); // it stays usable beside the help
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form, Patience)); // it stays usable beside the help
     Settle();
     EXPECT_EQ(form->Activations, 1);
     EXPECT_TRUE(window.isVisible());
     Open();
     Key(Qt::Key_Escape);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(form));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form, Patience));
     Settle();
     EXPECT_EQ(form->Activations, 1);
     form->Unload();

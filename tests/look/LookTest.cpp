@@ -38,10 +38,7 @@ bool IsInList(const QWidget& control) {
 
 } // namespace
 
-LookTest::LookTest() {
-    // A blinking one is in one picture of two.
-    QApplication::setCursorFlashTime(0);
-}
+LookTest::LookTest() = default;
 
 QString LookTest::LongName() {
     return u"Maximiliana Bartholomea van der Woodhouse-Smythe"_s;

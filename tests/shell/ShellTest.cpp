@@ -39,7 +39,7 @@ QStringList ShellTest::SettingsLines() {
 }
 
 void ShellTest::WaitForActive(QWidget& form) {
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&form, Patience));
     Settle();
 }
 

@@ -73,7 +73,7 @@ TEST_F(SystemPromptsTest, ABoxOutlivesTheWindowBeneathIt) {
     auto* window = new QWidget;
     window->show();
     window->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window, Patience));
     QTimer::singleShot(100, [window] { delete window; });
     Prompt prompt;
     prompt.Text = QStringLiteral("Sure?");

@@ -60,7 +60,7 @@ protected:
     ActivationTest() {
         Activations.clear();
         main_->Show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get()));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get(), Patience));
         Settle();
         EXPECT_EQ(Taken(), QStringList{QStringLiteral("main")});
     }
@@ -87,7 +87,8 @@ protected:
         other.start(QStringLiteral("xmessage"), {QStringLiteral("another program")});
         if (!other.waitForStarted())
             GTEST_FAIL() << "xmessage is not installed";
-        EXPECT_TRUE(QTest::qWaitFor([] { return QApplication::activeWindow() == nullptr; }));
+        EXPECT_TRUE(
+            QTest::qWaitFor([] { return QApplication::activeWindow() == nullptr; }, Patience));
         meanwhile();
         other.kill();
         other.waitForFinished();
@@ -135,7 +136,7 @@ TEST_F(ActivationTest, AMenuDoesNotActivateTheFormBehindIt) {
 TEST_F(ActivationTest, AnotherProgramDoesNotActivateTheFormOnReturn) {
     const auto first = Inside("first");
     WithAnotherProgram([] { EXPECT_EQ(Taken(), QStringList()); });
-    EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get()));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get(), Patience));
     EXPECT_EQ(Taken(), QStringList());
 }
 
@@ -145,7 +146,7 @@ TEST_F(ActivationTest, MinimisingAndRestoringTheMainWindowActivatesNothing) {
     EXPECT_EQ(Taken(), QStringList());
     main_->showNormal();
     main_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get()));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get(), Patience));
     EXPECT_EQ(Taken(), QStringList());
 }
 
@@ -155,11 +156,11 @@ TEST_F(ActivationTest, HidingTheMainWindowForAnotherFormActivatesMainAndFrontOnc
     auto* logIn = new PlainForm(QStringLiteral("login"), Form::Place::TopLevel);
     main_->Hide();
     logIn->Show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(logIn));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(logIn, Patience));
     EXPECT_EQ(Taken(), QStringList{QStringLiteral("login")});
     main_->Show();
     logIn->Unload();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get()));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get(), Patience));
     EXPECT_EQ(Taken(), (QStringList{QStringLiteral("main"), QStringLiteral("second")}));
 }
 
@@ -205,10 +206,10 @@ TEST_F(ActivationTest, ATopLevelFormOverTheMainWindowAndBackActivatesBoth) {
     const auto first = Inside("first");
     auto* over = new PlainForm(QStringLiteral("over"), Form::Place::TopLevel);
     over->Show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(over));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(over, Patience));
     EXPECT_EQ(Taken(), QStringList{QStringLiteral("over")});
     over->Unload();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get()));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get(), Patience));
     EXPECT_EQ(Taken(), (QStringList{QStringLiteral("main"), QStringLiteral("first")}));
 }
 
