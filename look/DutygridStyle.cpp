@@ -48,7 +48,6 @@ void DrawScrollBar(const QStyleOptionSlider& option, QPainter& painter, const QS
                                ? option.sliderPosition <= option.minimum
                                : option.sliderPosition >= option.maximum;
         if (canMove && !atEnd && isUnderMouse(part)) {
-            painter.setPen(Qt::NoPen);
             painter.setBrush(HoneyDark);
             painter.drawRoundedRect(place(part).adjusted(1, 1, -1, -1), Round, Round);
         }
@@ -60,7 +59,6 @@ void DrawScrollBar(const QStyleOptionSlider& option, QPainter& painter, const QS
         const bool held = option.state.testFlag(QStyle::State_Sunken) &&
                           option.activeSubControls.testFlag(QStyle::SC_ScrollBarSlider);
         const QRectF slider = place(QStyle::SC_ScrollBarSlider);
-        painter.setPen(Qt::NoPen);
         painter.setBrush(held || option.state.testFlag(QStyle::State_HasFocus) ? Teal
                          : isUnderMouse(QStyle::SC_ScrollBarSlider)            ? Muted
                                                                                : Outline);

@@ -76,8 +76,7 @@ qint16 MultiplyIntegers(qint16 left, qint16 right) {
 }
 
 QString NumberText(double value) {
-    // A negative zero is a zero.
-    return QString::number(value == 0 ? 0 : value, 'g', 15);
+    return QString::number(value, 'g', 15);
 }
 
 QString TextOf(const QVariant& value) {

@@ -1,4 +1,5 @@
 #include "platform/runtime/Actions.h"
+#include "tests/common/OrdinaryUser.h"
 #include "tests/faults/FaultWorld.h"
 
 #include "session/Session.h"
@@ -8,27 +9,6 @@
 #include <unistd.h>
 
 namespace {
-
-/// While it lives this process has the rights of an ordinary user, who owns no file here; of no
-/// effect if it has them anyway.
-class OrdinaryUser {
-public:
-    OrdinaryUser() : former_(::geteuid()) {
-        constexpr uid_t nobody = 65534;
-        if (former_ == 0)
-            wasChanged_ = ::seteuid(nobody) == 0;
-    }
-    ~OrdinaryUser() {
-        if (wasChanged_ && ::seteuid(former_) != 0)
-            std::abort();
-    }
-    OrdinaryUser(const OrdinaryUser&) = delete;
-    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-
-private:
-    uid_t former_;
-    bool wasChanged_ = false;
-};
 
 void SetMode(const QString& path, mode_t mode) {
     ASSERT_EQ(::chmod(QFile::encodeName(path).constData(), mode), 0);

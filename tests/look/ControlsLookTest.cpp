@@ -1,7 +1,9 @@
+#include "look/DutygridStyle.h"
 #include "tests/common/Pictures.h"
 #include "tests/look/LookTest.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCheckBox>
 #include <QPainter>
 #include <QPushButton>
@@ -138,6 +140,49 @@ TEST_F(ControlsLookTest, ScrollBars) {
                     });
         ExpectPicture(sheet.Image(), name);
     }
+}
+
+TEST_F(ControlsLookTest, ThePainterIsLeftAsItWas) {
+    QImage paper(100, 100, QImage::Format_RGB32);
+    QPainter painter(&paper);
+    const QPen pen(Qt::red, 3);
+    const QBrush brush(Qt::blue);
+    painter.setPen(pen);
+    painter.setBrush(brush);
+    const auto expectAsItWas = [&](const char* after) {
+        EXPECT_EQ(painter.pen(), pen) << after;
+        EXPECT_EQ(painter.brush(), brush) << after;
+        EXPECT_EQ(painter.renderHints(), QPainter::RenderHints(QPainter::TextAntialiasing))
+            << after;
+        EXPECT_TRUE(painter.transform().isIdentity()) << after;
+    };
+    QScrollBar bar;
+    bar.setRange(0, 20);
+    bar.resize(16, 90);
+    PaintScrollBar(painter, bar, QStyle::SC_ScrollBarSlider, QStyle::State_Enabled);
+    expectAsItWas("scroll bar");
+    QPushButton primary;
+    primary.setProperty("role", u"primary"_s);
+    primary.ensurePolished();
+    QStyleOptionButton option;
+    option.initFrom(&primary);
+    option.rect = QRect(0, 0, 18, 18);
+    option.state = QStyle::State_Enabled | QStyle::State_On;
+    bar.style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &option, &painter, &bar);
+    expectAsItWas("mark");
+    DutygridStyle().drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, &primary);
+    expectAsItWas("focus of a button");
+}
+
+TEST_F(ControlsLookTest, MeasuresAreThoseOfTheDesign) {
+    const QList<std::pair<QStyle::PixelMetric, int>> measures = {
+        {QStyle::PM_FocusFrameHMargin, 6},         {QStyle::PM_IndicatorWidth, 18},
+        {QStyle::PM_IndicatorHeight, 18},          {QStyle::PM_ExclusiveIndicatorWidth, 18},
+        {QStyle::PM_ExclusiveIndicatorHeight, 18}, {QStyle::PM_CheckBoxLabelSpacing, 8},
+        {QStyle::PM_RadioButtonLabelSpacing, 8},   {QStyle::PM_ScrollBarExtent, 16},
+        {QStyle::PM_ToolBarExtensionExtent, 22},   {QStyle::PM_ScrollBarSliderMin, 28}};
+    for (const auto& [measure, pixels] : measures)
+        EXPECT_EQ(QApplication::style()->pixelMetric(measure), pixels) << measure;
 }
 
 } // namespace

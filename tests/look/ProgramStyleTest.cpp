@@ -97,6 +97,18 @@ TEST_F(ProgramStyleTest, TextsOfThePaletteStandOutFromTheirGrounds) {
                 << "group " << group << " role " << text;
 }
 
+TEST_F(ProgramStyleTest, WhatCannotBeUsedIsPaleAndTipsHaveTheProgramsColours) {
+    const QPalette palette = QApplication::palette();
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        EXPECT_EQ(palette.color(QPalette::Disabled, role), LookColors::Unusable) << role;
+    EXPECT_EQ(palette.color(QPalette::Disabled, QPalette::Light), LookColors::Card);
+    EXPECT_EQ(palette.color(QPalette::Button), LookColors::Card);
+    EXPECT_EQ(QToolTip::palette().color(QPalette::ToolTipText), LookColors::Ink);
+    EXPECT_EQ(QToolTip::palette().color(QPalette::ToolTipBase), LookColors::Card);
+    EXPECT_EQ(QToolTip::palette().color(QPalette::Window), LookColors::Paper);
+}
+
 TEST_F(ProgramStyleTest, TextsOfTheStyleSheetStandOutFromTheirGrounds) {
     int texts = 0;
     for (const Rule& rule : RulesOfTheStyleSheet()) {

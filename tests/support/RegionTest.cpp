@@ -1,6 +1,7 @@
 #include "support/Region.h"
 
 #include "support/RegionData.h"
+#include "tests/common/OrdinaryUser.h"
 #include "tests/common/RuntimeTest.h"
 
 #include <QElapsedTimer>
@@ -73,12 +74,10 @@ TEST_F(RegionTest, PointNumber32768OverflowsTheCount) {
     EXPECT_ERROR(6, Shape.SetRegion(Window));
 }
 
-TEST_F(RegionTest, SetRegionClosesThePolygonAndAppliesIt) {
+TEST_F(RegionTest, SetRegionAppliesThePolygon) {
     AddSquare(Shape, 10);
     Shape.SetRegion(Window);
     EXPECT_EQ(Shape.PointCount, 4);
-    ASSERT_EQ(Shape.Points.size(), 5U);
-    EXPECT_EQ(Shape.Points.back(), QPoint(0, 0));
     ASSERT_TRUE(Window.Outline.has_value());
     EXPECT_EQ(*Window.Outline, QRegion(0, 0, 10, 10));
     EXPECT_EQ(Window.Calls, 1);
@@ -217,7 +216,9 @@ TEST_F(RegionTest, FileThatCannotBeOpenedRaisesItsErrorAndLeavesTheFormAlone) {
 
 TEST_F(RegionTest, ReadOnlyFileIsLoaded) {
     WriteFile(Path(QStringLiteral("shape")), Bytes({32, 1, 1, 16, 0, 0, 9, 9, 0, 0, 9, 9}));
-    QFile::setPermissions(Path(QStringLiteral("shape")), QFileDevice::ReadOwner);
+    ASSERT_EQ(::chmod(QFile::encodeName(Path(QStringLiteral("shape"))).constData(), 0444), 0);
+    ASSERT_EQ(::chmod(QFile::encodeName(ProgramFolder()).constData(), 0755), 0);
+    const OrdinaryUser user;
     Shape.LoadFromFile(Path(QStringLiteral("shape")), Window);
     EXPECT_EQ(Window.Outline, QRegion(0, 0, 9, 9));
 }
