@@ -2,14 +2,13 @@
 
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/RuntimeError.h"
-#include "platform/runtime/TextFiles.h"
+#include "platform/runtime/WholeFiles.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <QStringList>
 #include <limits>
@@ -69,17 +68,12 @@ public:
     Store(quint32 root, const QString& keyPath, const QString& computerName)
         : rootIsHere_(root == HKEY_CURRENT_USER && computerName.isEmpty()),
           path_(keyPath.startsWith(QLatin1Char('\\')) ? keyPath.mid(1) : keyPath) {
-        QFile file(FileName());
-        if (rootIsHere_ && file.exists()) {
-            if (!file.open(QIODevice::ReadOnly))
-                throw Fault();
-            const QByteArray text = file.readAll();
-            if (file.error() != QFileDevice::NoError)
-                throw Fault();
-            if (auto keys = ReadKeys(text))
+        if (rootIsHere_ && QFileInfo::exists(FileName())) {
+            constexpr qint64 most = 64 << 20; // bytes
+            if (auto keys = ReadKeys(ReadWholeFile(FileName(), most)))
                 keys_ = std::move(*keys);
             else
-                PutAside(file);
+                PutAside();
         }
         keys_[QString()];
     }
@@ -139,9 +133,7 @@ public:
             keys[path] = members;
         }
         QDir().mkpath(QFileInfo(FileName()).path());
-        QSaveFile file(FileName());
-        if (!file.open(QIODevice::WriteOnly) || !CommitWith(file, QJsonDocument(keys).toJson()))
-            throw Fault();
+        ReplaceFile(FileName(), QJsonDocument(keys).toJson());
     }
 
 private:
@@ -176,13 +168,12 @@ private:
     }
 
     /// Renames the file to the first free one of registry.json.damaged1, 2 and so on.
-    static void PutAside(QFile& file) {
-        file.close();
+    static void PutAside() {
         const QString aside = FileName() + QStringLiteral(".damaged");
         int number = 1;
         while (QFileInfo::exists(aside + QString::number(number)))
             ++number;
-        if (!file.rename(aside + QString::number(number)))
+        if (!QFile::rename(FileName(), aside + QString::number(number)))
             throw Fault();
     }
 

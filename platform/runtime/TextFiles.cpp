@@ -1,11 +1,8 @@
 #include "platform/runtime/TextFiles.h"
 
 #include "platform/runtime/RuntimeError.h"
+#include "platform/runtime/WholeFiles.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
 #include <cmath>
 
 namespace {
@@ -21,15 +18,8 @@ bool IsBlank(QChar character) {
 } // namespace
 
 InputFile::InputFile(const QString& path) {
-    const QFileInfo info(path);
-    if (!info.dir().exists())
-        throw RuntimeError(ErrorNumber::PathNotFound);
-    if (!info.exists())
-        throw RuntimeError(ErrorNumber::FileNotFound);
-    QFile file(path);
-    if (!info.isFile() || !file.open(QIODevice::ReadOnly))
-        throw RuntimeError(ErrorNumber::PathFileAccessError);
-    text_ = QString::fromUtf8(file.readAll());
+    constexpr qint64 most = 16 << 20; // bytes: far more than anybody writes into such a file
+    text_ = QString::fromUtf8(ReadWholeFile(path, most));
 }
 
 QString InputFile::InputText() {
@@ -78,22 +68,9 @@ double InputFile::InputNumber() {
     return number;
 }
 
-bool CommitWith(QSaveFile& file, const QByteArray& content) {
-    // By itself a commit takes what a full disk has cut short for the whole.
-    return file.write(content) == content.size() && file.flush() && file.commit();
+OutputFile::OutputFile(const QString& path) : path_(path) {
+    RefuseToReplace(path);
 }
-
-OutputFile::OutputFile(const QString& path) : file_(std::make_unique<QSaveFile>(path)) {
-    const QFileInfo info(path);
-    if (!info.dir().exists())
-        throw RuntimeError(ErrorNumber::PathNotFound);
-    // Replacing by a rename would get past the protection of a read-only file.
-    if ((info.exists() && (!info.isFile() || !info.isWritable())) ||
-        !file_->open(QIODevice::WriteOnly))
-        throw RuntimeError(ErrorNumber::PathFileAccessError);
-}
-
-OutputFile::~OutputFile() = default;
 
 void OutputFile::PrintText(const QString& text) {
     content_ += text.toUtf8() + "\r\n";
@@ -105,6 +82,5 @@ void OutputFile::PrintNumber(qint64 number) {
 }
 
 void OutputFile::Close() {
-    if (!CommitWith(*file_, content_))
-        throw RuntimeError(ErrorNumber::PathFileAccessError);
+    ReplaceFile(path_, content_);
 }

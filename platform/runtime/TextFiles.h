@@ -2,14 +2,11 @@
 
 #include <QByteArray>
 #include <QString>
-#include <memory>
-
-class QSaveFile;
 
 /// A text file read by the formatted input statement. UTF-8; lines end in CR LF, CR or LF.
 class InputFile {
 public:
-    /// Raises 53 if the file is not there, 75 if it cannot be read, 76 if its folder is missing.
+    /// Raises 53 if the file is not there, 75 if it cannot be read whole, 76 if its folder is missing.
     explicit InputFile(const QString& path);
 
     /// True when nothing is left to read.
@@ -28,18 +25,11 @@ private:
     qsizetype position_ = 0;
 };
 
-/// Fills an open file and puts it in the place of the one there was, which stays until all has
-/// been written. False if the disk refuses any part of it.
-bool CommitWith(QSaveFile& file, const QByteArray& content);
-
 /// A text file written anew, line by line. What was there stays until Close has written all.
 class OutputFile {
 public:
-    /// Raises 76 if the folder is missing, 75 if the file cannot be written.
+    /// Raises 76 if the folder is missing, 75 if the file is protected, a link or no regular file.
     explicit OutputFile(const QString& path);
-    ~OutputFile();
-    OutputFile(const OutputFile&) = delete;
-    OutputFile& operator=(const OutputFile&) = delete;
 
     /// A text as it stands, then the line's end.
     void PrintText(const QString& text);
@@ -51,6 +41,6 @@ public:
     void Close();
 
 private:
-    std::unique_ptr<QSaveFile> file_;
+    QString path_;
     QByteArray content_;
 };

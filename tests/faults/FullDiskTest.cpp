@@ -1,7 +1,7 @@
+#include "tests/common/FullDisk.h"
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/ProgramFolder.h"
 #include "tests/faults/FaultWorld.h"
-#include "tests/faults/FileSizeLimit.h"
 #include "tests/faults/Household.h"
 #include "tests/faults/Snapshot.h"
 
@@ -72,7 +72,7 @@ TEST_F(FaultTest, ASaveThatFindsNoRoomShowsTheEnginesWordsAndKeepsTheChartsAsThe
         ASSERT_LT(limit, 4'000'000) << "no save has failed and none has succeeded";
         Boxes.Shown.clear();
         {
-            const FileSizeLimit noRoom(limit);
+            const FullDisk noRoom(limit);
             SaveForAll(family, editor, 12, QStringLiteral("Sweep"));
         }
         if (Boxes.Errors().isEmpty())
@@ -140,7 +140,7 @@ TEST_F(FaultTest, APictureThatFindsNoRoomLeavesTheAccountWithItsFormerPicture) {
     });
     const QByteArray before = SnapshotOf(File());
     {
-        const FileSizeLimit noRoom(QFileInfo(File()).size() + 100'000);
+        const FullDisk noRoom(QFileInfo(File()).size() + 100'000);
         RunAction([&] { Database().ChangePicture(QStringLiteral("Anna"), large); });
     }
     EXPECT_EQ(Boxes.Errors().size(), 1);

@@ -1,9 +1,9 @@
 #include "tests/faults/SmallFiles.h"
 #include "platform/runtime/TextFiles.h"
 #include "tests/common/Errors.h"
+#include "tests/common/FullDisk.h"
 #include "tests/faults/ChildProcess.h"
 #include "tests/faults/FaultWorld.h"
-#include "tests/faults/FileSizeLimit.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -26,7 +26,7 @@ TEST_F(SmallFilesTest, AWriteThatFindsNoRoomLeavesTheFormerContents) {
     // There is room for the registry as it is up to the last of these, not for a longer value.
     for (const auto& [limit, operation] :
          {std::pair(0, 11005), {1, 11005}, {4'096, 11005}, {70'000, 11001}}) {
-        const FileSizeLimit noRoom(limit);
+        const FullDisk noRoom(limit);
         EXPECT_ERROR(75, files.WriteText(2)) << limit;
         EXPECT_ERROR(operation, files.WriteRegistry(222'222)) << limit;
     }
@@ -51,11 +51,11 @@ TEST_F(SmallFilesTest, AShortFileThatFindsNoRoomKeepsItsFormerContents) {
     const QByteArray before = BytesOf(files.TextFile());
     ASSERT_EQ(before.size(), 25);
     for (const qint64 limit : {0, 1, 24}) {
-        const FileSizeLimit noRoom(limit);
+        const FullDisk noRoom(limit);
         EXPECT_ERROR(75, write(2)) << limit;
         EXPECT_EQ(BytesOf(files.TextFile()), before) << limit;
     }
-    const FileSizeLimit justRoom(25);
+    const FullDisk justRoom(25);
     EXPECT_NO_THROW(write(2));
 }
 

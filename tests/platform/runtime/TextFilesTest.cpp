@@ -136,18 +136,26 @@ TEST_F(TextFilesTest, OldFileStaysUntilTheNewOneIsClosed) {
               QStringList(QStringLiteral("lines.txt")));
 }
 
-TEST_F(TextFilesTest, RewrittenFileKeepsItsRightsAndTheLinkThatLeadsToIt) {
-    const QString target = Path(QStringLiteral("elsewhere/real.txt"));
-    WriteFile(target, "old");
+TEST_F(TextFilesTest, RewrittenFileKeepsItsRights) {
+    WriteFile(File(), "old");
     const auto rights = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::WriteGroup;
-    ASSERT_TRUE(QFile::setPermissions(target, rights));
-    ASSERT_TRUE(QFile::link(target, File()));
+    ASSERT_TRUE(QFile::setPermissions(File(), rights));
     OutputFile output(File());
     output.PrintText(QStringLiteral("new"));
     output.Close();
-    EXPECT_EQ(ReadFile(target), QByteArray("new\r\n"));
+    EXPECT_EQ(ReadFile(File()), QByteArray("new\r\n"));
+    EXPECT_EQ(QFile::permissions(File()) & ~(QFile::ReadUser | QFile::WriteUser), rights);
+}
+
+TEST_F(TextFilesTest, NothingIsWrittenThroughALink) {
+    const QString target = Path(QStringLiteral("elsewhere/.bashrc"));
+    WriteFile(target, "old");
+    OutputFile output(File());
+    ASSERT_TRUE(QFile::link(target, File()));
+    EXPECT_ERROR(75, output.Close());
+    EXPECT_ERROR(75, OutputFile{File()});
+    EXPECT_EQ(ReadFile(target), QByteArray("old"));
     EXPECT_EQ(QFileInfo(File()).symLinkTarget(), target);
-    EXPECT_EQ(QFile::permissions(target) & ~(QFile::ReadUser | QFile::WriteUser), rights);
 }
 
 TEST_F(TextFilesTest, FilesThatCannotBeWrittenRaiseTheirNumbers) {
@@ -155,7 +163,7 @@ TEST_F(TextFilesTest, FilesThatCannotBeWrittenRaiseTheirNumbers) {
     QDir().mkpath(Path(QStringLiteral("folder")));
     EXPECT_ERROR(75, OutputFile(Path(QStringLiteral("folder"))));
     // A file of the kernel's, which nobody can put another in the place of.
-    EXPECT_ERROR(75, OutputFile(QStringLiteral("/proc/version")));
+    EXPECT_ERROR(75, OutputFile(QStringLiteral("/proc/version")).Close());
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "tests/platform/tables/FullDisk.h"
+#include "tests/common/FullDisk.h"
 #include "tests/platform/tables/TablesTest.h"
 
 #include <atomic>

@@ -1,0 +1,131 @@
+#include "platform/runtime/WholeFiles.h"
+
+#include "platform/runtime/RuntimeError.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRandomGenerator>
+#include <filesystem>
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+namespace {
+
+RuntimeError AccessError() {
+    return RuntimeError(ErrorNumber::PathFileAccessError);
+}
+
+/// Has the disk keep what has been written to an open file.
+bool Sync(QFile& file) {
+#ifdef Q_OS_UNIX
+    return ::fsync(file.handle()) == 0;
+#else
+    return true;
+#endif
+}
+
+/// Has the disk keep which files a folder holds.
+bool SyncFolder(const QString& path) {
+#ifdef Q_OS_UNIX
+    const int folder =
+        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const bool isDone = folder >= 0 && ::fsync(folder) == 0;
+    if (folder >= 0)
+        ::close(folder);
+    return isDone;
+#else
+    return true;
+#endif
+}
+
+/// A file that is not yet whole, beside the one whose place it will take; removed unless it does.
+class Draft {
+public:
+    explicit Draft(const QFileInfo& target) : target_(target) {
+        // A name that nobody foresees, and a file that nobody has laid there.
+        const quint64 number = QRandomGenerator::system()->generate64();
+        file_.setFileName(target.filePath() +
+                          QStringLiteral(".%1.new").arg(number, 16, 16, QLatin1Char('0')));
+        if (!file_.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+            throw AccessError();
+    }
+    ~Draft() {
+        if (!isWhole_)
+            file_.remove();
+    }
+    Draft(const Draft&) = delete;
+    Draft& operator=(const Draft&) = delete;
+
+    void Write(const QByteArray& content) {
+        if (target_.exists() && !file_.setPermissions(target_.permissions()))
+            throw AccessError();
+        // The last bytes may be refused as late as when the file is flushed, synced or closed.
+        const bool isWritten =
+            file_.write(content) == content.size() && file_.flush() && Sync(file_);
+        file_.close();
+        if (!isWritten || file_.error() != QFileDevice::NoError)
+            throw AccessError();
+    }
+
+    void TakeItsPlace() {
+        std::error_code fault;
+        std::filesystem::rename(file_.filesystemFileName(), target_.filesystemFilePath(), fault);
+        isWhole_ = !fault;
+        if (!isWhole_ || !SyncFolder(target_.path()))
+            throw AccessError();
+    }
+
+private:
+    QFileInfo target_;
+    QFile file_;
+    bool isWhole_ = false;
+};
+
+/// Removes the drafts of writes that were killed; one of another copy's may still be written.
+void RemoveLeftDrafts(const QFileInfo& target) {
+    constexpr qint64 longestWrite = 2; // seconds
+    const QString drafts = target.fileName() + QStringLiteral(".????????????????.new");
+    const QDateTime before = QDateTime::currentDateTime().addSecs(-longestWrite);
+    for (const QFileInfo& draft : target.dir().entryInfoList({drafts}, QDir::Files | QDir::Hidden))
+        if (draft.lastModified() < before)
+            QFile::remove(draft.filePath());
+}
+
+} // namespace
+
+QByteArray ReadWholeFile(const QString& path, qint64 most) {
+    const QFileInfo info(path);
+    if (!info.dir().exists())
+        throw RuntimeError(ErrorNumber::PathNotFound);
+    if (!info.exists())
+        throw RuntimeError(ErrorNumber::FileNotFound);
+    QFile file(path);
+    if (!info.isFile() || info.size() > most || !file.open(QIODevice::ReadOnly))
+        throw AccessError();
+    const QByteArray content = file.read(most);
+    if (file.error() != QFileDevice::NoError || !file.atEnd())
+        throw AccessError();
+    return content;
+}
+
+void RefuseToReplace(const QString& path) {
+    const QFileInfo info(path);
+    if (!info.dir().exists())
+        throw RuntimeError(ErrorNumber::PathNotFound);
+    // A link could lead anywhere, and a rename would get past the protection of a read-only file.
+    if (info.isSymLink() || (info.exists() && (!info.isFile() || !info.isWritable())))
+        throw AccessError();
+}
+
+void ReplaceFile(const QString& path, const QByteArray& content) {
+    RefuseToReplace(path);
+    const QFileInfo target(path);
+    RemoveLeftDrafts(target);
+    Draft draft(target);
+    draft.Write(content);
+    draft.TakeItsPlace();
+}
