@@ -10,7 +10,6 @@
 
 ChildrenList::ChildrenList(QWidget* parent) : HeadedList(parent) {
     setHeaderHidden(true);
-    setDragDropMode(QAbstractItemView::NoDragDrop);
     setAcceptDrops(true);
 }
 

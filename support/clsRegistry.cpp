@@ -177,7 +177,6 @@ private:
 
     /// Renames the file to the first free one of registry.json.damaged1, 2 and so on.
     static void PutAside(QFile& file) {
-        file.close();
         const QString aside = FileName() + QStringLiteral(".damaged");
         int number = 1;
         while (QFileInfo::exists(aside + QString::number(number)))

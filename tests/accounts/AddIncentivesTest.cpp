@@ -215,8 +215,8 @@ TEST_F(AddIncentivesTest, CancelledBrowseEmptiesTheNameAndAYesStoresNoPicture) {
     Type(Box("Value"), QStringLiteral("9"));
     Boxes.Expect(NoPictureQuestion, PromptAnswer::Yes);
     PressIn("AddIncentive");
-    EXPECT_EQ(Boxes.Shown().last().Title, QStringLiteral("Sparkit Dutygrid"));
-    EXPECT_EQ(Boxes.Shown().last().Buttons, PromptButtons::YesNo);
+    EXPECT_EQ(Boxes.Last().Title, QStringLiteral("Sparkit Dutygrid"));
+    EXPECT_EQ(Boxes.Last().Buttons, PromptButtons::YesNo);
     EXPECT_EQ(StoredToy(Kim), QStringLiteral("Ball|9"));
     EXPECT_TRUE(StoredToyPicture(Kim).isNull());
     EXPECT_FALSE(IsOpen());

@@ -9,6 +9,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -206,6 +207,16 @@ TEST_F(FormPlacesTest, AFormTooHighForTheMainWindowBeginsAtItsUpperEdge) {
     form.SetHeight(TwipsOf(Room().height() + 100));
     form.KeepInMainWindow();
     EXPECT_EQ(form.Frame().y(), 0);
+}
+
+TEST_F(FormPlacesTest, WhatIsMovedBeyondTheEdgesIsReachedByTheAreasBars) {
+    const Form& form = Open(u"OtherOptions"_s);
+    EXPECT_FALSE(Area().horizontalScrollBar()->isVisible());
+    EXPECT_FALSE(Area().verticalScrollBar()->isVisible());
+    form.Frame().move(Room().width() - 100, Room().height() - 100);
+    Settle();
+    EXPECT_TRUE(Area().horizontalScrollBar()->isVisible());
+    EXPECT_TRUE(Area().verticalScrollBar()->isVisible());
 }
 
 TEST_F(FormPlacesTest, AFormIsOpenedInsideASmallMainWindow) {
