@@ -137,6 +137,15 @@ TEST_F(DisplayAccountListTest, RightPressAnsweredNoDeletesNothingAndRebuildsTheL
     EXPECT_EQ(Figures(), NoFigures);
 }
 
+TEST_F(DisplayAccountListTest, TheMenuKeyAsksAsTheRightButtonDoes) {
+    OpenView();
+    ClickRow(List(), 0);
+    Boxes.Expect(DeleteQuestion, PromptAnswer::Yes);
+    Press(List(), Qt::Key_Menu);
+    Settle();
+    EXPECT_EQ(Names(List()), QStringList(Lee));
+}
+
 TEST_F(DisplayAccountListTest, MiddlePressByAnAdultAsksNothingAndRebuildsTheList) {
     OpenView();
     ClickRow(List(), 0);

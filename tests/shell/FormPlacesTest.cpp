@@ -219,6 +219,27 @@ TEST_F(FormPlacesTest, WhatIsMovedBeyondTheEdgesIsReachedByTheAreasBars) {
     EXPECT_TRUE(Area().verticalScrollBar()->isVisible());
 }
 
+TEST_F(FormPlacesTest, WhatGetsTheKeyboardIsBroughtIntoView) {
+    const Form& form = Open(u"OtherOptions"_s);
+    const auto focused = [&](const QString& name) {
+        auto& control = Find(form.Widget(), name);
+        control.setFocus(Qt::TabFocusReason);
+        Settle();
+        return QRect(control.mapTo(Area().viewport(), QPoint()), control.size());
+    };
+    constexpr int Margin = 8;
+    Find(form.Widget(), u"Option1"_s).setFocus();
+    form.Frame().move(Room().width() - 100, Room().height() - 60);
+    Settle();
+    const QRect last = focused(u"Cancel"_s);
+    EXPECT_EQ(last.bottomRight(), QPoint(Room().width() - Margin, Room().height() - Margin));
+    form.Frame().move(-form.Frame().width() + 60, -form.Frame().height() + 60);
+    Settle();
+    const QRect first = focused(u"Option1"_s);
+    EXPECT_EQ(first.left(), Margin);
+    EXPECT_TRUE(Room().contains(first));
+}
+
 TEST_F(FormPlacesTest, AFormIsOpenedInsideASmallMainWindow) {
     ResizeMainWindow({1024, 570});
     for (const QString& name : InMainWindow) {
