@@ -10,7 +10,6 @@
 
 ChildrenList::ChildrenList(QWidget* parent) : HeadedList(parent) {
     setHeaderHidden(true);
-    setDragDropMode(QAbstractItemView::NoDragDrop);
     setAcceptDrops(true);
 }
 
@@ -23,8 +22,6 @@ ChildrenList::Position ChildrenList::TakeOut() {
 void ChildrenList::PutBack(const Position& position) {
     if (QTreeWidgetItem* row = topLevelItem(std::min(position.row, topLevelItemCount() - 1)))
         setCurrentItem(row, 0, QItemSelectionModel::NoUpdate);
-    // The bar knows its range when the rows have been laid out.
-    doItemsLayout();
     verticalScrollBar()->setValue(position.scroll);
 }
 

@@ -49,9 +49,9 @@ HelpPage::HelpPage(QWidget* parent) : QTextBrowser(parent) {
 
 void HelpPage::SetBook(const HelpBook& book) {
     book_ = book;
-    // Another book may have a page of the same name.
-    setSource(QUrl());
     home();
+    // Another book may have a page of the same name.
+    reload();
     clearHistory();
 }
 

@@ -6,7 +6,6 @@
 
 MonthCalendar::MonthCalendar(QWidget* parent) : QCalendarWidget(parent), parts_(PartsOf(Today())) {
     setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-    setNavigationBarVisible(true);
     // As the weeks of the charts; and no day stands out from the others.
     setFirstDayOfWeek(Qt::Sunday);
     for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})

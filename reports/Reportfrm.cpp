@@ -43,7 +43,6 @@ void Reportfrm::Activate() {
     students.Clear();
     Database().PopulateUserList(nullptr, students);
     StudentsList_Click();
-    UnselectChart();
 }
 
 void Reportfrm::Unloaded() {
@@ -81,11 +80,6 @@ void Reportfrm::StudentsList_Click() {
     ListNames histories(*ui_->ListView2);
     Database().RetreveChartsAvailable(kid, charts);
     Database().RetreveHistoryChartsAvailable(kid, histories);
-    UnselectChart();
-}
-
-void Reportfrm::UnselectChart() {
-    ui_->ListView1->clearSelection();
 }
 
 void Reportfrm::ListView1_RightPress() {

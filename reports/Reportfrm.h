@@ -67,7 +67,6 @@ private:
     void Ok_Click();
     void Ok2_Click();
     void Command2_Click();
-    void UnselectChart();
     void PrintSelected(const QString& kid);
     void AskForDates();
     /// What comes behind the wait for the dates.

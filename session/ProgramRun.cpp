@@ -25,7 +25,6 @@ void Take(const Surroundings& surroundings) {
 
 ProgramRun::ProgramRun(const Surroundings& surroundings) {
     Take(surroundings);
-    ResetSession();
 }
 
 ProgramRun::~ProgramRun() {

@@ -114,7 +114,6 @@ void LogIn::FitToScreen() {
 
 void LogIn::Load() {
     WithErrorsEndingTheRun([] { Database().InitDatabse(); });
-    ActiveList = 0;
 }
 
 void LogIn::showEvent(QShowEvent* event) {

@@ -80,10 +80,7 @@ MainForm::MainForm() : Form(*this, Place::TopLevel), ui_(std::make_unique<Ui::Ma
     FitToolbar(room);
 }
 
-MainForm::~MainForm() {
-    if (MainWindowArea() == ui_->Area)
-        SetMainWindowArea(nullptr);
-}
+MainForm::~MainForm() = default;
 
 void MainForm::BuildToolbar() {
     for (const ToolbarEntry& entry : ToolbarEntries) {

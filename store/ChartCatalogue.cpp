@@ -20,8 +20,7 @@ constexpr int AutoCreate = 3;
 } // namespace Week
 
 QString KeyOfOneWeekAgo() {
-    DateCls date;
-    date.SetValue(Today());
+    DateCls date; // of today
     date.Subtract(7, Days);
     return DateKey(date.Value());
 }

@@ -51,8 +51,7 @@ QDate MonthsForward(const QDate& from, qint16 number) {
         if (month > 12) {
             month = AddIntegers(month, -12);
             year = AddIntegers(year, 1);
-        }
-        if (month < 1) {
+        } else if (month < 1) {
             month = AddIntegers(month, 12);
             year = AddIntegers(year, -1);
         }
@@ -77,8 +76,7 @@ QDate MonthsBack(const QDate& from, qint16 number) {
         if (month < 1) {
             month = AddIntegers(month, 12);
             year = AddIntegers(year, -1);
-        }
-        if (month > 12) {
+        } else if (month > 12) {
             month = AddIntegers(month, -12);
             year = AddIntegers(year, 1);
         }

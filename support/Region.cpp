@@ -61,8 +61,7 @@ void Region::LoadFromFile(const QString& path, WindowShape& form) {
     Clear();
     QFile file(path);
     OpenBinary(file);
-    if (file.size() > 0)
-        RegionHandle = ExtCreateRegion(file.read(std::min(file.size(), most)));
+    RegionHandle = ExtCreateRegion(file.read(std::min(file.size(), most)));
     form.SetWindowRgn(RegionHandle.get());
 }
 

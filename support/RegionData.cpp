@@ -100,11 +100,13 @@ std::unique_ptr<QRegion> ExtCreateRegion(const QByteArray& data) {
     auto region = std::make_unique<QRegion>();
     QRect last;
     bool inBands = true;
+    qsizetype place = RegionHeaderSize;
     for (qint32 index = 0; index < count; ++index) {
         Numbers sides{};
-        for (std::size_t side = 0; side < sides.size(); ++side)
-            sides[side] = NumberAt(data, RegionHeaderSize + qsizetype{index} * RegionRectangleSize +
-                                             static_cast<qsizetype>(side) * NumberSize);
+        for (qint32& side : sides) {
+            side = NumberAt(data, place);
+            place += NumberSize;
+        }
         if (!IsRectangle(sides))
             return nullptr;
         const QRect rectangle(QPoint(sides[0], sides[1]), QPoint(sides[2] - 1, sides[3] - 1));

@@ -96,6 +96,9 @@ TEST_F(AddIncentivesTest, AddStoresNameCostAndThePictureChosen) {
     Browse(BluePicture());
     EXPECT_EQ(DesktopCalls.FileFolders, QStringList(Path(QStringLiteral("IncentivesPictures"))));
     EXPECT_EQ(Preview(), QColor(Qt::blue));
+    const auto& preview = Find<QLabel>(Default<AddIncentives>(), QStringLiteral("Image1"));
+    EXPECT_LE(preview.pixmap().height(), preview.height() - 10) << "its frame is to be seen";
+    EXPECT_LE(preview.pixmap().width(), preview.width() - 10);
     PressIn("AddIncentive");
     EXPECT_EQ(StoredToy(Kim), QStringLiteral("Zoo's \"big\" day|250"));
     EXPECT_EQ(StoredToyPicture(Kim).pixelColor(3, 3), QColor(Qt::blue));
@@ -215,8 +218,8 @@ TEST_F(AddIncentivesTest, CancelledBrowseEmptiesTheNameAndAYesStoresNoPicture) {
     Type(Box("Value"), QStringLiteral("9"));
     Boxes.Expect(NoPictureQuestion, PromptAnswer::Yes);
     PressIn("AddIncentive");
-    EXPECT_EQ(Boxes.Shown().last().Title, QStringLiteral("Sparkit Dutygrid"));
-    EXPECT_EQ(Boxes.Shown().last().Buttons, PromptButtons::YesNo);
+    EXPECT_EQ(Boxes.Last().Title, QStringLiteral("Sparkit Dutygrid"));
+    EXPECT_EQ(Boxes.Last().Buttons, PromptButtons::YesNo);
     EXPECT_EQ(StoredToy(Kim), QStringLiteral("Ball|9"));
     EXPECT_TRUE(StoredToyPicture(Kim).isNull());
     EXPECT_FALSE(IsOpen());

@@ -85,6 +85,25 @@ TEST_F(DisplayAccountListTest, PressInAScrolledListSelectsTheRowUnderTheMouse) {
     EXPECT_EQ(List().verticalScrollBar()->value(), top);
 }
 
+TEST_F(DisplayAccountListTest, AScrolledListStaysWhereItIs) {
+    for (int child = 0; child < 28; ++child)
+        MakeChild(QStringLiteral("Child %1").arg(child), 1);
+    OpenView();
+    QScrollBar& bar = *List().verticalScrollBar();
+    const int middle = bar.maximum() / 2;
+    ASSERT_GT(middle, 0);
+    bar.setValue(middle);
+    List().setCurrentItem(nullptr);
+    Boxes.Expect(ResetQuestion, PromptAnswer::No);
+    PressButton("cmdReset");
+    EXPECT_EQ(bar.value(), middle) << "no row was ever chosen";
+    const int row = List().indexOfTopLevelItem(List().itemAt(List().viewport()->rect().center()));
+    ClickRow(List(), row);
+    EXPECT_EQ(bar.value(), middle);
+    ActivateAgain();
+    EXPECT_EQ(bar.value(), middle);
+}
+
 TEST_F(DisplayAccountListTest, ClickBelowTheLastRowByAnAdultEmptiesTheView) {
     OpenView();
     ClickRow(List(), 0);
@@ -116,6 +135,15 @@ TEST_F(DisplayAccountListTest, RightPressAnsweredNoDeletesNothingAndRebuildsTheL
     EXPECT_EQ(Names(List()), QStringList({Kim, Lee}));
     EXPECT_EQ(List().SelectedName(), QString());
     EXPECT_EQ(Figures(), NoFigures);
+}
+
+TEST_F(DisplayAccountListTest, TheMenuKeyAsksAsTheRightButtonDoes) {
+    OpenView();
+    ClickRow(List(), 0);
+    Boxes.Expect(DeleteQuestion, PromptAnswer::Yes);
+    Press(List(), Qt::Key_Menu);
+    Settle();
+    EXPECT_EQ(Names(List()), QStringList(Lee));
 }
 
 TEST_F(DisplayAccountListTest, MiddlePressByAnAdultAsksNothingAndRebuildsTheList) {
@@ -167,6 +195,7 @@ TEST_F(DisplayAccountListTest, DragOverTheListRunsTheClickLogic) {
     OpenView();
     ClickRow(List(), 0);
     Database().AddPoints(Kim, 1, false);
+    EXPECT_TRUE(List().viewport()->acceptDrops()) << "or no drag comes here";
     QMimeData data;
     data.setText(QStringLiteral("anything"));
     QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);

@@ -264,6 +264,12 @@ TEST_F(DisplayAccountTest, ChildThatMayNotSeeOthersSeesItsOwnFiguresAndNoList) {
     LookAt(View(), QStringLiteral("DisplayAccount-child"));
 }
 
+TEST_F(DisplayAccountTest, ChildWhoseAccountIsGoneStillSeesItsName) {
+    OpenView(QStringLiteral("Zoe"), QStringLiteral("Student"));
+    EXPECT_EQ(Text("KidName"), QStringLiteral("Zoe"));
+    EXPECT_EQ(Figures(), NoFigures);
+}
+
 TEST_F(DisplayAccountTest, ChildThatMaySeeOthersHasTheListAndBlankFiguresUntilItClicks) {
     LetChildrenSeeOthers(true);
     OpenView(Kim, QStringLiteral("Student"));

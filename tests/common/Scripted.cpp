@@ -6,6 +6,7 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <gtest/gtest.h>
+#include <stdexcept>
 
 ScriptedPrompts::~ScriptedPrompts() {
     VerifyAllShown();
@@ -29,6 +30,12 @@ void ScriptedPrompts::VerifyAllShown() {
     for (const Expected& left : expected_)
         ADD_FAILURE() << "A box did not come: " << left.text.toStdString();
     expected_.clear();
+}
+
+const Prompt& ScriptedPrompts::Last() const {
+    if (shown_.isEmpty())
+        throw std::runtime_error("no box was shown");
+    return shown_.last();
 }
 
 PromptAnswer ScriptedPrompts::Show(const Prompt& prompt) {
@@ -94,6 +101,12 @@ void ScriptedDesktop::PlaySoundA(const QString& waveFile, quint32 flags) {
 std::unique_ptr<QPagedPaintDevice> PdfPrintTarget::Open() {
     pending_ = QStringLiteral("%1/Job%2.pdf").arg(folder_).arg(files_.size() + 1);
     return std::make_unique<QPdfWriter>(pending_);
+}
+
+const QString& PdfPrintTarget::LastFile() const {
+    if (files_.isEmpty())
+        throw std::runtime_error("nothing was printed");
+    return files_.last();
 }
 
 QString PdfPrintTarget::TextOf(const QString& file) {

@@ -30,6 +30,8 @@ public:
 
     /// The boxes shown so far.
     const QList<Prompt>& Shown() const { return shown_; }
+    /// The box shown last. Fails the test hard if there was none.
+    const Prompt& Last() const;
 
     PromptAnswer Show(const Prompt& prompt) override;
 
@@ -85,6 +87,8 @@ public:
 
     /// The files of the jobs sent so far.
     const QStringList& Files() const { return files_; }
+    /// The file of the job sent last. Fails the test hard if there is none.
+    const QString& LastFile() const;
     /// The text of a job's pages, by pdftotext -layout; pages end in a form feed.
     static QString TextOf(const QString& file);
 

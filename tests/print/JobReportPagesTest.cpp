@@ -53,14 +53,22 @@ TEST_F(JobReportPagesTest, NoJobFoundPrintsTheHeaderAlone) {
     MakeChartTable(Chores, {{u"Dust"_s}});
     WriteJobs("Sweep\r\n");
     EXPECT_EQ(Print({Chores}), QList<QList<Line>>{{}});
-    ExpectHeader(Recorded.Jobs.last().first());
+    ExpectHeader(Recorded.LastJob().first());
+}
+
+TEST_F(JobReportPagesTest, TheGridIsItsOwnWhateverIsSetBefore) {
+    Printer().SetScaleWidth(42);
+    Printer().SetScaleHeight(60);
+    WriteJobs("");
+    Print({Chores});
+    ExpectHeader(Recorded.LastJob().first());
 }
 
 TEST_F(JobReportPagesTest, EmptyListOfJobsPrintsTheHeaderAlone) {
     WriteJobs("");
     EXPECT_EQ(Print({u"there is no such table"_s}), QList<QList<Line>>{{}})
         << "no table is opened without a job";
-    ExpectHeader(Recorded.Jobs.last().first());
+    ExpectHeader(Recorded.LastJob().first());
 }
 
 TEST_F(JobReportPagesTest, LineHasNumberAndJobThenBothCountsTheSecondInRed) {
@@ -68,8 +76,8 @@ TEST_F(JobReportPagesTest, LineHasNumberAndJobThenBothCountsTheSecondInRed) {
         Chores, {{u"Dust"_s, true}, {u"Sweep"_s, true}, {u"Sweep"_s, false}, {u"Sweep"_s, true}});
     WriteJobs("Sweep\r\nDust\r\n");
     Print({Chores});
-    ASSERT_EQ(Recorded.Jobs.last().size(), 1);
-    const RecordedPage& page = Recorded.Jobs.last().first();
+    ASSERT_EQ(Recorded.LastJob().size(), 1);
+    const RecordedPage& page = Recorded.LastJob().first();
     ExpectHeader(page);
     ASSERT_EQ(page.Texts.size(), 11);
     ExpectText(page.Texts[5], u"1.     Sweep"_s, 1.2, 3, 14, Black);
@@ -100,14 +108,14 @@ TEST_F(JobReportPagesTest, Line29StandsAt31AndAHeaderAloneFollows) {
     ASSERT_EQ(pages.size(), 2);
     EXPECT_EQ(pages[0].last(), (Line{u"29.     job29"_s, u"0 "_s, u"1 "_s, 31}));
     EXPECT_TRUE(pages[1].isEmpty());
-    ExpectHeader(Recorded.Jobs.last()[1]);
+    ExpectHeader(Recorded.LastJob()[1]);
 }
 
 TEST_F(JobReportPagesTest, EveryPageRepeatsTheHeaderAndNumbersFromOne) {
     MakeJobs(29 + 29 + 2);
     const auto pages = Print({Chores});
     ASSERT_EQ(pages.size(), 3);
-    for (const RecordedPage& page : Recorded.Jobs.last())
+    for (const RecordedPage& page : Recorded.LastJob())
         ExpectHeader(page);
     EXPECT_EQ(pages[0].size(), 29);
     EXPECT_EQ(pages[1].size(), 29);
@@ -121,7 +129,7 @@ TEST_F(JobReportPagesTest, PaperShowsTheReportAndLosesTheLastTwoLines) {
     MakeJobs(29 + 29 + 2);
     SetPrintTarget(&Paper);
     Database().PrintReport2(u"Anna"_s, {Chores}, Period);
-    const PrintedPages pages(Paper.Files().last());
+    const PrintedPages pages(Paper.LastFile());
     ASSERT_EQ(pages.Count(), 3);
     for (const int page : {1, 2, 3}) {
         EXPECT_FALSE(pages.HasInkInMargins(page)) << page;

@@ -12,7 +12,7 @@ void JobReportTest::WriteJobs(const QByteArray& content, const QString& file) {
 QList<QList<JobReportTest::Line>> JobReportTest::LinesOfLastJob() const {
     constexpr int HeaderTexts = 5;
     QList<QList<Line>> pages;
-    for (const RecordedPage& page : Recorded.Jobs.last()) {
+    for (const RecordedPage& page : Recorded.LastJob()) {
         QList<Line> lines;
         for (qsizetype text = HeaderTexts; text + 2 < page.Texts.size(); text += 3)
             lines.append({page.Texts[text].Words, page.Texts[text + 1].Words,

@@ -225,11 +225,11 @@ TEST_F(PrintChartTest, AModeThatIsNeitherTrueNorFalsePrintsNeitherTitleNorMarks)
     MakeChart({{QStringLiteral("Sweep"), QStringLiteral("Wed")},
                {QStringLiteral("Mop"), QStringLiteral("Wed"), 5, true}});
     Database().PrintChart(Chart, Mode(1), Kid, QStringLiteral("open"));
-    const QString text = PdfPrintTarget::TextOf(Paper.Files().last());
+    const QString text = PdfPrintTarget::TextOf(Paper.LastFile());
     EXPECT_TRUE(text.contains(QStringLiteral("Sweep")));
     EXPECT_FALSE(text.contains(QStringLiteral("from")));
     EXPECT_FALSE(text.contains(QStringLiteral("open")));
-    const PrintedPages pages(Paper.Files().last());
+    const PrintedPages pages(Paper.LastFile());
     for (const int row : {6, 7})
         EXPECT_TRUE(pages.Ink(1, MarkCell(row)).isEmpty()) << row;
 }

@@ -11,7 +11,7 @@ namespace {
 TEST_F(PrintChartTest, BlankChartOfAChildIsTitledWithChildAndTable) {
     MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Sun")}}, QStringLiteral("Printed"));
     Database().PrintChart(QStringLiteral("Printed"), true, Kid, QString());
-    const PrintedPages pages(Paper.Files().last());
+    const PrintedPages pages(Paper.LastFile());
     EXPECT_EQ(pages.LineAt(1, 1),
               QStringLiteral("Anna's Printed Dutygrid from 3/4/2001 to 3/10/2001"));
 }
@@ -19,7 +19,7 @@ TEST_F(PrintChartTest, BlankChartOfAChildIsTitledWithChildAndTable) {
 TEST_F(PrintChartTest, BlankChartOfNobodyIsTitledWithTheProgramsName) {
     MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Sun")}}, QStringLiteral("Printed"));
     Database().PrintChart(QStringLiteral("Printed"), true, QString(), QString());
-    const PrintedPages pages(Paper.Files().last());
+    const PrintedPages pages(Paper.LastFile());
     EXPECT_EQ(pages.LineAt(1, 1), QStringLiteral("Sparkit Dutygrid from 3/4/2001 to 3/10/2001"));
 }
 
@@ -31,7 +31,7 @@ TEST_F(PrintChartTest, FilledChartIsTitledAsTheChildsJobList) {
 TEST_F(PrintChartTest, FilledChartOfNobodyKeepsTheApostrophe) {
     MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Sun")}});
     Database().PrintChart(Chart, false, QString(), QString());
-    EXPECT_EQ(PrintedPages(Paper.Files().last()).LineAt(1, 1),
+    EXPECT_EQ(PrintedPages(Paper.LastFile()).LineAt(1, 1),
               QStringLiteral("'s Job List - from 3/4/2001 to 3/10/2001"));
 }
 
@@ -202,8 +202,8 @@ TEST_F(PrintChartTest, EveryBoxHasOneOfSevenColoursAndAllOfThemComeUp) {
 
 TEST_F(PrintChartTest, TwoPrintsOfOneChartHaveTheSameText) {
     MakeChart(Jobs(QStringLiteral("Sun"), 3) + Jobs(QStringLiteral("Sat"), 2));
-    const QString once = PdfPrintTarget::TextOf((Print(), Paper.Files().last()));
-    const QString again = PdfPrintTarget::TextOf((Print(), Paper.Files().last()));
+    const QString once = PdfPrintTarget::TextOf((Print(), Paper.LastFile()));
+    const QString again = PdfPrintTarget::TextOf((Print(), Paper.LastFile()));
     EXPECT_EQ(once, again);
 }
 

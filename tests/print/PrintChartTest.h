@@ -33,7 +33,7 @@ protected:
 
     PrintedPages Print(bool blankBoxes = false, const QString& openMark = QString()) {
         Send(blankBoxes, openMark);
-        return PrintedPages(Paper.Files().last());
+        return PrintedPages(Paper.LastFile());
     }
 
     /// All that is drawn, in its order and also where no reader of the paper could tell it apart.

@@ -23,7 +23,7 @@ protected:
 
     PrintedPages Print() {
         Database().PrintUsersPasswords();
-        return PrintedPages(Paper.Files().last());
+        return PrintedPages(Paper.LastFile());
     }
 };
 
@@ -35,6 +35,14 @@ TEST_F(PrintUsersPasswordsTest, NoAccountsPrintTheTitleAlone) {
     EXPECT_NEAR(pages.Find(1, QStringLiteral("List")).Place.left(), 4, Near);
     EXPECT_NEAR(pages.Find(1, QStringLiteral("List")).Place.top(), 1, Near);
     EXPECT_EQ(Paper.Files().size(), 1);
+}
+
+TEST_F(PrintUsersPasswordsTest, TheGridIsItsOwnWhateverIsSetBefore) {
+    Printer().SetScaleWidth(42);
+    Printer().SetScaleHeight(60);
+    const QRectF first = Print().Find(1, QStringLiteral("List")).Place;
+    EXPECT_NEAR(first.left(), 4, Near);
+    EXPECT_NEAR(first.top(), 1, Near);
 }
 
 TEST_F(PrintUsersPasswordsTest, AdultsAndChildrenAreListedInTheTablesOrder) {

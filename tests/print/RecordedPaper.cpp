@@ -4,6 +4,7 @@
 #include <QPaintEngine>
 #include <QPainter>
 #include <QPdfWriter>
+#include <stdexcept>
 
 namespace {
 
@@ -67,4 +68,10 @@ private:
 std::unique_ptr<QPagedPaintDevice> RecordedPaper::Open() {
     pending_ = {RecordedPage()};
     return std::make_unique<RecordingDevice>(pending_);
+}
+
+const QList<RecordedPage>& RecordedPaper::LastJob() const {
+    if (Jobs.isEmpty())
+        throw std::runtime_error("nothing was printed");
+    return Jobs.last();
 }

@@ -33,6 +33,9 @@ public:
     std::unique_ptr<QPagedPaintDevice> Open() override;
     void Sent() override { Jobs.append(pending_); }
 
+    /// The pages of the job sent last. Fails the test hard if there is none.
+    const QList<RecordedPage>& LastJob() const;
+
     QList<QList<RecordedPage>> Jobs;
 
 private:

@@ -62,6 +62,6 @@ protected:
     void GiveDates(const QDate& start, const QDate& end);
 
     /// The text of the print job sent last.
-    QString LastPrint() const { return PdfPrintTarget::TextOf(Paper.Files().last()); }
-    PrintedPages LastPages() const { return PrintedPages(Paper.Files().last()); }
+    QString LastPrint() const { return PdfPrintTarget::TextOf(Paper.LastFile()); }
+    PrintedPages LastPages() const { return PrintedPages(Paper.LastFile()); }
 };

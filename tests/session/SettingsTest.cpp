@@ -75,6 +75,7 @@ TEST_F(SettingsTest, ReadingBringsUpMainWindowAndLogInHidden) {
 TEST_F(SettingsTest, HomeVersionIsReadWithoutWriting) {
     PutSettings(false, Color);
     const QByteArray before = SettingsBytes();
+    SchoolMode = Version::School;
     ReadSettings();
     EXPECT_EQ(SchoolMode, 0);
     EXPECT_EQ(SchoolFlag, 0);

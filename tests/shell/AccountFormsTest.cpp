@@ -121,7 +121,7 @@ TEST_F(NewUserTest, SameNameAndPasswordIsRefusedAndBothBoxesAreEmptied) {
     EXPECT_TRUE(IsOpen());
     EXPECT_EQ(Box("UserName").text(), QString());
     EXPECT_EQ(Box("Password").text(), QString());
-    EXPECT_EQ(Boxes.Shown().last().Title, QStringLiteral("Sparkit Dutygrid"));
+    EXPECT_EQ(Boxes.Last().Title, QStringLiteral("Sparkit Dutygrid"));
     EXPECT_EQ(Rows(UsersTable).size(), 1);
 }
 
@@ -342,7 +342,7 @@ TEST_F(ChangePasswordTest, RightOldPasswordStoresTheNewOneAndShowsItInClear) {
     Boxes.Expect(QStringLiteral("Your new password is: Dog 1"), PromptAnswer::Ok,
                  [] { EXPECT_EQ(Password(), QStringLiteral("Dog 1")); });
     PressOk();
-    EXPECT_EQ(Boxes.Shown().last().Title, QStringLiteral("Sparkit Dutygrid"));
+    EXPECT_EQ(Boxes.Last().Title, QStringLiteral("Sparkit Dutygrid"));
     EXPECT_TRUE(form.isNull());
     EXPECT_EQ(Password(), QStringLiteral("Dog 1"));
 }

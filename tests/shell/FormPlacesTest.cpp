@@ -9,6 +9,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -206,6 +207,37 @@ TEST_F(FormPlacesTest, AFormTooHighForTheMainWindowBeginsAtItsUpperEdge) {
     form.SetHeight(TwipsOf(Room().height() + 100));
     form.KeepInMainWindow();
     EXPECT_EQ(form.Frame().y(), 0);
+}
+
+TEST_F(FormPlacesTest, WhatIsMovedBeyondTheEdgesIsReachedByTheAreasBars) {
+    const Form& form = Open(u"OtherOptions"_s);
+    EXPECT_FALSE(Area().horizontalScrollBar()->isVisible());
+    EXPECT_FALSE(Area().verticalScrollBar()->isVisible());
+    form.Frame().move(Room().width() - 100, Room().height() - 100);
+    Settle();
+    EXPECT_TRUE(Area().horizontalScrollBar()->isVisible());
+    EXPECT_TRUE(Area().verticalScrollBar()->isVisible());
+}
+
+TEST_F(FormPlacesTest, WhatGetsTheKeyboardIsBroughtIntoView) {
+    const Form& form = Open(u"OtherOptions"_s);
+    const auto focused = [&](const QString& name) {
+        auto& control = Find(form.Widget(), name);
+        control.setFocus(Qt::TabFocusReason);
+        Settle();
+        return QRect(control.mapTo(Area().viewport(), QPoint()), control.size());
+    };
+    constexpr int Margin = 8;
+    Find(form.Widget(), u"Option1"_s).setFocus();
+    form.Frame().move(Room().width() - 100, Room().height() - 60);
+    Settle();
+    const QRect last = focused(u"Cancel"_s);
+    EXPECT_EQ(last.bottomRight(), QPoint(Room().width() - Margin, Room().height() - Margin));
+    form.Frame().move(-form.Frame().width() + 60, -form.Frame().height() + 60);
+    Settle();
+    const QRect first = focused(u"Option1"_s);
+    EXPECT_EQ(first.left(), Margin);
+    EXPECT_TRUE(Room().contains(first));
 }
 
 TEST_F(FormPlacesTest, AFormIsOpenedInsideASmallMainWindow) {

@@ -61,6 +61,9 @@ TEST_F(LogInTest, ShowsTheAccountsInTwoListsByKind) {
     EXPECT_EQ(Names(Students()), QStringList({QStringLiteral("Kim"), QStringLiteral("Tom")}));
     EXPECT_EQ(Teachers().Heading(), QStringLiteral("Parents"));
     EXPECT_EQ(Students().Heading(), QStringLiteral("Sparkits"));
+    EXPECT_EQ(Teachers().accessibleName(), QStringLiteral("Parents"));
+    EXPECT_EQ(Students().accessibleName(), QStringLiteral("Sparkits"));
+    EXPECT_TRUE(Teachers().hasFocus());
     EXPECT_EQ(form.ActiveList, 0);
     EXPECT_FALSE(IsShown(QStringLiteral("MainForm")));
 }
@@ -122,7 +125,7 @@ TEST_F(LogInTest, ClickOnTheEmptyPartScoldsAndLosesTheSelection) {
     Boxes.Expect(PleaseSelect);
     ClickEmptyPart(Students());
     EXPECT_EQ(form.ActiveList, 2);
-    EXPECT_EQ(Boxes.Shown().last().Title, QStringLiteral("Sparkit Dutygrid"));
+    EXPECT_EQ(Boxes.Last().Title, QStringLiteral("Sparkit Dutygrid"));
     EXPECT_TRUE(HasPicture()) << "the picture of the account last clicked stays";
     Boxes.Expect(PleaseSelect);
     Click(Button("LogInbtn"));
@@ -202,6 +205,21 @@ TEST_F(LogInTest, ArrowKeysChooseAnAccountAndEnterLogsIn) {
     Press(Students(), Qt::Key_Return);
     Settle();
     EXPECT_EQ(PasswordForm().LoginName, QStringLiteral("Tom"));
+}
+
+TEST_F(LogInTest, EnterLogsInTheAccountOfItsListThoughTheOtherWasTouchedLast) {
+    for (const QString& name : {QStringLiteral("Mum"), QStringLiteral("Kim")}) {
+        ShowLogIn();
+        const bool isAdult = name == QStringLiteral("Mum");
+        HeadedList& list = isAdult ? Teachers() : Students();
+        ClickRow(list, 0);
+        ClickRow(isAdult ? Students() : Teachers(), 1);
+        list.setFocus();
+        Press(list, Qt::Key_Return);
+        Settle();
+        EXPECT_EQ(PasswordForm().LoginName, name);
+        Default<LoginWindow>().Unload();
+    }
 }
 
 TEST_F(LogInTest, FirstLettersOfANameChooseIt) {
@@ -342,7 +360,7 @@ TEST_F(FirstRunTest, WelcomesOncePerUserEvenIfThereAreAccounts) {
     Boxes.Expect(Welcome);
     ShowLogIn();
     Boxes.VerifyAllShown();
-    EXPECT_EQ(Boxes.Shown().last().Title, QStringLiteral("Sparkit Dutygrid"));
+    EXPECT_EQ(Boxes.Last().Title, QStringLiteral("Sparkit Dutygrid"));
     EXPECT_EQ(Marker().toString(), QStringLiteral("1"));
     EXPECT_EQ(Names(Students()).size(), 2) << "the lists have been filled before";
 

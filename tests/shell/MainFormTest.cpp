@@ -1,3 +1,4 @@
+#include "platform/forms/MainWindowArea.h"
 #include "shell/frmAboutDutygrid.h"
 #include "support/SoundFunctions.h"
 #include "tests/shell/ShellTest.h"
@@ -98,10 +99,14 @@ TEST_F(MainFormTest, Toolbar) {
 }
 
 TEST_F(MainFormTest, AdultsEntriesOpenTheirForms) {
+    MakeAccount(QStringLiteral("Mum"), QStringLiteral("m"), QStringLiteral("Teacher"));
     StartAdult();
     const QList<std::pair<QLatin1String, QString>> entries = {
         {QLatin1String("NewChart"), QStringLiteral("Newfrm")},
         {QLatin1String("OpenChart"), QStringLiteral("Openfrm")},
+        {QLatin1String("mnuReviewDutygrid"), QStringLiteral("WeekChartRepresentation")},
+        {QLatin1String("JobReport"), QStringLiteral("Reportfrm")},
+        {QLatin1String("VicewAccount"), QStringLiteral("DisplayAccount")},
         {QLatin1String("BackOptions"), QStringLiteral("BackgroundOptions")},
         {QLatin1String("OtherOp"), QStringLiteral("OtherOptions")},
         {QLatin1String("About"), QStringLiteral("frmAboutDutygrid")}};
@@ -116,6 +121,9 @@ TEST_F(MainFormTest, AdultsEntriesOpenTheirForms) {
     const QList<std::pair<QLatin1String, QString>> buttons = {
         {QLatin1String("New"), QStringLiteral("Newfrm")},
         {QLatin1String("Open"), QStringLiteral("Openfrm")},
+        {QLatin1String("Review"), QStringLiteral("WeekChartRepresentation")},
+        {QLatin1String("Print"), QStringLiteral("Reportfrm")},
+        {QLatin1String("View"), QStringLiteral("DisplayAccount")},
         {QLatin1String("Options"), QStringLiteral("BackgroundOptions")},
         {QLatin1String("About"), QStringLiteral("frmAboutDutygrid")}};
     for (const auto& [key, form] : buttons) {
@@ -402,6 +410,14 @@ TEST_F(MainFormTest, TitlesShowNamesAsTheyStand) {
     OpenEditor(QStringLiteral("[*]")).Frame().showMaximized();
     Settle();
     EXPECT_EQ(ShownTitle(MainWindow()), greeting + QStringLiteral(" - [Editing [*] chart]"));
+}
+
+TEST_F(MainFormTest, TakesItsAreaAlong) {
+    StartAdult();
+    EXPECT_EQ(MainWindowArea(), &Find<QMdiArea>(MainWindow(), QStringLiteral("Area")));
+    DropDefaultForms();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(MainWindowArea(), nullptr);
 }
 
 TEST_F(MainFormTest, LastSlotOfTheRunOverflowsTheCounter) {

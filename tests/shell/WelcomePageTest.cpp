@@ -8,8 +8,10 @@
 #include <QImage>
 #include <QLabel>
 #include <QMdiSubWindow>
+#include <QSet>
 #include <QTest>
 #include <QToolBar>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -245,6 +247,29 @@ TEST_F(WelcomePageTest, ItIsLeftOutWhereThereIsNoRoomForIt) {
     EXPECT_EQ(StepNames(), NamesOf(OfAdult));
     for (const WelcomeStep* step : Steps())
         EXPECT_EQ(step->visibleRegion().boundingRect(), step->rect());
+}
+
+TEST_F(WelcomePageTest, TheLogoGivesWayToTheButtons) {
+    StartSession(u"Mum"_s, u"Teacher"_s);
+    MainWindow().setWindowState(Qt::WindowNoState);
+    Settle();
+    const auto& page = Find<WelcomePage>(MainWindow(), QString());
+    QSet<bool> shown;
+    for (const int height : {700, 620, 540, 460}) {
+        SCOPED_TRACE(height);
+        MainWindow().resize(800, height);
+        Settle();
+        EXPECT_EQ(StepNames(), NamesOf(OfAdult));
+        for (const WelcomeStep* step : Steps())
+            EXPECT_EQ(step->height(), step->sizeHint().height());
+        const QRect area(Area().mapTo(&MainWindow(), QPoint()), Area().size());
+        EXPECT_TRUE(area.contains(page.geometry()));
+        const auto labels = page.findChildren<QLabel*>();
+        shown += std::any_of(labels.begin(), labels.end(), [](const QLabel* label) {
+            return label->isVisible() && !label->pixmap().isNull();
+        });
+    }
+    EXPECT_EQ(shown, QSet<bool>({true, false}));
 }
 
 } // namespace

@@ -1,7 +1,9 @@
 #include "store/TableNames.h"
 #include "tests/store/StoreTest.h"
 
-#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+#include <random>
 
 namespace {
 
@@ -82,6 +84,21 @@ TEST_F(AccountRecordsTest, OfTwoRowsOfOneNameTheLaterPictureWinsAndNoPictureLeav
     Add(Anna, QStringLiteral("3"));
     Database().RetrevePicture(Anna, target);
     EXPECT_EQ(target.picture.pixel(3, 3), 0xff00ff00);
+}
+
+TEST_F(AccountRecordsTest, APictureOfManyPiecesComesBackWhole) {
+    QImage noise(200, 200, QImage::Format_RGB32);
+    std::minstd_rand random;
+    for (int y = 0; y < noise.height(); ++y)
+        for (int x = 0; x < noise.width(); ++x)
+            noise.setPixel(x, y, 0xff000000U | static_cast<QRgb>(random() & 0xffffffU));
+    const QString file = Path(QStringLiteral("noise.png"));
+    ASSERT_TRUE(noise.save(file));
+    ASSERT_GT(QFileInfo(file).size(), 3 * 32768);
+    Add(Anna, QStringLiteral("cat"), Student, file);
+    FakePicture target;
+    Database().RetrevePicture(Anna, target);
+    EXPECT_EQ(target.picture.convertToFormat(QImage::Format_RGB32), noise);
 }
 
 TEST_F(AccountRecordsTest, ADuplicateIsTheSameNameWithTheSamePassword) {

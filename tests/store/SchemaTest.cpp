@@ -1,4 +1,5 @@
 #include "platform/runtime/Actions.h"
+#include "store/NewDatabase.h"
 #include "store/TableNames.h"
 #include "tests/store/StoreTest.h"
 
@@ -23,6 +24,19 @@ TEST_F(SchemaTest, AbsentDatabaseIsMadeEmptyAndTheFirstAccountOperationFails) {
                     .contains(";LANGID=0x0409;CP=1252;COUNTRY=0"));
     EXPECT_EQ(TableNames(), QStringList());
     EXPECT_ERROR(3078, Database().RetrevePassword(QStringLiteral("Anna")));
+}
+
+TEST_F(SchemaTest, TheDatabaseDeliveredHoldsAnEmptyTableOfAccountsAlone) {
+    ResetSession();
+    const QString file = Path(QStringLiteral("Database/Charts.mdb"));
+    QFile::remove(file);
+    MakeSeedDatabase(file);
+    EXPECT_EQ(ProgramTest::TableNames(true), QStringList(UsersTable));
+    EXPECT_EQ(ProgramTest::Rows(UsersTable), QStringList());
+    Database().InitDatabse();
+    Database().AddUser(QStringLiteral("Anna"), QStringLiteral("cat"), QStringLiteral("Student"),
+                       QString());
+    EXPECT_EQ(Rows(UsersTable), QStringList(QStringLiteral("Anna|cat|0|Student|<null>|500")));
 }
 
 TEST_F(SchemaTest, MissingDatabaseFolderIsTheEnginesErrorAndNoFolderIsMade) {
@@ -229,7 +243,7 @@ TEST_F(SchemaTest, ASmallerPictureKeepsTheTailOfTheLargerInTheScratchFileAndStil
 }
 
 TEST_F(SchemaTest, ScratchFileStaysInItsFolderWhateverTheAccountIsCalled) {
-    const QStringList names = {QStringLiteral("../../evil"),  QStringLiteral("a/b\\c"),
+    const QStringList names = {QStringLiteral("../evil"),     QStringLiteral("a/b\\c"),
                                QStringLiteral("."),           QStringLiteral(".."),
                                QStringLiteral("\"quoted\""),  QStringLiteral("😀 smile"),
                                QString(50, QLatin1Char('x')), QStringLiteral("   ")};
@@ -243,7 +257,7 @@ TEST_F(SchemaTest, ScratchFileStaysInItsFolderWhateverTheAccountIsCalled) {
         EXPECT_EQ(target.picture.size(), QSize(24, 24)) << name.toStdString();
     }
     EXPECT_EQ(QDir(Path(QStringLiteral("DeleteMe"))).entryList(QDir::Files).size(), names.size());
-    EXPECT_FALSE(QFile::exists(Path(QStringLiteral("../evil"))));
+    EXPECT_FALSE(QFile::exists(Path(QStringLiteral("evil"))));
 }
 
 TEST_F(SchemaTest, ScratchFileBearsTheFirstAccountsPlainNameWhereThatIsAFileName) {

@@ -30,7 +30,7 @@ protected:
         Boxes.Expect(QStringLiteral("Error subtracting value from date: ") + reason);
         EXPECT_EQ(Subtracted(from, number, units), from);
         ASSERT_FALSE(Boxes.Shown().isEmpty());
-        EXPECT_EQ(Boxes.Shown().last().Icon, PromptIcon::Exclamation);
+        EXPECT_EQ(Boxes.Last().Icon, PromptIcon::Exclamation);
     }
 };
 
