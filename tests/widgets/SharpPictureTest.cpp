@@ -36,7 +36,7 @@ protected:
     }
 };
 
-/// Red in its right half.
+/// Red in its right half, less half a pixel.
 class HalfRed : public QWidget {
 public:
     QString Kind = u"HalfRed"_s;
@@ -50,7 +50,7 @@ protected:
         option.state = State;
         PaintFromPicture(*this, Kind, option, [this](QPainter& painter) {
             ++Paints;
-            painter.fillRect(width() / 2, 0, width() / 2, height(), Qt::red);
+            painter.fillRect(QRectF(width() / 2 + 0.5, 0, width(), height()), Qt::red);
         });
     }
 };
@@ -90,6 +90,11 @@ TEST_F(SharpPictureTest, TheGroundOfAControl) {
     Expose(control);
     EXPECT_TRUE(IsRed(control, 60, 10));
     EXPECT_FALSE(IsRed(control, 20, 10));
+    const QImage seen = control.grab().toImage();
+    if (seen.devicePixelRatio() != 2)
+        return;
+    EXPECT_NE(seen.pixelColor(80, 20), QColor(Qt::red)) << "the half pixel";
+    EXPECT_EQ(seen.pixelColor(81, 20), QColor(Qt::red));
 }
 
 TEST_F(SharpPictureTest, AGroundIsPaintedOnceForAllThatLookTheSame) {
