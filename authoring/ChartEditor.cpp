@@ -96,16 +96,16 @@ void ChartEditor::DesignRows() {
     });
     Number[0].setText(QStringLiteral("1:"));
 
-    PutRowInTabOrder(0);
+    // The first row stands in the order of the keyboard as it was made.
     QWidget::setTabOrder(&JobDelete[0], ui_->VScroll);
     Number[0].setBuddy(&Instructions[0]);
     // What an adult comes for, not the scroll bar that was there before the rows.
     Instructions[0].setFocus();
 }
 
+/// Any row but the first.
 void ChartEditor::PutRowInTabOrder(int index) {
-    if (index > 0)
-        QWidget::setTabOrder(&JobDelete[index - 1], &Instructions[index]);
+    QWidget::setTabOrder(&JobDelete[index - 1], &Instructions[index]);
     QWidget::setTabOrder(&Instructions[index], &DayOfWeek[index]);
     QWidget::setTabOrder(&DayOfWeek[index], &AdultResponsable[index]);
     QWidget::setTabOrder(&AdultResponsable[index], &Difficulty[index]);

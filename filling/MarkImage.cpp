@@ -12,7 +12,6 @@
 
 MarkImage::MarkImage(const QString& picture, bool isTick, int coveredAbove, QWidget* parent)
     : QAbstractButton(parent), picture_(picture), isTick_(isTick), coveredAbove_(coveredAbove) {
-    setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::PointingHandCursor);
 }
 

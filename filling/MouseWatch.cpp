@@ -15,10 +15,9 @@ bool MouseWatch::eventFilter(QObject*, QEvent* event) {
     case QEvent::MouseButtonDblClick: {
         const QPoint place = static_cast<QMouseEvent*>(event)->position().toPoint();
         pressed_ = qobject_cast<const QLabel*>(watched_->childAt(place)) == nullptr;
-        if (!pressed_)
-            return false;
-        emit Pressed(TwipsOf(place.x()), TwipsOf(place.y()));
-        return true;
+        if (pressed_)
+            emit Pressed(TwipsOf(place.x()), TwipsOf(place.y()));
+        return pressed_;
     }
     case QEvent::MouseMove: {
         if (!pressed_)

@@ -31,14 +31,8 @@ void RowText::SetSelected(bool selected) {
 
 void RowText::focusInEvent(QFocusEvent* event) {
     FittingLabel::focusInEvent(event);
-    update();
     if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
         emit ReachedByTab();
-}
-
-void RowText::focusOutEvent(QFocusEvent* event) {
-    FittingLabel::focusOutEvent(event);
-    update();
 }
 
 void RowText::keyPressEvent(QKeyEvent* event) {

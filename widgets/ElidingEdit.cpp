@@ -49,8 +49,6 @@ void ElidingEdit::paintEvent(QPaintEvent* event) {
     const QFontMetrics metrics = fontMetrics();
     QPainter painter(this);
     painter.setClipRect(place);
-    painter.setPen(
-        palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::Text));
     // Where the toolkit writes it.
     const int top = place.y() + (place.height() - metrics.height() + 1) / 2;
     painter.drawText(place.x(), top + metrics.ascent(),

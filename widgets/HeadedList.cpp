@@ -1,6 +1,5 @@
 #include "widgets/HeadedList.h"
 
-#include <QHeaderView>
 #include <QTextDocument>
 
 HeadedList::HeadedList(QWidget* parent)
@@ -8,11 +7,6 @@ HeadedList::HeadedList(QWidget* parent)
     setColumnCount(1);
     setRootIsDecorated(false);
     setUniformRowHeights(true);
-    setSelectionMode(QAbstractItemView::SingleSelection);
-    setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setTextElideMode(Qt::ElideRight);
-    setTabKeyNavigation(false);
-    header()->setStretchLastSection(true);
 }
 
 void HeadedList::AddItem(const QString& text) {

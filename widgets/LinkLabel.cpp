@@ -53,16 +53,6 @@ void LinkLabel::keyPressEvent(QKeyEvent* event) {
         QLabel::keyPressEvent(event);
 }
 
-void LinkLabel::focusInEvent(QFocusEvent* event) {
-    QLabel::focusInEvent(event);
-    update();
-}
-
-void LinkLabel::focusOutEvent(QFocusEvent* event) {
-    QLabel::focusOutEvent(event);
-    update();
-}
-
 void LinkLabel::paintEvent(QPaintEvent* event) {
     QLabel::paintEvent(event);
     if (!hasFocus())

@@ -2,8 +2,10 @@
 
 #include "widgets/ElidingEdit.h"
 
+#include <QHelpEvent>
 #include <QImage>
 #include <QTextDocumentFragment>
+#include <QToolTip>
 
 namespace {
 
@@ -109,9 +111,50 @@ TEST_F(EditorLookTest, ALongTextIsCutForTheEyeOnlyAndOnlyWhileNobodyWritesInIt) 
     box.setText(longJob + u" again"_s);
     box.setCursorPosition(0);
     EXPECT_EQ(box.grab().toImage(), cut) << "the same beginning and dots";
+    QLineEdit toolkits(&editor.Rows());
+    toolkits.setGeometry(box.geometry().translated(0, 100));
+    toolkits.show();
+    for (int width = box.width(); box.IsCut(); --width)
+        box.setText(box.fontMetrics().elidedText(longJob, Qt::ElideRight, width));
+    EXPECT_TRUE(box.text().endsWith(u'…'));
+    EXPECT_EQ(box.grab().toImage(), cut) << "as much as there is room for";
+    toolkits.setText(box.text());
+    EXPECT_LE(LargestDifference(box, toolkits), 1);
+    // What is chosen in it is seen though the keyboard is elsewhere.
+    box.setText(longJob);
+    toolkits.setText(longJob);
+    for (QLineEdit* edit : {static_cast<QLineEdit*>(&box), &toolkits}) {
+        edit->setCursorPosition(0);
+        edit->setSelection(4, -4);
+    }
+    EXPECT_LE(LargestDifference(box, toolkits), 1) << "selected";
     box.setText(u"Mum"_s);
     EXPECT_FALSE(box.IsCut());
     EXPECT_NE(box.grab().toImage(), cut);
+}
+
+TEST_F(EditorLookTest, TheTipOfABoxIsItsWholeTextWhereItIsCut) {
+    ChartEditor& editor = NewChart();
+    auto& box = RowControl<ElidingEdit>(editor, u"AdultResponsable"_s, 0);
+    box.parentWidget()->setToolTip(u"the list"_s);
+    const auto tip = [&box] {
+        QHelpEvent ask(QEvent::ToolTip, QPoint(5, 5), box.mapToGlobal(QPoint(5, 5)));
+        QApplication::sendEvent(&box, &ask);
+        return ShownTip(QToolTip::text());
+    };
+    box.setText(u"Mum"_s);
+    EXPECT_EQ(tip(), u"the list"_s);
+    box.setText(u"<b>"_s + longJob);
+    EXPECT_EQ(tip(), u"<b>"_s + longJob);
+    QToolTip::hideText();
+}
+
+TEST_F(EditorLookTest, TheScrollBarShowsThatItHasTheKeyboard) {
+    ChartEditor& editor = NewChart();
+    AddJobs(editor, 11);
+    Scroll(editor).setFocus();
+    Settle();
+    LookAt(editor.Frame(), u"ChartEditor-bar"_s);
 }
 
 TEST_F(EditorLookTest, ALowWindowShowsFewerRowsAndAllButtons) {

@@ -119,6 +119,39 @@ TEST_F(LongChart, AFrameThatGrowsBackShowsMoreRows) {
     EXPECT_EQ(MadeRows(), 20 + inSight);
 }
 
+TEST_F(LongChart, TabGoesOnIntoARowThatWaits) {
+    const int made = MadeRows();
+    editor_->JobDelete[made - 1].setFocus();
+    QTest::keyClick(&editor_->JobDelete[made - 1], Qt::Key_Tab);
+    EXPECT_TRUE(editor_->Instructions[made].hasFocus());
+    ExpectControls(made, JobAt(made));
+    EXPECT_LT(MadeRows(), Jobs) << "not all of them";
+}
+
+TEST_F(LongChart, ShiftTabFromTheBarGoesIntoTheLastRowThoughItWaits) {
+    Scroll(*editor_).setFocus();
+    QTest::keyClick(&Scroll(*editor_), Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_TRUE(editor_->JobDelete[Jobs - 1].hasFocus());
+    ExpectControls(Jobs - 1, JobAt(Jobs - 1));
+}
+
+TEST_F(LongChart, EachControlIsCalledByItsColumnAndJob) {
+    const auto expect = [](const QWidget& control, const QString& column, int row) {
+        EXPECT_EQ(control.accessibleName(), u"%1, job %2"_s.arg(column).arg(row + 1));
+    };
+    for (const int row : {0, 1, 30}) {
+        expect(editor_->Instructions[row], CaptionOf(*editor_, u"InstructionsLbl"_s), row);
+        expect(editor_->DayOfWeek[row], CaptionOf(*editor_, u"DayOfWeeklbl"_s), row);
+        expect(editor_->AdultResponsable[row], CaptionOf(*editor_, u"AdultResponsablelbl"_s), row);
+        expect(editor_->Difficulty[row], CaptionOf(*editor_, u"difficultylbl"_s), row);
+        expect(editor_->Points[row], CaptionOf(*editor_, u"Pointslbl"_s), row);
+        EXPECT_EQ(editor_->JobDelete[row].accessibleName(), u"Delete job %1"_s.arg(row + 1));
+        EXPECT_EQ(editor_->Number[row].buddy(), &editor_->Instructions[row]);
+        EXPECT_EQ(editor_->DayOfWeek[row].lineEdit()->accessibleName(),
+                  editor_->DayOfWeek[row].accessibleName());
+    }
+}
+
 TEST_F(LongChart, DeletingARowMovesThoseThatWaitUp) {
     Press(RowControl(*editor_, u"JobDelete"_s, 2));
     EXPECT_EQ(editor_->RowCount(), Jobs - 1);

@@ -1,3 +1,4 @@
+#include "tests/common/Repaint.h"
 #include "tests/filling/FillingTest.h"
 
 #include <QGroupBox>
@@ -6,7 +7,15 @@
 namespace {
 
 /// What the viewer looks like: as designed, and in pictures for a person to look at.
-class ViewerDesignTest : public FillingTest {};
+class ViewerDesignTest : public FillingTest {
+protected:
+    /// A chart of that many jobs today and one tomorrow.
+    ChartViewer& OpenRows(int jobs) {
+        MakeChart(QStringLiteral("Chores Anna"),
+                  JobsOn(QStringLiteral("Wed"), jobs) + JobsOn(QStringLiteral("Thu"), 1));
+        return OpenChart(QStringLiteral("Chores Anna"));
+    }
+};
 
 TEST_F(ViewerDesignTest, DesignTextsStandUntilTheFormIsFilled) {
     const ChartViewer viewer;
@@ -68,6 +77,38 @@ TEST_F(ViewerDesignTest, ControlsAreNamedAfterTheirRows) {
           "Shape3",       "Shape4",          "Shape5",        "Shape6",    "Shape7",
           "Shape8"})
         EXPECT_NE(viewer.findChild<QWidget*>(QString::fromLatin1(name)), nullptr) << name;
+}
+
+TEST_F(ViewerDesignTest, TheMarkThatIsSeenStandsBeforeItsOutlineAndTheCoverBeforeAll) {
+    ChartViewer& viewer = OpenRows(3);
+    const auto& list = Find<QWidget>(viewer, QStringLiteral("CleanUpList"));
+    const QObject* cover = &Find<QWidget>(viewer, QStringLiteral("Picture1"));
+    const auto order = [&](const QWidget& control) {
+        return list.children().indexOf(const_cast<QWidget*>(&control));
+    };
+    for (int row = 0; row < 3; ++row) {
+        EXPECT_GT(order(viewer.ClearImg[row]), order(viewer.RectCheck[row])) << row;
+        Click(viewer.ClearImg[row]);
+        EXPECT_GT(order(viewer.CheckImg[row]), order(viewer.RectCheck[row])) << row;
+        EXPECT_EQ(list.children().last(), cover) << row;
+        Click(viewer.CheckImg[row]);
+        EXPECT_GT(order(viewer.ClearImg[row]), order(viewer.RectCheck[row])) << row;
+    }
+    Click(viewer.ClearImg[1]);
+    Click(Button(viewer, QStringLiteral("NextDay")));
+    EXPECT_EQ(list.children().last(), cover);
+    Click(Button(viewer, QStringLiteral("NextDay")));
+    EXPECT_GT(order(viewer.CheckImg[1]), order(viewer.RectCheck[1])) << "as it is stored";
+    EXPECT_EQ(list.children().last(), cover);
+}
+
+TEST_F(ViewerDesignTest, AnotherColourOfAnOutlineIsPaintedAtOnce) {
+    ChartViewer& viewer = OpenRows(2);
+    BoxOutline& outline = viewer.RectCheck[0];
+    const auto edge = [&] { return outline.grab().toImage().pixelColor(0, outline.height() / 2); };
+    EXPECT_EQ(edge(), QColor(Qt::black));
+    EXPECT_TRUE(IsRepainted(outline, [&] { outline.SetBorderColor(Qt::blue); }));
+    EXPECT_EQ(edge(), QColor(Qt::blue));
 }
 
 TEST_F(ViewerDesignTest, ALongNameNeverMakesTheFormWider) {

@@ -1,3 +1,4 @@
+#include "tests/common/Repaint.h"
 #include "tests/filling/FillingTest.h"
 #include "widgets/GoalPath.h"
 
@@ -164,6 +165,13 @@ TEST_F(ViewerGoalTest, ATickPopsInAndTheStarHopsWhereMotionIsWelcome) {
     EXPECT_EQ(PointsIn(), QStringLiteral("5")) << "the points do not wait for the star";
     EXPECT_TRUE(QTest::qWaitFor(
         [&] { return !viewer.CheckImg[0].IsMoving() && !Way(viewer).IsMoving(); }, 3000));
+}
+
+TEST_F(ViewerGoalTest, ATickIsPaintedUntilItHasComeToRest) {
+    DesktopCalls.LessMotion = false;
+    ChartViewer& viewer = OpenWithJobsOf({QStringLiteral("5"), QStringLiteral("5")});
+    Tick(viewer, 0);
+    EXPECT_TRUE(IsPaintedAtRest(viewer.CheckImg[0]));
 }
 
 TEST_F(ViewerGoalTest, NothingMovesForThoseWhoAskForLessMotion) {

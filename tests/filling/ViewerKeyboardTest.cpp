@@ -1,6 +1,8 @@
 #include "tests/common/RealInput.h"
+#include "tests/common/Repaint.h"
 #include "tests/filling/FillingTest.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace {
@@ -91,6 +93,49 @@ TEST_F(ViewerKeyboardTest, TheWheelScrollsOnWithTheKeyboardInTheFirstRow) {
             EXPECT_EQ(Viewer().ClearImg.Top(row), 1250 + 425 * (row - 3));
         }
         EXPECT_TRUE(Viewer().ClearImg[0].hasFocus());
+    }
+}
+
+TEST_F(ViewerKeyboardTest, ArrowKeysGoUpAndDownInTheirColumnAsFarAsThereAreRows) {
+    const auto text = [this](int row) -> QWidget& { return Viewer().Instructions[row]; };
+    const auto mark = [this](int row) -> QWidget& {
+        return row == 1 ? Viewer().CheckImg[row] : Viewer().ClearImg[row];
+    };
+    Click(Viewer().ClearImg[1]);
+    for (const auto& control : {std::function<QWidget&(int)>(text), {mark}}) {
+        ScrollTo(0);
+        control(0).setFocus();
+        for (int row = 0; row < 9; ++row) {
+            EXPECT_TRUE(control(row).hasFocus()) << row;
+            EXPECT_EQ(Scroll(Viewer()).value(), std::max(0, row - 6));
+            Press(control(row), Qt::Key_Down);
+        }
+        EXPECT_TRUE(control(9).hasFocus());
+        Press(control(9), Qt::Key_Down);
+        for (int row = 9; row > 0; --row) {
+            EXPECT_TRUE(control(row).hasFocus()) << row;
+            EXPECT_EQ(Scroll(Viewer()).value(), std::min(3, row));
+            Press(control(row), Qt::Key_Up);
+        }
+        EXPECT_TRUE(control(0).hasFocus());
+        Press(control(0), Qt::Key_Up);
+        EXPECT_TRUE(control(0).hasFocus());
+    }
+    ExpectTicked(1, true);
+}
+
+TEST_F(ViewerKeyboardTest, ARingShowsWhereTheKeyboardIs) {
+    for (QWidget* control : {static_cast<QWidget*>(&Viewer().Instructions[2]),
+                             static_cast<QWidget*>(&Viewer().ClearImg[2])}) {
+        const auto edge = [control] {
+            return control->grab().toImage().pixelColor(1, control->height() / 2);
+        };
+        const QColor ring = control->palette().color(QPalette::Highlight);
+        Viewer().Instructions[0].setFocus();
+        EXPECT_NE(edge(), ring);
+        EXPECT_TRUE(IsRepainted(*control, [&] { control->setFocus(); }));
+        EXPECT_EQ(edge(), ring);
+        EXPECT_TRUE(IsRepainted(*control, [&] { Viewer().Instructions[0].setFocus(); }));
     }
 }
 

@@ -1,47 +1,19 @@
 #include "look/DutygridStyle.h"
 #include "tests/common/Pictures.h"
+#include "tests/common/Sheet.h"
 #include "tests/look/LookTest.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
-#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QStyleOptionSlider>
-#include <functional>
 
 namespace {
-
-/// Every control in every state it can be in, in a grid of cells.
-class Sheet {
-public:
-    Sheet(QSize cell, int columns, int rows)
-        : cell_(cell), columns_(columns),
-          image_(cell.width() * columns, cell.height() * rows, QImage::Format_RGB32) {
-        image_.fill(Qt::white);
-    }
-
-    /// The next cell; its contents stand 3 pixels from its edges.
-    void Add(const std::function<void(QPainter&, const QRect&)>& paint) {
-        const QPoint corner(next_ % columns_ * cell_.width(), next_ / columns_ * cell_.height());
-        ++next_;
-        QPainter painter(&image_);
-        painter.translate(corner);
-        paint(painter, QRect(QPoint(), cell_).adjusted(3, 3, -3, -3));
-    }
-
-    const QImage& Image() const { return image_; }
-
-private:
-    QSize cell_;
-    int columns_;
-    int next_ = 0;
-    QImage image_;
-};
 
 const QList<QStyle::State> States = {
     QStyle::State_None, QStyle::State_Enabled, QStyle::State_Enabled | QStyle::State_MouseOver,

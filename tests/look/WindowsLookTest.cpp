@@ -23,6 +23,8 @@
 #include "tests/look/LookTest.h"
 #include "widgets/HeadedList.h"
 
+#include <QApplication>
+
 namespace {
 
 class WindowsLookTest : public LookTest {

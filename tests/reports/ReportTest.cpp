@@ -1,5 +1,7 @@
 #include "tests/reports/ReportTest.h"
 
+#include "platform/runtime/Dates.h"
+
 #include <QCalendarWidget>
 #include <QPushButton>
 #include <QTest>

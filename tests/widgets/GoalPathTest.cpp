@@ -1,9 +1,13 @@
 #include "widgets/GoalPath.h"
+#include "look/LookColors.h"
 #include "tests/common/FormTest.h"
+#include "tests/common/Repaint.h"
 
 #include <QAccessible>
+#include <QDeadlineTimer>
 #include <QSignalSpy>
 #include <QTest>
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace {
@@ -19,6 +23,39 @@ protected:
     }
 
     QImage Look() { return path.grab().toImage(); }
+
+    /// Large enough to see how the star moves, with a picture that has nothing of its colours.
+    void ShowLarge(double points) {
+        QImage red(64, 64, QImage::Format_RGB32);
+        red.fill(Qt::red);
+        path.resize(640, 200);
+        DesktopCalls.LessMotion = false;
+        path.Show(points, 20, Kite, red);
+    }
+    /// What encloses all pixels of a colour.
+    static QRect PlaceOf(const QColor& color, const QImage& seen) {
+        QRect found;
+        for (int y = 0; y < seen.height(); ++y)
+            for (int x = 0; x < seen.width(); ++x)
+                if (seen.pixel(x, y) == color.rgb())
+                    found |= QRect(x, y, 1, 1);
+        return found;
+    }
+    /// The star's edge and face are all that is painted in the colour of texts.
+    QRect Star(const QImage& seen) const {
+        return PlaceOf(path.palette().color(QPalette::WindowText), seen);
+    }
+    /// Shows each moment of a walk, as many as there is time for.
+    void WatchWalk(double points, const std::function<void(const QImage&)>& moment) {
+        path.WalkTo(points);
+        ASSERT_TRUE(path.IsMoving());
+        const QDeadlineTimer most(std::chrono::seconds(10));
+        while (path.IsMoving() && !most.hasExpired()) {
+            moment(Look());
+            QCoreApplication::processEvents();
+        }
+        ASSERT_FALSE(path.IsMoving());
+    }
 
     GoalPath path;
 };
@@ -134,6 +171,72 @@ TEST_F(GoalPathTest, ThePictureOfTheIncentiveStandsAtTheEndOfTheWay) {
     EXPECT_EQ(end(), QColor(Qt::red));
     path.Show(0, 20, Kite, {});
     EXPECT_NE(end(), QColor(Qt::red));
+}
+
+TEST_F(GoalPathTest, TheStarHopsStretchedAndSquatsWhenItLands) {
+    ShowLarge(0);
+    const QRect rest = Star(Look());
+    EXPECT_GT(rest.height(), 100);
+    bool isLifted = false;
+    bool isStretched = false;
+    bool isSquat = false;
+    // Under load a walk may be over before it has been seen.
+    for (int walk = 0; walk < 20 && !(isLifted && isStretched && isSquat); ++walk) {
+        WatchWalk(0, [&](const QImage& seen) {
+            const QRect star = Star(seen);
+            isLifted = isLifted || star.bottom() < rest.bottom() - 4;
+            isStretched = isStretched || star.height() > rest.height() + 5;
+            isSquat = isSquat || star.height() < rest.height() - 8;
+            EXPECT_LE(std::abs(star.center().x() - rest.center().x()), 8);
+        });
+        EXPECT_EQ(Star(Look()), rest);
+    }
+    EXPECT_TRUE(isLifted);
+    EXPECT_TRUE(isStretched);
+    EXPECT_TRUE(isSquat);
+}
+
+TEST_F(GoalPathTest, TheStarIsOnItsWayUntilItLandsAndTheJoyComesThen) {
+    ShowLarge(20);
+    const int goal = Star(Look()).center().x();
+    ShowLarge(10);
+    const int start = Star(Look()).center().x();
+    WatchWalk(20, [&](const QImage& seen) {
+        const int star = Star(seen).center().x();
+        EXPECT_GE(star, start - 8);
+        EXPECT_LE(star, goal + 8);
+        EXPECT_TRUE(PlaceOf(LookColors::Sky, seen).isEmpty() || std::abs(star - goal) <= 8)
+            << "joy before the goal";
+    });
+    EXPECT_FALSE(PlaceOf(LookColors::Sky, Look()).isEmpty());
+}
+
+TEST_F(GoalPathTest, AStarThatIsAtTheGoalStaysGlad) {
+    ShowLarge(20);
+    // The right half of the goal's picture, where the star does not come.
+    const auto badge = [this](const QImage& seen) {
+        return PlaceOf(path.palette().color(QPalette::Highlight), seen.copy(550, 0, 90, 200));
+    };
+    const QRect before = badge(Look());
+    EXPECT_FALSE(before.isEmpty());
+    WatchWalk(25, [&](const QImage& seen) { EXPECT_EQ(badge(seen), before); });
+}
+
+TEST_F(GoalPathTest, AWalkIsPaintedToItsEnd) {
+    DesktopCalls.LessMotion = false;
+    path.Show(5, 20, Kite, {});
+    Settle();
+    path.WalkTo(15);
+    EXPECT_TRUE(IsPaintedAtRest(path));
+}
+
+TEST_F(GoalPathTest, OtherColoursAreShownAtOnce) {
+    path.Show(5, 20, Kite, {});
+    const QImage before = Look();
+    QPalette colors = path.palette();
+    colors.setColor(QPalette::Highlight, Qt::magenta);
+    EXPECT_TRUE(IsRepainted(path, [&] { path.setPalette(colors); }));
+    EXPECT_NE(Look(), before);
 }
 
 } // namespace
