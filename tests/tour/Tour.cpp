@@ -91,8 +91,11 @@ void Tour::TheDayIs(const QDate& day) {
 }
 
 void Tour::Settle() {
+    // Lists that drop down are no window manager's.
+    constexpr int quiet = 20; // milliseconds
     LetWindowsRest();
     Boxes.WaitForAll();
+    QTest::qWait(quiet);
     LetWindowsRest();
 }
 
