@@ -31,10 +31,7 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() == QEvent::Paint && watched->isWidgetType()) {
             qApp->removeEventFilter(this);
-            QTimer::singleShot(0, this, [this] {
-                QApplication::setWindowIcon(ProgramIcon());
-                deleteLater();
-            });
+            QTimer::singleShot(0, qApp, [] { QApplication::setWindowIcon(ProgramIcon()); });
         }
         return false;
     }

@@ -1,7 +1,5 @@
 #include "platform/desktop/SystemPrompts.h"
 
-#include "platform/forms/ActivationTracker.h"
-
 #include <QAbstractButton>
 #include <QApplication>
 #include <QEventLoop>
@@ -20,8 +18,8 @@ PromptAnswer SystemPrompts::Show(const Prompt& prompt) {
     else if (prompt.Icon == PromptIcon::Critical)
         box->setIcon(QMessageBox::Critical);
     if (prompt.Buttons == PromptButtons::YesNo) {
+        // The toolkit takes the No for what closing the box answers.
         box->setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-        box->setEscapeButton(QMessageBox::No);
     } else {
         box->setStandardButtons(QMessageBox::Ok);
         box->button(QMessageBox::Ok)->setText(QStringLiteral("Ok"));
@@ -45,7 +43,6 @@ PromptAnswer SystemPrompts::Show(const Prompt& prompt) {
         box->exec();
     }
 
-    ActivationTracker::Instance().Schedule();
     if (box.isNull())
         return prompt.Buttons == PromptButtons::Ok ? PromptAnswer::Ok : PromptAnswer::No;
     const bool yes = box->clickedButton() == box->button(QMessageBox::Yes);

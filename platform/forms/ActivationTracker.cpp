@@ -68,7 +68,6 @@ ActivationTracker::ActivationTracker() {
     timer_.setInterval(0);
     connect(&timer_, &QTimer::timeout, this, &ActivationTracker::Look);
     connect(qApp, &QGuiApplication::focusWindowChanged, this, &ActivationTracker::NoteFocus);
-    connect(qApp, &QGuiApplication::applicationStateChanged, this, &ActivationTracker::Schedule);
     qApp->installEventFilter(this);
 }
 
