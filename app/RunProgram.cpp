@@ -28,13 +28,10 @@ public:
         application.installEventFilter(this);
     }
 
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::Paint && watched->isWidgetType()) {
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) {
             qApp->removeEventFilter(this);
-            QTimer::singleShot(0, this, [this] {
-                QApplication::setWindowIcon(ProgramIcon());
-                deleteLater();
-            });
+            QTimer::singleShot(0, qApp, [] { QApplication::setWindowIcon(ProgramIcon()); });
         }
         return false;
     }

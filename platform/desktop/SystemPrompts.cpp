@@ -20,8 +20,8 @@ PromptAnswer SystemPrompts::Show(const Prompt& prompt) {
     else if (prompt.Icon == PromptIcon::Critical)
         box->setIcon(QMessageBox::Critical);
     if (prompt.Buttons == PromptButtons::YesNo) {
+        // The toolkit takes the No for what closing the box answers.
         box->setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-        box->setEscapeButton(QMessageBox::No);
     } else {
         box->setStandardButtons(QMessageBox::Ok);
         box->button(QMessageBox::Ok)->setText(QStringLiteral("Ok"));
@@ -45,6 +45,7 @@ PromptAnswer SystemPrompts::Show(const Prompt& prompt) {
         box->exec();
     }
 
+    // Where no window manager hands on the focus that the box had, nothing else tells of its end.
     ActivationTracker::Instance().Schedule();
     if (box.isNull())
         return prompt.Buttons == PromptButtons::Ok ? PromptAnswer::Ok : PromptAnswer::No;

@@ -131,7 +131,6 @@ void Form::Show() {
 /// the one that its controls ask for.
 void Form::ShowInMainWindow() {
     if (!frame_.isNull()) {
-        widget_.show();
         frame_->show();
         return;
     }
@@ -156,7 +155,6 @@ void Form::ShowInMainWindow() {
         whole = whole.boundedTo(area->viewport()->size()).expandedTo(frame_->minimumSizeHint());
     frame_->resize(whole);
     PlaceInArea(*area, *frame_);
-    widget_.show();
     frame_->show();
 }
 

@@ -70,7 +70,6 @@ public:
                 stroke(painter);
         }
         Require(painter.end());
-        device_.reset();
     }
 
 private:

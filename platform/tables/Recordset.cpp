@@ -182,10 +182,8 @@ Row& Recordset::Cursor::CurrentRow() {
         throw RuntimeError(ErrorNumber::NoCurrentRecord);
     if (!IsUndisturbed()) {
         Read(row_, 1);
-        startTable_ = false;
         if (!rows_.empty() && rows_.front().Key != row_)
             rows_.clear();
-        endTable_ = false;
     }
     if (rows_.empty())
         throw RuntimeError(ErrorNumber::NoCurrentRecord);

@@ -33,9 +33,7 @@ QString TableStore::TableName(int index) const {
 QStringList TableStore::TableNames() {
     return engine_->Guard([&] {
         QStringList names;
-        const auto& tables = engine_->Current().Tables();
-        names.reserve(static_cast<qsizetype>(tables.size()));
-        for (const std::shared_ptr<Table>& table : tables)
+        for (const std::shared_ptr<Table>& table : engine_->Current().Tables())
             names += table->Name;
         return names;
     });

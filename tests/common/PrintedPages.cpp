@@ -48,6 +48,8 @@ PrintedPages::PrintedPages(const QString& pdf) : pdf_(pdf) {
             return attributes.value(name).toDouble();
         };
         if (reader.name() == QLatin1String("page")) {
+            sheet_ =
+                QSizeF(number(QLatin1String("width")), number(QLatin1String("height"))).toSize();
             unit_ = {(number(QLatin1String("width")) - margins_.left() - margins_.right()) /
                          GridWidth,
                      (number(QLatin1String("height")) - margins_.top() - margins_.bottom()) /

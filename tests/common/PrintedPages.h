@@ -5,6 +5,7 @@
 #include <QList>
 #include <QMarginsF>
 #include <QRectF>
+#include <QSize>
 #include <QSizeF>
 #include <QString>
 
@@ -48,6 +49,8 @@ public:
     /// The colours other than white of the area, the most frequent one; white if there is none.
     QColor MainColor(int page, const QRectF& area) const;
 
+    /// The sheet, in whole points.
+    QSize SheetPoints() const { return sheet_; }
     /// Points in one grid unit, across and down.
     QSizeF UnitPoints() const { return unit_; }
 
@@ -60,6 +63,7 @@ private:
 
     QString pdf_;
     QMarginsF margins_;
+    QSize sheet_;
     QSizeF unit_;
     QList<QList<Word>> words_;
     mutable QList<QImage> pictures_;

@@ -2,13 +2,13 @@
 #include "platform/desktop/SystemPrompts.h"
 #include "platform/forms/DefaultForms.h"
 #include "shell/NewUser.h"
+#include "tests/common/NextBox.h"
 #include "tests/common/RealInput.h"
 #include "tests/filling/FillingTest.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QTest>
-#include <QTimer>
 #include <QToolBar>
 #include <gtest/gtest.h>
 
@@ -30,7 +30,7 @@ protected:
 
     static void ShowBox() {
         SystemPrompts prompts;
-        QTimer::singleShot(200, [] { QApplication::activeModalWidget()->close(); });
+        const NextBox next([](QWidget& box) { box.close(); });
         Prompt prompt;
         prompt.Text = u"A message"_s;
         prompts.Show(prompt);
@@ -96,6 +96,16 @@ TEST_F(BareDisplayTest, AfterTheHelpAReturnToTheViewerTurnsThePage) {
     Settle();
     EXPECT_EQ(Jobs(Viewer()), S{u"Sweep"_s});
     EXPECT_EQ(DesktopCalls.Sounds, S{PageSound()});
+}
+
+TEST_F(BareDisplayTest, KeysWorkAfterAFormOverTheMainWindowHasGone) {
+    auto& over = Default<NewUser>();
+    over.Show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&over));
+    over.Hide();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&Main()));
+    hand_.Key(u"F1"_s);
+    EXPECT_EQ(DesktopCalls.Helped.size(), 1);
 }
 
 TEST_F(BareDisplayTest, APressBringsAFormToTheFront) {

@@ -8,6 +8,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
+#include <QTemporaryDir>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -104,5 +106,65 @@ TEST_F(MotionSettingTest, ThePortalsAnswerCountsOnceItIsThereAndFollowsTheDeskto
     // The connection's own thread may be about to ask again.
     peer.unregisterObject(Root);
 }
+
+/// Where a session keeps its bus.
+enum class BusAt { Address, RuntimeFolder };
+
+class SessionsMotionTest : public MotionSettingTest, public testing::WithParamInterface<BusAt> {};
+
+TEST_P(SessionsMotionTest, ThePortalOfTheSessionIsAsked) {
+    // A process looks for its session's bus once: another one does here.
+    const QString roleOfChild = QStringLiteral("DUTYGRID_ASKS_THE_SESSION");
+    if (qEnvironmentVariableIsSet(roleOfChild.toLatin1())) {
+        const auto ofSession = MotionSetting::OfSession();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return ofSession->WantsLess(); }, 5000));
+        return;
+    }
+    qDBusRegisterMetaType<PortalSettings>();
+    const QTemporaryDir runtime(MemoryFolder());
+    const QString address = QStringLiteral("unix:path=%1/bus").arg(runtime.path());
+    QProcess daemon;
+    daemon.start(QStringLiteral("dbus-daemon"),
+                 {QStringLiteral("--session"), QStringLiteral("--nofork"),
+                  QStringLiteral("--print-address"), QStringLiteral("--address=") + address});
+    ASSERT_TRUE(daemon.waitForReadyRead()) << daemon.readAllStandardError().constData();
+    FakePortal portal;
+    portal.Settings = {{Gnome, {{QStringLiteral("enable-animations"), false}}}};
+    QDBusConnection bus = QDBusConnection::connectToBus(address, QStringLiteral("portal"));
+    ASSERT_TRUE(bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop")));
+    ASSERT_TRUE(bus.registerVirtualObject(Root, &portal));
+
+    QProcess child;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(roleOfChild, QStringLiteral("1"));
+    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtime.path());
+    environment.remove(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
+    if (GetParam() == BusAt::Address) {
+        environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), address);
+        environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), Path(QString()));
+    }
+    for (const char* ofThisProcess :
+         {"GTEST_TOTAL_SHARDS", "GTEST_SHARD_INDEX", "DUTYGRID_MUTANT_TRACE"})
+        environment.remove(QLatin1String(ofThisProcess));
+    child.setProcessEnvironment(environment);
+    const auto* self = testing::UnitTest::GetInstance()->current_test_info();
+    child.start(QCoreApplication::applicationFilePath(),
+                {QStringLiteral("--gtest_filter=%1.%2")
+                     .arg(QLatin1String(self->test_suite_name()), QLatin1String(self->name()))});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return child.state() == QProcess::NotRunning; }, 30'000));
+    EXPECT_EQ(child.exitCode(), 0) << child.readAllStandardOutput().constData();
+    EXPECT_EQ(portal.Asked, (QStringList{Gnome, Plasma, Common}));
+    bus.unregisterObject(Root);
+    QDBusConnection::disconnectFromBus(QStringLiteral("portal"));
+    daemon.kill();
+    daemon.waitForFinished();
+}
+
+INSTANTIATE_TEST_SUITE_P(Sessions, SessionsMotionTest,
+                         testing::Values(BusAt::Address, BusAt::RuntimeFolder),
+                         [](const auto& bus) {
+                             return std::string(bus.param == BusAt::Address ? "ByAddress"
+                                                                            : "ByFolder");
+                         });
 
 } // namespace

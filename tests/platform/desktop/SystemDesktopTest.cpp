@@ -3,14 +3,18 @@
 #include "platform/runtime/Colors.h"
 #include "platform/sound/WavePlayer.h"
 #include "tests/common/FormTest.h"
+#include "tests/common/NextBox.h"
 
 #include <QApplication>
+#include <QColorDialog>
+#include <QDesktopServices>
 #include <QElapsedTimer>
 #include <QFileDialog>
 #include <QLibrary>
 #include <QLineEdit>
 #include <QTest>
-#include <QTimer>
+#include <QTextBrowser>
+#include <QUrl>
 
 namespace {
 
@@ -49,24 +53,89 @@ TEST_F(SystemDesktopTest, AMissingHelpFileIsSaidInTheHelpWindow) {
 TEST_F(SystemDesktopTest, AFileChosenInTheDialogIsReturnedAndACancelIsNothing) {
     const QString folder = Path(QStringLiteral("UsersPictures"));
     const QString chosen = folder + QStringLiteral("/House.png");
-    QTimer::singleShot(200, [&] {
-        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        ASSERT_NE(dialog, nullptr);
-        EXPECT_EQ(dialog->directory().absolutePath(), folder);
-        Type(*dialog->findChild<QLineEdit*>(), chosen);
-        QTest::keyClick(dialog->findChild<QLineEdit*>(), Qt::Key_Return);
-    });
-    EXPECT_EQ(desktop.OpenFile(folder), chosen);
-    QTimer::singleShot(200, [] { QApplication::activeModalWidget()->close(); });
+    {
+        const NextBox next([&](QWidget& box) {
+            auto& dialog = dynamic_cast<QFileDialog&>(box);
+            EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Open"));
+            EXPECT_EQ(dialog.directory().absolutePath(), folder);
+            EXPECT_EQ(dialog.nameFilters().size(), 2);
+            Type(*dialog.findChild<QLineEdit*>(), chosen);
+            QTest::keyClick(dialog.findChild<QLineEdit*>(), Qt::Key_Return);
+        });
+        EXPECT_EQ(desktop.OpenFile(folder), chosen);
+    }
+    const NextBox next([](QWidget& box) { box.close(); });
     EXPECT_EQ(desktop.OpenFile(folder), std::nullopt);
+}
+
+TEST_F(SystemDesktopTest, WithoutAFolderTheDialogOffersAllFiles) {
+    const NextBox next([](QWidget& box) {
+        const QStringList filters = dynamic_cast<QFileDialog&>(box).nameFilters();
+        EXPECT_EQ(filters, QStringList(QStringLiteral("All Files (*)")));
+        box.close();
+    });
+    EXPECT_EQ(desktop.OpenFile(QString()), std::nullopt);
 }
 
 TEST_F(SystemDesktopTest, ColoursHaveRedInTheLowByte) {
     EXPECT_EQ(ColorFromValue(255), QColor(255, 0, 0));
     EXPECT_EQ(ColorFromValue(16711680), QColor(0, 0, 255));
     EXPECT_EQ(ValueFromColor(QColor(1, 2, 3)), 1 + 2 * 256 + 3 * 65536);
-    QTimer::singleShot(200, [] { QApplication::activeModalWidget()->close(); });
+}
+
+TEST_F(SystemDesktopTest, AColourChosenInTheDialogIsReturnedAndACancelIsNothing) {
+    {
+        const NextBox next([](QWidget& box) {
+            auto& dialog = dynamic_cast<QColorDialog&>(box);
+            EXPECT_EQ(dialog.currentColor(), QColor(255, 0, 0));
+            dialog.setCurrentColor(QColor(1, 2, 3));
+            dialog.accept();
+        });
+        EXPECT_EQ(desktop.ChooseColor(255), 1 + 2 * 256 + 3 * 65536);
+    }
+    const NextBox next([](QWidget& box) { box.close(); });
     EXPECT_EQ(desktop.ChooseColor(255), std::nullopt);
+}
+
+/// Takes the place of the desktop's programs for pages and files.
+class Opener : public QTextBrowser {
+public:
+    Opener() {
+        for (const QString& scheme : Schemes)
+            QDesktopServices::setUrlHandler(scheme, this, "setSource");
+    }
+    ~Opener() override {
+        for (const QString& scheme : Schemes)
+            QDesktopServices::unsetUrlHandler(scheme);
+    }
+    QStringList Opened;
+
+protected:
+    void doSetSource(const QUrl& url, QTextDocument::ResourceType) override {
+        Opened += url.toString();
+    }
+
+private:
+    const QStringList Schemes{QStringLiteral("file"), QStringLiteral("http")};
+};
+
+TEST_F(SystemDesktopTest, FilesAndPagesAreOpenedByTheDesktop) {
+    Opener opener;
+    desktop.ShellExecute(QStringLiteral("open"), QStringLiteral("/a folder/50%#1?.pdf"), 0);
+    desktop.ShellExecute(QStringLiteral("open"), QStringLiteral("http://example.com/a?b=1#c"), 3);
+    EXPECT_EQ(opener.Opened, QStringList({QStringLiteral("file:///a folder/50%25%231%3F.pdf"),
+                                          QStringLiteral("http://example.com/a?b=1#c")}));
+}
+
+TEST_F(SystemDesktopTest, LessMotionIsWantedWhereThePersonsSettingsSaySo) {
+    EXPECT_FALSE(desktop.WantsLessMotion());
+    const QString folder = Path(QStringLiteral("UserConfig"));
+    QDir().mkpath(folder);
+    QFile settings(folder + QStringLiteral("/kdeglobals"));
+    ASSERT_TRUE(settings.open(QIODevice::WriteOnly));
+    settings.write("[KDE]\nAnimationDurationFactor=0\n");
+    settings.close();
+    EXPECT_TRUE(desktop.WantsLessMotion());
 }
 
 TEST_F(SystemDesktopTest, SoundsReturnAtOnceWithOrWithoutADevice) {

@@ -24,11 +24,14 @@ TEST_F(SystemProgressTest, ShowsWorkThatTakesLongerThanASecondUntilItIsDone) {
     ReportProgress(Work, 100, 6000);
     EXPECT_EQ(ShownWindow(), nullptr) << "at once";
     QTest::qWait(1'100);
-    ReportProgress(Work, 200, 6000);
+    // So near the end that the toolkit by itself would show no window any more.
+    ReportProgress(Work, 5000, 6000);
     QProgressDialog* window = ShownWindow();
     ASSERT_NE(window, nullptr);
     EXPECT_EQ(window->labelText(), Work);
-    EXPECT_EQ(window->value(), 200);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Sparkit Dutygrid"));
+    EXPECT_EQ(window->windowModality(), Qt::ApplicationModal);
+    EXPECT_EQ(window->value(), 5000);
     EXPECT_EQ(window->maximum(), 6000);
     EXPECT_TRUE(window->findChildren<QPushButton*>().isEmpty()) << "it cannot be broken off";
     LookAt(*window, QStringLiteral("progress"));

@@ -1,5 +1,6 @@
 #include "platform/desktop/SystemPrompts.h"
 #include "tests/common/FormTest.h"
+#include "tests/common/NextBox.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -11,87 +12,123 @@ namespace {
 
 class SystemPromptsTest : public FormTest {
 protected:
-    /// Answers the box that comes up next and keeps what it showed.
-    void Answer(QMessageBox::StandardButton button) {
-        QTimer::singleShot(100, [this, button] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            shownText = box->text();
-            shownTitle = box->windowTitle();
-            buttons = box->standardButtons();
-            format = box->textFormat();
-            box->button(button)->click();
-        });
+    SystemPromptsTest() { question.Buttons = PromptButtons::YesNo; }
+
+    /// Shows a box, and says what it is answered with as soon as it stands.
+    PromptAnswer Answer(const Prompt& prompt, const std::function<void(QMessageBox&)>& answer) {
+        const NextBox next([&](QWidget& box) { answer(dynamic_cast<QMessageBox&>(box)); });
+        return prompts.Show(prompt);
+    }
+
+    static std::function<void(QMessageBox&)> Pressing(QMessageBox::StandardButton button) {
+        return [button](QMessageBox& box) { box.button(button)->click(); };
+    }
+
+    /// The message box that stands, modal or not.
+    static QMessageBox* ShownBox() {
+        for (QWidget* widget : QApplication::topLevelWidgets())
+            if (auto* box = qobject_cast<QMessageBox*>(widget); box && box->isVisible())
+                return box;
+        return nullptr;
     }
 
     SystemPrompts prompts;
-    QString shownText;
-    QString shownTitle;
-    QMessageBox::StandardButtons buttons;
-    Qt::TextFormat format = Qt::AutoText;
+    Prompt message{QStringLiteral("Hello")};
+    Prompt question{QStringLiteral("Sure?")};
 };
 
 TEST_F(SystemPromptsTest, AMessageHasAnOkButtonAndTheProgramsTitle) {
-    Answer(QMessageBox::Ok);
-    Prompt prompt;
-    prompt.Text = QStringLiteral("Hello");
-    EXPECT_EQ(prompts.Show(prompt), PromptAnswer::Ok);
-    EXPECT_EQ(shownText, QStringLiteral("Hello"));
-    EXPECT_EQ(shownTitle, QStringLiteral("Sparkit Dutygrid"));
-    EXPECT_EQ(buttons, QMessageBox::Ok);
+    const auto look = [](QMessageBox& box) {
+        EXPECT_EQ(box.text(), QStringLiteral("Hello"));
+        EXPECT_EQ(box.windowTitle(), QStringLiteral("Sparkit Dutygrid"));
+        EXPECT_EQ(box.standardButtons(), QMessageBox::Ok);
+        EXPECT_EQ(box.button(QMessageBox::Ok)->text(), QStringLiteral("Ok"));
+        box.button(QMessageBox::Ok)->click();
+    };
+    EXPECT_EQ(Answer(message, look), PromptAnswer::Ok);
+}
+
+TEST_F(SystemPromptsTest, ABoxHasTheIconOfItsWeight) {
+    for (const auto& [icon, shown] : {std::pair(PromptIcon::None, QMessageBox::NoIcon),
+                                      {PromptIcon::Exclamation, QMessageBox::Warning},
+                                      {PromptIcon::Critical, QMessageBox::Critical}}) {
+        message.Icon = icon;
+        Answer(message, [expected = shown](QMessageBox& box) {
+            EXPECT_EQ(box.icon(), expected);
+            box.close();
+        });
+    }
+}
+
+TEST_F(SystemPromptsTest, TheButtonThatEnterPressesStandsOut) {
+    Answer(question, [](QMessageBox& box) {
+        EXPECT_EQ(box.button(QMessageBox::Yes)->property("role").toString(),
+                  QStringLiteral("primary"));
+        EXPECT_FALSE(box.button(QMessageBox::No)->property("role").isValid());
+        box.close();
+    });
 }
 
 TEST_F(SystemPromptsTest, AQuestionAnswersYesForYesAlone) {
-    Prompt prompt;
-    prompt.Text = QStringLiteral("Sure?");
-    prompt.Buttons = PromptButtons::YesNo;
-    Answer(QMessageBox::Yes);
-    EXPECT_EQ(prompts.Show(prompt), PromptAnswer::Yes);
-    EXPECT_EQ(buttons, QMessageBox::Yes | QMessageBox::No);
-    Answer(QMessageBox::No);
-    EXPECT_EQ(prompts.Show(prompt), PromptAnswer::No);
-}
-
-TEST_F(SystemPromptsTest, ClosingAQuestionAnswersNo) {
-    Prompt prompt;
-    prompt.Text = QStringLiteral("Sure?");
-    prompt.Buttons = PromptButtons::YesNo;
-    QTimer::singleShot(100, [] { QApplication::activeModalWidget()->close(); });
-    EXPECT_EQ(prompts.Show(prompt), PromptAnswer::No);
+    const auto close = [](QMessageBox& box) { box.close(); };
+    const auto escape = [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); };
+    const auto enter = [](QMessageBox& box) {
+        EXPECT_EQ(box.standardButtons(), QMessageBox::Yes | QMessageBox::No);
+        QTest::keyClick(&box, Qt::Key_Return);
+    };
+    EXPECT_EQ(Answer(question, Pressing(QMessageBox::Yes)), PromptAnswer::Yes);
+    EXPECT_EQ(Answer(question, enter), PromptAnswer::Yes);
+    EXPECT_EQ(Answer(question, Pressing(QMessageBox::No)), PromptAnswer::No);
+    EXPECT_EQ(Answer(question, close), PromptAnswer::No);
+    EXPECT_EQ(Answer(question, escape), PromptAnswer::No);
 }
 
 TEST_F(SystemPromptsTest, NamesWithMarkupAreShownAsTheyStand) {
-    Answer(QMessageBox::Ok);
-    Prompt prompt;
-    prompt.Text = QStringLiteral("<b>Bob</b>'s Sparkit Dutygrid has been created");
-    prompts.Show(prompt);
-    EXPECT_EQ(shownText, prompt.Text);
-    EXPECT_EQ(format, Qt::PlainText);
+    message.Text = QStringLiteral("<b>Bob</b>'s Sparkit Dutygrid has been created");
+    Answer(message, [this](QMessageBox& box) {
+        EXPECT_EQ(box.text(), message.Text);
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        box.close();
+    });
 }
 
 TEST_F(SystemPromptsTest, ABoxOutlivesTheWindowBeneathIt) {
-    auto* window = new QWidget;
-    window->show();
-    window->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window, Patience));
-    QTimer::singleShot(100, [window] { delete window; });
-    Prompt prompt;
-    prompt.Text = QStringLiteral("Sure?");
-    prompt.Buttons = PromptButtons::YesNo;
-    EXPECT_EQ(prompts.Show(prompt), PromptAnswer::No);
+    QTimer guard;
+    QObject::connect(&guard, &QTimer::timeout, &guard, [] {
+        ADD_FAILURE() << "the program waits for a box that has gone";
+        QCoreApplication::exit();
+    });
+    guard.start(15'000);
+    for (const bool leavesFormsReachable : {false, true})
+        for (const PromptButtons buttons : {PromptButtons::Ok, PromptButtons::YesNo}) {
+            auto* window = new QWidget;
+            window->show();
+            window->activateWindow();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(window, Patience));
+            QTimer::singleShot(100, [window] {
+                EXPECT_NE(ShownBox(), nullptr);
+                delete window;
+            });
+            Prompt prompt{QStringLiteral("Sure?")};
+            prompt.Buttons = buttons;
+            prompt.LeavesFormsReachable = leavesFormsReachable;
+            EXPECT_EQ(prompts.Show(prompt),
+                      buttons == PromptButtons::Ok ? PromptAnswer::Ok : PromptAnswer::No);
+        }
 }
 
 TEST_F(SystemPromptsTest, ABoxThatLeavesFormsReachableBlocksNoWindow) {
+    message.LeavesFormsReachable = true;
     QTimer::singleShot(100, [] {
         EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+        EXPECT_NE(ShownBox(), nullptr);
+        // Also one that is not shown, for the program waits for it.
         for (QWidget* widget : QApplication::topLevelWidgets())
-            if (auto* box = qobject_cast<QMessageBox*>(widget))
-                box->button(QMessageBox::Ok)->click();
+            if (auto* hidden = qobject_cast<QMessageBox*>(widget))
+                hidden->button(QMessageBox::Ok)->click();
     });
-    Prompt prompt;
-    prompt.Text = QStringLiteral("Please try another name, this one already exists.");
-    prompt.LeavesFormsReachable = true;
-    EXPECT_EQ(prompts.Show(prompt), PromptAnswer::Ok);
+    EXPECT_EQ(prompts.Show(message), PromptAnswer::Ok);
+    EXPECT_EQ(ShownBox(), nullptr);
 }
 
 } // namespace

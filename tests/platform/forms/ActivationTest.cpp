@@ -2,6 +2,7 @@
 #include "platform/forms/ActivationTracker.h"
 #include "platform/forms/MainWindowArea.h"
 #include "tests/common/FormTest.h"
+#include "tests/common/NextBox.h"
 
 #include <QLineEdit>
 #include <QMainWindow>
@@ -13,6 +14,7 @@
 #include <QProcess>
 #include <QTest>
 #include <QTimer>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -116,7 +118,7 @@ TEST_F(ActivationTest, ShowingTheFormInFrontAgainDoesNotActivateIt) {
 TEST_F(ActivationTest, AMessageBoxDoesNotActivateTheFormBehindIt) {
     const auto first = Inside("first");
     SystemPrompts prompts;
-    QTimer::singleShot(150, [] { QApplication::activeModalWidget()->close(); });
+    const NextBox next([](QWidget& box) { box.close(); });
     Prompt prompt;
     prompt.Text = QStringLiteral("A message");
     EXPECT_EQ(prompts.Show(prompt), PromptAnswer::Ok);
@@ -211,6 +213,96 @@ TEST_F(ActivationTest, ATopLevelFormOverTheMainWindowAndBackActivatesBoth) {
     over->Unload();
     EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get(), Patience));
     EXPECT_EQ(Taken(), (QStringList{QStringLiteral("main"), QStringLiteral("first")}));
+}
+
+TEST_F(ActivationTest, ShowingAFormThatStandsBehindBringsItToTheFront) {
+    const auto first = Inside("first");
+    const auto second = Inside("second");
+    first->Show();
+    EXPECT_EQ(Taken(), QStringList{QStringLiteral("first")});
+    EXPECT_EQ(main_->area.activeSubWindow(), &first->Frame());
+    PlainForm over(QStringLiteral("over"), Form::Place::TopLevel);
+    over.Show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&over));
+    EXPECT_EQ(Taken(), QStringList{QStringLiteral("over")});
+    main_->Show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get()));
+    EXPECT_EQ(Taken(), (QStringList{QStringLiteral("main"), QStringLiteral("first")}));
+}
+
+/// A new form in a size of its own.
+std::unique_ptr<PlainForm> Sized(Form::Place place) {
+    return std::make_unique<PlainForm>(QStringLiteral("sized"), place);
+}
+
+/// A new form whose layout tells its size.
+std::unique_ptr<PlainForm> LaidOut(Form::Place place) {
+    auto form = std::make_unique<PlainForm>(QStringLiteral("laid out"), place);
+    form->setAttribute(Qt::WA_Resized, false);
+    form->box.setFixedSize(300, 40);
+    (new QVBoxLayout(form.get()))->addWidget(&form->box);
+    return form;
+}
+
+TEST_F(ActivationTest, ANewTopLevelFormComesInItsSizeInTheMiddleOfTheScreen) {
+    const QRect screen = main_->screen()->availableGeometry();
+    for (const auto& make : {Sized, LaidOut}) {
+        const auto form = make(Form::Place::TopLevel);
+        const QSize size = make == Sized ? QSize(200, 120) : form->sizeHint();
+        form->Show();
+        EXPECT_EQ(form->size(), size);
+        EXPECT_EQ(form->pos(), screen.center() - QRect(QPoint(), size).center());
+        ActivationTracker::Instance().Reset();
+    }
+}
+
+TEST_F(ActivationTest, ATopLevelFormThatHasBeenMovedStaysThere) {
+    PlainForm form(QStringLiteral("moved"), Form::Place::TopLevel);
+    form.move(40, 50);
+    form.Show();
+    EXPECT_EQ(form.pos(), QPoint(40, 50));
+    ActivationTracker::Instance().Reset();
+}
+
+TEST_F(ActivationTest, ANewFormWithinKeepsItsSizeOrTakesWhatItsLayoutAsksFor) {
+    for (const auto& make : {Sized, LaidOut}) {
+        PlainForm* form = make(Form::Place::InMainWindow).release();
+        const QSize size = make == Sized ? QSize(200, 120) : form->sizeHint();
+        form->Show();
+        EXPECT_EQ(form->size(), size);
+        form->Unload();
+        Settle();
+    }
+}
+
+TEST_F(ActivationTest, FormsWithinComeAStepFurtherEachWhileTheyFit) {
+    // Lower than it is wide, and narrower than it is high.
+    for (const QSize& size : {QSize(700, 500), QSize(420, 700)}) {
+        main_->resize(size);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return main_->size() == size; }));
+        Settle();
+        const QSize room = main_->area.viewport()->size();
+        QList<QPoint> places;
+        QList<PlainForm*> forms;
+        for (int made = 0; made < 14; ++made) {
+            forms += new PlainForm(QString::number(made), Form::Place::InMainWindow);
+            Form& form = *forms.last();
+            form.Show();
+            places += form.Frame().pos();
+            const QSize free = room - form.Frame().size();
+            if (made == 0) {
+                EXPECT_EQ(places.last(), QPoint(free.width() / 2, free.height() / 3));
+                continue;
+            }
+            const QPoint further = places.at(made - 1) + QPoint(24, 24);
+            const bool fits = further.x() <= free.width() && further.y() <= free.height();
+            EXPECT_EQ(places.last(), fits ? further : places.at(made - 1)) << made;
+        }
+        EXPECT_EQ(places.at(13), places.at(12)) << "the last ones no longer fit";
+        for (PlainForm* form : forms)
+            form->Unload();
+        Settle();
+    }
 }
 
 class DefaultFormsTest : public FormTest {};

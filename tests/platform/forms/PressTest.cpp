@@ -10,6 +10,7 @@
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QStyleHints>
 #include <QTest>
 #include <QTimer>
 
@@ -208,7 +209,10 @@ TEST_P(PressTest, ABoxThatTheActivationShowsTakesThePress) {
     Inside("second", {300, 10});
     first.onActivate = [] {
         SystemPrompts prompts;
-        QTimer::singleShot(400, [] { QApplication::activeModalWidget()->close(); });
+        QTimer::singleShot(400, [] {
+            if (QWidget* box = QApplication::activeModalWidget())
+                box->close();
+        });
         Prompt prompt;
         prompt.Text = u"A message"_s;
         prompts.Show(prompt);
@@ -276,6 +280,22 @@ protected:
         EXPECT_EQ(PressOn(form), atOnce);
     }
 
+    /// A press at this moment of the window system's clock, in milliseconds.
+    static S PressOn(const PadForm& form, quint64 moment) {
+        QWidget& window = *form.window();
+        const QPointF place = form.pad->mapTo(&window, form.pad->rect().center());
+        const auto send = [&](QEvent::Type type, Qt::MouseButtons held) {
+            QMouseEvent event(type, place, window.mapToGlobal(place), Qt::LeftButton, held, {});
+            event.setTimestamp(moment);
+            QCoreApplication::sendEvent(window.windowHandle(), &event);
+        };
+        send(QEvent::MouseButtonPress, Qt::LeftButton);
+        const S events = std::exchange(Events, {});
+        send(QEvent::MouseButtonRelease, Qt::NoButton);
+        Events.clear();
+        return events;
+    }
+
     static S PressOn(const PadForm& form) {
         QWidget& window = *form.window();
         const QPoint place = form.pad->mapTo(&window, form.pad->rect().center());
@@ -311,6 +331,17 @@ TEST_F(PendingLookTest, APressJustAfterTheFocusIsOnWhatNobodyHasSeen) {
     EXPECT_TRUE(QTest::qWaitFor([] { return Events.contains(u"first"_s); }, Patience));
     Events.clear();
     EXPECT_EQ(PressOn(first), S{u"press first, unseen"_s});
+}
+
+TEST_F(PendingLookTest, ASecondPressWithinADoubleClickOfAnUnseenOneIsUnseenToo) {
+    PadForm& first = Inside("first", {10, 10});
+    const quint64 moment = 1'000'000;
+    const auto interval =
+        static_cast<quint64>(QGuiApplication::styleHints()->mouseDoubleClickInterval());
+    EXPECT_EQ(PressOn(first, moment), S{u"press first, unseen"_s});
+    QTest::qWait(TimeToSee);
+    EXPECT_EQ(PressOn(first, moment + interval - 1), S{u"press first, unseen"_s});
+    EXPECT_EQ(PressOn(first, moment + interval), S{u"press first"_s});
 }
 
 TEST_F(PendingLookTest, APressThatLeavesTimeToSeeIsTakenAsMeant) {

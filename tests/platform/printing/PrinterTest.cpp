@@ -34,6 +34,8 @@ protected:
 
     PrintedPages Send() {
         printer_.EndDoc();
+        if (target_.Files().isEmpty())
+            throw std::runtime_error("nothing has been sent");
         return PrintedPages(target_.Files().last());
     }
 
@@ -50,6 +52,22 @@ public:
 
     std::unique_ptr<QPagedPaintDevice> Open() override { return Make(); }
     void Sent() override { ++SentJobs; }
+};
+
+/// Paper with a printable area of so many dots.
+class SmallPaper : public QPdfWriter {
+public:
+    SmallPaper(const QString& path, const QSize& dots) : QPdfWriter(path), dots_(dots) {}
+
+protected:
+    int metric(PaintDeviceMetric id) const override {
+        return id == PdmWidth    ? dots_.width()
+               : id == PdmHeight ? dots_.height()
+                                 : QPdfWriter::metric(id);
+    }
+
+private:
+    QSize dots_;
 };
 
 class OnePagePaper : public QPdfWriter {
@@ -239,6 +257,18 @@ TEST_F(PrinterTest, BoxTextIsAnEmptySquareAsHighAsCapitalLetters) {
     EXPECT_EQ(pages.MainColor(1, QRectF(5, 9, 4, 3)), QColor(0, 0, 0));
 }
 
+TEST_F(PrinterTest, ThickSidesOfALargeBoxTextEndWhereItBegins) {
+    printer_.SetFontSize(144);
+    PrintAt(1, 10, QStringLiteral("H"));
+    PrintAt(10, 10, EmptyBoxText);
+    const PrintedPages pages = Send();
+    const QRectF capital = pages.Ink(1, QRectF(0, 10, 9, 10));
+    const QRectF box = pages.Ink(1, QRectF(9, 10, 12, 10));
+    EXPECT_NEAR(box.left(), 10, Near);
+    EXPECT_NEAR(box.top(), capital.top(), Near);
+    EXPECT_NEAR(box.bottom(), capital.bottom(), Near);
+}
+
 TEST_F(PrinterTest, BoxTextHasTheTextColourAndGrowsWithTheFont) {
     printer_.SetForeColor(Red);
     printer_.SetFontSize(36);
@@ -346,6 +376,24 @@ TEST_F(PrinterTest, NextJobStartsCleanOnItsFirstPage) {
     EXPECT_LT(pages.Ink(1, QRectF(0, 9, 21, 2)).height(), 0.1);
 }
 
+TEST_F(PrinterTest, WhatWasSetForAJobReachesNoFurther) {
+    PrinterObject untouched(target_);
+    untouched.Print(QStringLiteral("Hxp"));
+    untouched.EndDoc();
+    printer_.SetScaleWidth(42);
+    printer_.SetScaleHeight(60);
+    printer_.SetFontSize(36);
+    PrintAt(1, 1, QStringLiteral("first"));
+    printer_.SetCurrentX(5);
+    printer_.EndDoc();
+    EXPECT_EQ(printer_.CurrentX(), 0);
+    EXPECT_EQ(printer_.CurrentY(), 0);
+    printer_.Print(QStringLiteral("Hxp"));
+    const PrintedPages pages = Send();
+    const PrintedPages expected(target_.Files().first());
+    EXPECT_EQ(pages.Ink(1, QRectF(0, 0, 21, 30)), expected.Ink(1, QRectF(0, 0, 21, 30)));
+}
+
 TEST_F(PrinterTest, GuardDropsTheJobThatAnErrorLeftUnfinished) {
     EXPECT_ERROR(94, {
         const PrintJobGuard job(printer_);
@@ -384,6 +432,17 @@ TEST_F(PrinterTest, PrinterThatIsNotThereRaises482AtTheFirstDrawing) {
     none.Make = [] { return std::unique_ptr<QPagedPaintDevice>(); };
     EXPECT_ERROR(482, printer.Print(QStringLiteral("x")));
     EXPECT_EQ(none.SentJobs, 0);
+}
+
+TEST_F(PrinterTest, PaperWithoutAPrintableAreaRaises482) {
+    for (const QSize& dots : {QSize(0, 1000), QSize(1000, 0)}) {
+        MadeByTest narrow;
+        narrow.Make = [&] {
+            return std::make_unique<SmallPaper>(folder_.filePath(QStringLiteral("none.pdf")), dots);
+        };
+        PrinterObject printer(narrow);
+        EXPECT_ERROR(482, printer.Print(QStringLiteral("x"))) << dots.width();
+    }
 }
 
 TEST_F(PrinterTest, DeviceThatCannotBeginRaises482AndTheJobIsGone) {

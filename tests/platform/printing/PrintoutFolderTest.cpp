@@ -3,7 +3,11 @@
 #include "tests/common/RuntimeTest.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
+#include <QPageSize>
 #include <QRegularExpression>
+#include <cstdlib>
+#include <utility>
 
 namespace {
 
@@ -54,6 +58,41 @@ TEST_F(PrintoutFolderTest, JobsOfOneMomentNeverWriteOverEachOther) {
         texts += PrintedPages(QDir(PrintoutsPath()).filePath(file)).LineAt(1, 0);
     texts.sort();
     EXPECT_EQ(texts.join(QLatin1Char(' ')), QStringLiteral("job1 job2 job3 job4 job5"));
+}
+
+TEST_F(PrintoutFolderTest, JobOfATakenMomentGetsANumberBehind) {
+    const QDateTime now = QDateTime::currentDateTime();
+    for (int second = 0; second < 60; ++second)
+        WriteFile(
+            QStringLiteral("%1/2001-03-07 %2.pdf")
+                .arg(PrintoutsPath(), now.addSecs(second).toString(QStringLiteral("HH-mm-ss"))),
+            "taken");
+    PrintJob(QStringLiteral("chart"));
+    ASSERT_EQ(DesktopCalls.Opened.size(), 1);
+    const QRegularExpression pattern(
+        QStringLiteral("^open .*/2001-03-07 \\d\\d-\\d\\d-\\d\\d \\(2\\)\\.pdf 0$"));
+    EXPECT_TRUE(pattern.match(DesktopCalls.Opened.first()).hasMatch())
+        << DesktopCalls.Opened.first().toStdString();
+    EXPECT_EQ(Files().size(), 61);
+}
+
+TEST_F(PrintoutFolderTest, PaperIsThatOfTheUsersCountry) {
+    // A process learns at its start where it is.
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const QByteArray former = qgetenv("LC_ALL");
+    for (const auto& [country, paper] :
+         {std::pair("en_US.UTF-8", QPageSize::Letter), {"en_GB.UTF-8", QPageSize::A4}}) {
+        qputenv("LC_ALL", country);
+        const auto print = [this, size = QPageSize::sizePoints(paper)] {
+            PrintJob(QStringLiteral("chart"));
+            const PrintedPages pages(QDir(PrintoutsPath()).filePath(Files().value(0)));
+            const bool isRight = pages.SheetPoints() == size;
+            QDir(Path(QString())).removeRecursively();
+            return isRight ? 0 : 1;
+        };
+        EXPECT_EXIT(std::_Exit(print()), testing::ExitedWithCode(0), "") << country;
+    }
+    former.isNull() ? qunsetenv("LC_ALL") : qputenv("LC_ALL", former);
 }
 
 TEST_F(PrintoutFolderTest, ForgottenJobLeavesNoFileAndOpensNothing) {

@@ -46,6 +46,26 @@ TEST_F(PicturesTest, BytesBehindThePicturesEndDoNotMatter) {
     }
 }
 
+TEST_F(PicturesTest, APhotographStandsUprightWhateverWayTheCameraWasHeld) {
+    QImage lying(32, 16, QImage::Format_RGB32);
+    lying.fill(Qt::white);
+    for (int y = 0; y < 16; ++y)
+        for (int x = 0; x < 16; ++x)
+            lying.setPixel(x, y, qRgb(255, 0, 0));
+    const QString path = Path(QStringLiteral("photograph.jpg"));
+    ASSERT_TRUE(lying.save(path, "JPG", 100));
+    // The camera's word that the upper edge is on the right.
+    const QByteArray turned("\xff\xe1\0\x22"
+                            "Exif\0\0II*\0\x08\0\0\0\1\0"
+                            "\x12\1\3\0\1\0\0\0\6\0\0\0\0\0\0\0",
+                            36);
+    WriteFile(path, ReadFile(path).insert(2, turned));
+    const QImage picture = LoadPicture(path);
+    ASSERT_EQ(picture.size(), QSize(16, 32));
+    EXPECT_LT(qGreen(picture.pixel(8, 4)), 50);
+    EXPECT_GT(qGreen(picture.pixel(8, 28)), 200);
+}
+
 TEST_F(PicturesTest, FileThatIsNoPictureRaises481) {
     WriteFile(Path(QStringLiteral("text.png")), "no picture");
     WriteFile(Path(QStringLiteral("empty.png")), "");

@@ -1,8 +1,11 @@
 #include "tests/common/FullDisk.h"
 #include "tests/platform/tables/TablesTest.h"
 
+#include <SQLiteCpp/SQLiteCpp.h>
+
 #include <atomic>
 #include <csignal>
+#include <sqlite3.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -135,6 +138,24 @@ TEST_F(Durability, AReadingSeesAllThatIsThereAndLetsGoOfTheFileAtItsEnd) {
     EXPECT_EQ(Memos(*Store), QStringList(QStringLiteral("a")));
 }
 
+TEST_F(Durability, AReadingKeepsAllWhoWriteWaitingUntilTheOutermostOneEnds) {
+    CommitOneRow();
+    SQLite::Database other(File.toStdString(), SQLite::OPEN_READWRITE);
+    {
+        const TableStore::Reading outer(*Store);
+        {
+            const TableStore::Reading inner(*Store);
+            EXPECT_EQ(Memos(*Store).size(), 1);
+        }
+        other.exec("BEGIN IMMEDIATE");
+        other.exec("UPDATE Rows1 SET Memo = 'theirs'");
+        EXPECT_EQ(other.tryExec("COMMIT"), SQLITE_BUSY);
+        EXPECT_EQ(Memos(*Store), QStringList(QStringLiteral("kept")));
+    }
+    EXPECT_EQ(other.tryExec("COMMIT"), SQLITE_OK);
+    EXPECT_EQ(Memos(*Store), QStringList(QStringLiteral("theirs")));
+}
+
 TEST_F(Durability, AWriteOrACommitEndsAReading) {
     MakeTable();
     Store->Commit();
@@ -210,6 +231,24 @@ TEST_F(Durability, FullDiskAtTheCommitRollsBackAndSaysSo) {
     ExpectOnlyTheKeptRow();
 }
 
+TEST_F(Durability, ACommitThatWaitsInVainForOneWhoReadsTakesBackWhatWasWritten) {
+    CommitOneRow();
+    Recordset rows = Store->OpenRecordset(Chart);
+    AddMemo(rows, QStringLiteral("lost"));
+    {
+        SQLite::Database reader(File.toStdString(), SQLite::OPEN_READONLY);
+        SQLite::Statement reading(reader, "SELECT Memo FROM Rows1");
+        ASSERT_TRUE(reading.executeStep());
+        EXPECT_EQ(ErrorText([&] { Store->Commit(); }), QStringLiteral("database is locked"));
+    }
+    Store->Commit();
+    ExpectOnlyTheKeptRow();
+    AddMemo(rows, QStringLiteral("after"));
+    Store->Commit();
+    Reopen();
+    EXPECT_EQ(Memos(*Store), (QStringList{QStringLiteral("kept"), QStringLiteral("after")}));
+}
+
 TEST_F(Durability, CursorsReadWhatIsStoredAfterAFailedCommit) {
     CommitOneRow();
     Recordset rows = Store->OpenRecordset(Chart);
@@ -235,7 +274,7 @@ TEST_F(Durability, FullDiskInTheMiddleOfWritingLosesNothingCommitted) {
         WithErrorsSkipped([&] { Store->Commit(); });
     }
     const QStringList memos = Memos(*Store);
-    EXPECT_EQ(memos.first(), QStringLiteral("kept"));
+    EXPECT_EQ(memos.value(0), QStringLiteral("kept"));
     Recordset rows = Store->OpenRecordset(Chart);
     AddMemo(rows, QStringLiteral("after"));
     Store->Commit();
@@ -246,13 +285,12 @@ TEST_F(Durability, FullDiskInTheMiddleOfWritingLosesNothingCommitted) {
 TEST_F(Durability, KilledWriterLosesOnlyWhatWasNotCommitted) {
     CommitOneRow();
     Store.reset();
-    const pid_t child = fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
+    const pid_t child = InChild([this] {
         const auto store = TableStore::OpenDatabase(File);
         AddMuch(store->OpenRecordset(Chart));
         kill(getpid(), SIGKILL);
-    }
+    });
+    ASSERT_GE(child, 0);
     int status = 0;
     ASSERT_EQ(waitpid(child, &status, 0), child);
     ASSERT_TRUE(WIFSIGNALED(status));

@@ -145,7 +145,8 @@ TEST_F(Opening, EmptyFileIsAnEmptyDatabaseAndStaysUsable) {
 TEST_F(Opening, TruncatedDatabaseIsRefusedAndLeftAlone) {
     const QByteArray whole = GrownDatabase();
     const QString path = Path(QStringLiteral("Cut.mdb"));
-    for (const qsizetype size : {whole.size() - 4096, whole.size() / 2, qsizetype{4096}}) {
+    for (const qsizetype size : {whole.size() - 1, whole.size() - 4095, whole.size() - 4096,
+                                 whole.size() / 2, qsizetype{4096}}) {
         WriteFile(path, whole.left(size));
         EXPECT_EQ(Refusal(path), QStringLiteral("database disk image is malformed")) << size;
     }
@@ -196,4 +197,36 @@ TEST_F(Opening, FieldOfAnUnknownTypeIsReported) {
 TEST_F(Opening, AnotherProgramsDatabaseOfTheSameFormatNumberIsRefusedPolitely) {
     EXPECT_TRUE(Refusal(RawDatabase("PRAGMA user_version=2; CREATE TABLE Catalogue(Id)"))
                     .contains(QStringLiteral("another program")));
+}
+
+TEST_F(Opening, WhatAFileBringsAlongIsNeverRun) {
+    for (const bool isOpenBefore : {true, false}) {
+        const QString name = isOpenBefore ? QStringLiteral("a") : QStringLiteral("b");
+        Recordset rows = MakeTable(name);
+        AddMemo(rows, QStringLiteral("kept"));
+        Store->Commit();
+        if (!isOpenBefore)
+            Store.reset();
+        SQLite::Database(File.toStdString(), SQLite::OPEN_READWRITE)
+            .exec("CREATE TRIGGER " + name.toStdString() +
+                  " AFTER INSERT ON Rows1 BEGIN DELETE FROM Rows1; END");
+        if (!isOpenBefore)
+            Store = TableStore::OpenDatabase(File);
+        Recordset again = Store->OpenRecordset(name);
+        AddMemo(again, QStringLiteral("second"));
+        Store->Commit();
+        EXPECT_EQ(Memos(*Store, name),
+                  QStringList({QStringLiteral("kept"), QStringLiteral("second")}))
+            << isOpenBefore;
+    }
+}
+
+TEST_F(Opening, RowsThatAreAViewAreRefused) {
+    MakeTable();
+    Store->Commit();
+    Store.reset();
+    SQLite::Database(File.toStdString(), SQLite::OPEN_READWRITE)
+        .exec("ALTER TABLE Rows1 RENAME TO Hidden; CREATE VIEW Rows1 AS SELECT * FROM Hidden");
+    Store = TableStore::OpenDatabase(File);
+    EXPECT_ERROR(3000, Store->OpenRecordset(QStringLiteral("Chart")));
 }

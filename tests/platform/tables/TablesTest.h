@@ -3,6 +3,8 @@
 #include "platform/tables/TableStore.h"
 #include "tests/common/RuntimeTest.h"
 
+#include <unistd.h>
+
 /// A fixture with a new, empty database that is open as `Store`.
 class TablesTest : public RuntimeTest {
 protected:
@@ -48,6 +50,20 @@ protected:
         for (int i = 0, count = store.TableCount(); i < count; ++i)
             names.append(store.TableName(i));
         return names;
+    }
+
+    /// Starts a process of its own that does this and ends, whatever comes of it.
+    template <class Work>
+    static pid_t InChild(Work&& work) {
+        const pid_t child = ::fork();
+        if (child != 0)
+            return child;
+        try {
+            work();
+        } catch (...) {
+            ::_exit(1);
+        }
+        ::_exit(0);
     }
 
     /// The text of the run-time error that `operation` raises, "" if it raises none.

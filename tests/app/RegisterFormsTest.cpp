@@ -1,0 +1,80 @@
+#include "app/RegisterForms.h"
+
+#include "authoring/DropDownCombo.h"
+#include "filling/MarkImage.h"
+#include "filling/RowText.h"
+#include "help/HelpWindow.h"
+#include "session/FormNames.h"
+#include "session/Session.h"
+#include "tests/common/FormTest.h"
+#include "widgets/LinkLabel.h"
+
+#include <QAccessible>
+#include <utility>
+
+namespace {
+
+/// All forms, under the names by which other rooms open them.
+class RegisterFormsTest : public FormTest, public testing::WithParamInterface<QLatin1String> {};
+
+TEST_P(RegisterFormsTest, ANameMakesAFormOfItsOwnClass) {
+    MakeAccount(QStringLiteral("Mum"), QStringLiteral("m"), QStringLiteral("Teacher"));
+    StartSession(QStringLiteral("Mum"), QStringLiteral("Teacher"));
+    const QWidget& form = DefaultForm(GetParam()).Widget();
+    EXPECT_EQ(QLatin1String(form.metaObject()->className()), GetParam());
+    EXPECT_EQ(&DefaultForm(GetParam()).Widget(), &form);
+}
+
+INSTANTIATE_TEST_SUITE_P(Forms, RegisterFormsTest,
+                         testing::Values(FormNames::BackgroundOptions, FormNames::ChangePasswordfrm,
+                                         FormNames::LogIn, FormNames::LoginWindow,
+                                         FormNames::MainForm, FormNames::NewUser,
+                                         FormNames::OtherOptions, FormNames::frmAboutDutygrid,
+                                         FormNames::AddIncentives, FormNames::DisplayAccount,
+                                         FormNames::DeleteChartForm, FormNames::DisplayAllPeople,
+                                         FormNames::Newfrm, FormNames::Openfrm,
+                                         FormNames::ResetDate, FormNames::ChartViewer,
+                                         FormNames::OpenFillfrm, FormNames::DateRangefrm,
+                                         FormNames::Reportfrm, FormNames::WeekChartRepresentation),
+                         [](const auto& shown) { return std::string(shown.param.latin1()); });
+
+class RegisteredMakersTest : public FormTest {};
+
+TEST_F(RegisteredMakersTest, SlotsAreFilledWithFormsOfTheirClass) {
+    ChartEditors.RedimPreserve(0);
+    ChartViewers.RedimPreserve(0);
+    EXPECT_STREQ(dynamic_cast<QObject&>(ChartEditors.At(0)).metaObject()->className(),
+                 "ChartEditor");
+    EXPECT_STREQ(dynamic_cast<QObject&>(ChartViewers.At(0)).metaObject()->className(),
+                 "ChartViewer");
+    ASSERT_TRUE(WeeklyReview);
+    EXPECT_EQ(dynamic_cast<QWidget*>(&WeeklyReview()),
+              &DefaultForm(FormNames::WeekChartRepresentation).Widget());
+    ChartEditors.Clear();
+    ChartViewers.Clear();
+}
+
+TEST_F(RegisteredMakersTest, ScreenReadersAreToldWhatControlsOfOurOwnAre) {
+    QWidget form;
+    LinkLabel link(&form);
+    DropDownCombo combo(&form);
+    MarkImage mark(QString(), true, 0, &form);
+    RowText row(&form);
+    HelpWindow help;
+    const std::pair<QWidget*, QAccessible::Role> roles[] = {{&link, QAccessible::Link},
+                                                            {&combo, QAccessible::ComboBox},
+                                                            {&mark, QAccessible::CheckBox},
+                                                            {&row, QAccessible::ListItem},
+                                                            {&help, QAccessible::Window}};
+    for (const auto& [control, role] : roles) {
+        QAccessibleInterface* access = QAccessible::queryAccessibleInterface(control);
+        ASSERT_NE(access, nullptr) << control->metaObject()->className();
+        EXPECT_EQ(access->role(), role) << control->metaObject()->className();
+    }
+}
+
+TEST_F(RegisteredMakersTest, TheEditorThatIsInNoSlotHasNoChartToLoad) {
+    EXPECT_ERROR(3078, DefaultForm(FormNames::ChartEditor));
+}
+
+} // namespace
