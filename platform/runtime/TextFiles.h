@@ -6,7 +6,8 @@
 /// A text file read by the formatted input statement. UTF-8; lines end in CR LF, CR or LF.
 class InputFile {
 public:
-    /// Raises 53 if the file is not there, 75 if it cannot be read whole, 76 if its folder is missing.
+    /// Raises 53 if the file is not there, 75 if it cannot be read whole, 76 if its folder is
+    /// missing.
     explicit InputFile(const QString& path);
 
     /// True when nothing is left to read.

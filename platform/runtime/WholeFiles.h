@@ -4,11 +4,12 @@
 #include <QString>
 
 /// All bytes of a regular file. Raises 53 if it is not there, 76 if its folder is missing, 75 if it
-/// is a folder, a pipe or a device, is larger than `most` bytes, or the disk refuses any part of it.
+/// is a folder, a pipe or a device, is larger than `most` bytes, or the disk refuses any part of
+/// it.
 QByteArray ReadWholeFile(const QString& path, qint64 most);
 
-/// Raises what ReplaceFile would raise now: 76 if the folder is missing, 75 if the file is protected,
-/// a link or no regular file.
+/// Raises what ReplaceFile would raise now: 76 if the folder is missing, 75 if the file is
+/// protected, a link or no regular file.
 void RefuseToReplace(const QString& path);
 
 /// Puts a file with these bytes in the place of the one there was, with its rights. The former one

@@ -1,6 +1,6 @@
 #include "tests/common/FormerFile.h"
-#include "tests/common/Rounds.h"
 #include "tests/common/FullDisk.h"
+#include "tests/common/Rounds.h"
 #include "tests/platform/tables/TablesTest.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
