@@ -26,16 +26,16 @@ void ChildrenList::PutBack(const Position& position) {
 }
 
 void ChildrenList::mousePressEvent(QMouseEvent* event) {
-    emit Pressed(event->button());
-    // Another button than the left one selects nothing: who asks for a row's end by the right one
-    // is not to find the row below selected after it.
+    emit Pressed(event->button(), itemAt(event->position().toPoint()));
+    // The toolkit would select by another button than the left one too: who asks for a row's end by
+    // the right one is not to find the row below selected after it.
     if (event->button() == Qt::LeftButton)
         HeadedList::mousePressEvent(event);
 }
 
 void ChildrenList::keyPressEvent(QKeyEvent* event) {
     if (IsMenuKey(*event))
-        emit Pressed(Qt::RightButton);
+        emit Pressed(Qt::RightButton, selectedItems().value(0));
     else
         HeadedList::keyPressEvent(event);
 }

@@ -21,9 +21,9 @@ public:
     }
 
 signals:
-    /// Any button went down; the selection is the one before. What the right button does, the
-    /// Delete key and the key for a context menu do as well.
-    void Pressed(Qt::MouseButton button);
+    /// Any button went down on a row, or on none; the selection is the one before. What the right
+    /// button does, the Delete key and the key for a context menu do as well, on the row selected.
+    void Pressed(Qt::MouseButton button, QTreeWidgetItem* row);
     /// Something is dragged over the list: a row by the mouse, or what comes from elsewhere.
     void DraggedOver();
 

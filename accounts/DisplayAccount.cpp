@@ -18,7 +18,9 @@ DisplayAccount::DisplayAccount()
     for (QLabel* picture : {ui_->Image1, ui_->Image2})
         picture->setContentsMargins(5, 5, 5, 5);
     On(ui_->StudentsList, &ChildrenList::Pressed, this,
-       [this](Qt::MouseButton button) { StudentsList_MouseDown(button); });
+       [this](Qt::MouseButton button, QTreeWidgetItem* row) {
+           StudentsList_MouseDown(button, row);
+       });
     On(&ui_->StudentsList->Clicks, &ListClicks::Clicked, this, [this] { StudentsList_Click(); });
     On(ui_->StudentsList, &ChildrenList::DraggedOver, this, [this] { StudentsList_Click(); });
     On(ui_->Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
@@ -125,13 +127,20 @@ void DisplayAccount::ShowWay() {
                          ui_->ToyName->text(), LabelPicture(*ui_->Image2).Picture());
 }
 
-void DisplayAccount::StudentsList_MouseDown(Qt::MouseButton button) {
+void DisplayAccount::StudentsList_MouseDown(Qt::MouseButton button, QTreeWidgetItem* row) {
     if (!IsAdult(CurrentState))
         return;
-    // The press has not selected anything yet: the question is about the row selected before.
-    if (button == Qt::RightButton &&
-        Ask(QStringLiteral("Are you sure you want to delete this account?")))
-        Database().DeleteAccount(ReturnSelectedStudent());
+    if (button == Qt::RightButton) {
+        // The question is about the row beneath the mouse, and shows whose it is.
+        ui_->StudentsList->clearSelection();
+        if (row != nullptr)
+            ui_->StudentsList->setCurrentItem(row);
+        StudentsList_Click();
+        const QString student = ReturnSelectedStudent();
+        if (Ask(QStringLiteral("Are you sure you want to delete this account?")) &&
+            !student.isEmpty())
+            Database().DeleteAccount(student);
+    }
     Activate();
 }
 

@@ -5,6 +5,8 @@
 
 #include <memory>
 
+class QTreeWidgetItem;
+
 namespace Ui {
 class DisplayAccount;
 }
@@ -33,7 +35,7 @@ private:
     void ShowForChild();
     void ShowWay();
     void StudentsList_Click();
-    void StudentsList_MouseDown(Qt::MouseButton button);
+    void StudentsList_MouseDown(Qt::MouseButton button, QTreeWidgetItem* row);
     void Command1_Click();
     void cmdReset_Click();
     void Infobtn_Click();

@@ -18,9 +18,12 @@ namespace {
 
 constexpr qint64 PieceSize = 32768;
 
-/// Reads `size` bytes; what lies behind the file's end stays zero.
+/// Reads `size` bytes; what lies behind the file's end stays zero. Raises 75 if the disk refuses
+/// them.
 QByteArray ReadPiece(QFile& file, qint64 size) {
     QByteArray piece = file.read(size);
+    if (file.error() != QFileDevice::NoError)
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
     piece.resize(size, '\0');
     return piece;
 }

@@ -2,6 +2,9 @@
 
 #include "platform/desktop/MotionSetting.h"
 #include "platform/runtime/Colors.h"
+#include "platform/runtime/RuntimeError.h"
+#include "platform/runtime/WaveFiles.h"
+#include "platform/runtime/WholeFiles.h"
 #include "platform/sound/WavePlayer.h"
 
 #include <QApplication>
@@ -17,12 +20,15 @@ SystemDesktop::SystemDesktop(OpenHelp openHelp) : openHelp_(std::move(openHelp))
 SystemDesktop::~SystemDesktop() = default;
 
 std::optional<QString> SystemDesktop::OpenFile(const QString& initialFolder) {
-    const QString filter =
-        initialFolder.isEmpty()
-            ? QString()
-            : QStringLiteral("Pictures (*.png *.jpg *.jpeg *.gif *.bmp *.ico);;All files (*)");
-    const QString file = QFileDialog::getOpenFileName(
-        QApplication::activeWindow(), QStringLiteral("Open"), initialFolder, filter);
+    const QString filter = initialFolder.isEmpty()
+                               ? QString()
+                               : QStringLiteral("Pictures (*.png *.jpg *.jpeg *.gif *.bmp *.ico)");
+    // Who only chooses a picture, before the log-in even, is to delete and rename nothing: the
+    // dialogs of some desktops offer it, and know no way to forbid it.
+    const QFileDialog::Options options = QFileDialog::ReadOnly | QFileDialog::DontUseNativeDialog;
+    const QString file =
+        QFileDialog::getOpenFileName(QApplication::activeWindow(), QStringLiteral("Open"),
+                                     initialFolder, filter, nullptr, options);
     if (file.isEmpty())
         return std::nullopt;
     return file;
@@ -46,7 +52,22 @@ void SystemDesktop::ShowHelp(const QString& helpFile, int) {
     openHelp_(helpFile);
 }
 
+namespace {
+
+bool IsSound(const QString& path) {
+    constexpr qint64 most = 64 << 20; // bytes
+    try {
+        return IsWholeWave(ReadWholeFile(path, most));
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+} // namespace
+
 void SystemDesktop::PlaySoundA(const QString& waveFile, quint32) {
+    if (!IsSound(waveFile))
+        return;
     // Loaded at the first sound: what it takes to play one is a good part of the whole start.
     if (!sound_) {
         QLibrary library(QCoreApplication::applicationDirPath() + QLatin1Char('/') +

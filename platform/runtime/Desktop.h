@@ -25,7 +25,8 @@ public:
     virtual void ShowHelp(const QString& helpFile, int command) = 0;
 
     /// Starts to play a wave file and returns at once; a new sound cuts off the one playing.
-    /// A missing file stays silent. `flags`: 1 asynchronous, 0x20000 the name is a file's.
+    /// A file that is missing or no whole sound stays silent. `flags`: 1 asynchronous, 0x20000 the
+    /// name is a file's.
     virtual void PlaySoundA(const QString& waveFile, quint32 flags) = 0;
 
     /// True if the person has asked the desktop for less motion: nothing then moves on its own.

@@ -18,6 +18,10 @@ QImage LoadPicture(const QString& path) {
     // By content, not by name: a scratch picture has no extension.
     QImageReader reader(&file);
     reader.setDecideFormatFromContent(true);
+    // A drawing could lead to other files and to the net.
+    static const QList<QByteArray> formats{"png", "jpg", "jpeg", "gif", "bmp", "ico", "wmf"};
+    if (!formats.contains(reader.format()))
+        throw RuntimeError(ErrorNumber::InvalidPicture);
     reader.setAutoTransform(true);
     const QImage picture = reader.read();
     if (picture.isNull())

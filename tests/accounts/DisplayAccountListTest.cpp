@@ -1,5 +1,6 @@
 #include "store/TableNames.h"
 #include "tests/accounts/DisplayAccountTest.h"
+#include "tests/common/Charts.h"
 
 #include <QDragEnterEvent>
 #include <QMimeData>
@@ -113,18 +114,37 @@ TEST_F(DisplayAccountListTest, ClickBelowTheLastRowByAnAdultEmptiesTheView) {
     EXPECT_EQ(Text("KidName"), QString());
 }
 
-TEST_F(DisplayAccountListTest, RightPressAsksAboutTheRowSelectedBeforeAndYesDeletesIt) {
+TEST_F(DisplayAccountListTest, RightPressAsksAboutTheRowBeneathTheMouseAndYesDeletesIt) {
     OpenView();
     ClickRow(List(), 0);
-    Boxes.Expect(DeleteQuestion, PromptAnswer::Yes,
-                 [] { EXPECT_EQ(List().SelectedName(), Kim) << "not the row under the mouse"; });
+    Boxes.Expect(DeleteQuestion, PromptAnswer::Yes, [] {
+        EXPECT_EQ(List().SelectedName(), Lee) << "not the one selected before";
+        EXPECT_EQ(Text("KidName"), Lee);
+    });
     MousePress(1, Qt::RightButton);
     ExpectQuestion();
-    EXPECT_EQ(Names(List()), QStringList(Lee));
-    EXPECT_EQ(Database().RetreveState(Kim), QString());
-    EXPECT_EQ(Database().RetreveState(Lee), QStringLiteral("Student"));
+    EXPECT_EQ(Names(List()), QStringList(Kim));
+    EXPECT_EQ(Database().RetreveState(Lee), QString());
+    EXPECT_EQ(Database().RetreveState(Kim), QStringLiteral("Student"));
     EXPECT_EQ(List().SelectedName(), QString());
     EXPECT_EQ(Figures(), NoFigures);
+}
+
+TEST_F(DisplayAccountListTest, RightPressOnAnEmptyPlaceDeletesNobody) {
+    Arrange([] { StoreChart(QStringLiteral("Nobody's"), {EditorRow{}}, QString()); });
+    OpenView();
+    ClickRow(List(), 0);
+    const QStringList accounts = Rows(UsersTable);
+    const QStringList tables = TableNames();
+    Boxes.Expect(DeleteQuestion, PromptAnswer::Yes,
+                 [] { EXPECT_EQ(List().SelectedName(), QString()); });
+    const QPoint below(10, List().viewport()->height() - 5);
+    ASSERT_EQ(List().itemAt(below), nullptr);
+    QTest::mouseClick(List().viewport(), Qt::RightButton, {}, below);
+    Settle();
+    ExpectQuestion();
+    EXPECT_EQ(Rows(UsersTable), accounts);
+    EXPECT_EQ(TableNames(), tables);
 }
 
 TEST_F(DisplayAccountListTest, RightPressAnsweredNoDeletesNothingAndRebuildsTheList) {
@@ -162,7 +182,7 @@ TEST_F(DisplayAccountListTest, WithNoRowSelectedCashOutResetAndDeleteAffectNoAcc
     Boxes.Expect(ResetQuestion, PromptAnswer::Yes);
     PressButton("cmdReset");
     Boxes.Expect(DeleteQuestion, PromptAnswer::Yes);
-    MousePress(0, Qt::RightButton);
+    Press(List(), Qt::Key_Menu);
     EXPECT_EQ(Rows(UsersTable), before);
     EXPECT_EQ(Figures(), NoFigures);
 }
@@ -188,7 +208,7 @@ TEST_F(DisplayAccountListTest, PressByAParentRebuildsTheListThoughActivationKnow
     EXPECT_EQ(Figures(), KimsFigures);
     Boxes.Expect(DeleteQuestion, PromptAnswer::Yes);
     MousePress(1, Qt::RightButton);
-    EXPECT_EQ(Names(List()), QStringList({Lee, QStringLiteral("Zoe")}));
+    EXPECT_EQ(Names(List()), QStringList({Kim, QStringLiteral("Zoe")}));
 }
 
 TEST_F(DisplayAccountListTest, DragOverTheListRunsTheClickLogic) {

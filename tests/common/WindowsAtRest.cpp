@@ -5,6 +5,7 @@
 #include <QAbstractNativeEventFilter>
 #include <QApplication>
 #include <QDeadlineTimer>
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QTest>
 #include <QTimer>
@@ -13,6 +14,7 @@
 #include <QtGui/qguiapplication_platform.h>
 #include <cstdint>
 #include <cstdlib>
+#include <limits>
 #include <string_view>
 #include <xcb/xcb.h>
 
@@ -96,13 +98,16 @@ void RunUntilAllIsDone(const QDeadlineTimer& latest) {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-/// Counts what tells that windows are still on their way: a window that comes, goes, moves or is
+/// Notes what tells that windows are still on their way: a window that comes, goes, moves or is
 /// drawn afresh, and focus that travels.
 class WindowUnrest : public QObject {
 public:
     WindowUnrest() { qApp->installEventFilter(this); }
 
-    int Events() const { return events_; }
+    /// Since the last of them, in milliseconds.
+    qint64 Age() const {
+        return last_.isValid() ? last_.elapsed() : std::numeric_limits<qint64>::max();
+    }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
@@ -115,12 +120,13 @@ protected:
         case QEvent::FocusOut:
         case QEvent::Show:
         case QEvent::Hide:
-            ++events_;
+            last_.start();
             break;
         case QEvent::Expose:
         case QEvent::Move:
         case QEvent::Resize:
-            events_ += watched->isWindowType() ? 1 : 0;
+            if (watched->isWindowType())
+                last_.start();
             break;
         default:
             break;
@@ -129,7 +135,7 @@ protected:
     }
 
 private:
-    int events_ = 0;
+    QElapsedTimer last_;
 };
 
 /// True while a form is shown as a window of its own, and one of them is not drawn yet or none
@@ -153,14 +159,16 @@ bool WindowManagerIsBehind() {
 void LetWindowsRest() {
     // Another program may keep the focus for good.
     const QDeadlineTimer latest(2000);
-    const WindowUnrest unrest;
-    bool isCalm = false;
-    while (!isCalm && !latest.hasExpired()) {
-        const int before = unrest.Events();
+    // A window manager may put off what it is asked, and a window that goes within a few
+    // milliseconds of its coming may leave the focus to nobody.
+    constexpr int calm = 20; // milliseconds
+    constexpr int calmRounds = 2;
+    static const WindowUnrest unrest;
+    for (int rounds = 0; rounds < calmRounds && !latest.hasExpired();) {
         RunUntilAllIsDone(latest);
-        isCalm = before == unrest.Events() && !WindowManagerIsBehind();
+        const bool isCalm = unrest.Age() >= calm && !WindowManagerIsBehind();
+        rounds = isCalm ? rounds + 1 : 0;
+        if (!isCalm)
+            QTest::qWait(5);
     }
-    // A window that goes within a few milliseconds of its coming may leave the focus to nobody.
-    if (unrest.Events() > 0)
-        QTest::qWait(10);
 }

@@ -1,3 +1,4 @@
+#include "platform/runtime/WaveFiles.h"
 #include "tests/common/Readable.h"
 
 #include <QDir>
@@ -157,6 +158,10 @@ protected:
 };
 
 TEST_P(DeliveredSoundsTest, IsAPlainStereoWaveOfItsLength) {
+    QFile file(QDir(QStringLiteral(DUTYGRID_ASSETS_DIR))
+                   .filePath(u"sounds/%1.wav"_s.arg(QLatin1String(GetParam().Name))));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(IsWholeWave(file.readAll()));
     EXPECT_EQ(wave.Format, 1);
     EXPECT_EQ(wave.Channels, 2);
     EXPECT_EQ(wave.Rate, 44100);

@@ -176,6 +176,17 @@ TEST_F(AccountRecordsTest, AMissingPictureFileStoresNothing) {
     EXPECT_FALSE(target.picture.isNull());
 }
 
+TEST_F(AccountRecordsTest, APictureThatTheDiskRefusesToReadIsNotStoredAsZeros) {
+    // The first page of this process is nobody's: to read it is an input/output error.
+    const QString refused = QStringLiteral("/proc/self/mem");
+    EXPECT_ERROR(75, Add(Anna, QStringLiteral("c"), Student, refused));
+    EXPECT_EQ(Rows(UsersTable), QStringList());
+    Add(Anna, QStringLiteral("cat"), Student, PictureFile());
+    const QStringList before = Rows(UsersTable);
+    EXPECT_ERROR(75, Database().ChangePicture(Anna, refused));
+    EXPECT_EQ(Rows(UsersTable), before);
+}
+
 TEST_F(AccountRecordsTest, AFolderAsPictureIsAnAccessError) {
     EXPECT_ERROR(75, Add(Anna, QStringLiteral("c"), Student, Path(QStringLiteral("Jobs"))));
     EXPECT_EQ(Rows(UsersTable), QStringList());

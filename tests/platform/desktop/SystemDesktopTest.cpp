@@ -5,9 +5,11 @@
 #include "tests/common/FormTest.h"
 #include "tests/common/NextBox.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QColorDialog>
 #include <QDesktopServices>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFileDialog>
 #include <QLibrary>
@@ -58,7 +60,9 @@ TEST_F(SystemDesktopTest, AFileChosenInTheDialogIsReturnedAndACancelIsNothing) {
             auto& dialog = dynamic_cast<QFileDialog&>(box);
             EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Open"));
             EXPECT_EQ(dialog.directory().absolutePath(), folder);
-            EXPECT_EQ(dialog.nameFilters().size(), 2);
+            EXPECT_EQ(
+                dialog.nameFilters(),
+                QStringList(QStringLiteral("Pictures (*.png *.jpg *.jpeg *.gif *.bmp *.ico)")));
             Type(*dialog.findChild<QLineEdit*>(), chosen);
             QTest::keyClick(dialog.findChild<QLineEdit*>(), Qt::Key_Return);
         });
@@ -75,6 +79,28 @@ TEST_F(SystemDesktopTest, WithoutAFolderTheDialogOffersAllFiles) {
         box.close();
     });
     EXPECT_EQ(desktop.OpenFile(QString()), std::nullopt);
+}
+
+TEST_F(SystemDesktopTest, TheDialogForFilesDeletesAndRenamesNothing) {
+    const QString folder = Path(QStringLiteral("UsersPictures"));
+    const QStringList before = QDir(folder).entryList();
+    for (const QString& start : {folder, QString()}) {
+        const NextBox next([&](QWidget& box) {
+            auto& dialog = dynamic_cast<QFileDialog&>(box);
+            EXPECT_TRUE(dialog.testOption(QFileDialog::ReadOnly));
+            EXPECT_TRUE(dialog.testOption(QFileDialog::DontUseNativeDialog));
+            dialog.selectFile(folder + QStringLiteral("/House.png"));
+            auto* list = dialog.findChild<QAbstractItemView*>(QStringLiteral("listView"));
+            ASSERT_NE(list, nullptr);
+            list->setFocus();
+            QTest::keyClick(list, Qt::Key_Delete);
+            QTest::keyClick(list, Qt::Key_F2);
+            EXPECT_FALSE(list->model()->flags(list->currentIndex()).testFlag(Qt::ItemIsEditable));
+            box.close();
+        });
+        EXPECT_EQ(desktop.OpenFile(start), std::nullopt);
+    }
+    EXPECT_EQ(QDir(folder).entryList(), before);
 }
 
 TEST_F(SystemDesktopTest, ColoursHaveRedInTheLowByte) {
@@ -148,6 +174,23 @@ TEST_F(SystemDesktopTest, SoundsReturnAtOnceWithOrWithoutADevice) {
     EXPECT_TRUE(QLibrary(QCoreApplication::applicationDirPath() + QLatin1Char('/') +
                          QLatin1String(WavePlayerLibrary))
                     .isLoaded());
+}
+
+TEST_F(SystemDesktopTest, WhatIsNoWholeSoundStaysSilent) {
+    QFile sound(Path(QStringLiteral("sounds/applause.wav")));
+    ASSERT_TRUE(sound.open(QIODevice::ReadOnly));
+    const QByteArray whole = sound.readAll();
+    const QString path = Path(QStringLiteral("sounds/own.wav"));
+    for (const QByteArray& content :
+         {QByteArray(), QByteArray("no sound"), whole.left(12), whole.left(44), whole.left(5000)}) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+        file.close();
+        // To hand one on would freeze the program for good.
+        desktop.PlaySoundA(path, 0x20001);
+        Settle();
+    }
 }
 
 } // namespace

@@ -76,6 +76,13 @@ TEST_F(PicturesTest, FileThatIsNoPictureRaises481) {
     EXPECT_ERROR(481, LoadPicture(cut));
 }
 
+TEST_F(PicturesTest, ADrawingThatCouldLeadElsewhereIsNoPicture) {
+    WriteFile(Path(QStringLiteral("drawing.png")),
+              "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>");
+    EXPECT_ERROR(481, LoadPicture(Path(QStringLiteral("drawing.png"))));
+    EXPECT_ERROR(481, LoadPicture(Saved(QStringLiteral("letters"), "XPM")));
+}
+
 TEST_F(PicturesTest, FilesThatCannotBeReadRaiseTheirNumbers) {
     EXPECT_ERROR(53, LoadPicture(Path(QStringLiteral("missing.png"))));
     EXPECT_ERROR(75, LoadPicture(ProgramFolder()));
