@@ -7,6 +7,9 @@
 
 namespace {
 
+/// Far more than anybody writes into such a file.
+constexpr qint64 MostBytes = 16 << 20;
+
 bool IsLineEnd(QChar character) {
     return character == QLatin1Char('\r') || character == QLatin1Char('\n');
 }
@@ -17,10 +20,8 @@ bool IsBlank(QChar character) {
 
 } // namespace
 
-InputFile::InputFile(const QString& path) {
-    constexpr qint64 most = 16 << 20; // bytes: far more than anybody writes into such a file
-    text_ = QString::fromUtf8(ReadWholeFile(path, most));
-}
+InputFile::InputFile(const QString& path)
+    : text_(QString::fromUtf8(ReadWholeFile(path, MostBytes))) {}
 
 QString InputFile::InputText() {
     if (AtEnd())
