@@ -106,8 +106,9 @@ QByteArray ReadWholeFile(const QString& path, qint64 most) {
     QFile file(path);
     if (!info.isFile() || info.size() > most || !file.open(QIODevice::ReadOnly))
         throw AccessError();
-    const QByteArray content = file.read(most);
-    if (file.error() != QFileDevice::NoError || !file.atEnd())
+    // One byte more tells that it has grown, and that what seems empty cannot be read.
+    const QByteArray content = file.read(info.size() + 1);
+    if (file.error() != QFileDevice::NoError || content.size() != info.size())
         throw AccessError();
     return content;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/common/TestRun.h"
+
 #include <QApplication>
 #include <QTimer>
 #include <QWindow>
@@ -7,7 +9,7 @@
 #include <gtest/gtest.h>
 
 /// Does something with the next dialog that blocks the program's windows, as soon as it is on the
-/// screen. Fails the test if none has come in its life.
+/// screen. Fails the test if none has come in its life, and closes one that was to go and stays.
 class NextBox {
 public:
     explicit NextBox(std::function<void(QWidget&)> act) : act_(std::move(act)) {
@@ -24,9 +26,16 @@ private:
         if (box == nullptr || box->windowHandle() == nullptr || !box->windowHandle()->isExposed())
             return;
         look_.stop();
+        stays_.callOnTimeout(box, [box] {
+            ADD_FAILURE() << "the dialog stays";
+            box->close();
+        });
+        stays_.setSingleShot(true);
+        stays_.start(Patience);
         act_(*box);
     }
 
     std::function<void(QWidget&)> act_;
     QTimer look_;
+    QTimer stays_;
 };
