@@ -42,11 +42,9 @@ QList<AtspiStateType> StatesOf(AtspiAccessible* node) {
 }
 
 QRect PlaceOf(AtspiAccessible* node) {
-    const auto component = Owned(atspi_accessible_get_component_iface(node));
-    if (component == nullptr)
-        return {};
+    // Not asked first whether it has a place: each question goes over the bus.
     AtspiRect* extents =
-        atspi_component_get_extents(component.get(), ATSPI_COORD_TYPE_SCREEN, nullptr);
+        atspi_component_get_extents(ATSPI_COMPONENT(node), ATSPI_COORD_TYPE_SCREEN, nullptr);
     if (extents == nullptr)
         return {};
     const QRect place(extents->x, extents->y, extents->width, extents->height);
@@ -54,31 +52,32 @@ QRect PlaceOf(AtspiAccessible* node) {
     return place;
 }
 
-void ReadRelations(Control& control) {
-    GArray* relations = atspi_accessible_get_relation_set(control.Ref.get(), nullptr);
+bool LabelsAnother(AtspiAccessible* label) {
+    GArray* relations = atspi_accessible_get_relation_set(label, nullptr);
     if (relations == nullptr)
-        return;
+        return false;
+    bool labels = false;
     for (guint index = 0; index < relations->len; ++index) {
         AtspiRelation* relation = g_array_index(relations, AtspiRelation*, index);
-        const AtspiRelationType type = atspi_relation_get_relation_type(relation);
-        control.Labelled = control.Labelled || type == ATSPI_RELATION_LABELLED_BY;
-        control.Labels = control.Labels || type == ATSPI_RELATION_LABEL_FOR;
+        labels = labels || atspi_relation_get_relation_type(relation) == ATSPI_RELATION_LABEL_FOR;
         g_object_unref(relation);
     }
     g_array_free(relations, TRUE);
+    return labels;
 }
 
-Control ReadControl(const std::shared_ptr<AtspiAccessible>& node, int parent) {
+/// The states have been asked for already.
+Control ReadControl(const std::shared_ptr<AtspiAccessible>& node, int parent,
+                    const QList<AtspiStateType>& states) {
     Control control;
     control.Ref = node;
     control.Parent = parent;
     control.Role = atspi_accessible_get_role(node.get(), nullptr);
     control.RoleName = Taken(atspi_role_get_name(control.Role));
     control.Name = NameOf(node.get());
-    control.Description = Taken(atspi_accessible_get_description(node.get(), nullptr));
-    control.States = StatesOf(node.get());
+    control.States = states;
     control.Place = PlaceOf(node.get());
-    ReadRelations(control);
+    control.Labels = control.Role == ATSPI_ROLE_LABEL && LabelsAnother(node.get());
     return control;
 }
 
@@ -159,10 +158,10 @@ void Reader::Collect(AtspiAccessible* node, int parent, Controls& found) {
         const auto child = Owned(atspi_accessible_get_child_at_index(node, index, nullptr));
         if (child == nullptr)
             continue;
-        const Control control = ReadControl(child, parent);
-        if (!control.Is(ATSPI_STATE_SHOWING))
+        const QList<AtspiStateType> states = StatesOf(child.get());
+        if (!states.contains(ATSPI_STATE_SHOWING))
             continue;
-        found += control;
+        found += ReadControl(child, parent, states);
         Collect(child.get(), static_cast<int>(found.size()) - 1, found);
     }
 }
@@ -187,9 +186,13 @@ bool Reader::HasKeyboard(const Control& control) {
     return StatesOf(control.Ref.get()).contains(ATSPI_STATE_FOCUSED);
 }
 
+QString Reader::DescriptionOf(const Control& control) {
+    return Taken(atspi_accessible_get_description(control.Ref.get(), nullptr));
+}
+
 Control Reader::Again(const Control& control) {
     WaitFor([] { return true; });
-    return ReadControl(control.Ref, control.Parent);
+    return ReadControl(control.Ref, control.Parent, StatesOf(control.Ref.get()));
 }
 
 Listener::Listener(const char* event)

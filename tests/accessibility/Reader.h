@@ -17,12 +17,9 @@ struct Control {
     AtspiRole Role = ATSPI_ROLE_INVALID;
     QString RoleName;
     QString Name;
-    QString Description;
     QList<AtspiStateType> States;
-    QRect Place; ///< on the screen
-    /// Another control is its label; it is the label of another control.
-    bool Labelled = false;
-    bool Labels = false;
+    QRect Place;         ///< on the screen
+    bool Labels = false; ///< It is the label of another control.
 
     bool Is(AtspiStateType state) const { return States.contains(state); }
     bool IsSame(const Control& other) const { return Ref.get() == other.Ref.get(); }
@@ -48,6 +45,8 @@ public:
 
     /// Whether a control has the keyboard now.
     static bool HasKeyboard(const Control& control);
+    /// What is said of a control besides its name.
+    static QString DescriptionOf(const Control& control);
     /// A control's present state.
     static Control Again(const Control& control);
 

@@ -86,14 +86,17 @@ Controls TabStops(const Controls& controls) {
 /// would take minutes on a form of many rows.
 class Keyboard {
 public:
-    explicit Keyboard(Shown& shown) : shown_(shown), known_(shown.Read()) {}
+    /// `known`: what has been read of the form.
+    Keyboard(Shown& shown, Controls known) : shown_(shown), known_(std::move(known)) {}
 
     /// The tab stop that has the keyboard; without Ref if none has it.
     Control Find() {
         for (int round = 0; round < 2; ++round) {
             const qsizetype count = known_.size();
+            // Most keys lead to a neighbour, to either side.
             for (qsizetype step = 0; step < count; ++step) {
-                const qsizetype index = (last_ + step) % count;
+                const qsizetype away = step % 2 == 0 ? step / 2 : count - (step + 1) / 2;
+                const qsizetype index = (last_ + away) % count;
                 if (IsTabStop(known_, known_.at(index)) && Reader::HasKeyboard(known_.at(index))) {
                     last_ = index;
                     known_[index] = Reader::Again(known_.at(index));
@@ -146,9 +149,8 @@ struct Round {
     QString lastBackwards;
 };
 
-Round GoRound(Shown& shown, const QString& key, bool look) {
+Round GoRound(Shown& shown, Keyboard& keyboard, const QString& key, bool look) {
     Round round;
-    Keyboard keyboard(shown);
     const bool aloud = qEnvironmentVariableIsSet("DUTYGRID_READ_ALOUD");
     Control last = keyboard.Find();
     if (!last.Ref) {
@@ -212,16 +214,18 @@ bool HasOptionBeside(const Controls& stops, const Control& option) {
            });
 }
 
-bool AnySelected(const Controls& controls, const Control& view) {
-    return std::any_of(controls.begin(), controls.end(), [&](const Control& entry) {
-        return IsEntry(entry) && entry.Is(ATSPI_STATE_SELECTED) && entry.Parent >= 0 &&
-               controls.at(entry.Parent).IsSame(view);
-    });
+/// The entries of a list or tree.
+Controls EntriesOf(const Controls& controls, const Control& view) {
+    Controls entries;
+    for (const Control& entry : controls)
+        if (IsEntry(entry) && entry.Parent >= 0 && controls.at(entry.Parent).IsSame(view))
+            entries += entry;
+    return entries;
 }
 
-bool HasEntries(const Controls& controls, const Control& view) {
-    return std::any_of(controls.begin(), controls.end(), [&](const Control& entry) {
-        return IsEntry(entry) && entry.Parent >= 0 && controls.at(entry.Parent).IsSame(view);
+bool AnySelectedNow(const Controls& entries) {
+    return std::any_of(entries.begin(), entries.end(), [](const Control& entry) {
+        return Reader::Again(entry).Is(ATSPI_STATE_SELECTED);
     });
 }
 
@@ -271,14 +275,14 @@ QString Use(Shown& shown, Keyboard& keyboard, const Control& control) {
     }
     case ATSPI_ROLE_LIST:
     case ATSPI_ROLE_TREE: {
-        if (!HasEntries(shown.Read(), control))
+        const Controls entries = EntriesOf(keyboard.Known(), control);
+        if (entries.isEmpty())
             return {};
         shown.Press(QStringLiteral("Down"));
-        if (!AnySelected(shown.Read(), control))
+        if (!AnySelectedNow(entries))
             shown.Press(QStringLiteral("Space"));
-        return AnySelected(shown.Read(), control)
-                   ? QString()
-                   : QStringLiteral("neither Down nor Space selects an entry");
+        return AnySelectedNow(entries) ? QString()
+                                       : QStringLiteral("neither Down nor Space selects an entry");
     }
     case ATSPI_ROLE_LIST_ITEM:
         shown.Press(QStringLiteral("Space"));
@@ -333,9 +337,9 @@ QStringList BrokenBuddies(const Controls& controls) {
     return broken;
 }
 
-QStringList BrokenTabs(Shown& shown) {
-    const Controls controls = shown.Read();
-    Round forth = GoRound(shown, QStringLiteral("Tab"), true);
+QStringList BrokenTabs(Shown& shown, const Controls& controls) {
+    Keyboard keyboard(shown, controls);
+    Round forth = GoRound(shown, keyboard, QStringLiteral("Tab"), true);
     QStringList broken = std::exchange(forth.broken, {});
     for (const Control& control : TabStops(controls))
         if (!Has(forth.stops, control) && !HasOptionBeside(forth.stops, control))
@@ -344,7 +348,7 @@ QStringList BrokenTabs(Shown& shown) {
     if (forth.backwards > 1)
         broken += QStringLiteral("Tab does not go as the eye does:%1").arg(forth.lastBackwards);
 
-    const Round back = GoRound(shown, QStringLiteral("Shift+Tab"), false);
+    const Round back = GoRound(shown, keyboard, QStringLiteral("Shift+Tab"), false);
     broken += back.broken;
     for (const Control& control : forth.stops)
         if (!Has(back.stops, control) && !HasOptionBeside(back.stops, control))
@@ -352,10 +356,10 @@ QStringList BrokenTabs(Shown& shown) {
     return broken;
 }
 
-QStringList BrokenKeys(Shown& shown) {
+QStringList BrokenKeys(Shown& shown, const Controls& controls) {
     QStringList broken;
     QSet<QString> used;
-    Keyboard keyboard(shown);
+    Keyboard keyboard(shown, controls);
     Control control = keyboard.Find();
     const Control first = control;
     constexpr int Most = 200;
@@ -371,4 +375,16 @@ QStringList BrokenKeys(Shown& shown) {
             break;
     }
     return broken;
+}
+
+Control GoTo(Shown& shown, AtspiRole role, const QString& name) {
+    Keyboard keyboard(shown, shown.Read());
+    constexpr int Most = 60;
+    for (int pressed = 0; pressed < Most; ++pressed) {
+        const Control focused = keyboard.Find();
+        if (focused.Ref && focused.Role == role && focused.Name == name)
+            return focused;
+        shown.Press(QStringLiteral("Tab"));
+    }
+    return {};
 }
