@@ -4,12 +4,14 @@
 #include "filling/MarkImage.h"
 #include "filling/RowText.h"
 #include "help/HelpWindow.h"
+#include "platform/forms/MainWindowArea.h"
 #include "session/FormNames.h"
 #include "session/Session.h"
 #include "tests/common/FormTest.h"
 #include "widgets/LinkLabel.h"
 
 #include <QAccessible>
+#include <QMdiArea>
 #include <utility>
 
 namespace {
@@ -39,6 +41,17 @@ INSTANTIATE_TEST_SUITE_P(Forms, RegisterFormsTest,
                          [](const auto& shown) { return std::string(shown.param.latin1()); });
 
 class RegisteredMakersTest : public FormTest {};
+
+TEST_F(RegisteredMakersTest, AFormOfTheMainWindowBringsItAlong) {
+    StartSession(QStringLiteral("Mum"), QStringLiteral("Teacher"));
+    DropDefaultForms();
+    ASSERT_EQ(MainWindowArea(), nullptr);
+    Form& about = DefaultForm(FormNames::frmAboutDutygrid);
+    about.Show();
+    ASSERT_NE(MainWindowArea(), nullptr);
+    EXPECT_EQ(MainWindowArea()->window(), &DefaultForm(FormNames::MainForm).Widget());
+    EXPECT_EQ(about.Widget().window(), MainWindowArea()->window());
+}
 
 TEST_F(RegisteredMakersTest, SlotsAreFilledWithFormsOfTheirClass) {
     ChartEditors.RedimPreserve(0);

@@ -324,6 +324,13 @@ TEST_F(DefaultFormsTest, NamingMakesLoadsAndHidesOnceAndAnewAfterAnUnload) {
     EXPECT_EQ(made, 2);
 }
 
+TEST_F(DefaultFormsTest, AFormThatHasEndedEndsAgainWithoutAsking) {
+    PlainForm form(QStringLiteral("plain"), Form::Place::TopLevel);
+    EXPECT_TRUE(form.Unload());
+    form.refuses = true;
+    EXPECT_TRUE(form.Unload());
+}
+
 TEST_F(DefaultFormsTest, AnUnknownNameRaisesObjectNotSet) {
     EXPECT_ERROR(91, DefaultForm(QStringLiteral("no such form")));
 }
