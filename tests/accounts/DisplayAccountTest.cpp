@@ -145,7 +145,7 @@ TEST_F(DisplayAccountTest, PrintPutsAllAccountsOnPaperAfterAYes) {
     Boxes.Expect(PrintQuestion, PromptAnswer::Yes);
     PressButton("Infobtn");
     ASSERT_EQ(Paper.Files().size(), 1);
-    const QString text = PdfPrintTarget::TextOf(Paper.Files().first());
+    const QString text = PdfPrintTarget::TextOf(Paper.Files().value(0));
     EXPECT_TRUE(text.contains(QStringLiteral("User Name Is: Mum")));
     EXPECT_TRUE(text.contains(QStringLiteral("User Name Is: Kim")));
 }

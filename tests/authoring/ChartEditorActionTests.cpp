@@ -105,7 +105,7 @@ TEST_F(ChartEditorActions, OnlyRowStaysWhenDeletingTheChartIsRefused) {
     Click(RowControl(editor, u"JobDelete"_s, 0));
     EXPECT_EQ(Texts(editor), QStringList{u"a"_s});
     EXPECT_TRUE(TableNames().contains(u"Chores Anna"_s));
-    EXPECT_EQ(Boxes.Shown().last().Title, u"Sparkit Dutygrid"_s);
+    EXPECT_EQ(Boxes.Last().Title, u"Sparkit Dutygrid"_s);
 }
 
 TEST_F(ChartEditorActions, DeletingTheOnlyRowOfAnUnsavedChartLeavesTheFormAsItWas) {
@@ -152,7 +152,7 @@ TEST_F(ChartEditorActions, PointsWithoutALeadingNumberAreRefusedAndEmptied) {
         points.setText(text);
         EXPECT_EQ(points.text(), QString()) << text.toStdString();
     }
-    EXPECT_EQ(Boxes.Shown().last().Title, u"Sparkit Dutygrid"_s);
+    EXPECT_EQ(Boxes.Last().Title, u"Sparkit Dutygrid"_s);
 }
 
 TEST_F(ChartEditorActions, PointsWithALeadingNumberPass) {
@@ -432,7 +432,7 @@ TEST_F(ChartEditorActions, CloseAsksEachTimeThoughNothingHasChanged) {
     Boxes.Expect(CloseQuestion, PromptAnswer::Yes);
     Click(Find(*editor, u"Close"_s));
     EXPECT_TRUE(editor.isNull());
-    EXPECT_EQ(Boxes.Shown().last().Title, u"Sparkit Dutygrid"_s);
+    EXPECT_EQ(Boxes.Last().Title, u"Sparkit Dutygrid"_s);
 }
 
 TEST_F(ChartEditorActions, ClosingTheWindowAsksAsTheButtonDoes) {

@@ -29,7 +29,7 @@ TEST_F(ChartEditorPrinting, PrintingPutsTheRowsAsTheyStandIntoTheScratchTableAnd
                            u"b|Tue|Dad|Hard|2|0|<null>|<null>|<null>|0"_s,
                            u"c|Sat|Gran|Medium|3|0|<null>|<null>|<null>|0"_s}));
     ASSERT_EQ(Paper.Files().size(), 1);
-    const QString paper = PdfPrintTarget::TextOf(Paper.Files().first());
+    const QString paper = PdfPrintTarget::TextOf(Paper.Files().value(0));
     EXPECT_TRUE(paper.contains(u"Saturday"_s)) << paper.toStdString();
     EXPECT_TRUE(paper.contains(u"3 Points"_s)) << paper.toStdString();
     EXPECT_TRUE(Shown(editor));
@@ -50,8 +50,8 @@ TEST_F(ChartEditorPrinting, PrintingAnOpenedChartNamesItsChild) {
     StoreChart(u"Chores Annabella"_s, {Job(u"a"_s)}, u"Annabella"_s);
     Click(Find(OpenChart(u"Chores Annabella"_s), u"Print"_s));
     ASSERT_EQ(Paper.Files().size(), 1);
-    EXPECT_TRUE(PdfPrintTarget::TextOf(Paper.Files().first()).contains(u"Annabella"_s));
-    EXPECT_EQ(Rows(u"Printed"_s).first().section(u'|', 8, 8), u"Printed"_s);
+    EXPECT_TRUE(PdfPrintTarget::TextOf(Paper.Files().value(0)).contains(u"Annabella"_s));
+    EXPECT_EQ(Rows(u"Printed"_s).value(0).section(u'|', 8, 8), u"Printed"_s);
 }
 
 TEST_F(ChartEditorPrinting, PointsBeyondTheirFieldPassHereAndAreRefusedAtTheSave) {

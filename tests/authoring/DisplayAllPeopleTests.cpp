@@ -83,7 +83,7 @@ TEST_F(SaveForPeople, ListsTheChildrenWithTheirPictures) {
 TEST_F(SaveForPeople, ChildWithoutAPictureIsListedAllTheSame) {
     Database().AddUser(u"Plain"_s, u"x"_s, u"Student"_s, QString());
     HandOn(NewChart());
-    EXPECT_EQ(Entries(List()).last(), u"Plain"_s);
+    EXPECT_TRUE(Entries(List()).endsWith(u"Plain"_s));
 }
 
 TEST_F(SaveForPeople, SelectionIsCounted) {
@@ -110,7 +110,7 @@ TEST_F(SaveForPeople, OneChildGetsOneMessage) {
     HandOn(NewChartWithJob(u"Chores"_s), {0});
     Boxes.Expect(CreatedFor(u"Anna"_s));
     Ok();
-    EXPECT_EQ(Boxes.Shown().last().Title, u"Sparkit Dutygrid"_s);
+    EXPECT_EQ(Boxes.Last().Title, u"Sparkit Dutygrid"_s);
     EXPECT_EQ(Rows(u"Chores Anna"_s), QStringList{RowOf(u"Anna"_s)});
     EXPECT_EQ(Rows(u"History Chores Anna from: 3/4/2001"_s),
               QStringList{RowOf(u"Anna"_s, false, false)});
@@ -127,7 +127,7 @@ TEST_F(SaveForPeople, ThreeChildrenGetOneMessageAtTheEnd) {
     for (const QString& child : {u"Anna"_s, u"Ben"_s, u"Mary Ann"_s})
         EXPECT_EQ(Rows(u"Chores "_s + child), QStringList{RowOf(child)});
     EXPECT_EQ(TableNames().size(), 6);
-    EXPECT_EQ(TableNames().first(), u"Chores Anna"_s) << "in the order of the list";
+    EXPECT_EQ(TableNames().value(0), u"Chores Anna"_s) << "in the order of the list";
 }
 
 TEST_F(SaveForPeople, TwoChildrenGetTheMessageForAll) {
@@ -182,7 +182,7 @@ TEST_F(SaveForPeople, TypedNameIsCutToItsFirstWord) {
     HandOn(NewChartWithJob(u"Dish Duty"_s), {0});
     Boxes.Expect(CreatedFor(u"Anna"_s));
     Ok();
-    EXPECT_EQ(TableNames().first(), u"Dish Anna"_s);
+    EXPECT_EQ(TableNames().value(0), u"Dish Anna"_s);
     EXPECT_FALSE(Database().ChartExist(u"Dish Duty"_s));
 }
 
@@ -242,7 +242,7 @@ TEST_F(SaveForPeople, NewChartTakesThePlaceOfTheChildsChartOfThatFirstWord) {
     Boxes.Expect(CreatedFor(u"Anna"_s));
     Ok();
     EXPECT_EQ(Rows(u"Chores Anna"_s), QStringList{RowOf(u"Anna"_s)});
-    EXPECT_TRUE(Rows(u"History Chores Anna from: 3/4/2001"_s).first().startsWith(u"Old|"_s));
+    EXPECT_TRUE(Rows(u"History Chores Anna from: 3/4/2001"_s).value(0).startsWith(u"Old|"_s));
 }
 
 TEST_F(SaveForPeople, ChartThatDiffersInCaseOnlyTakesThePlaceOfTheOther) {
@@ -263,8 +263,8 @@ TEST_F(SaveForPeople, RangesBecomeSingleDaysAndEmptyRowsBlanks) {
     Ok();
     const QStringList rows = Rows(u"Chores Anna"_s);
     ASSERT_EQ(rows.size(), 6);
-    EXPECT_EQ(rows.at(4), u"Bed|Fri|Mum|Easy|1|0|2001-03-04|2001-03-10|Anna|-1"_s);
-    EXPECT_EQ(rows.at(5), u" | | | |0|0|<null>|<null>|<null>|0"_s);
+    EXPECT_EQ(rows.value(4), u"Bed|Fri|Mum|Easy|1|0|2001-03-04|2001-03-10|Anna|-1"_s);
+    EXPECT_EQ(rows.value(5), u" | | | |0|0|<null>|<null>|<null>|0"_s);
 }
 
 TEST_F(SaveForPeople, EditorStaysLoadedAndHiddenAfterTheSave) {
@@ -326,7 +326,7 @@ TEST_F(SaveForPeople, TextLongerThanItsFieldIsReportedAndNeverCut) {
     Boxes.Expect(CreatedFor(u"Anna"_s));
     Ok();
     const QString whole(255, u'x');
-    EXPECT_TRUE(Rows(u"Chores Anna"_s).first().startsWith(u"Sweep|%1|%1|%1|3|"_s.arg(whole)));
+    EXPECT_TRUE(Rows(u"Chores Anna"_s).value(0).startsWith(u"Sweep|%1|%1|%1|3|"_s.arg(whole)));
 }
 
 TEST_F(SaveForPeople, ChartNamedLikeTheAccountsTableTouchesNoAccount) {

@@ -80,8 +80,8 @@ TEST_F(LongChart, ThoseLeftOfAChartCutShortAreMade) {
         Press(RowControl(*editor_, u"JobDelete"_s, 0));
     Settle();
     EXPECT_EQ(MadeRows(), Jobs - 20);
-    EXPECT_EQ(Texts(*editor_).first(), u"job 20"_s);
-    EXPECT_EQ(Texts(*editor_).last(), u"job 39"_s);
+    EXPECT_EQ(Texts(*editor_).value(0), u"job 20"_s);
+    EXPECT_EQ(Texts(*editor_).value(19), u"job 39"_s);
 }
 
 TEST_F(LongChart, RowsThatComeIntoSightHaveTheirControlsTextsAndLists) {

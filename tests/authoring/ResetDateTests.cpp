@@ -161,7 +161,7 @@ TEST_F(ResetDialog, ResetReachesTheTableOnlyWithASave) {
     ClickRow(Find(Default<DisplayAllPeople>(), u"ListView1"_s), 0);
     Boxes.Expect(u"Anna's Sparkit Dutygrid has been created"_s);
     Click(Find(Default<DisplayAllPeople>(), u"Ok"_s));
-    EXPECT_TRUE(Rows(u"Chores Anna"_s).first().contains(u"|2001-03-11|2001-03-17|"_s));
+    EXPECT_TRUE(Rows(u"Chores Anna"_s).value(0).contains(u"|2001-03-11|2001-03-17|"_s));
 }
 
 TEST_F(ResetDialog, EditorClosedMeanwhileHasNothingToReset) {

@@ -84,8 +84,8 @@ QStringList FillingTest::Ticked(const QString& chart) {
     QStringList ticked;
     for (const QString& row : Rows(chart)) {
         const QStringList fields = row.split(QLatin1Char('|'));
-        if (fields.at(5) == QLatin1String("-1"))
-            ticked += fields.at(0) + QLatin1Char('|') + fields.at(1);
+        if (fields.value(5) == QLatin1String("-1"))
+            ticked += fields.value(0) + QLatin1Char('|') + fields.value(1);
     }
     return ticked;
 }

@@ -70,7 +70,7 @@ TEST_F(OpenFillfrmTest, AChartOfTheWeekJustPastIsRolledOnAndListed) {
     ShowList();
     EXPECT_EQ(Entries(), S{QStringLiteral("Chores Anna")});
     EXPECT_TRUE(Rows(QStringLiteral("Chores Anna"))
-                    .first()
+                    .value(0)
                     .contains(QStringLiteral("2001-03-04|2001-03-10")));
 }
 
@@ -99,8 +99,8 @@ TEST_F(OpenFillfrmTest, OkWithoutASelectionAsksForOneAndTheFormStays) {
     Boxes.Expect(QStringLiteral("Please select a Dutygrid to open"));
     Click(Button(form, QStringLiteral("Ok")));
     ASSERT_EQ(Boxes.Shown().size(), 1);
-    EXPECT_EQ(Boxes.Shown().first().Icon, PromptIcon::Exclamation);
-    EXPECT_EQ(Boxes.Shown().first().Title, QStringLiteral("Sparkit Dutygrid"));
+    EXPECT_EQ(Boxes.Shown().value(0).Icon, PromptIcon::Exclamation);
+    EXPECT_EQ(Boxes.Shown().value(0).Title, QStringLiteral("Sparkit Dutygrid"));
     EXPECT_TRUE(IsOpen());
     EXPECT_TRUE(form.isVisible());
     EXPECT_EQ(ChartFormIndex, 0);
@@ -285,7 +285,7 @@ TEST_F(OpenFillfrmTest, OnYesTheChartInUseIsClosedWithoutItsTicksAndANewViewerOp
     Boxes.Expect(ListQuestion, PromptAnswer::Yes);
     const ChartViewer& second = OpenChart(QStringLiteral("Chores Anna"));
     EXPECT_TRUE(old.isNull());
-    EXPECT_EQ(Boxes.Shown().last().Buttons, PromptButtons::YesNo);
+    EXPECT_EQ(Boxes.Last().Buttons, PromptButtons::YesNo);
     EXPECT_EQ(ViewerAt(0), nullptr);
     EXPECT_EQ(second.FormIndex, 1);
     EXPECT_FALSE(second.CheckVisible(0));

@@ -62,7 +62,7 @@ TEST_F(ViewerMarksTest, ATickMovesThePointsAtOnceAndTheTickOnlyAtThePage) {
 TEST_F(ViewerMarksTest, PointsOutlastAKillBeforeTheTickIsStored) {
     ChartViewer& viewer = OpenWith({QStringLiteral("5")});
     Click(viewer.ClearImg[0]);
-    EXPECT_EQ(Rows(UsersTable).last(), QStringLiteral("Anna|a|5|Student|<null>|500"));
+    EXPECT_EQ(Rows(UsersTable).value(1), QStringLiteral("Anna|a|5|Student|<null>|500"));
     EXPECT_EQ(Rows(QStringLiteral("Chores Anna")),
               S{QStringLiteral("Job for 5|Wed|Mum|Easy|5|0|2001-03-04|2001-03-10|Anna|-1")});
 }
@@ -93,7 +93,7 @@ TEST_F(ViewerMarksTest, TheGoalIsTestedStrictlyGreater) {
     });
     Click(viewer.ClearImg[1]);
     ASSERT_EQ(Boxes.Shown().size(), 1);
-    EXPECT_EQ(Boxes.Shown().first().Title, QStringLiteral("Sparkit Dutygrid"));
+    EXPECT_EQ(Boxes.Shown().value(0).Title, QStringLiteral("Sparkit Dutygrid"));
     EXPECT_EQ(DesktopCalls.Sounds, S{MarkSound()});
     EXPECT_EQ(viewer.GoalPoints, 0);
 }
@@ -321,10 +321,10 @@ TEST_F(ViewerMarksTest, PrintingOnYesPrintsTheStoredChecks) {
     Boxes.Expect(PrintQuestion, PromptAnswer::Yes);
     Click(Button(viewer, QStringLiteral("Command1")));
     ASSERT_EQ(Boxes.Shown().size(), 1);
-    EXPECT_EQ(Boxes.Shown().first().Buttons, PromptButtons::YesNo);
-    EXPECT_EQ(Boxes.Shown().first().Title, QStringLiteral("Sparkit Dutygrid"));
+    EXPECT_EQ(Boxes.Shown().value(0).Buttons, PromptButtons::YesNo);
+    EXPECT_EQ(Boxes.Shown().value(0).Title, QStringLiteral("Sparkit Dutygrid"));
     ASSERT_EQ(Paper.Files().size(), 1);
-    const QString page = PdfPrintTarget::TextOf(Paper.Files().first());
+    const QString page = PdfPrintTarget::TextOf(Paper.Files().value(0));
     EXPECT_TRUE(page.contains(QStringLiteral("Anna's Job List - from 3/4/2001 to 3/10/2001")));
     EXPECT_TRUE(page.contains(QStringLiteral("Job for 5")));
 }
@@ -347,7 +347,7 @@ TEST_F(ViewerMarksTest, TheTwoAnswersPrintDifferentMarksAndTicksNotYetStoredAreN
             Boxes.Expect(PrintMessage);
         Click(Button(viewer, QStringLiteral("Command1")));
         // The mark's cell on the line of the one job, in grid units.
-        return PrintedPages(Paper.Files().last()).MainColor(1, QRectF(18.8, 6.1, 0.9, 0.85));
+        return PrintedPages(Paper.LastFile()).MainColor(1, QRectF(18.8, 6.1, 0.9, 0.85));
     };
     EXPECT_EQ(print(PromptAnswer::Yes), QColor(Qt::white));
     EXPECT_EQ(print(PromptAnswer::No), QColor(Qt::black));

@@ -158,7 +158,7 @@ TEST_F(ViewerRowsTest, PagingAfterAScrollKeepsTheFirstRowsPlaceUntilTheNextScrol
     Scroll(viewer).setValue(3);
     const int scrolledTop = 1250 - 3 * 425;
     Next(viewer);
-    EXPECT_EQ(Jobs(viewer).first(), QStringLiteral("Thu job 1"));
+    EXPECT_EQ(Jobs(viewer).value(0), QStringLiteral("Thu job 1"));
     EXPECT_EQ(viewer.Instructions.Top(0), scrolledTop);
     EXPECT_FALSE(RowShown(viewer, 0));
     // The new rows follow the first one, and are shown wherever that is.

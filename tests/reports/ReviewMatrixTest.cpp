@@ -113,7 +113,7 @@ TEST_F(ReviewMatrixTest, AMatrixOfFourJobsHasTheBoundFour) {
     const WeekChartRepresentation& form = OpenOn(QStringLiteral("Chores Anna"));
     EXPECT_EQ(form.Job.Count() - 1, 4);
     EXPECT_EQ(Scroll().maximum(), 4);
-    EXPECT_EQ(Captions(form.Job).last(), QStringLiteral("Total Points"));
+    EXPECT_TRUE(Captions(form.Job).endsWith(QStringLiteral("Total Points")));
     for (const CellArray* day : DayArrays(form))
         EXPECT_EQ(day->Count(), 5);
     for (const int count : {form.Points.Count(), form.JobTotal.Count(), form.Patrat.Count()})

@@ -270,8 +270,8 @@ TEST_F(LogInTest, SchoolVersionIsStoredAtOnceAndChangesTheHeading) {
     Click(Button("ForSchool"));
     EXPECT_EQ(SchoolMode, -1);
     EXPECT_EQ(SchoolFlag, 1);
-    EXPECT_EQ(SettingsLines().at(3), QStringLiteral(" 1 "));
-    EXPECT_EQ(SettingsLines().at(4), QStringLiteral(" 0 ")) << "the whole file is rewritten";
+    EXPECT_EQ(SettingsLines().value(3), QStringLiteral(" 1 "));
+    EXPECT_EQ(SettingsLines().value(4), QStringLiteral(" 0 ")) << "the whole file is rewritten";
     EXPECT_EQ(Teachers().Heading(), QStringLiteral("Teachers"));
     EXPECT_EQ(Teachers().accessibleName(), QStringLiteral("Teachers"));
     EXPECT_EQ(Students().Heading(), QStringLiteral("Sparkits"));
@@ -279,7 +279,7 @@ TEST_F(LogInTest, SchoolVersionIsStoredAtOnceAndChangesTheHeading) {
     Click(Button("ForHome"));
     EXPECT_EQ(SchoolMode, 0);
     EXPECT_EQ(SchoolFlag, 0);
-    EXPECT_EQ(SettingsLines().at(3), QStringLiteral(" 0 "));
+    EXPECT_EQ(SettingsLines().value(3), QStringLiteral(" 0 "));
     EXPECT_EQ(Teachers().Heading(), QStringLiteral("Parents"));
 }
 

@@ -71,10 +71,10 @@ TEST_F(LoginWindowTest, SchoolVersionSwapsTheColorFromStartToSession) {
     PutSettings(true, stored);
     ShowLogIn();
     EXPECT_EQ(MainWindow().BackColor(), stored);
-    const QString designed = SettingsLines().at(2);
+    const QString designed = SettingsLines().value(2);
     LogInAs(Students(), 0, QStringLiteral("cat"));
     EXPECT_EQ(MainWindow().BackColor(), designed.trimmed().toInt());
-    EXPECT_EQ(SettingsLines().at(2), QStringLiteral(" 255 "));
+    EXPECT_EQ(SettingsLines().value(2), QStringLiteral(" 255 "));
     EXPECT_EQ(SchoolMode, -1);
 }
 

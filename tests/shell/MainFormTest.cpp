@@ -201,7 +201,7 @@ TEST_F(MainFormTest, SoundSwitchRewritesTheSettingsEachTimeAndKeepsItsCaption) {
     Choose(QLatin1String("SoundOnOff"));
     EXPECT_FALSE(MainWindow().SoundMark());
     EXPECT_EQ(SoundOn, 0);
-    EXPECT_EQ(SettingsLines().at(4), QStringLiteral(" 0 "));
+    EXPECT_EQ(SettingsLines().value(4), QStringLiteral(" 0 "));
     EXPECT_EQ(MainWindow().MenuEntry(QLatin1String("SoundOnOff")).text(),
               QStringLiteral("Sound On"));
 
@@ -209,7 +209,7 @@ TEST_F(MainFormTest, SoundSwitchRewritesTheSettingsEachTimeAndKeepsItsCaption) {
     Choose(QLatin1String("SoundOnOff"));
     EXPECT_TRUE(MainWindow().SoundMark());
     EXPECT_EQ(SoundOn, 1);
-    EXPECT_EQ(SettingsLines().at(4), QStringLiteral(" 1 "));
+    EXPECT_EQ(SettingsLines().value(4), QStringLiteral(" 1 "));
     EXPECT_EQ(MainWindow().MenuEntry(QLatin1String("SoundOnOff")).text(),
               QStringLiteral("Sound On"));
 }

@@ -77,8 +77,8 @@ TEST_F(BackgroundOptionsTest, ColorIsPreviewedSetAndStored) {
     EXPECT_TRUE(MainWindow().Picture().isNull());
     EXPECT_EQ(BackgroundPicture, QString());
     EXPECT_EQ(BackgroundColor, Orange);
-    EXPECT_EQ(SettingsLines().at(1), QString());
-    EXPECT_EQ(SettingsLines().at(2), QStringLiteral(" %1 ").arg(Orange));
+    EXPECT_EQ(SettingsLines().value(1), QString());
+    EXPECT_EQ(SettingsLines().value(2), QStringLiteral(" %1 ").arg(Orange));
 }
 
 TEST_F(BackgroundOptionsTest, PictureIsPreviewedSetAndStored) {
@@ -95,8 +95,8 @@ TEST_F(BackgroundOptionsTest, PictureIsPreviewedSetAndStored) {
     EXPECT_EQ(MainWindow().BackColor(), 0) << "the color dialog was not used";
     EXPECT_EQ(BackgroundPicture, picture);
     EXPECT_EQ(BackgroundColor, 0);
-    EXPECT_EQ(SettingsLines().at(1), picture);
-    EXPECT_EQ(SettingsLines().at(2), QStringLiteral(" 0 "));
+    EXPECT_EQ(SettingsLines().value(1), picture);
+    EXPECT_EQ(SettingsLines().value(2), QStringLiteral(" 0 "));
 }
 
 TEST_F(BackgroundOptionsTest, PictureThenColorGivesBothAndTheVariableFollowsAtTheNextRead) {
@@ -108,8 +108,8 @@ TEST_F(BackgroundOptionsTest, PictureThenColorGivesBothAndTheVariableFollowsAtTh
     EXPECT_EQ(MainWindow().BackColor(), Orange);
     EXPECT_FALSE(MainWindow().Picture().isNull());
     EXPECT_EQ(BackgroundColor, 0);
-    EXPECT_EQ(SettingsLines().at(1), PictureFile());
-    EXPECT_EQ(SettingsLines().at(2), QStringLiteral(" %1 ").arg(Orange));
+    EXPECT_EQ(SettingsLines().value(1), PictureFile());
+    EXPECT_EQ(SettingsLines().value(2), QStringLiteral(" %1 ").arg(Orange));
     ReadSettings();
     EXPECT_EQ(BackgroundColor, Orange);
     EXPECT_EQ(MainWindow().BackColor(), Orange);
@@ -125,7 +125,7 @@ TEST_F(BackgroundOptionsTest, OkWithNeitherDialogClearsThePictureAndPaintsBlack)
     EXPECT_EQ(MainWindow().BackColor(), 0);
     EXPECT_EQ(BackgroundPicture, QString());
     EXPECT_EQ(BackgroundColor, 0);
-    EXPECT_EQ(SettingsLines().at(2), QStringLiteral(" 0 "));
+    EXPECT_EQ(SettingsLines().value(2), QStringLiteral(" 0 "));
 }
 
 TEST_F(BackgroundOptionsTest, CancelledDialogsKeepWhatTheyHeld) {
@@ -235,7 +235,7 @@ TEST_F(OtherOptionsTest, OkStoresTheChoice) {
     EXPECT_EQ(SeeOtherAccounts, 0) << "not before Ok";
     Click(Find(Default<OtherOptions>(), QStringLiteral("Ok")));
     EXPECT_EQ(SeeOtherAccounts, 1);
-    EXPECT_EQ(SettingsLines().at(0), QStringLiteral(" 1 "));
+    EXPECT_EQ(SettingsLines().value(0), QStringLiteral(" 1 "));
     EXPECT_EQ(ExistingForm(QStringLiteral("OtherOptions")), nullptr);
 
     Open();
@@ -243,7 +243,7 @@ TEST_F(OtherOptionsTest, OkStoresTheChoice) {
     Click(Option("Option1"));
     Click(Find(Default<OtherOptions>(), QStringLiteral("Ok")));
     EXPECT_EQ(SeeOtherAccounts, 0);
-    EXPECT_EQ(SettingsLines().at(0), QStringLiteral(" 0 "));
+    EXPECT_EQ(SettingsLines().value(0), QStringLiteral(" 0 "));
 }
 
 TEST_F(OtherOptionsTest, CancelChangesNothing) {

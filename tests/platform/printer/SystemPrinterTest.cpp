@@ -44,7 +44,7 @@ TEST_F(SystemPrinterTest, WithoutAPrinterTheListOfAccountsBecomesAPrintoutThatIs
     Database().PrintUsersPasswords();
 
     ASSERT_EQ(Printouts().size(), 1);
-    const QString file = Path(QStringLiteral("Printouts/") + Printouts().first());
+    const QString file = Path(QStringLiteral("Printouts/") + Printouts().value(0));
     EXPECT_TRUE(PdfPrintTarget::TextOf(file).contains(QStringLiteral("User Name Is: Anna")));
     EXPECT_EQ(DesktopCalls.Opened, QStringList(QStringLiteral("open %1 0").arg(file)));
 }

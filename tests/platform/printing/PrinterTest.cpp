@@ -390,7 +390,7 @@ TEST_F(PrinterTest, WhatWasSetForAJobReachesNoFurther) {
     EXPECT_EQ(printer_.CurrentY(), 0);
     printer_.Print(QStringLiteral("Hxp"));
     const PrintedPages pages = Send();
-    const PrintedPages expected(target_.Files().first());
+    const PrintedPages expected(target_.Files().value(0));
     EXPECT_EQ(pages.Ink(1, QRectF(0, 0, 21, 30)), expected.Ink(1, QRectF(0, 0, 21, 30)));
 }
 
@@ -417,7 +417,7 @@ TEST_F(PrinterTest, GuardDropsWhatWasLeftFromBeforeAndKeepsAFinishedJob) {
         printer_.EndDoc();
     }
     ASSERT_EQ(target_.Files().size(), 1);
-    EXPECT_EQ(PrintedPages(target_.Files().first()).Words(1).size(), 1);
+    EXPECT_EQ(PrintedPages(target_.Files().value(0)).Words(1).size(), 1);
 }
 
 TEST_F(PrinterTest, PrinterThatIsNotThereRaises482AtTheFirstDrawing) {

@@ -37,8 +37,8 @@ TEST_F(PrintoutFolderTest, JobBecomesAPdfNamedByDateAndTimeInAFolderMadeForIt) {
     PrintJob(QStringLiteral("chart"));
     ASSERT_EQ(Files().size(), 1);
     const QRegularExpression pattern(QStringLiteral("^2001-03-07 \\d\\d-\\d\\d-\\d\\d\\.pdf$"));
-    EXPECT_TRUE(pattern.match(Files().first()).hasMatch()) << Files().first().toStdString();
-    const PrintedPages pages(QDir(PrintoutsPath()).filePath(Files().first()));
+    EXPECT_TRUE(pattern.match(Files().value(0)).hasMatch()) << Files().value(0).toStdString();
+    const PrintedPages pages(QDir(PrintoutsPath()).filePath(Files().value(0)));
     EXPECT_EQ(pages.LineAt(1, 0), QStringLiteral("chart"));
 }
 
@@ -46,7 +46,7 @@ TEST_F(PrintoutFolderTest, JobIsOpenedInTheViewerOfTheDesktop) {
     PrintJob(QStringLiteral("chart"));
     ASSERT_EQ(Files().size(), 1);
     EXPECT_EQ(DesktopCalls.Opened,
-              QStringList(QStringLiteral("open %1/%2 0").arg(PrintoutsPath(), Files().first())));
+              QStringList(QStringLiteral("open %1/%2 0").arg(PrintoutsPath(), Files().value(0))));
 }
 
 TEST_F(PrintoutFolderTest, JobsOfOneMomentNeverWriteOverEachOther) {
@@ -71,8 +71,8 @@ TEST_F(PrintoutFolderTest, JobOfATakenMomentGetsANumberBehind) {
     ASSERT_EQ(DesktopCalls.Opened.size(), 1);
     const QRegularExpression pattern(
         QStringLiteral("^open .*/2001-03-07 \\d\\d-\\d\\d-\\d\\d \\(2\\)\\.pdf 0$"));
-    EXPECT_TRUE(pattern.match(DesktopCalls.Opened.first()).hasMatch())
-        << DesktopCalls.Opened.first().toStdString();
+    EXPECT_TRUE(pattern.match(DesktopCalls.Opened.value(0)).hasMatch())
+        << DesktopCalls.Opened.value(0).toStdString();
     EXPECT_EQ(Files().size(), 61);
 }
 

@@ -133,7 +133,7 @@ TEST_F(ActionsTest, ErrorEndsTheOperationIsReportedAndWhatWasWrittenStands) {
         throw RuntimeError(ErrorNumber::Overflow);
     });
     EXPECT_EQ(log, Steps({"a", "commit", "commit"}));
-    EXPECT_EQ(Boxes.Shown().last().Icon, PromptIcon::Critical);
+    EXPECT_EQ(Boxes.Last().Icon, PromptIcon::Critical);
     RunAction([this] { Write("next"); });
     EXPECT_EQ(log.mid(3), Steps({"next", "commit"}));
 }

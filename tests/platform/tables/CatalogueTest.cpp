@@ -146,7 +146,7 @@ TEST_F(Catalogue, HalfASurrogatePairIsNamedAsItIsStored) {
     const QStringList names = Names(*Store);
     Reopen();
     EXPECT_EQ(Names(*Store), names);
-    EXPECT_TRUE(Store->OpenRecordset(names.first()).Eof());
+    EXPECT_TRUE(Store->OpenRecordset(names.value(0)).Eof());
 }
 
 TEST_F(Catalogue, RefusedMakingLeavesNoTransactionBehind) {

@@ -185,7 +185,7 @@ TEST_F(Cursors, DeletingAlongAWalkLeavesTheOthers) {
         if (Memo(rows).toInt() % 3 != 0)
             rows.Delete();
     EXPECT_EQ(Memos(*Store).size(), 67);
-    EXPECT_EQ(Memos(*Store).at(1), QStringLiteral("3"));
+    EXPECT_EQ(Memos(*Store).value(1), QStringLiteral("3"));
 }
 
 TEST_F(Cursors, RowAddedAfterDeletingTheLastOneIsTheNext) {
