@@ -13,23 +13,39 @@
 #include <unistd.h>
 #include <vector>
 
-ChildProcess::ChildProcess(const QStringList& arguments) {
+namespace {
+
+/// As the system wants them: pointers to the texts, and nothing at the end.
+std::vector<char*> PointersTo(QByteArrayList& texts) {
+    std::vector<char*> pointers;
+    for (QByteArray& text : texts)
+        pointers.push_back(text.data());
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
+} // namespace
+
+ChildProcess::ChildProcess(const QStringList& arguments, const QStringList& environment) {
     int ends[2];
     if (::pipe2(ends, O_CLOEXEC) != 0)
         throw std::runtime_error("no pipe");
     QByteArrayList texts{QFile::encodeName(QCoreApplication::applicationFilePath())};
     for (const QString& argument : arguments)
         texts += QFile::encodeName(argument);
-    std::vector<char*> argumentPointers;
-    for (QByteArray& text : texts)
-        argumentPointers.push_back(text.data());
-    argumentPointers.push_back(nullptr);
+    const std::vector<char*> argumentPointers = PointersTo(texts);
+    QByteArrayList variables;
+    for (const QString& variable : environment)
+        variables += QFile::encodeName(variable);
+    for (char** variable = environ; *variable != nullptr; ++variable)
+        variables += *variable;
+    const std::vector<char*> variablePointers = PointersTo(variables);
 
     posix_spawn_file_actions_t actions;
     ::posix_spawn_file_actions_init(&actions);
     ::posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
     const int failure = ::posix_spawn(&process_, argumentPointers.front(), &actions, nullptr,
-                                      argumentPointers.data(), environ);
+                                      argumentPointers.data(), variablePointers.data());
     ::posix_spawn_file_actions_destroy(&actions);
     ::close(ends[1]);
     reports_ = ends[0];
@@ -63,6 +79,8 @@ bool ChildProcess::Kill() {
 }
 
 int ChildProcess::WaitForExit() {
+    while (NextReport())
+        continue;
     int status = 0;
     ::waitpid(process_, &status, 0);
     process_ = -1;

@@ -14,7 +14,8 @@ inline const QString RewriteCommand = QStringLiteral("--rewrite");
 /// with its parent, and at the latest with this object.
 class ChildProcess {
 public:
-    explicit ChildProcess(const QStringList& arguments);
+    /// `environment`: what it has besides this process's, as "NAME=value".
+    explicit ChildProcess(const QStringList& arguments, const QStringList& environment = {});
     ~ChildProcess();
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
@@ -25,7 +26,7 @@ public:
     /// Ends it with SIGKILL. False if it had ended by itself before.
     bool Kill();
 
-    /// Waits for its end; the exit code, or -1 if it did not exit by itself.
+    /// Waits for its end, whatever it reports until then; the exit code, or -1 if it did not exit by itself.
     int WaitForExit();
 
 private:

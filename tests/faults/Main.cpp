@@ -8,19 +8,29 @@
 #include <QGuiApplication>
 #include <QThread>
 #include <iostream>
+#include <limits>
 
 namespace {
 
-/// Plays a household without end, from a given action on; reports the number of each action once
-/// it is done. Ends only if an action fails.
+/// The number of the last thing to do.
+int LastOf(const QStringList& arguments, qsizetype position) {
+    return position < arguments.size() ? arguments.at(position).toInt()
+                                       : std::numeric_limits<int>::max();
+}
+
+/// Plays a household from a given action on, to a given one or without end; reports the number of
+/// each action once it is done. Ends if an action fails.
 int Play(const QStringList& arguments) {
     RecordingPrompts boxes;
     const TestRun run({.Boxes = &boxes, .ProgramFolder = arguments.at(0)});
     Database().InitDatabse();
     Household household(arguments.at(2).toUInt(), arguments.at(1));
     int number = arguments.at(3).toInt();
+    const int last = LastOf(arguments, 4);
     ReportToParent(number - 1);
     for (; boxes.Errors().isEmpty(); ++number) {
+        if (number > last)
+            return 0;
         household.Do(number);
         ReportToParent(number);
     }
@@ -43,15 +53,17 @@ int Hold(const QStringList& arguments) {
     return 0;
 }
 
-/// Rewrites the small files of a folder without end; reports the number of each state once it is
-/// written.
+/// Rewrites the small files of a folder to a given state or without end; reports the number of each
+/// state once it is written.
 int Rewrite(const QStringList& arguments) {
     const TestRun run({.ProgramFolder = arguments.at(0)});
     const SmallFiles files(arguments.at(0));
-    for (int number = 1;; ++number) {
+    const int last = LastOf(arguments, 1);
+    for (int number = 1; number <= last; ++number) {
         files.Write(number);
         ReportToParent(number);
     }
+    return 0;
 }
 
 } // namespace

@@ -1,0 +1,259 @@
+// Loaded into a process before all other libraries: notes every call by which the process changes
+// the files of one folder, so that what a power cut leaves of them can be worked out afterwards.
+// The environment's DUTYGRID_DISK_FOLDER names the folder, DUTYGRID_DISK_RECORD the file of notes.
+// With DUTYGRID_DISK_KILL=2 * n the process ends, as a killed one does, before the n-th of these
+// calls (0 the first), with 2 * n + 1 after it.
+
+#include "tests/faults/disk/DiskRecord.h"
+
+#include <array>
+#include <cstdarg>
+#include <cstdlib>
+#include <cstring>
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <mutex>
+#include <string>
+#include <sys/syscall.h>
+#include <sys/uio.h>
+#include <unistd.h>
+
+namespace {
+
+struct Recorder {
+    std::string folder;
+    int notes = -1;
+    long killAt = -1;
+    long calls = 0;
+    std::array<bool, 4096> isOurs{};
+    std::mutex lock;
+
+    Recorder() {
+        const char* where = std::getenv("DUTYGRID_DISK_FOLDER");
+        const char* file = std::getenv("DUTYGRID_DISK_RECORD");
+        const char* kill = std::getenv("DUTYGRID_DISK_KILL");
+        if (where != nullptr)
+            folder = std::string(where) + '/';
+        if (file != nullptr)
+            notes = static_cast<int>(syscall(SYS_openat, AT_FDCWD, file,
+                                             O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600));
+        if (kill != nullptr)
+            killAt = std::atol(kill);
+    }
+
+    bool IsInside(const char* path) const {
+        // Without its slash it is the folder itself.
+        return !folder.empty() && (std::strncmp(path, folder.c_str(), folder.size()) == 0 ||
+                                   std::string(path) + '/' == folder);
+    }
+    bool IsOurs(int fd) const {
+        return fd >= 0 && static_cast<std::size_t>(fd) < isOurs.size() &&
+               isOurs[static_cast<std::size_t>(fd)];
+    }
+    void SetOurs(int fd, bool ours) {
+        if (fd >= 0 && static_cast<std::size_t>(fd) < isOurs.size())
+            isOurs[static_cast<std::size_t>(fd)] = ours;
+    }
+
+    void Note(DiskCall call, int fd, int64_t number, const void* bytes, std::size_t size) {
+        if (notes < 0)
+            return;
+        const DiskNote note{call, fd, number, size};
+        const iovec pieces[] = {{const_cast<DiskNote*>(&note), sizeof note},
+                                {const_cast<void*>(bytes), size}};
+        if (syscall(SYS_writev, notes, pieces, 2) != static_cast<long>(sizeof note + size))
+            _exit(5);
+    }
+};
+
+Recorder& Tap() {
+    static Recorder recorder;
+    return recorder;
+}
+
+/// The function that this library stands before.
+template <class Function>
+Function* Real(const char* name) {
+    return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+}
+
+/// One changing call: the process may end before or after it.
+template <class Call>
+auto Counted(Call&& call) {
+    Recorder& tap = Tap();
+    const long number = tap.calls++;
+    if (tap.killAt == 2 * number)
+        _exit(KilledByRecorder);
+    const auto result = call();
+    if (tap.killAt == 2 * number + 1)
+        _exit(KilledByRecorder);
+    return result;
+}
+
+int Open(const char* name, int folder, const char* path, int flags, mode_t mode) {
+    static auto* const real = Real<int(int, const char*, int, ...)>(name);
+    Recorder& tap = Tap();
+    const std::lock_guard guard(tap.lock);
+    const bool isOurs = (folder == AT_FDCWD || path[0] == '/') && tap.IsInside(path);
+    if (!isOurs) {
+        const int fd = real(folder, path, flags, mode);
+        tap.SetOurs(fd, false);
+        return fd;
+    }
+    const bool isThere = access(path, F_OK) == 0;
+    const bool makes = (flags & O_CREAT) != 0 && !isThere;
+    const bool empties = (flags & O_TRUNC) != 0 && isThere;
+    const auto open = [&] { return real(folder, path, flags, mode); };
+    const int fd = makes || empties ? Counted(open) : open();
+    tap.SetOurs(fd, fd >= 0);
+    if (fd < 0)
+        return fd;
+    tap.Note(makes ? DiskCall::Make : DiskCall::Open, fd, 0, path, std::strlen(path));
+    if (empties)
+        tap.Note(DiskCall::Truncate, fd, 0, nullptr, 0);
+    return fd;
+}
+
+mode_t ModeOf(int flags, va_list arguments) {
+    return (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(arguments, mode_t) : 0;
+}
+
+ssize_t Write(int fd, const void* bytes, std::size_t size, off64_t offset) {
+    static auto* const real = Real<ssize_t(int, const void*, std::size_t, off64_t)>("pwrite64");
+    Recorder& tap = Tap();
+    if (!tap.IsOurs(fd))
+        return real(fd, bytes, size, offset);
+    const std::lock_guard guard(tap.lock);
+    tap.Note(DiskCall::Write, fd, offset, bytes, size);
+    return Counted([&] { return real(fd, bytes, size, offset); });
+}
+
+int Truncate(int fd, off64_t size) {
+    static auto* const real = Real<int(int, off64_t)>("ftruncate64");
+    Recorder& tap = Tap();
+    if (!tap.IsOurs(fd))
+        return real(fd, size);
+    const std::lock_guard guard(tap.lock);
+    tap.Note(DiskCall::Truncate, fd, size, nullptr, 0);
+    return Counted([&] { return real(fd, size); });
+}
+
+int Sync(const char* name, int fd) {
+    Recorder& tap = Tap();
+    auto* const real = Real<int(int)>(name);
+    if (!tap.IsOurs(fd))
+        return real(fd);
+    const std::lock_guard guard(tap.lock);
+    // The disk itself need not be waited for: what it would hold is worked out.
+    const int result = Counted([] { return 0; });
+    tap.Note(DiskCall::Sync, fd, 0, nullptr, 0);
+    return result;
+}
+
+} // namespace
+
+extern "C" {
+
+int open(const char* path, int flags, ...) {
+    va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = ModeOf(flags, arguments);
+    va_end(arguments);
+    return Open("openat", AT_FDCWD, path, flags, mode);
+}
+
+int open64(const char* path, int flags, ...) {
+    va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = ModeOf(flags, arguments);
+    va_end(arguments);
+    return Open("openat", AT_FDCWD, path, flags | O_LARGEFILE, mode);
+}
+
+int openat(int folder, const char* path, int flags, ...) {
+    va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = ModeOf(flags, arguments);
+    va_end(arguments);
+    return Open("openat", folder, path, flags, mode);
+}
+
+int openat64(int folder, const char* path, int flags, ...) {
+    va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = ModeOf(flags, arguments);
+    va_end(arguments);
+    return Open("openat", folder, path, flags | O_LARGEFILE, mode);
+}
+
+int close(int fd) {
+    static auto* const real = Real<int(int)>("close");
+    Tap().SetOurs(fd, false);
+    return real(fd);
+}
+
+ssize_t write(int fd, const void* bytes, size_t size) {
+    static auto* const real = Real<ssize_t(int, const void*, size_t)>("write");
+    Recorder& tap = Tap();
+    if (fd == STDOUT_FILENO && size == sizeof(int32_t)) {
+        int32_t number = 0;
+        std::memcpy(&number, bytes, size);
+        tap.Note(DiskCall::Report, fd, number, nullptr, 0);
+    }
+    if (!tap.IsOurs(fd))
+        return real(fd, bytes, size);
+    const std::lock_guard guard(tap.lock);
+    tap.Note(DiskCall::Write, fd, lseek64(fd, 0, SEEK_CUR), bytes, size);
+    return Counted([&] { return real(fd, bytes, size); });
+}
+
+ssize_t pwrite(int fd, const void* bytes, size_t size, off_t offset) {
+    return Write(fd, bytes, size, offset);
+}
+
+ssize_t pwrite64(int fd, const void* bytes, size_t size, off64_t offset) {
+    return Write(fd, bytes, size, offset);
+}
+
+int ftruncate(int fd, off_t size) noexcept {
+    return Truncate(fd, size);
+}
+
+int ftruncate64(int fd, off64_t size) noexcept {
+    return Truncate(fd, size);
+}
+
+int fsync(int fd) {
+    return Sync("fsync", fd);
+}
+
+int fdatasync(int fd) {
+    return Sync("fdatasync", fd);
+}
+
+int unlink(const char* path) noexcept {
+    static auto* const real = Real<int(const char*)>("unlink");
+    Recorder& tap = Tap();
+    if (!tap.IsInside(path))
+        return real(path);
+    const std::lock_guard guard(tap.lock);
+    const int result = Counted([&] { return real(path); });
+    if (result == 0)
+        tap.Note(DiskCall::Unlink, -1, 0, path, std::strlen(path));
+    return result;
+}
+
+int rename(const char* from, const char* to) noexcept {
+    static auto* const real = Real<int(const char*, const char*)>("rename");
+    Recorder& tap = Tap();
+    if (!tap.IsInside(from))
+        return real(from, to);
+    const std::lock_guard guard(tap.lock);
+    const int result = Counted([&] { return real(from, to); });
+    const std::string both = std::string(from) + '\n' + to;
+    if (result == 0)
+        tap.Note(DiskCall::Rename, -1, 0, both.data(), both.size());
+    return result;
+}
+
+} // extern "C"
