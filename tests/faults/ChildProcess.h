@@ -10,6 +10,10 @@ inline const QString PlayCommand = QStringLiteral("--play");
 inline const QString HoldCommand = QStringLiteral("--hold");
 inline const QString RewriteCommand = QStringLiteral("--rewrite");
 
+/// The exit code of a child that could not write the registry; of other run-time errors it is their
+/// number.
+inline constexpr int RegistryFault = 100;
+
 /// Another process of this executable, which reports numbers to the one that started it. It dies
 /// with its parent, and at the latest with this object.
 class ChildProcess {
@@ -26,7 +30,8 @@ public:
     /// Ends it with SIGKILL. False if it had ended by itself before.
     bool Kill();
 
-    /// Waits for its end, whatever it reports until then; the exit code, or -1 if it did not exit by itself.
+    /// Waits for its end, whatever it reports until then; the exit code, or -1 if it did not exit
+    /// by itself.
     int WaitForExit();
 
 private:

@@ -59,9 +59,14 @@ int Rewrite(const QStringList& arguments) {
     const TestRun run({.ProgramFolder = arguments.at(0)});
     const SmallFiles files(arguments.at(0));
     const int last = LastOf(arguments, 1);
-    for (int number = 1; number <= last; ++number) {
-        files.Write(number);
-        ReportToParent(number);
+    try {
+        for (int number = 1; number <= last; ++number) {
+            files.Write(number);
+            ReportToParent(number);
+        }
+    } catch (const RuntimeError& error) {
+        // The registry's own numbers are too large for an exit code.
+        return error.Number() > 255 ? RegistryFault : error.Number();
     }
     return 0;
 }

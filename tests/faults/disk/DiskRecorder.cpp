@@ -2,11 +2,13 @@
 // the files of one folder, so that what a power cut leaves of them can be worked out afterwards.
 // The environment's DUTYGRID_DISK_FOLDER names the folder, DUTYGRID_DISK_RECORD the file of notes.
 // With DUTYGRID_DISK_KILL=2 * n the process ends, as a killed one does, before the n-th of these
-// calls (0 the first), with 2 * n + 1 after it.
+// calls (0 the first), with 2 * n + 1 after it. With DUTYGRID_DISK_FAIL=n and DUTYGRID_DISK_ERROR=e
+// the n-th call fails by the error number e, and with DUTYGRID_DISK_STAYS=1 so do all after it.
 
 #include "tests/faults/disk/DiskRecord.h"
 
 #include <array>
+#include <cerrno>
 #include <cstdarg>
 #include <cstdlib>
 #include <cstring>
@@ -24,6 +26,9 @@ struct Recorder {
     std::string folder;
     int notes = -1;
     long killAt = -1;
+    long failAt = -1;
+    long failsWith = 0;
+    bool staysBad = false;
     long calls = 0;
     std::array<bool, 4096> isOurs{};
     std::mutex lock;
@@ -31,14 +36,20 @@ struct Recorder {
     Recorder() {
         const char* where = std::getenv("DUTYGRID_DISK_FOLDER");
         const char* file = std::getenv("DUTYGRID_DISK_RECORD");
-        const char* kill = std::getenv("DUTYGRID_DISK_KILL");
         if (where != nullptr)
             folder = std::string(where) + '/';
         if (file != nullptr)
             notes = static_cast<int>(syscall(SYS_openat, AT_FDCWD, file,
                                              O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600));
-        if (kill != nullptr)
-            killAt = std::atol(kill);
+        killAt = Number("DUTYGRID_DISK_KILL", -1);
+        failAt = Number("DUTYGRID_DISK_FAIL", -1);
+        failsWith = Number("DUTYGRID_DISK_ERROR", 0);
+        staysBad = Number("DUTYGRID_DISK_STAYS", 0) == 1;
+    }
+
+    static long Number(const char* variable, long otherwise) {
+        const char* text = std::getenv(variable);
+        return text != nullptr ? std::atol(text) : otherwise;
     }
 
     bool IsInside(const char* path) const {
@@ -77,11 +88,15 @@ Function* Real(const char* name) {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
 }
 
-/// One changing call: the process may end before or after it.
+/// One changing call: it may fail, and the process may end before or after it.
 template <class Call>
-auto Counted(Call&& call) {
+auto Counted(Call&& call) -> decltype(call()) {
     Recorder& tap = Tap();
     const long number = tap.calls++;
+    if (tap.failAt >= 0 && (number == tap.failAt || (tap.staysBad && number > tap.failAt))) {
+        errno = static_cast<int>(tap.failsWith);
+        return -1;
+    }
     if (tap.killAt == 2 * number)
         _exit(KilledByRecorder);
     const auto result = call();

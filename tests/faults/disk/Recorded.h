@@ -20,3 +20,10 @@ inline QStringList RecordedTo(const QString& file, const QString& folder) {
 inline QStringList KilledAt(int moment, const QString& folder) {
     return RecordedIn(folder) + QStringList{QStringLiteral("DUTYGRID_DISK_KILL=%1").arg(moment)};
 }
+
+/// The same, in which one call (0 the first), or all from it on, fail by a number of <cerrno>.
+inline QStringList FailingAt(int call, int error, bool stays, const QString& folder) {
+    return RecordedIn(folder) + QStringList{QStringLiteral("DUTYGRID_DISK_FAIL=%1").arg(call),
+                                            QStringLiteral("DUTYGRID_DISK_ERROR=%1").arg(error),
+                                            QStringLiteral("DUTYGRID_DISK_STAYS=%1").arg(stays)};
+}
