@@ -21,7 +21,7 @@ protected:
         combo.resize(160, 24);
         window.resize(200, 24);
         window.show();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window, Patience));
     }
 
     /// How many entries the list shows that drops with so many pixels below the box.

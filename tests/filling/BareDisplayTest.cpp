@@ -101,9 +101,9 @@ TEST_F(BareDisplayTest, AfterTheHelpAReturnToTheViewerTurnsThePage) {
 TEST_F(BareDisplayTest, KeysWorkAfterAFormOverTheMainWindowHasGone) {
     auto& over = Default<NewUser>();
     over.Show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&over));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&over, Patience));
     over.Hide();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&Main()));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&Main(), Patience));
     hand_.Key(u"F1"_s);
     EXPECT_EQ(DesktopCalls.Helped.size(), 1);
 }

@@ -131,7 +131,7 @@ TEST_F(ViewerActivationTest, AnotherProgramsWindowTurnsNothing) {
     other.start(QStringLiteral("xmessage"),
                 {QStringLiteral("-center"), QStringLiteral("Another program")});
     ASSERT_TRUE(other.waitForStarted());
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !Main().isActiveWindow(); }, 5000));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !Main().isActiveWindow(); }, Patience));
     Wait();
     ExpectDay(Wednesday, 0);
     other.terminate();

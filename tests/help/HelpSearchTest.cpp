@@ -146,6 +146,9 @@ TEST_F(HelpSearchTest, CtrlFGoesToTheSearchAndTakesItsTextForTheNextOne) {
     Key(Qt::Key_F, Qt::ControlModifier);
     EXPECT_TRUE(SearchText().hasFocus());
     EXPECT_EQ(SearchText().selectedText(), QStringLiteral("pear"));
+    SearchText().end(false);
+    Key(Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(SearchText().selectedText(), QStringLiteral("pear")) << "also from within";
 }
 
 } // namespace

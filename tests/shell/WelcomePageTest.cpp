@@ -5,12 +5,16 @@
 #include "tests/shell/ShellTest.h"
 
 #include <QAccessible>
+#include <QAction>
+#include <QApplication>
+#include <QHelpEvent>
 #include <QImage>
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QSet>
 #include <QTest>
 #include <QToolBar>
+#include <QToolTip>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -145,6 +149,25 @@ TEST_F(WelcomePageTest, SpaceAndEnterPressAButton) {
         DefaultForm(u"Openfrm"_s).Unload();
         Settle();
     }
+}
+
+TEST_F(WelcomePageTest, AButtonTooNarrowForItsHintTellsIt) {
+    QAction command;
+    WelcomeStep step({&command, u"New"_s, u"Write a <b>chart</b> for a child"_s, QString()},
+                     nullptr);
+    const auto tip = [&step] {
+        QToolTip::hideText();
+        QHelpEvent ask(QEvent::ToolTip, QPoint(5, 5), step.mapToGlobal(QPoint(5, 5)));
+        QApplication::sendEvent(&step, &ask);
+        return ShownTip(QToolTip::text());
+    };
+    step.resize(step.sizeHint());
+    step.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&step, Patience));
+    EXPECT_EQ(tip(), QString());
+    step.resize(step.width() / 2, step.height());
+    EXPECT_EQ(tip(), u"Write a <b>chart</b> for a child"_s);
+    QToolTip::hideText();
 }
 
 TEST_F(WelcomePageTest, ACommandTakenFromTheAccountDoesNothing) {

@@ -307,7 +307,7 @@ QMenu& OpenMenu(QWidget& mainWindow, const QString& name) {
         throw std::runtime_error("no menu " + name.toStdString());
     QMenuBar* bar = dynamic_cast<QMainWindow&>(mainWindow).menuBar();
     QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(menu->menuAction()).center());
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(menu)) << name.toStdString();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(menu, Patience)) << name.toStdString();
     return *menu;
 }
 

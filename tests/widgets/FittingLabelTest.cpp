@@ -81,7 +81,7 @@ TEST_F(FittingLabelTest, TheTipIsTheWholeTextWhereItIsCutAndElseTheLabelsOwn) {
     };
     window.resize(300, 100);
     window.show();
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window, Patience));
     label.resize(200, label.fontMetrics().height());
     label.setText(u"Cook"_s);
     EXPECT_EQ(tip(), u"the label's"_s);
@@ -95,7 +95,7 @@ TEST_F(FittingLabelTest, AnotherColourIsPaintedAtOnce) {
     EXPECT_EQ(label.ForeColor(), label.palette().color(QPalette::WindowText));
     label.setText(u"Cook"_s);
     label.show();
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(&label));
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&label, Patience));
     EXPECT_TRUE(IsRepainted(label, [&] { label.SetForeColor(Qt::red); }));
     EXPECT_EQ(label.ForeColor(), QColor(Qt::red));
 }

@@ -17,7 +17,7 @@ protected:
         bar.setFocusPolicy(Qt::StrongFocus);
         window.resize(200, 200);
         window.show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window, Patience));
         other.setFocus();
     }
 

@@ -22,7 +22,7 @@ protected:
         column->addWidget(&link);
         column->addWidget(&other);
         window.show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window, Patience));
         other.setFocus();
     }
 

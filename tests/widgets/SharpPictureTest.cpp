@@ -24,7 +24,7 @@ protected:
 
     static void Expose(QWidget& widget) {
         widget.show();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&widget));
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&widget, Patience));
     }
 
     /// Whether a widget is red at a place.

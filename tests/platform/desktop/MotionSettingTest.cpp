@@ -124,7 +124,7 @@ TEST_P(SessionsMotionTest, ThePortalOfTheSessionIsAsked) {
     const QString roleOfChild = QStringLiteral("DUTYGRID_ASKS_THE_SESSION");
     if (qEnvironmentVariableIsSet(roleOfChild.toLatin1())) {
         const auto ofSession = MotionSetting::OfSession();
-        EXPECT_TRUE(QTest::qWaitFor([&] { return ofSession->WantsLess(); }, 5000));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return ofSession->WantsLess(); }, Patience));
         return;
     }
     qDBusRegisterMetaType<PortalSettings>();

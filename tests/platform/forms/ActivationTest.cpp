@@ -223,10 +223,10 @@ TEST_F(ActivationTest, ShowingAFormThatStandsBehindBringsItToTheFront) {
     EXPECT_EQ(main_->area.activeSubWindow(), &first->Frame());
     PlainForm over(QStringLiteral("over"), Form::Place::TopLevel);
     over.Show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&over));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&over, Patience));
     EXPECT_EQ(Taken(), QStringList{QStringLiteral("over")});
     main_->Show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get()));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get(), Patience));
     EXPECT_EQ(Taken(), (QStringList{QStringLiteral("main"), QStringLiteral("first")}));
 }
 
