@@ -149,5 +149,4 @@ private:
     /// else of its opening. They are made when nothing else is to be done.
     std::deque<WaitingRow> waiting_;
     QTimer nothingElse_;
-    bool abandoned_ = false;
 };

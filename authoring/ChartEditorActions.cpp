@@ -111,12 +111,12 @@ void ChartEditor::DeleteChart_Click() {
 }
 
 void ChartEditor::Abandon() {
-    abandoned_ = true;
-    Unload();
+    if (!IsUnloaded())
+        Drop();
 }
 
 bool ChartEditor::QueryUnload() {
-    return abandoned_ || Ask(QStringLiteral("Are you sure you want to exit without saving?"));
+    return Ask(QStringLiteral("Are you sure you want to exit without saving?"));
 }
 
 void ChartEditor::Unloaded() {

@@ -12,6 +12,7 @@
 #include <QIcon>
 #include <QPainter>
 #include <QPixmap>
+#include <QScopeGuard>
 
 /// Pictures scaled once to the size in which the list shows them.
 class DisplayAllPeople::PictureList : public ImageList {
@@ -120,6 +121,8 @@ void DisplayAllPeople::Save(const QString& newOwner, const QString& existingOwne
 
 void DisplayAllPeople::Ok_Click() {
     const QString base = FirstWord(ChartName);
+    // After an error Ok can be pressed again, for nobody as well.
+    auto formerName = qScopeGuard([this, name = ChartName] { ChartName = name; });
     if (!AnySelected()) {
         Save(QString(), QStringLiteral("Nobody"));
     } else {
@@ -136,6 +139,7 @@ void DisplayAllPeople::Ok_Click() {
     }
     if (SelectedCount() >= 2)
         Tell(QStringLiteral("All charts have been created"));
+    formerName.dismiss();
     Unload();
     if (Form* editor = ExistingForm(FormNames::ChartEditor))
         editor->Unload();

@@ -94,13 +94,20 @@ void ChartViewer::Unloaded() {
     ChartViewers.Forget(this);
 }
 
+void ChartViewer::Abandon() {
+    if (!IsUnloaded())
+        Drop();
+}
+
 void ChartViewer::PlaceInMainWindow() {
     if (const QWidget* area = Frame().parentWidget())
         Move(TwipsOf(std::max(0, (area->width() - Frame().width()) / 2)), 0);
 }
 
+/// Committed before they leave the screen: after a fault they stand there as they were made.
 void ChartViewer::StoreMarks() {
     Database().WriteInfoToChart(ChartName, FormIndex, true, QString(), QDate(), QDate(), false);
+    CommitAction();
 }
 
 void ChartViewer::NextDay_Click() {

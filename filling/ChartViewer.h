@@ -67,6 +67,9 @@ public:
     /// Marks a row in blue and shows its adult below the list.
     void HighlightRow(int index);
 
+    /// Ends a form whose chart could not be read; nothing of it is stored.
+    void Abandon();
+
     /// Store the marks and go to the next or the former day with jobs, round the week. A chart
     /// without any day has none: the search goes on for ever.
     void NextDay_Click();
@@ -114,6 +117,8 @@ private:
 
     void ClearImg_Click(int index);
     void CheckImg_Click(int index);
+    void MoveMark(ControlArray<MarkImage>& from, ControlArray<MarkImage>& to, int index);
+    void ShowPoints(const QString& points);
     void Flip(ControlArray<MarkImage>& from, ControlArray<MarkImage>& to, int index);
     qint16 PointsOf(int index) const;
     void ShowPointsNeeded();

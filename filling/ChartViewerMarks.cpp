@@ -1,5 +1,6 @@
 #include "filling/ChartViewer.h"
 
+#include "platform/runtime/Actions.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Prompts.h"
 #include "session/Session.h"
@@ -8,6 +9,7 @@
 #include "widgets/FormViewAdapters.h"
 
 #include <QAccessible>
+#include <QPointer>
 
 /// A screen reader says which job a mark belongs to, and with the job what the row says of it.
 void ChartViewer::NameRow(int index) {
@@ -22,18 +24,29 @@ void ChartViewer::NameRow(int index) {
 }
 
 // Points move at once; the mark reaches the table at the next change of day or at Ok. The mark is
-// flipped first and stays so, also if the account's points refuse to follow.
+// flipped first and stays so, also if the account's points refuse to follow. It returns if a fault
+// keeps them from being stored.
 void ChartViewer::ClearImg_Click(int index) {
-    Flip(ClearImg, CheckImg, index);
+    MoveMark(ClearImg, CheckImg, index);
     CheckImg[index].PopIn();
     Database().AddPoints(CurrentUser, PointsOf(index), false);
     ShowPointsAndGoal();
 }
 
 void ChartViewer::CheckImg_Click(int index) {
-    Flip(CheckImg, ClearImg, index);
+    MoveMark(CheckImg, ClearImg, index);
     Database().AddPoints(CurrentUser, ToInteger(-PointsOf(index)), false);
     ShowPointsAndGoal();
+}
+
+void ChartViewer::MoveMark(ControlArray<MarkImage>& from, ControlArray<MarkImage>& to, int index) {
+    Flip(from, to, index);
+    IfUndone([viewer = QPointer(this), &from, &to, index, points = ui_->Label3->text()] {
+        if (viewer.isNull() || index >= to.Count())
+            return;
+        viewer->Flip(to, from, index);
+        viewer->ShowPoints(points);
+    });
 }
 
 void ChartViewer::Flip(ControlArray<MarkImage>& from, ControlArray<MarkImage>& to, int index) {
@@ -60,11 +73,16 @@ void ChartViewer::ShowPointsNeeded() {
     ui_->Label5->setText(needed <= 0 ? QStringLiteral("0") : NumberText(needed));
 }
 
+void ChartViewer::ShowPoints(const QString& points) {
+    ui_->Label3->setText(points);
+    ShowPointsNeeded();
+    ui_->WayToGoal->WalkTo(Val(points));
+}
+
 void ChartViewer::ShowPointsAndGoal() {
     LabelCaption pointsLabel(*ui_->Label3);
     Database().RetrievePoints(CurrentUser, pointsLabel);
-    ShowPointsNeeded();
-    ui_->WayToGoal->WalkTo(Val(ui_->Label3->text()));
+    ShowPoints(ui_->Label3->text());
     if (GoalPoints != 0 && Val(ui_->Label3->text()) > GoalPoints) {
         Tell(QStringLiteral(
             "Your goal has been reached, check with your parent to receive your reward."));

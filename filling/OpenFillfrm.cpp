@@ -9,6 +9,8 @@
 #include "ui_OpenFillfrm.h"
 #include "widgets/FormViewAdapters.h"
 
+#include <QScopeGuard>
+
 OpenFillfrm::OpenFillfrm()
     : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::OpenFillfrm>()) {
     ui_->setupUi(this);
@@ -87,7 +89,13 @@ void OpenFillfrm::OpenViewer(const QString& name) {
     }
     // Rows and the store's day agree on Sunday before the viewer comes to the front for the first
     // time, so that its first turn of the page writes back the marks that it read.
-    WithErrorsSkipped(
+    // Of a chart that could not be read it would write back other marks.
+    auto withoutRows = qScopeGuard([&] {
+        if (viewer != nullptr)
+            viewer->Abandon();
+    });
+    WithErrorsButFaultsSkipped(
         [&] { Database().ReadInfoFromChart(name, ChartFormIndex, true, DayAbbreviation(1)); });
+    withoutRows.dismiss();
     WithErrorsSkipped([] { ChartFormIndex = AddIntegers(ChartFormIndex, 1); });
 }

@@ -104,7 +104,7 @@ QString DatabaseCls::ReturnExistingKidName(const QString& Name) {
 
 bool DatabaseCls::ReturnAutoCreate(const QString& Name) {
     bool autoCreate = false;
-    WithErrorsSkipped([&] {
+    WithErrorsButFaultsSkipped([&] {
         Recordset rows = Tables().OpenRecordset(Name);
         if (!rows.Eof())
             autoCreate = BooleanOf(rows.Value(ChartField::AutoCreate));

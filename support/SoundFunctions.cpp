@@ -1,5 +1,6 @@
 #include "support/SoundFunctions.h"
 
+#include "platform/runtime/Actions.h"
 #include "platform/runtime/Desktop.h"
 #include "platform/runtime/ProgramFolder.h"
 
@@ -38,7 +39,9 @@ void PlaySoundEffect(const QString& SoundName) {
         return;
     for (const SoundEffect& effect : SoundEffects)
         if (SoundName == effect.name) {
-            CurrentDesktop().PlaySoundA(InProgramFolder(effect.file), effect.flags);
+            // What is heard has been stored, and a device that hangs keeps nothing from being so.
+            AfterCommit([&desktop = CurrentDesktop(), file = InProgramFolder(effect.file),
+                         flags = effect.flags] { desktop.PlaySoundA(file, flags); });
             return;
         }
 }

@@ -7,10 +7,17 @@
 
 SystemProgress::SystemProgress() {
     SetProgressWatch([this](const QString& what, int done, int all) { Show(what, done, all); });
+    SetWaitWatch([](bool isWaiting) {
+        if (isWaiting)
+            QApplication::setOverrideCursor(Qt::WaitCursor);
+        else
+            QApplication::restoreOverrideCursor();
+    });
 }
 
 SystemProgress::~SystemProgress() {
     SetProgressWatch({});
+    SetWaitWatch({});
 }
 
 void SystemProgress::Show(const QString& what, int done, int all) {

@@ -5,7 +5,8 @@
 
 class QProgressDialog;
 
-/// Shows long work in a small window of its own, once it has taken a second or is going to.
+/// Shows long work in a small window of its own, once it has taken a second or is going to, and
+/// the hourglass over all windows while nothing can be done.
 class SystemProgress {
 public:
     SystemProgress();

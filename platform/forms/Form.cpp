@@ -190,6 +190,8 @@ bool Form::Unload() {
         return true;
     if (!QueryUnload())
         return false;
+    // What was done on the form is stored before it goes: after a fault it is there to try again.
+    CommitAction();
     // The question may have let other events run, and one of them may have ended the form.
     if (!unloaded_)
         Drop();

@@ -33,7 +33,7 @@ public:
     void Hide();
     /// Asks the form (QueryUnload), and unless it refuses ends it: it disappears at once and is
     /// deleted when control is back in the event loop, so a form may unload itself in a handler.
-    /// False if the form refused.
+    /// False if the form refused. Commits first: raises what the commit raises, and the form stays.
     bool Unload();
     bool IsUnloaded() const { return unloaded_; }
     /// Brings a shown form to the front.
@@ -70,6 +70,9 @@ protected:
     /// Runs when the form is being unloaded for good.
     virtual void Unloaded() {}
 
+    /// Ends the form without asking it, and without a commit.
+    void Drop();
+
     /// What a widget's closeEvent does: the form unloads unless it refuses.
     void HandleClose(QCloseEvent& event);
 
@@ -77,8 +80,6 @@ private:
     friend class ActivationTracker;
     friend class FormFrame;
 
-    /// Ends the form without asking it.
-    void Drop();
     void ShowInMainWindow();
 
     QWidget& widget_;

@@ -9,6 +9,11 @@ ProgressWatch& Watch() {
     return watch;
 }
 
+WaitWatch& WatchOfWaits() {
+    static WaitWatch watch;
+    return watch;
+}
+
 } // namespace
 
 void SetProgressWatch(ProgressWatch watch) {
@@ -18,4 +23,13 @@ void SetProgressWatch(ProgressWatch watch) {
 void ReportProgress(const QString& what, int done, int all) {
     if (Watch())
         Watch()(what, done, all);
+}
+
+void SetWaitWatch(WaitWatch watch) {
+    WatchOfWaits() = std::move(watch);
+}
+
+void ReportWaiting(bool isWaiting) {
+    if (WatchOfWaits())
+        WatchOfWaits()(isWaiting);
 }

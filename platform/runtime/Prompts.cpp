@@ -46,10 +46,11 @@ void ShowRuntimeError(const RuntimeError& error) noexcept {
         try {
             ShowPrompt(prompt);
         } catch (const RuntimeError& failure) {
-            // What the failed operation has written cannot be kept either: a full disk fails
-            // twice. It has been given up by now, and the user still has to be told.
+            // A fault has undone what the failed operation had written: this error itself, one
+            // that was skipped on the way to it, or the commit before the box.
             if (failure.Text() != error.Text())
                 prompt.Text += QLatin1String("\n\n") + failure.Report();
+            const FaultTold told;
             ShowPrompt(prompt);
         }
     } catch (const std::exception& failure) {

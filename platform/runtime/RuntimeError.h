@@ -63,6 +63,18 @@ void WithErrorsSkipped(Statement&& statement) {
     }
 }
 
+/// The same, but a fault of the database engine is raised: what the statement was to read is
+/// written back later on.
+template <class Statement>
+void WithErrorsButFaultsSkipped(Statement&& statement) {
+    try {
+        statement();
+    } catch (const RuntimeError& error) {
+        if (error.Number() == static_cast<int>(ErrorNumber::EngineFault))
+            throw;
+    }
+}
+
 /// Runs statements whose failure ends the run of the program.
 template <class Statement>
 void WithErrorsEndingTheRun(Statement&& statement) {

@@ -235,11 +235,14 @@ void Catalogue::Recheck() {
     isWhole_ = false;
     inOrder_.clear();
     shapes_.clear();
+    // First of all, for the file may not be readable: nothing that was read before counts.
+    for (const auto& [name, table] : tables_) {
+        ++table->Changes;
+        table->IsNextKeySure = false;
+    }
     isMade_ = Pragma(statements_, "user_version") == FormatVersion;
     for (auto entry = tables_.begin(); entry != tables_.end();) {
         Table& table = *entry->second;
-        ++table.Changes;
-        table.IsNextKeySure = false;
         if (entry->second.use_count() > 1) {
             // A rollback takes identities back: the name tells as well.
             Query query(statements_, "SELECT Name FROM Catalogue WHERE Id = ?1");

@@ -101,10 +101,12 @@ void TableEngine::CopyRows(const QString& from, const QString& to, const QString
 void TableEngine::BeginWrite() {
     if (inTransaction_)
         return;
+    RefuseAfterFault(FaultAt::Writing);
     // Not from within the reading: the engine does not wait for others then.
     StopReading();
-    Execute("BEGIN IMMEDIATE");
+    // Before it is so: an action that could not begin to write must not go on, either.
     inTransaction_ = true;
+    Execute("BEGIN IMMEDIATE");
     NoticeOthers();
     if (!link_->catalogue.IsMade())
         link_->catalogue.Make({});
@@ -133,13 +135,7 @@ void TableEngine::Commit() {
     StopReading();
     if (!inTransaction_)
         return;
-    try {
-        Execute("COMMIT");
-    } catch (const SQLite::Exception&) {
-        if (!IsRolledBack())
-            link_->database->tryExec("ROLLBACK");
-        throw;
-    }
+    Execute("COMMIT");
     inTransaction_ = false;
 }
 
@@ -147,16 +143,21 @@ bool TableEngine::IsRolledBack() const {
     return sqlite3_get_autocommit(link_->database->getHandle()) != 0;
 }
 
-void TableEngine::AfterFault() {
-    if (!IsRolledBack())
-        return;
-    isReading_ = false;
-    if (!std::exchange(inTransaction_, false))
-        return;
+RuntimeError TableEngine::AfterFault(const SQLite::Exception& fault) {
+    const RuntimeError error(ErrorNumber::EngineFault, WordsOf(fault));
+    const bool wasWriting = std::exchange(inTransaction_, false);
+    NoteFault(error, wasWriting ? FaultAt::Writing : FaultAt::Reading);
+    if (wasWriting && !IsRolledBack())
+        link_->database->tryExec("ROLLBACK");
+    if (IsRolledBack())
+        isReading_ = false;
+    if (!wasWriting)
+        return error;
     dataVersion_.reset();
     try {
         NoticeOthers();
     } catch (const SQLite::Exception&) {
         // The fault that led here is the one to report; the next look tries again.
     }
+    return error;
 }

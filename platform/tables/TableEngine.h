@@ -1,14 +1,18 @@
 #pragma once
 
+#include "platform/runtime/Actions.h"
 #include "platform/tables/Catalogue.h"
+#include "platform/tables/LockWait.h"
 #include "platform/tables/TableFile.h"
 
+#include <QScopeGuard>
 #include <memory>
 #include <optional>
 
 /// One connection to a database file: statements, the transaction under way and the catalogue.
 /// Faults of the engine leave the operations of this class as SQLite::Exception; Guard turns
-/// them into run-time errors where an operation of the store or of a cursor ends.
+/// them into run-time errors where an operation of the store or of a cursor ends. A fault while a
+/// transaction is under way rolls it back, and the action under way is told of every fault.
 class TableEngine {
 public:
     /// Opens an existing file; one of the former format is carried over, and `watch` is told of
@@ -20,17 +24,18 @@ public:
     /// Rolls back what is under way and closes the file. Any use afterwards raises 91.
     void Close();
 
-    /// Runs one operation. Raises 91 on a closed engine, 3000 with the engine's words for a fault.
+    /// Runs one operation. Raises 91 on a closed engine, 3000 with the engine's words for a fault,
+    /// and again for what an action does after a fault has undone it.
     template <class Operation>
     auto Guard(Operation&& operation) {
         if (!link_)
             throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
+        RefuseAfterFault(FaultAt::Reading);
+        const auto end = qScopeGuard([wait = &link_->wait] { wait->End(); });
         try {
             return operation();
         } catch (const SQLite::Exception& fault) {
-            const QString words = QString::fromUtf8(fault.what());
-            AfterFault();
-            throw RuntimeError(ErrorNumber::EngineFault, words);
+            throw AfterFault(fault);
         }
     }
 
@@ -48,6 +53,7 @@ public:
 
     /// Begins a transaction if none is under way.
     void BeginWrite();
+    /// If the engine refuses, Guard takes back all of it.
     void Commit();
 
     /// Keeps one view of the file from the first call to the last end, or to the first write or
@@ -59,7 +65,10 @@ private:
     /// What lives as long as the file is open.
     struct Link {
         explicit Link(std::unique_ptr<SQLite::Database> connection)
-            : database(std::move(connection)), statements(*database), catalogue(statements) {}
+            : database(std::move(connection)), statements(*database), catalogue(statements) {
+            wait.Watch(*database);
+        }
+        LockWait wait;
         std::unique_ptr<SQLite::Database> database;
         Statements statements;
         Catalogue catalogue;
@@ -71,7 +80,8 @@ private:
     void Execute(const std::string& sql) { link_->statements.Execute(sql); }
     void NoticeOthers();
     void StopReading();
-    void AfterFault();
+    /// Rolls back what is under way; the error to raise.
+    RuntimeError AfterFault(const SQLite::Exception& fault);
     bool IsRolledBack() const;
 
     std::unique_ptr<Link> link_;

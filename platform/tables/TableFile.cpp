@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr int BusyTimeoutMs = 5000;
-
 [[noreturn]] void RefuseForeign() {
     throw RuntimeError(
         ErrorNumber::EngineFault,
@@ -51,6 +49,16 @@ void RefuseCutOff(Statements& statements) {
 
 } // namespace
 
+QString WordsOf(const SQLite::Exception& fault) {
+    const QString words = QString::fromUtf8(fault.what());
+    if (fault.getErrorCode() != SQLITE_BUSY)
+        return words;
+    return QStringLiteral("Another copy of %1 is writing at this moment, so that what you did last "
+                          "could not be done. Nothing of it has been stored. Please try again; if "
+                          "this message comes again, close the other copy first. (%2)")
+        .arg(QCoreApplication::applicationName(), words);
+}
+
 RuntimeError UnknownFieldType(const QString& field) {
     return {ErrorNumber::EngineFault,
             QStringLiteral("The field '%1' is of an unknown type.").arg(field)};
@@ -64,8 +72,7 @@ std::unique_ptr<SQLite::Database> Connect(const QString& path, int flags) {
     const QByteArray file = QFileInfo(path).absoluteFilePath().toUtf8();
     try {
         // One thread uses the connection: it needs no locks against others.
-        return std::make_unique<SQLite::Database>(file.constData(), flags | SQLite::OPEN_NOMUTEX,
-                                                  BusyTimeoutMs);
+        return std::make_unique<SQLite::Database>(file.constData(), flags | SQLite::OPEN_NOMUTEX);
     } catch (const SQLite::Exception& fault) {
         throw RuntimeError(
             ErrorNumber::EngineFault,

@@ -35,4 +35,7 @@ using CarryOverWatch = std::function<void(int done, int all)>;
 /// or a kill at any moment leaves the file as it was or carried over, never between. Raises 3000.
 void CarryOver(SQLite::Database& database, const QString& path, const CarryOverWatch& watch);
 
+/// What the user reads of a fault: the engine's words, and the way out where there is one.
+QString WordsOf(const SQLite::Exception& fault);
+
 RuntimeError UnknownFieldType(const QString& field);

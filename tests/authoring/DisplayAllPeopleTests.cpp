@@ -2,6 +2,8 @@
 
 #include "widgets/FormViewAdapters.h"
 
+#include "tests/common/FullDisk.h"
+
 #include <QIcon>
 
 class SaveForPeople : public AuthoringTest {
@@ -363,4 +365,33 @@ TEST_F(SaveForPeople, SaveCanBeTriedAgainAfterAFailure) {
     Ok();
     EXPECT_EQ(Rows(u"Chores Anna"_s).size(), 2);
     EXPECT_EQ(Rows(u"Chores Ben"_s).size(), 2);
+}
+
+TEST_F(SaveForPeople, AfterAFaultOkDoesItAllAndHistoryKeepsTheTicksOfTheWeek) {
+    HandOn(NewChartWithJob(u"Chores"_s), {0, 1});
+    Boxes.Expect(AllCreated);
+    Ok();
+    Tick(u"Chores Anna"_s);
+    Tick(u"Chores Ben"_s);
+    HandOn(NewChartWithJob(u"Chores"_s, u"Fri"_s), {0, 1});
+    const QStringList names = TableNames();
+    Boxes.ExpectError(ErrorNumber::EngineFault, u"disk I/O error"_s);
+    {
+        const FullDisk full(512);
+        Ok();
+    }
+    Boxes.VerifyAllShown();
+    EXPECT_EQ(TableNames(), names);
+    EXPECT_EQ(Rows(u"Chores Anna"_s), QStringList{RowOf(u"Anna"_s, true)});
+    ASSERT_NE(ExistingForm(u"DisplayAllPeople"_s), nullptr);
+    EXPECT_EQ(People().ChartName, u"Chores"_s);
+    EXPECT_EQ(People().SelectedCount(), 2);
+
+    Boxes.Expect(AllCreated);
+    Ok();
+    for (const QString& child : {u"Anna"_s, u"Ben"_s}) {
+        EXPECT_EQ(Rows(u"History Chores %1 from: 3/4/2001"_s.arg(child)),
+                  QStringList{RowOf(child, true, false)});
+        EXPECT_TRUE(Rows(u"Chores "_s + child).first().startsWith(u"Sweep|Fri|Mum|Easy|3|0|"_s));
+    }
 }

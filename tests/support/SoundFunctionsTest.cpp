@@ -1,6 +1,9 @@
 #include "support/SoundFunctions.h"
 
+#include "platform/runtime/Desktop.h"
 #include "tests/common/RuntimeTest.h"
+
+#include <utility>
 
 namespace {
 
@@ -59,6 +62,46 @@ TEST_F(SoundFunctionsTest, WithoutASwitchNothingIsPlayed) {
     SetSoundSwitch({});
     PlaySoundEffect(QStringLiteral("Applause"));
     EXPECT_TRUE(DesktopCalls.Sounds.isEmpty());
+}
+
+TEST_F(SoundFunctionsTest, ASoundWaitsForTheCommitOfItsActionAndTheCommitForNoSound) {
+    class HangingDesktop : public ScriptedDesktop {
+    public:
+        explicit HangingDesktop(QStringList& log) : log_(log) {}
+        void PlaySoundA(const QString&, quint32) override { log_ += QStringLiteral("hangs"); }
+
+    private:
+        QStringList& log_;
+    };
+    QStringList log;
+    HangingDesktop desktop(log);
+    SetDesktop(&desktop);
+    SetCommitHook([&log] { log += QStringLiteral("commit"); });
+    Boxes.Expect(QStringLiteral("Well done"), PromptAnswer::Ok,
+                 [&log] { log += QStringLiteral("box"); });
+    RunAction([&log] {
+        PlaySoundEffect(QStringLiteral("Applause"));
+        log += QStringLiteral("written");
+        Tell(QStringLiteral("Well done"));
+        PlaySoundEffect(QStringLiteral("Applause"));
+        log += QStringLiteral("written");
+    });
+    EXPECT_EQ(log.join(QLatin1Char(' ')),
+              QStringLiteral("written commit hangs box written commit hangs"));
+    SetCommitHook({});
+    SetDesktop(&DesktopCalls);
+}
+
+TEST_F(SoundFunctionsTest, WhatCouldNotBeStoredMakesNoSound) {
+    bool isFull = true;
+    SetCommitHook([&isFull] {
+        if (std::exchange(isFull, false))
+            throw RuntimeError(ErrorNumber::EngineFault);
+    });
+    Boxes.ExpectError(ErrorNumber::EngineFault);
+    RunAction([] { PlaySoundEffect(QStringLiteral("Applause")); });
+    EXPECT_TRUE(DesktopCalls.Sounds.isEmpty());
+    SetCommitHook({});
 }
 
 } // namespace

@@ -39,10 +39,22 @@ TEST_F(SystemProgressTest, ShowsWorkThatTakesLongerThanASecondUntilItIsDone) {
     EXPECT_EQ(ShownWindow(), nullptr);
 }
 
+TEST_F(SystemProgressTest, TheHourglassStandsOverAllWindowsWhileNothingCanBeDone) {
+    const SystemProgress progress;
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    ReportWaiting(true);
+    ASSERT_NE(QApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    ReportWaiting(false);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
 TEST_F(SystemProgressTest, NobodyIsToldOnceItHasGone) {
     { const SystemProgress progress; }
     ReportProgress(Work, 1, 2);
     EXPECT_EQ(ShownWindow(), nullptr);
+    ReportWaiting(true);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
 } // namespace

@@ -114,16 +114,19 @@ TEST_F(ActionsTest, YieldRunsPendingEventsAsActionsAfterACommit) {
     EXPECT_EQ(log, Steps({"a", "commit", "event", "commit", "b", "commit"}));
 }
 
-TEST_F(ActionsTest, WhatCannotBeCommittedBeforeAnotherActionIsReportedAndBothGoOn) {
+TEST_F(ActionsTest, WhatCannotBeCommittedBeforeAnotherActionIsReportedAndTheOtherRunsInFull) {
     commitsToFail = 1;
     ExpectReport(3000, "disk full");
     QTimer::singleShot(0, qApp, [this] { RunAction([this] { Write("event"); }); });
     RunAction([this] {
         Write("a");
         DoEvents();
-        Write("b");
+        // Its second half is not written without the first.
+        EXPECT_ERROR(3000, RefuseAfterFault(FaultAt::Writing));
     });
-    EXPECT_EQ(log, Steps({"a", "commit", "commit", "event", "commit", "b", "commit"}));
+    EXPECT_EQ(log, Steps({"a", "commit", "commit", "event", "commit"}));
+    RunAction([this] { Write("b"); });
+    EXPECT_EQ(log.mid(5), Steps({"b", "commit"}));
 }
 
 TEST_F(ActionsTest, ErrorEndsTheOperationIsReportedAndWhatWasWrittenStands) {
@@ -221,6 +224,182 @@ TEST_F(ActionsTest, SkippedErrorsLetTheNextStatementRun) {
     });
     Write("b");
     EXPECT_EQ(log, Steps({"a", "b"}));
+}
+
+class ActionFaultsTest : public ActionsTest {
+protected:
+    /// What the database does at a fault.
+    [[noreturn]] static void Fail(const char* words = "disk full", FaultAt at = FaultAt::Writing) {
+        const RuntimeError fault(ErrorNumber::EngineFault, QString::fromUtf8(words));
+        NoteFault(fault, at);
+        throw RuntimeError(fault);
+    }
+    /// A write to the database.
+    void Store(const char* what) {
+        RefuseAfterFault(FaultAt::Writing);
+        Write(what);
+    }
+};
+
+TEST_F(ActionFaultsTest, AfterASkippedFaultNothingIsWrittenNorSaidToBeDoneAndTheUserIsToldOnce) {
+    ExpectReport(3000, "disk full");
+    RunAction([this] {
+        WithErrorsSkipped([] { Fail(); });
+        WithErrorsSkipped([this] { Store("a"); });
+        // Nobody hears of a later one: it follows from the first.
+        WithErrorsSkipped([] { Fail("disk gone"); });
+        EXPECT_ERROR(3000, RefuseAfterFault(FaultAt::Reading));
+        Tell(QStringLiteral("Saved."));
+        Write("b");
+    });
+    EXPECT_EQ(log, Steps({"commit"})) << "the box's own";
+    RunAction([this] { Store("next"); });
+    EXPECT_EQ(log.mid(1), Steps({"next", "commit"}));
+}
+
+TEST_F(ActionFaultsTest, AFaultThatEndsNothingIsToldAtTheEndOfTheAction) {
+    ExpectReport(3000, "disk full");
+    RunAction([this] {
+        WithErrorsSkipped([] { Fail(); });
+        Write("a");
+    });
+    EXPECT_EQ(log, Steps({"a", "commit"}));
+}
+
+TEST_F(ActionFaultsTest, ASkippedBoxDoesNotTakeTheFaultAway) {
+    ExpectReport(3000, "disk full");
+    RunAction([this] {
+        WithErrorsSkipped([] { Fail(); });
+        WithErrorsSkipped([] { Tell(QStringLiteral("Saved.")); });
+        WithErrorsSkipped([this] { Store("second half"); });
+    });
+    EXPECT_EQ(log, Steps({"commit"}));
+    // The same where the box's commit is what fails.
+    commitsToFail = 1;
+    ExpectReport(3000, "disk full");
+    RunAction([this] {
+        WithErrorsSkipped([] { Tell(QStringLiteral("Saved.")); });
+        WithErrorsSkipped([this] { Store("second half"); });
+    });
+    EXPECT_EQ(log.mid(1), Steps({"commit", "commit"}));
+}
+
+TEST_F(ActionFaultsTest, AnotherErrorAtTheEdgeIsToldTogetherWithTheFault) {
+    Boxes.Expect(QStringLiteral("Run-time error '91':\n\nObject variable or With block variable "
+                                "not set\n\nRun-time error '3000':\n\ndisk full"));
+    RunAction([] {
+        WithErrorsSkipped([] { Fail(); });
+        throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
+    });
+}
+
+TEST_F(ActionFaultsTest, AFaultToldByANestedHandlerUndoesTheWholeActionAndIsNotToldAgain) {
+    ExpectReport(3000, "disk full");
+    RunAction([this] {
+        RunAction([] { Fail(); });
+        Store("outer");
+    });
+    EXPECT_EQ(log, Steps({"commit"})) << "the box's own";
+    // Another error is.
+    ExpectReport(3000, "disk full");
+    ExpectReport(6, "Overflow");
+    RunAction([] {
+        RunAction([] { Fail(); });
+        throw RuntimeError(ErrorNumber::Overflow);
+    });
+}
+
+TEST_F(ActionFaultsTest, AFaultInReadingToldByANestedHandlerIsNotToldAgainWhenTheActionWrites) {
+    ExpectReport(3000, "unreadable");
+    RunAction([this] {
+        RunAction([] { Fail("unreadable", FaultAt::Reading); });
+        Store("outer");
+    });
+    EXPECT_EQ(log, Steps({"commit"})) << "the box's own";
+}
+
+TEST_F(ActionFaultsTest, AnActionDuringTheBoxThatTellsOfAFaultIsNotAffected) {
+    Boxes.Expect(QStringLiteral("Run-time error '3000':\n\ndisk full"), PromptAnswer::Ok,
+                 [this] { RunAction([this] { Store("other"); }); });
+    RunAction([] { Fail(); });
+    EXPECT_EQ(log, Steps({"commit", "other", "commit"}));
+}
+
+TEST_F(ActionFaultsTest, TheFaultOfAnActionThatYieldsIsToldBeforeTheOtherOneAndDoesNotReachIt) {
+    ExpectReport(3000, "disk full");
+    QTimer::singleShot(0, qApp, [this] { RunAction([this] { Store("event"); }); });
+    RunAction([this] {
+        WithErrorsSkipped([] { Fail(); });
+        DoEvents();
+        WithErrorsSkipped([this] { Store("second half"); });
+    });
+    EXPECT_EQ(log, Steps({"commit", "event", "commit"}));
+}
+
+TEST_F(ActionFaultsTest, AFaultIsToldBeforeTheProcessEnds) {
+    ExpectReport(3000, "disk full");
+    RunAction([] {
+        WithErrorsSkipped([] { Fail(); });
+        EndProcess();
+    });
+    EXPECT_EQ(log, Steps({"commit", "end 0"}));
+}
+
+TEST_F(ActionFaultsTest, AFaultInReadingIsSkippedUnlessTheActionThenWrites) {
+    RunAction([this] {
+        WithErrorsSkipped([] { Fail("unreadable", FaultAt::Reading); });
+        RefuseAfterFault(FaultAt::Reading);
+        Write("shown");
+    });
+    EXPECT_EQ(log, Steps({"shown", "commit"}));
+    ExpectReport(3000, "unreadable");
+    RunAction([this] {
+        WithErrorsSkipped([] { Fail("unreadable", FaultAt::Reading); });
+        WithErrorsSkipped([this] { Store("written"); });
+    });
+    EXPECT_EQ(log.mid(2), Steps({"commit"})) << "the box's own";
+}
+
+TEST_F(ActionFaultsTest, OutsideOfActionsAFaultIsNobodys) {
+    EXPECT_ERROR(3000, Fail());
+    RefuseAfterFault(FaultAt::Writing);
+    RunAction([this] { Store("a"); });
+    EXPECT_EQ(log, Steps({"a", "commit"}));
+}
+
+TEST_F(ActionFaultsTest, WhatWaitsForTheCommitRunsOnceBehindItAndBeforeABoxStands) {
+    Boxes.Expect(QStringLiteral("Well done"), PromptAnswer::Ok, [this] { Write("box"); });
+    RunAction([this] {
+        AfterCommit([this] { Write("sound"); });
+        Write("a");
+        Tell(QStringLiteral("Well done"));
+        AfterCommit([this] { Write("second sound"); });
+        Write("b");
+    });
+    EXPECT_EQ(log, Steps({"a", "commit", "sound", "box", "b", "commit", "second sound"}));
+    AfterCommit([this] { Write("at once"); });
+    EXPECT_EQ(log.last(), QStringLiteral("at once"));
+}
+
+TEST_F(ActionFaultsTest, WhatIsUndoneIsPutBackBeforeTheUserIsToldAndIsNotHeard) {
+    Boxes.Expect(QStringLiteral("Run-time error '3000':\n\ndisk full"), PromptAnswer::Ok,
+                 [this] { Write("told"); });
+    commitsToFail = 1;
+    RunAction([this] {
+        AfterCommit([this] { Write("sound"); });
+        IfUndone([this] { Write("put back"); });
+        Write("a");
+    });
+    EXPECT_EQ(log, Steps({"a", "commit", "put back", "commit", "told"}));
+    RunAction([this] { IfUndone([this] { Write("put back"); }); });
+    EXPECT_EQ(log.mid(5), Steps({"commit"}));
+    // The same where it could not even be read what to write.
+    ExpectReport(3000, "unreadable");
+    RunAction([this] {
+        IfUndone([this] { Write("put back"); });
+        Fail("unreadable", FaultAt::Reading);
+    });
+    EXPECT_EQ(log.mid(6), Steps({"put back", "commit"}));
 }
 
 } // namespace

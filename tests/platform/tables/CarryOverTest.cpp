@@ -275,8 +275,9 @@ TEST_F(CarryOver, WhileAnotherProgramWritesNothingIsCarriedOver) {
     const QByteArray before = ReadFile(Former);
     SQLite::Database other(Former.toStdString(), SQLite::OPEN_READWRITE);
     other.exec("BEGIN IMMEDIATE");
-    EXPECT_EQ(ErrorText([&] { TableStore::OpenDatabase(Former); }),
-              QStringLiteral("database is locked"));
+    EXPECT_TRUE(ErrorText([&] {
+                    TableStore::OpenDatabase(Former);
+                }).endsWith(QLatin1String("(database is locked)")));
     other.exec("COMMIT");
     EXPECT_EQ(ReadFile(Former), before);
     EXPECT_EQ(FilesBeside(), QStringList(QStringLiteral("Charts.mdb")));

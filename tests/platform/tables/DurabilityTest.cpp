@@ -239,7 +239,8 @@ TEST_F(Durability, ACommitThatWaitsInVainForOneWhoReadsTakesBackWhatWasWritten) 
         SQLite::Database reader(File.toStdString(), SQLite::OPEN_READONLY);
         SQLite::Statement reading(reader, "SELECT Memo FROM Rows1");
         ASSERT_TRUE(reading.executeStep());
-        EXPECT_EQ(ErrorText([&] { Store->Commit(); }), QStringLiteral("database is locked"));
+        EXPECT_TRUE(
+            ErrorText([&] { Store->Commit(); }).endsWith(QLatin1String("(database is locked)")));
     }
     Store->Commit();
     ExpectOnlyTheKeptRow();

@@ -1,0 +1,37 @@
+#include "platform/tables/LockWait.h"
+
+#include "platform/runtime/Progress.h"
+
+#include <algorithm>
+#include <sqlite3.h>
+#include <utility>
+
+namespace {
+
+// All in milliseconds.
+constexpr int Longest = 5000;
+constexpr int Felt = 500;
+constexpr int LongestPause = 50;
+
+} // namespace
+
+void LockWait::Watch(SQLite::Database& connection) {
+    sqlite3_busy_handler(connection.getHandle(), &LockWait::TryAgain, this);
+}
+
+int LockWait::TryAgain(void* self, int tries) {
+    auto& wait = *static_cast<LockWait*>(self);
+    if (tries == 0)
+        wait.waited_.start();
+    if (wait.waited_.hasExpired(Longest))
+        return 0;
+    if (wait.waited_.hasExpired(Felt) && !std::exchange(wait.isShown_, true))
+        ReportWaiting(true);
+    sqlite3_sleep(std::min(tries + 1, LongestPause));
+    return 1;
+}
+
+void LockWait::End() {
+    if (std::exchange(isShown_, false))
+        ReportWaiting(false);
+}
