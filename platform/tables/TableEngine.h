@@ -28,9 +28,9 @@ public:
         try {
             return operation();
         } catch (const SQLite::Exception& fault) {
-            const QString words = QString::fromUtf8(fault.what());
+            const RuntimeError error = EngineError(fault, *link_->database);
             AfterFault();
-            throw RuntimeError(ErrorNumber::EngineFault, words);
+            throw error;
         }
     }
 

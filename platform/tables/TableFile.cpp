@@ -1,5 +1,7 @@
 #include "platform/tables/TableFile.h"
 
+#include "platform/runtime/FileFaults.h"
+
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <algorithm>
@@ -56,6 +58,25 @@ RuntimeError UnknownFieldType(const QString& field) {
             QStringLiteral("The field '%1' is of an unknown type.").arg(field)};
 }
 
+RuntimeError EngineError(const SQLite::Exception& fault, const SQLite::Database& database) {
+    RuntimeError error(ErrorNumber::EngineFault, QString::fromUtf8(fault.what()));
+    const QString path = QString::fromStdString(database.getFilename());
+    constexpr int mainCode = 0xff;
+    switch (fault.getErrorCode() & mainCode) {
+    case SQLITE_PERM:
+    case SQLITE_READONLY:
+    case SQLITE_IOERR:
+    case SQLITE_FULL:
+    case SQLITE_CANTOPEN:
+        // A file that was moved away goes on being read.
+        error.SetAdvice(QFileInfo::exists(path) ? WhyNotWritten(path) : WhyNotRead(path));
+        break;
+    default:
+        break;
+    }
+    return error;
+}
+
 std::unique_ptr<SQLite::Database> Connect(const QString& path, int flags) {
     // Once in a process, before the engine is first used: it need not keep an account of its
     // memory, which takes a lock at every piece of it.
@@ -67,9 +88,11 @@ std::unique_ptr<SQLite::Database> Connect(const QString& path, int flags) {
         return std::make_unique<SQLite::Database>(file.constData(), flags | SQLite::OPEN_NOMUTEX,
                                                   BusyTimeoutMs);
     } catch (const SQLite::Exception& fault) {
-        throw RuntimeError(
+        RuntimeError error(
             ErrorNumber::EngineFault,
             QStringLiteral("%1: %2").arg(QString::fromUtf8(fault.what()), QString::fromUtf8(file)));
+        error.SetAdvice(QFileInfo::exists(path) ? WhyNotRead(path) : WhyNotWritten(path));
+        throw error;
     }
 }
 

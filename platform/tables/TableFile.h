@@ -14,6 +14,10 @@ inline constexpr int FormerFormatVersion = 1;
 /// Tells our files from those of other programs: "Duty".
 inline constexpr int ApplicationId = 0x44757479;
 
+/// The fault of an operation on a database as a run-time error with the engine's words; where it
+/// has to do with the disk, with advice on the file.
+RuntimeError EngineError(const SQLite::Exception& fault, const SQLite::Database& database);
+
 /// Connects to a file; `flags` are those of SQLite::Database. Raises 3000.
 std::unique_ptr<SQLite::Database> Connect(const QString& path, int flags);
 
