@@ -33,12 +33,12 @@ Each child logs in with a picture, a name and a password, ticks off what is
 done, and saves the points towards a reward. Past weeks are kept, and charts
 can be printed. It works offline.
 
-All users of the machine share one set of accounts and charts, which stays
-when the package is removed.")
-# Beside the libraries, which dpkg-shlibdeps finds: access control lists let the users of a machine
-# write each other's files in the shared folders.
+The users of the machine who are in the group dutygrid share one set of
+accounts and charts, which stays when the package is removed.")
+# Beside the libraries, which dpkg-shlibdeps finds: the folders belong to a group of their own, and
+# access control lists let its members write each other's files in them.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS acl)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "acl, adduser")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "cups")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/install/debian/postinst

@@ -31,7 +31,8 @@ QString IdIn(const QString& attributes) {
 
 HelpBook::HelpBook(const QString& file) : folder_(QFileInfo(file).absolutePath()) {
     QFile source(file);
-    if (source.open(QIODevice::ReadOnly))
+    // A pipe would be waited for.
+    if (QFileInfo(file).isFile() && source.open(QIODevice::ReadOnly))
         ReadPages(QString::fromUtf8(source.read(LongestFile)));
     if (topics_.isEmpty())
         Apologise(file);

@@ -4,6 +4,7 @@
 #include "platform/forms/Handlers.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QImage>
 #include <QScrollBar>
 #include <QUrl>
@@ -92,7 +93,8 @@ QVariant HelpPage::loadResource(int type, const QUrl& name) {
 QImage HelpPage::Picture(const QUrl& name) const {
     const QString path = name.scheme().isEmpty() ? QDir(book_.Folder()).filePath(name.path())
                                                  : QLatin1Char(':') + name.path();
-    QImage picture(path);
+    // A pipe would be waited for.
+    QImage picture = QFileInfo(path).isFile() ? QImage(path) : QImage();
     if (picture.isNull()) {
         QImage nothing(1, 1, QImage::Format_ARGB32_Premultiplied);
         nothing.fill(Qt::transparent);

@@ -4,8 +4,11 @@
 #include "platform/runtime/Pictures.h"
 #include "platform/runtime/ProgramFolder.h"
 #include "platform/runtime/RuntimeError.h"
+#include "platform/runtime/SharedFiles.h"
 #include "platform/runtime/TextFiles.h"
 #include "session/Session.h"
+
+#include <QDir>
 
 namespace {
 
@@ -30,6 +33,36 @@ void ReadVariables() {
     SoundOn = ToInteger(file.InputNumber());
 }
 
+/// One child's choice is everybody's at the next start: whoever cannot start any more is told why.
+QImage LoadBackgroundPicture() {
+    try {
+        return LoadPicture(BackgroundPicture);
+    } catch (RuntimeError& error) {
+        error.SetAdvice(
+            QStringLiteral("The background picture cannot be shown: %1\n\nTo start without it, "
+                           "empty the second line of %2; the line itself stays.")
+                .arg(error.Advice(), QDir::toNativeSeparators(SettingsFile())));
+        throw;
+    }
+}
+
+/// Says what the file should be like, where no disk is to blame.
+void ReadVariablesWithAdvice() {
+    try {
+        ReadVariables();
+    } catch (RuntimeError& error) {
+        if (error.Advice().isEmpty())
+            error.SetAdvice(
+                QStringLiteral(
+                    "%1 is not as the program writes it: a number (0 or 1), the path of "
+                    "the background picture or nothing, the number of a colour, and two "
+                    "more numbers (0 or 1), one a line. Mend it, or put a safety copy in "
+                    "its place.")
+                    .arg(QDir::toNativeSeparators(SettingsFile())));
+        throw;
+    }
+}
+
 void ApplyVariables() {
     // The version before the colour: the option's handler may write the file here, and it is to
     // write the colour that the main window had until now.
@@ -38,7 +71,7 @@ void ApplyVariables() {
     Forms().SelectVersion(school);
 
     Forms().SetBackColor(BackgroundColor);
-    Forms().SetPicture(LoadPicture(BackgroundPicture));
+    Forms().SetPicture(LoadBackgroundPicture());
     Forms().SetSoundMark(SoundOn == 1);
 }
 
@@ -50,9 +83,13 @@ void SetSettingsForms(SettingsForms* forms) {
 
 void ReadSettings() {
     WithErrorsEndingTheRun([] {
-        ReadVariables();
+        ReadVariablesWithAdvice();
         ApplyVariables();
     });
+}
+
+bool IsSeenByAllUsers(const QString& picture) {
+    return MayReadWhoMayChange(picture, SettingsFile());
 }
 
 void WriteSettings() {

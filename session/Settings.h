@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QString>
 
 /// The forms that the settings show in, made where they do not exist yet.
 class SettingsForms {
@@ -30,6 +31,10 @@ void SetSettingsForms(SettingsForms* forms);
 /// Selecting the school version in a log-in form just loaded runs that option's handler, and so
 /// WriteSettings, before the main window takes the colour read.
 void ReadSettings();
+
+/// Whether all users of the machine who share the settings may read the picture: for whoever may
+/// not, a start would end at it.
+bool IsSeenByAllUsers(const QString& picture);
 
 /// Writes the file from the present state. Raises 76 if its folder is missing, 75 if it cannot be
 /// written.

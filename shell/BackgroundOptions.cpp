@@ -5,6 +5,7 @@
 #include "platform/runtime/Colors.h"
 #include "platform/runtime/Desktop.h"
 #include "platform/runtime/Pictures.h"
+#include "platform/runtime/Prompts.h"
 #include "session/Session.h"
 #include "session/Settings.h"
 #include "shell/MainForm.h"
@@ -31,6 +32,11 @@ void BackgroundOptions::BrowseButton_Click() {
     browseFileName_ = file;
     LabelPicture(*ui_->Image1).SetPicture(picture);
     ui_->Picture1->hide();
+    if (!file.isEmpty() && !IsSeenByAllUsers(file))
+        Tell(QStringLiteral("Not everyone who uses Sparkit Dutygrid on this computer may open this "
+                            "picture, and for them the program could not start with it. Choose a "
+                            "picture that all may open, such as one of the folder UsersPictures."),
+             PromptIcon::Exclamation);
 }
 
 void BackgroundOptions::SetColorbtn_Click() {

@@ -1,5 +1,6 @@
 #include "store/DatabaseCls.h"
 
+#include "platform/runtime/FileFaults.h"
 #include "platform/runtime/ProgramFolder.h"
 #include "platform/runtime/Progress.h"
 #include "platform/runtime/RuntimeError.h"
@@ -17,12 +18,23 @@ QString DatabaseFile() {
     return InProgramFolder(QStringLiteral("Database/Charts.mdb"));
 }
 
+/// The engine itself would follow a link, and wait for a pipe in the place of its journal for ever.
+void RefuseLinksAndPipes(const QString& path) {
+    for (const QString& part : {path, path + QStringLiteral("-journal")}) {
+        const QFileInfo file(part);
+        const bool isOther = part != path && file.exists() && !file.isFile();
+        if (file.isSymLink() || isOther)
+            throw WriteFault(ErrorNumber::PathFileAccessError, part);
+    }
+}
+
 } // namespace
 
 void DatabaseCls::InitDatabse() {
     // What the former connection has written belongs to an action that was reported as done.
     Commit();
     const QString path = DatabaseFile();
+    RefuseLinksAndPipes(path);
     if (QFileInfo(path).isFile())
         ChartDb = TableStore::OpenDatabase(path, [](int done, int all) {
             ReportProgress(QStringLiteral("Your Dutygrids are moved into a faster file..."), done,

@@ -1,10 +1,11 @@
 #include "store/Pictures.h"
 
 #include "platform/runtime/Actions.h"
+#include "platform/runtime/FileFaults.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Pictures.h"
 #include "platform/runtime/ProgramFolder.h"
-#include "platform/runtime/RuntimeError.h"
+#include "platform/runtime/WholeFiles.h"
 #include "store/ChartFields.h"
 #include "store/Rows.h"
 
@@ -23,14 +24,14 @@ constexpr qint64 PieceSize = 32768;
 QByteArray ReadPiece(QFile& file, qint64 size) {
     QByteArray piece = file.read(size);
     if (file.error() != QFileDevice::NoError)
-        throw RuntimeError(ErrorNumber::PathFileAccessError);
+        throw ReadFault(ErrorNumber::PathFileAccessError, file.fileName());
     piece.resize(size, '\0');
     return piece;
 }
 
 /// True for a name that a file can bear on any system, as it stands.
 bool IsFileName(const QString& name) {
-    constexpr int longest = 255; // bytes
+    constexpr int longest = 230; // bytes; while it is written it has a longer name
     static const QRegularExpression letters(
         QStringLiteral(R"(^[^\x{0}-\x{1f}\x{7f}/\\:*?"<>|]+$)"));
     static const QRegularExpression devices(
@@ -51,29 +52,27 @@ QString ScratchFileName(const QString& account) {
     return QStringLiteral("picture-") + QString::fromLatin1(encoded.left(longest));
 }
 
-/// Writes the field's bytes over the scratch file from its start. The file is not truncated: a
-/// smaller picture keeps the tail of the one before behind it.
+/// Writes the field's bytes over the scratch file from its start: a smaller picture keeps the tail
+/// of the one before behind it. A file of its own takes the place of the former, so that no link
+/// there leads the bytes out of the folder.
 void WriteScratchFile(const Recordset& rows, const QString& field, const QString& scratch) {
-    QFile file(scratch);
-    // A link there would lead the bytes into another file, out of the folder.
-    const bool isLink = QFileInfo(scratch).isSymLink();
-    if ((isLink && !file.remove()) || !file.open(QIODevice::ReadWrite))
-        throw RuntimeError(ErrorNumber::PathFileAccessError);
     const qint64 size = rows.FieldSize(field);
     const qint64 rest = size % PieceSize;
-    file.write(rows.GetChunk(field, 0, rest));
+    QByteArray content = rows.GetChunk(field, 0, rest);
     for (qint64 piece = 0; piece < size / PieceSize; ++piece)
-        file.write(rows.GetChunk(field, piece * PieceSize + rest, PieceSize));
+        content += rows.GetChunk(field, piece * PieceSize + rest, PieceSize);
+    WithErrorsSkipped([&] {
+        if (!QFileInfo(scratch).isSymLink())
+            content += ReadWholeFile(scratch, MostPictureBytes).mid(content.size());
+    });
+    ReplaceScratchFile(scratch, content);
 }
 
 } // namespace
 
 void StorePicture(Recordset& rows, const QString& field, const QString& path) {
     QFile file(path);
-    if (!QFileInfo::exists(path))
-        throw RuntimeError(ErrorNumber::FileNotFound);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
-        throw RuntimeError(ErrorNumber::PathFileAccessError);
+    OpenPicture(file);
     const qint64 length = file.size();
     // Every piece is one byte longer than its size: the stored value ends in as many bytes
     // without meaning as there are pieces.
@@ -98,7 +97,8 @@ void ShowPictures(Recordset& accounts, const QString& account, const QString& fi
         WithErrorsSkipped([&] {
             if (accounts.FieldSize(field) == 0)
                 return;
-            WithErrorsSkipped([&] { WriteScratchFile(accounts, field, scratch); });
+            // Not skipped by itself: what lies there could be another child's picture.
+            WriteScratchFile(accounts, field, scratch);
             target.SetPicture(LoadPicture(scratch));
         });
     });

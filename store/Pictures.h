@@ -7,12 +7,12 @@
 #include <functional>
 
 /// Stores a picture file in a field of the row being added or edited, and lets events run between
-/// its pieces. Raises 53 or 75 for a file that cannot be read.
+/// its pieces. Raises 53, 75 or 481 for a file that cannot be read or is too large.
 void StorePicture(Recordset& rows, const QString& field, const QString& path);
 
-/// Shows the picture in a field of each row of the account, the last one's in the end;
-/// `beforePicture` runs on such a row first. `accounts` stands on its first row; raises 3021 if
-/// there is none. All other errors are skipped.
+/// Shows the picture in a field of each row of the account, the last one's in the end; none where
+/// the scratch file cannot be written. `beforePicture` runs on such a row first. `accounts` stands
+/// on its first row; raises 3021 if there is none. All other errors are skipped.
 void ShowPictures(
     Recordset& accounts, const QString& account, const QString& field, PictureTarget& target,
     const std::function<void()>& beforePicture = [] {});

@@ -1,8 +1,9 @@
 #include "support/Region.h"
 
+#include "platform/runtime/FileFaults.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/ProgramFolder.h"
-#include "platform/runtime/RuntimeError.h"
+#include "platform/runtime/WholeFiles.h"
 #include "support/RegionData.h"
 
 #include <QDir>
@@ -19,14 +20,15 @@ QPoint& GrowTo(std::vector<QPoint>& points, qint16 upperBound) {
     return points.back();
 }
 
-/// Opens for reading and writing, which makes a file that is not there, else for reading alone.
+/// Opens for reading; makes a file that is not there, but not at the end of a link.
 void OpenBinary(QFile& file) {
     const QFileInfo info(file);
     if (!info.dir().exists())
-        throw RuntimeError(ErrorNumber::PathNotFound);
-    if ((info.exists() && !info.isFile()) ||
-        (!file.open(QIODevice::ReadWrite) && !file.open(QIODevice::ReadOnly)))
-        throw RuntimeError(ErrorNumber::PathFileAccessError);
+        throw ReadFault(ErrorNumber::PathNotFound, file.fileName());
+    const bool isOpen = info.exists() ? info.isFile() && file.open(QIODevice::ReadOnly)
+                                      : file.open(QIODevice::ReadWrite | QIODevice::NewOnly);
+    if (!isOpen)
+        throw ReadFault(ErrorNumber::PathFileAccessError, file.fileName());
 }
 
 } // namespace
@@ -51,9 +53,7 @@ void Region::SaveRegionDataToFile(const QString& path) {
     if (data.isEmpty())
         return;
     QFile::remove(path);
-    QFile file(path);
-    if (file.open(QIODevice::ReadWrite))
-        file.write(data);
+    WithErrorsSkipped([&] { ReplaceFile(path, data); });
 }
 
 void Region::LoadFromFile(const QString& path, WindowShape& form) {

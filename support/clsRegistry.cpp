@@ -1,7 +1,7 @@
 #include "support/clsRegistry.h"
 
+#include "platform/runtime/FileFaults.h"
 #include "platform/runtime/Numbers.h"
-#include "platform/runtime/RuntimeError.h"
 #include "platform/runtime/WholeFiles.h"
 
 #include <QDir>
@@ -23,7 +23,8 @@ constexpr int StringType = 1;
 constexpr int ByteType = 3;
 constexpr int LongType = 4;
 
-/// A fault inside an operation; its text goes nowhere, the operation puts its own in the place.
+/// A fault inside an operation; its text goes nowhere, the operation puts its own in the place and
+/// keeps the advice.
 RuntimeError Fault() {
     return RuntimeError(ErrorNumber::PathFileAccessError);
 }
@@ -33,8 +34,10 @@ template <class Body>
 auto Operation(int number, const QString& name, Body&& body) {
     try {
         return body();
-    } catch (const RuntimeError&) {
-        throw RuntimeError(number, name, QStringLiteral("clsRegistry"));
+    } catch (const RuntimeError& fault) {
+        RuntimeError own(number, name, QStringLiteral("clsRegistry"));
+        own.SetAdvice(fault.Advice());
+        throw own;
     }
 }
 
@@ -173,8 +176,8 @@ private:
         int number = 1;
         while (QFileInfo::exists(aside + QString::number(number)))
             ++number;
-        if (!QFile::rename(FileName(), aside + QString::number(number)))
-            throw Fault();
+        if (!RenameToFreeName(FileName(), aside + QString::number(number)))
+            throw WriteFault(ErrorNumber::PathFileAccessError, FileName());
     }
 
     bool rootIsHere_;

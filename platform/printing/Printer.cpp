@@ -176,11 +176,13 @@ void PrinterObject::NewPage() {
 }
 
 void PrinterObject::EndDoc() {
-    const std::unique_ptr<Job> job = std::move(job_);
+    std::unique_ptr<Job> job = std::move(job_);
     KillDoc();
     if (!job)
         return;
     job->Send();
+    // The last bytes are written when the device goes.
+    job.reset();
     target_.Sent();
 }
 

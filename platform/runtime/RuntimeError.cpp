@@ -53,6 +53,12 @@ RuntimeError::RuntimeError(ErrorNumber number, const QString& text)
 RuntimeError::RuntimeError(int number, const QString& text, const QString& source)
     : number_(number), text_(text), source_(source), what_(Report().toUtf8()) {}
 
+void RuntimeError::SetAdvice(const QString& advice) {
+    advice_ = advice;
+    what_ = Report().toUtf8();
+}
+
 QString RuntimeError::Report() const {
-    return QStringLiteral("Run-time error '%1':\n\n%2").arg(number_).arg(text_);
+    const QString below = advice_.isEmpty() ? QString() : QStringLiteral("\n\n") + advice_;
+    return QStringLiteral("Run-time error '%1':\n\n%2").arg(number_).arg(text_) + below;
 }

@@ -37,7 +37,11 @@ public:
     const QString& Text() const { return text_; }
     /// The class that raised the error by a number of its own; "" for all others. Shown to nobody.
     const QString& Source() const { return source_; }
-    /// What the user is shown: "Run-time error '6':", an empty line and the text.
+    /// Which file the error is about, and the way out; "" where there is nothing to say.
+    const QString& Advice() const { return advice_; }
+    void SetAdvice(const QString& advice);
+    /// What the user is shown: "Run-time error '6':", an empty line and the text; where there is
+    /// advice, another empty line and the advice.
     QString Report() const;
     const char* what() const noexcept override { return what_.constData(); }
 
@@ -49,6 +53,7 @@ private:
     int number_;
     QString text_;
     QString source_;
+    QString advice_;
     QByteArray what_;
     bool endsRun_ = false;
 };

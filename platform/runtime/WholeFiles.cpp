@@ -1,6 +1,6 @@
 #include "platform/runtime/WholeFiles.h"
 
-#include "platform/runtime/RuntimeError.h"
+#include "platform/runtime/FileFaults.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -9,15 +9,12 @@
 #include <QRandomGenerator>
 #include <filesystem>
 #ifdef Q_OS_UNIX
+#include <cstdio>
 #include <fcntl.h>
 #include <unistd.h>
 #endif
 
 namespace {
-
-RuntimeError AccessError() {
-    return RuntimeError(ErrorNumber::PathFileAccessError);
-}
 
 /// Has the disk keep what has been written to an open file.
 bool Sync(QFile& file) {
@@ -51,7 +48,7 @@ public:
         file_.setFileName(target.filePath() +
                           QStringLiteral(".%1.new").arg(number, 16, 16, QLatin1Char('0')));
         if (!file_.open(QIODevice::WriteOnly | QIODevice::NewOnly))
-            throw AccessError();
+            throw Fault();
     }
     ~Draft() {
         if (!isWhole_)
@@ -60,26 +57,33 @@ public:
     Draft(const Draft&) = delete;
     Draft& operator=(const Draft&) = delete;
 
-    void Write(const QByteArray& content) {
+    void TakeRights() {
         if (target_.exists() && !file_.setPermissions(target_.permissions()))
-            throw AccessError();
-        // The last bytes may be refused as late as when the file is flushed, synced or closed.
-        const bool isWritten =
-            file_.write(content) == content.size() && file_.flush() && Sync(file_);
-        file_.close();
-        if (!isWritten || file_.error() != QFileDevice::NoError)
-            throw AccessError();
+            throw Fault();
     }
 
-    void TakeItsPlace() {
+    void Write(const QByteArray& content, bool isKept) {
+        // The last bytes may be refused as late as when the file is flushed, synced or closed.
+        const bool isWritten =
+            file_.write(content) == content.size() && file_.flush() && (!isKept || Sync(file_));
+        file_.close();
+        if (!isWritten || file_.error() != QFileDevice::NoError)
+            throw Fault();
+    }
+
+    void TakeItsPlace(bool isKept) {
         std::error_code fault;
         std::filesystem::rename(file_.filesystemFileName(), target_.filesystemFilePath(), fault);
         isWhole_ = !fault;
-        if (!isWhole_ || !SyncFolder(target_.path()))
-            throw AccessError();
+        if (!isWhole_ || (isKept && !SyncFolder(target_.path())))
+            throw Fault();
     }
 
 private:
+    RuntimeError Fault() const {
+        return WriteFault(ErrorNumber::PathFileAccessError, target_.filePath());
+    }
+
     QFileInfo target_;
     QFile file_;
     bool isWhole_ = false;
@@ -100,26 +104,28 @@ void RemoveLeftDrafts(const QFileInfo& target) {
 QByteArray ReadWholeFile(const QString& path, qint64 most) {
     const QFileInfo info(path);
     if (!info.dir().exists())
-        throw RuntimeError(ErrorNumber::PathNotFound);
+        throw ReadFault(ErrorNumber::PathNotFound, path);
     if (!info.exists())
-        throw RuntimeError(ErrorNumber::FileNotFound);
+        throw ReadFault(ErrorNumber::FileNotFound, path);
+    if (info.isFile() && info.size() > most)
+        throw TooLargeFault(ErrorNumber::PathFileAccessError, path, most);
     QFile file(path);
-    if (!info.isFile() || info.size() > most || !file.open(QIODevice::ReadOnly))
-        throw AccessError();
+    if (!info.isFile() || !file.open(QIODevice::ReadOnly))
+        throw ReadFault(ErrorNumber::PathFileAccessError, path);
     // One byte more tells that it has grown, and that what seems empty cannot be read.
     const QByteArray content = file.read(info.size() + 1);
     if (file.error() != QFileDevice::NoError || content.size() != info.size())
-        throw AccessError();
+        throw ReadFault(ErrorNumber::PathFileAccessError, path);
     return content;
 }
 
 void RefuseToReplace(const QString& path) {
     const QFileInfo info(path);
     if (!info.dir().exists())
-        throw RuntimeError(ErrorNumber::PathNotFound);
+        throw WriteFault(ErrorNumber::PathNotFound, path);
     // A link could lead anywhere, and a rename would get past the protection of a read-only file.
     if (info.isSymLink() || (info.exists() && (!info.isFile() || !info.isWritable())))
-        throw AccessError();
+        throw WriteFault(ErrorNumber::PathFileAccessError, path);
 }
 
 void ReplaceFile(const QString& path, const QByteArray& content) {
@@ -127,6 +133,31 @@ void ReplaceFile(const QString& path, const QByteArray& content) {
     const QFileInfo target(path);
     RemoveLeftDrafts(target);
     Draft draft(target);
-    draft.Write(content);
-    draft.TakeItsPlace();
+    draft.TakeRights();
+    draft.Write(content, true);
+    draft.TakeItsPlace(true);
+}
+
+void ReplaceScratchFile(const QString& path, const QByteArray& content) {
+    const QFileInfo target(path);
+    RemoveLeftDrafts(target);
+    Draft draft(target);
+    draft.Write(content, false);
+    draft.TakeItsPlace(false);
+}
+
+bool RenameToFreeName(const QString& from, const QString& to) {
+#ifdef Q_OS_LINUX
+    const QByteArray former = QFile::encodeName(from);
+    const QByteArray next = QFile::encodeName(to);
+    if (::renameat2(AT_FDCWD, former.constData(), AT_FDCWD, next.constData(), RENAME_NOREPLACE) ==
+        0)
+        return true;
+    // Not every file system knows how to; these know two names for a file.
+    return errno == EINVAL && ::link(former.constData(), next.constData()) == 0 &&
+           ::unlink(former.constData()) == 0;
+#else
+    const QFileInfo info(to);
+    return !info.exists() && !info.isSymLink() && QFile::rename(from, to);
+#endif
 }

@@ -3,6 +3,10 @@
 #include <QByteArray>
 #include <QString>
 
+/// Files as wholes. All errors say which file they are about, and the way out. The folder that a
+/// file lies in may be a link, as somebody may have moved it to where there is room; the file
+/// itself is never written through one.
+
 /// All bytes of a regular file. Raises 53 if it is not there, 76 if its folder is missing, 75 if it
 /// is a folder, a pipe or a device, is larger than `most` bytes, or the disk refuses any part of
 /// it.
@@ -17,3 +21,11 @@ void RefuseToReplace(const QString& path);
 /// killed; what killed writes have left beside it is removed. Raises what RefuseToReplace does, and
 /// 75 if the disk refuses any part.
 void ReplaceFile(const QString& path, const QByteArray& content);
+
+/// The same for a file that is only of use until the next one: in place of whatever file or link
+/// has the name, and not waiting until the disk has it. Raises 75.
+void ReplaceScratchFile(const QString& path, const QByteArray& content);
+
+/// Gives a file another name in its folder if nothing has that yet, neither file nor link. False if
+/// something has, or the disk refuses.
+bool RenameToFreeName(const QString& from, const QString& to);

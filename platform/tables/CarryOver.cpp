@@ -1,4 +1,6 @@
 #include "platform/runtime/Dates.h"
+#include "platform/runtime/FileFaults.h"
+#include "platform/runtime/WholeFiles.h"
 #include "platform/tables/Catalogue.h"
 #include "platform/tables/TableFile.h"
 
@@ -56,7 +58,8 @@ QString FreeNameBeside(const QString& path) {
                              .arg(Today().toString(Qt::ISODate));
     const QString ending = file.suffix().isEmpty() ? QString() : QLatin1Char('.') + file.suffix();
     QString name = base + ending;
-    for (int number = 2; QFileInfo::exists(name); ++number)
+    const auto isTaken = [&] { return QFileInfo::exists(name) || QFileInfo(name).isSymLink(); };
+    for (int number = 2; isTaken(); ++number)
         name = QStringLiteral("%1 (%2)%3").arg(base).arg(number).arg(ending);
     return name;
 }
@@ -67,6 +70,9 @@ public:
     SafetyCopy(SQLite::Database& database, const QString& path) : name_(FreeNameBeside(path)) {
         const QString unfinished = name_ + QStringLiteral(".part");
         QFile::remove(unfinished);
+        // The engine would follow a link that somebody has laid there.
+        if (!QFile(unfinished).open(QIODevice::WriteOnly | QIODevice::NewOnly))
+            throw CannotMake(unfinished);
         try {
             const std::unique_ptr<SQLite::Database> copy =
                 Connect(unfinished, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
@@ -80,10 +86,9 @@ public:
             throw;
         }
         QFile::setPermissions(unfinished, QFile::permissions(path));
-        if (!QFile::rename(unfinished, name_)) {
+        if (!RenameToFreeName(unfinished, name_)) {
             QFile::remove(unfinished);
-            throw RuntimeError(ErrorNumber::EngineFault,
-                               QStringLiteral("Cannot make the copy '%1'.").arg(name_));
+            throw CannotMake(name_);
         }
     }
     ~SafetyCopy() {
@@ -97,6 +102,13 @@ public:
     void Keep() { isKept_ = true; }
 
 private:
+    static RuntimeError CannotMake(const QString& name) {
+        RuntimeError error(ErrorNumber::EngineFault,
+                           QStringLiteral("Cannot make the copy '%1'.").arg(name));
+        error.SetAdvice(WhyNotWritten(name));
+        return error;
+    }
+
     QString name_;
     bool isKept_ = false;
 };

@@ -1,5 +1,7 @@
 #include "platform/tables/TableEngine.h"
 
+#include "platform/runtime/FileFaults.h"
+
 #include <QFileInfo>
 #include <sqlite3.h>
 #include <utility>
@@ -18,9 +20,13 @@ std::shared_ptr<TableEngine> TableEngine::Open(const QString& path, const CarryO
 }
 
 std::shared_ptr<TableEngine> TableEngine::Make(const QString& path, const QString& locale) {
-    if (QFileInfo::exists(path))
-        throw RuntimeError(ErrorNumber::EngineFault,
+    if (QFileInfo::exists(path)) {
+        RuntimeError error(ErrorNumber::EngineFault,
                            QStringLiteral("There is a file '%1' already.").arg(path));
+        if (!QFileInfo(path).isFile())
+            error.SetAdvice(WhyNotRead(path));
+        throw error;
+    }
     std::shared_ptr<TableEngine> engine(
         new TableEngine(Connect(path, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)));
     engine->Guard([&] {
@@ -144,7 +150,7 @@ bool TableEngine::IsRolledBack() const {
 }
 
 RuntimeError TableEngine::AfterFault(const SQLite::Exception& fault) {
-    const RuntimeError error(ErrorNumber::EngineFault, WordsOf(fault));
+    const RuntimeError error = EngineError(fault, *link_->database);
     const bool wasWriting = std::exchange(inTransaction_, false);
     NoteFault(error, wasWriting ? FaultAt::Writing : FaultAt::Reading);
     if (wasWriting && !IsRolledBack())

@@ -1,5 +1,7 @@
 #include "platform/tables/TableFile.h"
 
+#include "platform/runtime/FileFaults.h"
+
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <algorithm>
@@ -47,8 +49,7 @@ void RefuseCutOff(Statements& statements) {
                            QString::fromUtf8(sqlite3_errstr(SQLITE_CORRUPT)));
 }
 
-} // namespace
-
+/// The engine's own words, and what stands behind them where another copy holds a lock.
 QString WordsOf(const SQLite::Exception& fault) {
     const QString words = QString::fromUtf8(fault.what());
     if (fault.getErrorCode() != SQLITE_BUSY)
@@ -59,9 +60,30 @@ QString WordsOf(const SQLite::Exception& fault) {
         .arg(QCoreApplication::applicationName(), words);
 }
 
+} // namespace
+
 RuntimeError UnknownFieldType(const QString& field) {
     return {ErrorNumber::EngineFault,
             QStringLiteral("The field '%1' is of an unknown type.").arg(field)};
+}
+
+RuntimeError EngineError(const SQLite::Exception& fault, const SQLite::Database& database) {
+    RuntimeError error(ErrorNumber::EngineFault, WordsOf(fault));
+    const QString path = QString::fromStdString(database.getFilename());
+    constexpr int mainCode = 0xff;
+    switch (fault.getErrorCode() & mainCode) {
+    case SQLITE_PERM:
+    case SQLITE_READONLY:
+    case SQLITE_IOERR:
+    case SQLITE_FULL:
+    case SQLITE_CANTOPEN:
+        // A file that was moved away goes on being read.
+        error.SetAdvice(QFileInfo::exists(path) ? WhyNotWritten(path) : WhyNotRead(path));
+        break;
+    default:
+        break;
+    }
+    return error;
 }
 
 std::unique_ptr<SQLite::Database> Connect(const QString& path, int flags) {
@@ -74,9 +96,11 @@ std::unique_ptr<SQLite::Database> Connect(const QString& path, int flags) {
         // One thread uses the connection: it needs no locks against others.
         return std::make_unique<SQLite::Database>(file.constData(), flags | SQLite::OPEN_NOMUTEX);
     } catch (const SQLite::Exception& fault) {
-        throw RuntimeError(
+        RuntimeError error(
             ErrorNumber::EngineFault,
             QStringLiteral("%1: %2").arg(QString::fromUtf8(fault.what()), QString::fromUtf8(file)));
+        error.SetAdvice(QFileInfo::exists(path) ? WhyNotRead(path) : WhyNotWritten(path));
+        throw error;
     }
 }
 

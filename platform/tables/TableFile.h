@@ -14,6 +14,10 @@ inline constexpr int FormerFormatVersion = 1;
 /// Tells our files from those of other programs: "Duty".
 inline constexpr int ApplicationId = 0x44757479;
 
+/// The fault of an operation on a database as a run-time error with the engine's words; where it
+/// has to do with the disk, with advice on the file.
+RuntimeError EngineError(const SQLite::Exception& fault, const SQLite::Database& database);
+
 /// Connects to a file; `flags` are those of SQLite::Database. Raises 3000.
 std::unique_ptr<SQLite::Database> Connect(const QString& path, int flags);
 
@@ -34,8 +38,5 @@ using CarryOverWatch = std::function<void(int done, int all)>;
 /// Carries a file of the former format over. A copy of the file is put beside it first; a failure
 /// or a kill at any moment leaves the file as it was or carried over, never between. Raises 3000.
 void CarryOver(SQLite::Database& database, const QString& path, const CarryOverWatch& watch);
-
-/// What the user reads of a fault: the engine's words, and the way out where there is one.
-QString WordsOf(const SQLite::Exception& fault);
 
 RuntimeError UnknownFieldType(const QString& field);

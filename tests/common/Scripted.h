@@ -20,7 +20,8 @@ public:
     void Expect(const QString& text, PromptAnswer answer = PromptAnswer::Ok,
                 std::function<void()> during = {});
 
-    /// The next box reports a run-time error, with its standard text if it has none of its own.
+    /// The next box reports a run-time error, with its standard text if it has none of its own, and
+    /// with any advice.
     void ExpectError(ErrorNumber number, const QString& text = {});
     /// The next box reports that the database has no table of that name.
     void ExpectMissingTable(const QString& table);
@@ -40,6 +41,8 @@ private:
         QString text;
         PromptAnswer answer;
         std::function<void()> during;
+        /// Whether the box may say more below: which file it is about, and the way out.
+        bool mayAdvise = false;
     };
     QList<Expected> expected_;
     QList<Prompt> shown_;

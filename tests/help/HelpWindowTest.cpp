@@ -8,6 +8,7 @@
 #include <QScrollBar>
 #include <QTest>
 #include <algorithm>
+#include <sys/stat.h>
 
 QByteArray HelpWindowTest::SmallBook() {
     QByteArray book = "<html><head><style>h1 { color: #0b5f5c; }</style></head><body>"
@@ -223,6 +224,19 @@ TEST_F(HelpWindowTest, AMissingFileIsSaidInTheWindow) {
     EXPECT_EQ(Contents().topLevelItemCount(), 1);
     SearchFor("pear");
     EXPECT_EQ(FoundPages(), QStringList());
+}
+
+TEST_F(HelpWindowTest, NoPipeIsWaitedForInPlaceOfTheFileOrAPicture) {
+    const QString picture = Path(QStringLiteral("HelpFile/pipe.png"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(picture).constData(), 0600), 0);
+    Write("<html><body><h1 id=\"a\">Page</h1><p><img src=\"pipe.png\">text</p></body></html>");
+    Open();
+    EXPECT_TRUE(Page().toPlainText().contains(QStringLiteral("text")));
+    window.close();
+    ASSERT_TRUE(QFile::remove(bookFile));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(bookFile).constData(), 0600), 0);
+    Open();
+    EXPECT_TRUE(Page().toPlainText().contains(QStringLiteral("The help file cannot be found.")));
 }
 
 TEST_F(HelpWindowTest, EmptyAndDamagedFilesAreSaidInTheWindow) {

@@ -9,6 +9,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
+#include <sys/stat.h>
 
 namespace {
 
@@ -97,6 +98,31 @@ TEST_F(BackgroundOptionsTest, PictureIsPreviewedSetAndStored) {
     EXPECT_EQ(BackgroundColor, 0);
     EXPECT_EQ(SettingsLines().value(1), picture);
     EXPECT_EQ(SettingsLines().value(2), QStringLiteral(" 0 "));
+}
+
+TEST_F(BackgroundOptionsTest, APictureThatNotAllUsersMayOpenIsWarnedOfAndTaken) {
+    const auto setMode = [](const QString& path, mode_t mode) {
+        ASSERT_EQ(::chmod(QFile::encodeName(path).constData(), mode), 0);
+    };
+    const QString warning = QStringLiteral("Not everyone who uses Sparkit Dutygrid on this "
+                                           "computer may open this picture, and for them "
+                                           "the program could not start with it. Choose a picture "
+                                           "that all may open, such as one of the "
+                                           "folder UsersPictures.");
+    setMode(Path(QString()), 0755);
+    setMode(Path(QStringLiteral("Settings")), 0777);
+    setMode(Path(QStringLiteral("Settings/Settings.txt")), 0666);
+    Open();
+    Browse(std::nullopt);
+    const QString picture = PictureFile();
+    setMode(picture, 0644);
+    Browse(picture);
+    setMode(picture, 0600);
+    Boxes.Expect(warning);
+    Browse(picture);
+    EXPECT_EQ(Boxes.Last().Icon, PromptIcon::Exclamation);
+    PressOk();
+    EXPECT_EQ(BackgroundPicture, picture);
 }
 
 TEST_F(BackgroundOptionsTest, PictureThenColorGivesBothAndTheVariableFollowsAtTheNextRead) {

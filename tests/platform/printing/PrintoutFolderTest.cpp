@@ -1,12 +1,15 @@
 #include "platform/printing/PrintoutFolder.h"
+#include "tests/common/FullDisk.h"
+#include "tests/common/OrdinaryUser.h"
 #include "tests/common/PrintedPages.h"
 #include "tests/common/RuntimeTest.h"
 
-#include <QCoreApplication>
 #include <QDateTime>
 #include <QPageSize>
+#include <QProcess>
 #include <QRegularExpression>
 #include <cstdlib>
+#include <sys/stat.h>
 #include <utility>
 
 namespace {
@@ -22,11 +25,20 @@ protected:
     static QStringList Files() {
         return QDir(PrintoutsPath()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
     }
-    /// Where a job of this process is painted before it gets its name.
-    static QString Draft() {
-        return QStringLiteral("%1/unfinished-%2.tmp")
-            .arg(PrintoutsPath())
-            .arg(QCoreApplication::applicationPid());
+    static mode_t ModeOf(const QString& path) {
+        struct stat status = {};
+        EXPECT_EQ(::lstat(QFile::encodeName(path).constData(), &status), 0);
+        return status.st_mode & 0777;
+    }
+    /// Takes the names that a job of now and of the seconds to come would have.
+    template <class Make>
+    static void TakeNames(Make&& make) {
+        QDir().mkpath(PrintoutsPath());
+        const QDateTime now = QDateTime::currentDateTime();
+        for (int second = 0; second < 60; ++second)
+            make(QStringLiteral("%1/2001-03-07 %2.pdf")
+                     .arg(PrintoutsPath(),
+                          now.addSecs(second).toString(QStringLiteral("HH-mm-ss"))));
     }
 
     PrintoutFolder target_;
@@ -61,12 +73,7 @@ TEST_F(PrintoutFolderTest, JobsOfOneMomentNeverWriteOverEachOther) {
 }
 
 TEST_F(PrintoutFolderTest, JobOfATakenMomentGetsANumberBehind) {
-    const QDateTime now = QDateTime::currentDateTime();
-    for (int second = 0; second < 60; ++second)
-        WriteFile(
-            QStringLiteral("%1/2001-03-07 %2.pdf")
-                .arg(PrintoutsPath(), now.addSecs(second).toString(QStringLiteral("HH-mm-ss"))),
-            "taken");
+    TakeNames([](const QString& path) { WriteFile(path, "taken"); });
     PrintJob(QStringLiteral("chart"));
     ASSERT_EQ(DesktopCalls.Opened.size(), 1);
     const QRegularExpression pattern(
@@ -109,23 +116,93 @@ TEST_F(PrintoutFolderTest, FolderThatCannotBeMadeRaises482) {
     EXPECT_TRUE(DesktopCalls.Opened.isEmpty());
 }
 
-TEST_F(PrintoutFolderTest, FileThatCannotBeOpenedRaises482AndTheNextJobIsPrinted) {
-    ASSERT_TRUE(QDir().mkpath(Draft()));
-    EXPECT_ERROR(482, PrintJob(QStringLiteral("lost")));
+TEST_F(PrintoutFolderTest, FolderThatMayNotBeWrittenRaises482AndTheNextJobIsPrinted) {
+    WriteFile(Path(QStringLiteral("Printouts/kept")), "kept");
+    for (const QString& folder : {Path(QString()), PrintoutsPath()})
+        ASSERT_EQ(::chmod(QFile::encodeName(folder).constData(), 0555), 0);
+    {
+        const OrdinaryUser user;
+        EXPECT_ERROR(482, PrintJob(QStringLiteral("lost")));
+    }
     EXPECT_TRUE(DesktopCalls.Opened.isEmpty());
-    ASSERT_TRUE(QDir().rmdir(Draft()));
+    EXPECT_EQ(Files(), QStringList(QStringLiteral("kept")));
+    for (const QString& folder : {Path(QString()), PrintoutsPath()})
+        ASSERT_EQ(::chmod(QFile::encodeName(folder).constData(), 0755), 0);
+    PrintJob(QStringLiteral("next"));
+    EXPECT_EQ(Files().size(), 2);
+}
+
+TEST_F(PrintoutFolderTest, FullDiskRaises482AndLeavesNoHalfFile) {
+    for (const qint64 room : {0, 1, 500}) {
+        const FullDisk disk(room);
+        EXPECT_ERROR(482, PrintJob(QStringLiteral("lost"))) << room;
+        EXPECT_EQ(Files(), QStringList()) << room;
+    }
+    EXPECT_TRUE(DesktopCalls.Opened.isEmpty());
     PrintJob(QStringLiteral("next"));
     EXPECT_EQ(Files().size(), 1);
 }
 
-TEST_F(PrintoutFolderTest, FullDiskRaises482AndLeavesNoHalfFile) {
-    ASSERT_TRUE(QDir().mkpath(PrintoutsPath()));
-    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/full"), Draft()));
-    EXPECT_ERROR(482, PrintJob(QStringLiteral("lost")));
-    EXPECT_TRUE(Files().isEmpty());
-    EXPECT_TRUE(DesktopCalls.Opened.isEmpty());
+TEST_F(PrintoutFolderTest, OnlyTheOwnerMayReadAPrintout) {
+    const mode_t former = ::umask(0);
+    PrintJob(QStringLiteral("passwords"));
+    // As the package sets it up: what is made there is the group's, whatever the umask is.
+    const QByteArray folder = QFile::encodeName(PrintoutsPath());
+    QProcess lists;
+    lists.start(QStringLiteral("setfacl"),
+                {QStringLiteral("-d"), QStringLiteral("-m"), QStringLiteral("u::rwx,g::rwx,o::rwx"),
+                 QString::fromLocal8Bit(folder)});
+    ASSERT_TRUE(lists.waitForFinished() && lists.exitCode() == 0)
+        << lists.readAllStandardError().toStdString();
+    PrintJob(QStringLiteral("passwords"));
+    // While it is painted as well.
+    printer_.Print(QStringLiteral("passwords"));
+    ::umask(former);
+    ASSERT_EQ(Files().size(), 3);
+    for (const QString& file : Files())
+        EXPECT_EQ(ModeOf(PrintoutsPath() + QLatin1Char('/') + file), 0600U) << file.toStdString();
+}
+
+TEST_F(PrintoutFolderTest, NoPrintoutIsWrittenThroughALink) {
+    const QString target = Path(QStringLiteral("elsewhere/file"));
+    WriteFile(target, "precious");
+    const QString nothing = Path(QStringLiteral("elsewhere/nothing"));
+    for (const QString& to : {target, nothing, Path(QStringLiteral("elsewhere"))}) {
+        QDir(PrintoutsPath()).removeRecursively();
+        TakeNames([&](const QString& path) { ASSERT_TRUE(QFile::link(to, path)); });
+        DesktopCalls.Opened.clear();
+        PrintJob(QStringLiteral("chart"));
+        ASSERT_EQ(DesktopCalls.Opened.size(), 1);
+        EXPECT_TRUE(DesktopCalls.Opened.first().endsWith(QLatin1String(" (2).pdf 0")))
+            << DesktopCalls.Opened.first().toStdString();
+        EXPECT_EQ(QDir(Path(QStringLiteral("elsewhere"))).entryList(QDir::Files | QDir::System),
+                  QStringList(QStringLiteral("file")));
+        EXPECT_EQ(ReadFile(target), "precious");
+        // The links, and one file.
+        EXPECT_EQ(QDir(PrintoutsPath())
+                      .entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
+                      .size(),
+                  61);
+    }
+}
+
+TEST_F(PrintoutFolderTest, WhatAKilledJobHasLeftIsRemovedAndNothingElse) {
+    const QString left = Path(QStringLiteral("Printouts/unfinished-4711.tmp"));
+    const QString ofNow = Path(QStringLiteral("Printouts/unfinished-0123456789abcdef.tmp"));
+    const QString another = Path(QStringLiteral("Printouts/finished.tmp"));
+    for (const QString& path : {left, ofNow, another})
+        WriteFile(path, "half");
+    for (const QString& path : {left, another}) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTime().addSecs(-2 * 3600),
+                                     QFileDevice::FileModificationTime));
+    }
     PrintJob(QStringLiteral("next"));
-    EXPECT_EQ(Files().size(), 1);
+    EXPECT_FALSE(QFile::exists(left));
+    EXPECT_TRUE(QFile::exists(ofNow)) << "another copy of the program may be writing it";
+    EXPECT_TRUE(QFile::exists(another));
+    EXPECT_EQ(Files().size(), 3);
 }
 
 } // namespace

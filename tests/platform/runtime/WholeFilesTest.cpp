@@ -113,4 +113,38 @@ TEST_F(WholeFilesTest, LinksAndProtectedFilesAreRefused) {
     EXPECT_ERROR(75, ReplaceFile(QFileInfo(File()).path(), "new"));
 }
 
+TEST_F(WholeFilesTest, AFileGetsAFreeNameAndNoOther) {
+    const QString taken = Path(QStringLiteral("folder/taken"));
+    const QString link = Path(QStringLiteral("folder/link"));
+    const QString free = Path(QStringLiteral("folder/free"));
+    WriteFile(File(), "a");
+    WriteFile(taken, "b");
+    ASSERT_TRUE(QFile::link(Path(QStringLiteral("nothing")), link));
+    EXPECT_FALSE(RenameToFreeName(File(), taken));
+    EXPECT_FALSE(RenameToFreeName(File(), link));
+    EXPECT_FALSE(RenameToFreeName(File(), QFileInfo(File()).path()));
+    EXPECT_EQ(ReadFile(File()), "a");
+    EXPECT_EQ(ReadFile(taken), "b");
+    EXPECT_FALSE(QFile::exists(Path(QStringLiteral("nothing"))));
+    EXPECT_TRUE(RenameToFreeName(File(), free));
+    EXPECT_EQ(ReadFile(free), "a");
+    EXPECT_FALSE(QFile::exists(File()));
+}
+
+TEST_F(WholeFilesTest, AScratchFileTakesThePlaceOfAFileOrALink) {
+    const QString target = Path(QStringLiteral("target"));
+    WriteFile(target, "target");
+    WriteFile(File(), "former");
+    ReplaceScratchFile(File(), "new");
+    EXPECT_EQ(ReadFile(File()), "new");
+    ASSERT_TRUE(QFile::remove(File()));
+    ASSERT_TRUE(QFile::link(target, File()));
+    ReplaceScratchFile(File(), "new");
+    EXPECT_FALSE(QFileInfo(File()).isSymLink());
+    EXPECT_EQ(ReadFile(File()), "new");
+    EXPECT_EQ(ReadFile(target), "target");
+    EXPECT_ERROR(75, ReplaceScratchFile(Path(QStringLiteral("folder")), "new"));
+    EXPECT_EQ(FilesBeside(), FileAlone);
+}
+
 } // namespace
