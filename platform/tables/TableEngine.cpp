@@ -10,7 +10,7 @@ std::shared_ptr<TableEngine> TableEngine::Open(const QString& path, const CarryO
         SQLite::Database& database = *engine->link_->database;
         RefuseByHeader(database, path);
         Configure(database);
-        if (FormatOf(engine->Sql()) == FormerFormatVersion)
+        if (const int format = FormatOf(engine->Sql()); format > 0 && format < FormatVersion)
             CarryOver(database, path, watch);
         engine->NoticeOthers();
     });
@@ -90,10 +90,13 @@ void TableEngine::CopyRows(const QString& from, const QString& to, const QString
                           " FROM " + source->Shape->Rows +
                           " WHERE Key BETWEEN ?2 AND ?3 ORDER BY Key");
     // The first number of the source goes to the next one of the target.
-    copy.Bind(1, link_->catalogue.NextKey(*target) - source->FirstKey() - 1);
+    const qint64 next = link_->catalogue.NextKey(*target);
+    copy.Bind(1, next - source->FirstKey() - 1);
     copy.Bind(2, source->FirstKey());
     copy.Bind(3, source->LastKey());
     copy.Run();
+    link_->catalogue.Sums().ChangeRows(target->Id,
+                                       SumOfRows(Sql(), target->ShapeId, next, target->LastKey()));
     ++target->Changes;
     target->IsNextKeySure = false;
 }
@@ -134,6 +137,7 @@ void TableEngine::Commit() {
     if (!inTransaction_)
         return;
     try {
+        link_->catalogue.Sums().Write();
         Execute("COMMIT");
     } catch (const SQLite::Exception&) {
         if (!IsRolledBack())
