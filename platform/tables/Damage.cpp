@@ -20,8 +20,7 @@ struct Entry {
 };
 
 /// Whether a value can have been stored in a field.
-bool IsReadable(const FieldDefinition& field, const SQLite::Column& value) {
-    const int type = value.getType();
+bool IsReadable(const FieldDefinition& field, int type, const SQLite::Column& value) {
     if (type == SQLITE_NULL)
         return true;
     switch (field.Type) {
@@ -163,12 +162,14 @@ private:
         Sum sum = 0;
         bool isReadable = true;
         while (rows.Step()) {
+            const qint64 key = rows.Number(0);
+            sum += SumOfRow(key);
             int column = 0;
             for (const FieldDefinition& field : table->Shape->Fields) {
-                ++column;
-                const SQLite::Column value = rows.Column(column);
-                isReadable = isReadable && IsReadable(field, value);
-                sum += SumOf(rows.Number(0), column - 1, value);
+                const SQLite::Column value = rows.Column(++column);
+                const int type = value.getType();
+                isReadable = isReadable && IsReadable(field, type, value);
+                sum += SumOf(key, column - 1, type, value);
             }
         }
         if (!isReadable)

@@ -60,7 +60,7 @@ private:
     void CountOwnWrite() { stamp_ += stamp_ == table_->Changes++; }
     void InsertRow();
     bool HoldsPendingCells() const;
-    Cell StoredCell(int position);
+    Sum SumOfStored(int position);
     std::string BytesOf(int position);
     void UpdateRow();
 
@@ -269,7 +269,7 @@ void Recordset::Cursor::InsertRow() {
     const qint64 key = engine_->LastSeen().NextKey(*table_);
     Query query(engine_->Sql(), table_->Shape->InsertSql);
     query.Bind(1, key);
-    Sum change = 0;
+    Sum change = SumOfRow(key);
     for (int position = 0; position < FieldCount(); ++position) {
         std::optional<Cell>& cell = pendingCells_[static_cast<std::size_t>(position)];
         if (!cell)
@@ -329,8 +329,7 @@ void Recordset::Cursor::UpdateRow() {
     for (const int position : positions) {
         const Cell& cell = *pendingCells_[std::size_t(position)];
         query.Bind(parameter++, Field(position), cell);
-        change += SumOf(row_, position, Field(position), cell) -
-                  SumOf(row_, position, Field(position), StoredCell(position));
+        change += SumOf(row_, position, Field(position), cell) - SumOfStored(position);
     }
     query.Bind(parameter, row_);
     query.Run();
@@ -352,11 +351,14 @@ std::string Recordset::Cursor::BytesOf(int position) {
     return query.Step() ? std::string(query.Bytes(0)) : std::string();
 }
 
-/// What the file holds in the current row; of a long binary field its bytes.
-Cell Recordset::Cursor::StoredCell(int position) {
+/// What a field of the current row adds to its table's sum, as the file has it.
+Sum Recordset::Cursor::SumOfStored(int position) {
+    const FieldDefinition& field = Field(position);
     const Cell& cell = rows_[index_].Cells[static_cast<std::size_t>(position)];
-    const bool isLength = std::holds_alternative<qint64>(cell);
-    return isLength && Field(position).Type == FieldType::LongBinary ? BytesOf(position) : cell;
+    const bool isLength =
+        field.Type == FieldType::LongBinary && std::holds_alternative<qint64>(cell);
+    return isLength ? SumOf(row_, position, field, Cell(BytesOf(position)))
+                    : SumOf(row_, position, field, cell);
 }
 
 void Recordset::Cursor::Delete() {
@@ -364,15 +366,15 @@ void Recordset::Cursor::Delete() {
     LeaveRow();
     engine_->BeginWrite();
     CurrentRow();
-    Sum change = 0;
+    Sum gone = SumOfRow(row_);
     for (int position = 0; position < FieldCount(); ++position)
-        change -= SumOf(row_, position, Field(position), StoredCell(position));
+        gone += SumOfStored(position);
     Query query(engine_->Sql(), "DELETE FROM " + table_->Shape->Rows + " WHERE Key = ?1");
     query.Bind(1, row_);
     // Asked before the row has gone, for it may be the last.
     engine_->LastSeen().NextKey(*table_);
     query.Run();
-    engine_->LastSeen().Sums().ChangeRows(table_->Id, change);
+    engine_->LastSeen().Sums().ChangeRows(table_->Id, -gone);
     engine_->LastSeen().RetireKey(*table_, row_);
     rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(index_));
     place_ = Place::OnDeletedRow;

@@ -14,6 +14,9 @@
 
 namespace {
 
+/// The place of a row itself.
+constexpr int RowPlace = -1;
+
 /// The places of the file's own records, by which their cells are told apart.
 constexpr int EntryPlace = 100;
 constexpr int ShapePlace = 200;
@@ -21,7 +24,7 @@ constexpr int InformationPlace = 300;
 constexpr int LastIdentityPlace = 400;
 
 /// What stands in a hash for the type of a value. These are part of the file's format.
-enum class ValueType : quint32 { Null, Number, Fraction, Text, Bytes };
+enum class ValueType : quint32 { Row, Number, Fraction, Text, Bytes };
 
 /// Numbers enter the hash byte by byte, the lowest first, whatever the machine.
 template <std::size_t Count>
@@ -58,7 +61,7 @@ Sum HashOf(qint64 key, int place, double number) {
 
 /// Of a record whose first column numbers it: its other columns.
 Sum SumOfRecord(const Query& record, int place) {
-    Sum sum = 0;
+    Sum sum = HashOf(record.Number(0), place, ValueType::Row, {});
     for (int column = 1; column < record.ColumnCount(); ++column)
         sum += SumOf(record.Number(0), place + column, record.Column(column));
     return sum;
@@ -96,6 +99,10 @@ void KeepSumOfRows(Statements& statements, qint64 table, Sum sum) {
 
 } // namespace
 
+Sum SumOfRow(qint64 key) {
+    return HashOf(key, RowPlace, ValueType::Row, {});
+}
+
 Sum SumOf(qint64 key, int place, const FieldDefinition& field, const Cell& cell) {
     if (const std::string* bytes = std::get_if<std::string>(&cell))
         return HashOf(key, place,
@@ -105,20 +112,20 @@ Sum SumOf(qint64 key, int place, const FieldDefinition& field, const Cell& cell)
         return HashOf(key, place, *number);
     if (const double* number = std::get_if<double>(&cell))
         return HashOf(key, place, *number);
-    return HashOf(key, place, ValueType::Null, {});
+    return 0;
 }
 
-Sum SumOf(qint64 key, int place, const SQLite::Column& value) {
-    switch (value.getType()) {
+Sum SumOf(qint64 key, int place, int type, const SQLite::Column& value) {
+    switch (type) {
     case SQLITE_INTEGER:
         return HashOf(key, place, qint64{value.getInt64()});
     case SQLITE_FLOAT:
         return HashOf(key, place, value.getDouble());
     case SQLITE_NULL:
-        return HashOf(key, place, ValueType::Null, {});
+        return 0;
     default: {
         const auto size = static_cast<std::size_t>(value.getBytes());
-        return HashOf(key, place, value.isBlob() ? ValueType::Bytes : ValueType::Text,
+        return HashOf(key, place, type == SQLITE_BLOB ? ValueType::Bytes : ValueType::Text,
                       {static_cast<const char*>(value.getBlob()), size});
     }
     }
@@ -130,9 +137,12 @@ Sum SumOfRows(Statements& statements, qint64 shape, qint64 first, qint64 last) {
     rows.Bind(1, first);
     rows.Bind(2, last);
     Sum sum = 0;
-    while (rows.Step())
+    while (rows.Step()) {
+        const qint64 key = rows.Number(0);
+        sum += SumOfRow(key);
         for (int column = 1; column < rows.ColumnCount(); ++column)
-            sum += SumOf(rows.Number(0), column - 1, rows.Column(column));
+            sum += SumOf(key, column - 1, rows.Column(column));
+    }
     return sum;
 }
 
@@ -171,7 +181,8 @@ void SumChanges::PutEntryOn(qint64 table) {
 }
 
 void SumChanges::PutShapeOn(qint64 shape, const std::string& fields) {
-    file_ += HashOf(shape, ShapePlace + 1, ValueType::Text, fields);
+    file_ += HashOf(shape, ShapePlace, ValueType::Row, {}) +
+             HashOf(shape, ShapePlace + 1, ValueType::Text, fields);
 }
 
 void SumChanges::CountIdentity(qint64 table) {
@@ -179,21 +190,23 @@ void SumChanges::CountIdentity(qint64 table) {
     file_ += HashOf(0, LastIdentityPlace, table) - HashOf(0, LastIdentityPlace, table - 1);
 }
 
+Sum SumChanges::KeptSumOfRows(qint64 table) const {
+    const auto change = rows_.find(table);
+    const Sum changed = change == rows_.end() ? 0 : change->second;
+    Query kept(statements_, "SELECT Sum FROM Catalogue WHERE Id = ?1");
+    kept.Bind(1, table);
+    return kept.Step() ? changed + static_cast<Sum>(kept.Number(0)) : changed;
+}
+
 void SumChanges::Write() {
-    for (const auto& [table, change] : std::exchange(rows_, {})) {
+    for (const auto& [table, change] : rows_) {
         if (change == 0)
             continue;
         TakeEntryOff(table);
-        Sum sum = change;
-        {
-            Query kept(statements_, "SELECT Sum FROM Catalogue WHERE Id = ?1");
-            kept.Bind(1, table);
-            if (kept.Step())
-                sum += static_cast<Sum>(kept.Number(0));
-        }
-        KeepSumOfRows(statements_, table, sum);
+        KeepSumOfRows(statements_, table, KeptSumOfRows(table));
         PutEntryOn(table);
     }
+    rows_.clear();
     if (const Sum change = std::exchange(file_, 0); change != 0)
         KeepSumOfFile(statements_,
                       std::strtoull(KeptSumOfFile(statements_).c_str(), nullptr, 10) + change);

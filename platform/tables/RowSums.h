@@ -10,11 +10,16 @@
 /// and puts on, and nothing has to be read again.
 using Sum = quint64;
 
-/// What a cell adds: its value with its type, at its field's place in the row of that key. Tables
-/// that hold the same rows under the same numbers have the same sum.
+/// What a row adds by being there, and what each of its cells adds: its value with its type, at its
+/// field's place in the row of that key; nothing if it is Null. Tables that hold the same rows
+/// under the same numbers have the same sum.
+Sum SumOfRow(qint64 key);
 Sum SumOf(qint64 key, int place, const FieldDefinition& field, const Cell& cell);
-/// The same of a column of a statement's current row, with the type that the file has.
-Sum SumOf(qint64 key, int place, const SQLite::Column& value);
+/// The same of a column of a statement's current row, with the type that it has in the file.
+Sum SumOf(qint64 key, int place, int type, const SQLite::Column& value);
+inline Sum SumOf(qint64 key, int place, const SQLite::Column& value) {
+    return SumOf(key, place, value.getType(), value);
+}
 
 /// Of the rows with keys from `first` to `last` in the engine's table of a shape.
 Sum SumOfRows(Statements& statements, qint64 shape, qint64 first, qint64 last);
@@ -35,6 +40,8 @@ public:
 
     /// Rows of a table have changed.
     void ChangeRows(qint64 table, Sum change) { rows_[table] += change; }
+    /// The sum of a table's rows as they are now, according to the file and what has changed.
+    Sum KeptSumOfRows(qint64 table) const;
     /// The entry of a table has gone; its rows have no sum any more.
     void ForgetRows(qint64 table) { rows_.erase(table); }
 

@@ -79,12 +79,15 @@ void TableEngine::CopyRows(const QString& from, const QString& to, const QString
     const std::shared_ptr<Table> target = link_->catalogue.Open(to);
     std::string names = "Key";
     std::string values = "Key + ?1";
+    std::vector<int> leftOut;
     for (const FieldDefinition& field : target->Shape->Fields) {
         const std::string quoted = Quoted(field.Name);
         const bool isCopied = fields.contains(field.Name, Qt::CaseInsensitive);
         const bool isFalse = std::holds_alternative<qint64>(InitialCell(field));
         names += ", " + quoted;
         values += isCopied ? ", " + quoted : isFalse ? ", 0" : ", NULL";
+        if (!isCopied)
+            leftOut.push_back(static_cast<int>(&field - target->Shape->Fields.data()));
     }
     Query copy(Sql(), "INSERT INTO " + target->Shape->Rows + '(' + names + ") SELECT " + values +
                           " FROM " + source->Shape->Rows +
@@ -95,10 +98,29 @@ void TableEngine::CopyRows(const QString& from, const QString& to, const QString
     copy.Bind(2, source->FirstKey());
     copy.Bind(3, source->LastKey());
     copy.Run();
-    link_->catalogue.Sums().ChangeRows(target->Id,
-                                       SumOfRows(Sql(), target->ShapeId, next, target->LastKey()));
+    link_->catalogue.Sums().ChangeRows(target->Id, SumOfCopied(*source, *target, next, leftOut));
     ++target->Changes;
     target->IsNextKeySure = false;
+}
+
+/// What rows that have been copied to a table, from the key `next` on, add to its sum.
+Sum TableEngine::SumOfCopied(const Table& source, const Table& target, qint64 next,
+                             const std::vector<int>& leftOut) {
+    if (source.ShapeId != target.ShapeId || next != target.FirstKey() + 1)
+        return SumOfRows(Sql(), target.ShapeId, next, target.LastKey());
+    // The same rows under the same numbers: only what was left out makes a difference.
+    Sum sum = link_->catalogue.Sums().KeptSumOfRows(source.Id);
+    for (const int place : leftOut) {
+        const FieldDefinition& field = target.Shape->Fields[static_cast<std::size_t>(place)];
+        Query cells(Sql(), "SELECT Key, " + Quoted(field.Name) + " FROM " + source.Shape->Rows +
+                               " WHERE Key BETWEEN ?1 AND ?2");
+        cells.Bind(1, source.FirstKey());
+        cells.Bind(2, source.LastKey());
+        while (cells.Step())
+            sum += SumOf(cells.Number(0), place, field, InitialCell(field)) -
+                   SumOf(cells.Number(0), place, cells.Column(1));
+    }
+    return sum;
 }
 
 void TableEngine::BeginWrite() {

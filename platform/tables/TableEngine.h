@@ -11,7 +11,7 @@
 /// them into run-time errors where an operation of the store or of a cursor ends.
 class TableEngine {
 public:
-    /// Opens an existing file; one of the former format is carried over, and `watch` is told of
+    /// Opens an existing file; one of a former format is carried over, and `watch` is told of
     /// it. Raises 3000 for one that is not ours; it is left as it is.
     static std::shared_ptr<TableEngine> Open(const QString& path, const CarryOverWatch& watch);
     /// Makes a file that keeps `locale` for the record. Raises 3000 if there is one already.
@@ -71,6 +71,8 @@ private:
     void Execute(const std::string& sql) { link_->statements.Execute(sql); }
     void NoticeOthers();
     void StopReading();
+    Sum SumOfCopied(const Table& source, const Table& target, qint64 next,
+                    const std::vector<int>& leftOut);
     void AfterFault();
     bool IsRolledBack() const;
 

@@ -84,7 +84,16 @@ TEST_F(Damage, EveryWriteKeepsTheSumsInItsCommit) {
     expectSound("deleted, picture and all");
     Store->CopyRows(QStringLiteral("Ben's"), QStringLiteral("Anna's"),
                     {QStringLiteral("Memo"), QStringLiteral("Bytes")});
-    expectSound("copied");
+    expectSound("copied behind other rows");
+    MakeTable(QStringLiteral("Copy"));
+    Store->CopyRows(QStringLiteral("Anna's"), QStringLiteral("Copy"),
+                    {QStringLiteral("Memo"), QStringLiteral("Text"), QStringLiteral("Long")});
+    expectSound("copied to an empty table, in part");
+    MakeTable(QStringLiteral("Whole copy"));
+    Store->CopyRows(QStringLiteral("Ben's"), QStringLiteral("Whole copy"),
+                    {QStringLiteral("Memo"), QStringLiteral("Text"), QStringLiteral("Long"),
+                     QStringLiteral("Boolean"), QStringLiteral("Date"), QStringLiteral("Bytes")});
+    expectSound("copied to an empty table");
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext())
         rows.Delete();
     expectSound("all deleted");
