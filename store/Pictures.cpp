@@ -42,8 +42,8 @@ bool IsFileName(const QString& name) {
            name.toUtf8().size() <= longest;
 }
 
-/// The account's name where a file can bear it; else the name percent-encoded, and never so long
-/// that a file system refuses it.
+} // namespace
+
 QString ScratchFileName(const QString& account) {
     if (IsFileName(account))
         return account;
@@ -51,6 +51,8 @@ QString ScratchFileName(const QString& account) {
     const QByteArray encoded = QUrl::toPercentEncoding(account, QByteArray(), QByteArray("."));
     return QStringLiteral("picture-") + QString::fromLatin1(encoded.left(longest));
 }
+
+namespace {
 
 /// Writes the field's bytes over the scratch file from its start: a smaller picture keeps the tail
 /// of the one before behind it. A file of its own takes the place of the former, so that no link

@@ -6,6 +6,10 @@
 #include <QString>
 #include <functional>
 
+/// The name of the file through which an account's picture is shown: the account's name where a
+/// file can bear it, else that percent-encoded, and never so long that a file system refuses it.
+QString ScratchFileName(const QString& account);
+
 /// Stores a picture file in a field of the row being added or edited, and lets events run between
 /// its pieces. Raises 53, 75 or 481 for a file that cannot be read or is too large.
 void StorePicture(Recordset& rows, const QString& field, const QString& path);

@@ -5,6 +5,7 @@
 #include "platform/tables/TableFile.h"
 
 #include <SQLiteCpp/Backup.h>
+#include <SQLiteCpp/Transaction.h>
 
 #include <QFile>
 #include <QFileInfo>
@@ -18,10 +19,6 @@ const std::string FormerLocaleTable = "MSysLocale";
 
 /// Tables done between two words to the one who watches.
 constexpr int TablesPerWord = 100;
-
-[[noreturn]] void ReportDamage() {
-    throw SQLite::Exception(sqlite3_errstr(SQLITE_CORRUPT), SQLITE_CORRUPT);
-}
 
 /// Keeps all others away from the file while it lives. No transaction is under way meanwhile: the
 /// engine copies neither from nor into a file within one.
@@ -50,11 +47,11 @@ void Copy(SQLite::Database& to, SQLite::Database& from) {
         throw SQLite::Exception(sqlite3_errstr(SQLITE_BUSY), SQLITE_BUSY);
 }
 
-QString FreeNameBeside(const QString& path) {
+QString FreeNameBeside(const QString& path, int format) {
     const QFileInfo file(path);
     const QString base = QStringLiteral("%1/%2 format %3 %4")
                              .arg(file.absolutePath(), file.completeBaseName())
-                             .arg(FormerFormatVersion)
+                             .arg(format)
                              .arg(Today().toString(Qt::ISODate));
     const QString ending = file.suffix().isEmpty() ? QString() : QLatin1Char('.') + file.suffix();
     QString name = base + ending;
@@ -67,7 +64,8 @@ QString FreeNameBeside(const QString& path) {
 /// A copy of the file beside it, checked to be whole. Removed again unless it is kept.
 class SafetyCopy {
 public:
-    SafetyCopy(SQLite::Database& database, const QString& path) : name_(FreeNameBeside(path)) {
+    SafetyCopy(SQLite::Database& database, const QString& path, int format)
+        : name_(FreeNameBeside(path, format)) {
         const QString unfinished = name_ + QStringLiteral(".part");
         QFile::remove(unfinished);
         // The engine would follow a link that somebody has laid there.
@@ -188,8 +186,33 @@ int Fill(SQLite::Database& database, const QString& copy, const CarryOverWatch& 
         if (++done % TablesPerWord == 0 && watch)
             watch(done, static_cast<int>(names.size()));
     }
+    SumUp(fresh);
     fresh.Execute("COMMIT");
     return done;
+}
+
+/// Format 2 lacks nothing but the sums.
+void AddSums(SQLite::Database& database) {
+    SQLite::Transaction change(database);
+    {
+        Statements statements(database);
+        statements.Execute("ALTER TABLE Catalogue ADD COLUMN Sum INTEGER NOT NULL DEFAULT 0");
+        SumUp(statements);
+        statements.Execute("PRAGMA user_version=" + std::to_string(FormatVersion));
+    }
+    change.commit();
+}
+
+/// Carries a file without a catalogue over; `copy` holds the same.
+void CarryTables(SQLite::Database& database, const QString& copy, const CarryOverWatch& watch) {
+    // Made in a file of the engine's own first and then copied over in one transaction: a table of
+    // the engine takes milliseconds to drop.
+    SQLite::Database fresh("", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    fresh.exec("PRAGMA page_size=" + database.execAndGet("PRAGMA page_size").getString());
+    const int tables = Fill(fresh, copy, watch);
+    Copy(database, fresh);
+    if (watch)
+        watch(tables, tables);
 }
 
 } // namespace
@@ -197,17 +220,13 @@ int Fill(SQLite::Database& database, const QString& copy, const CarryOverWatch& 
 void CarryOver(SQLite::Database& database, const QString& path, const CarryOverWatch& watch) {
     const SoleUse sole(database);
     // Another copy of the program may have been quicker.
-    if (database.execAndGet("PRAGMA user_version").getInt() != FormerFormatVersion)
+    const int format = database.execAndGet("PRAGMA user_version").getInt();
+    if (format == FormatVersion)
         return;
-    SafetyCopy copy(database, path);
-
-    // Made in a file of the engine's own first and then copied over in one transaction: a table of
-    // the engine takes milliseconds to drop.
-    SQLite::Database fresh("", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-    fresh.exec("PRAGMA page_size=" + database.execAndGet("PRAGMA page_size").getString());
-    const int tables = Fill(fresh, copy.Name(), watch);
-    Copy(database, fresh);
+    SafetyCopy copy(database, path, format);
+    if (format == FormatWithoutSums)
+        AddSums(database);
+    else
+        CarryTables(database, copy.Name(), watch);
     copy.Keep();
-    if (watch)
-        watch(tables, tables);
 }

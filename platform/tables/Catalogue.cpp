@@ -35,18 +35,30 @@ std::string Catalogue::Folded(const QString& name) {
     return folded;
 }
 
+const std::string Catalogue::InformationSql =
+    "CREATE TABLE Information (Name TEXT PRIMARY KEY, Value TEXT)";
+const std::string Catalogue::ShapesSql =
+    "CREATE TABLE Shapes (Id INTEGER PRIMARY KEY, Fields TEXT UNIQUE)";
+// No identity is given twice: keys of rows are made from it.
+const std::string Catalogue::CatalogueSql =
+    "CREATE TABLE Catalogue (Id INTEGER PRIMARY KEY AUTOINCREMENT, "
+    "Name TEXT NOT NULL, FoldedName TEXT NOT NULL UNIQUE, Shape INTEGER NOT NULL, "
+    "NextRow INTEGER NOT NULL DEFAULT 1, Sum INTEGER NOT NULL DEFAULT 0)";
+
+std::string Catalogue::RowsSql(qint64 shape, const std::string& declaration) {
+    return "CREATE TABLE Rows" + std::to_string(shape) + " (Key INTEGER PRIMARY KEY" +
+           (declaration.empty() ? "" : ", ") + declaration + ')';
+}
+
 void Catalogue::Make(const std::string& locale) {
-    statements_.Execute("CREATE TABLE Information (Name TEXT PRIMARY KEY, Value TEXT)");
-    statements_.Execute("CREATE TABLE Shapes (Id INTEGER PRIMARY KEY, Fields TEXT UNIQUE)");
-    // No identity is given twice: keys of rows are made from it.
-    statements_.Execute("CREATE TABLE Catalogue (Id INTEGER PRIMARY KEY AUTOINCREMENT, "
-                        "Name TEXT NOT NULL, FoldedName TEXT NOT NULL UNIQUE, "
-                        "Shape INTEGER NOT NULL, NextRow INTEGER NOT NULL DEFAULT 1)");
+    for (const std::string& sql : {InformationSql, ShapesSql, CatalogueSql})
+        statements_.Execute(sql);
     {
         Query insert(statements_, "INSERT INTO Information VALUES('Locale', ?1)");
         insert.Bind(1, locale);
         insert.Run();
     }
+    SumUp(statements_);
     statements_.Execute("PRAGMA application_id=" + std::to_string(ApplicationId));
     statements_.Execute("PRAGMA user_version=" + std::to_string(FormatVersion));
     isMade_ = true;
@@ -157,12 +169,12 @@ qint64 Catalogue::ShapeWith(const std::string& declaration) {
     last.Step();
     const qint64 id = last.Number(0) + 1;
     // The table first: a field that the engine refuses leaves nothing behind.
-    statements_.Execute("CREATE TABLE Rows" + std::to_string(id) + " (Key INTEGER PRIMARY KEY" +
-                        (declaration.empty() ? "" : ", ") + declaration + ')');
+    statements_.Execute(RowsSql(id, declaration));
     Query insert(statements_, "INSERT INTO Shapes VALUES(?1, ?2)");
     insert.Bind(1, id);
     insert.Bind(2, declaration);
     insert.Run();
+    sums_.PutShapeOn(id, declaration);
     return id;
 }
 
@@ -178,6 +190,8 @@ void Catalogue::Add(const QString& name, const std::string& declaration) {
     insert.Bind(3, table->ShapeId);
     insert.Run();
     table->Id = statements_.Connection().getLastInsertRowid();
+    sums_.CountIdentity(table->Id);
+    sums_.PutEntryOn(table->Id);
     table->NextKey = table->FirstKey() + 1;
     table->IsNextKeySure = true;
     tables_[folded] = std::move(table);
@@ -192,6 +206,8 @@ void Catalogue::Remove(Table& table) {
         rows.Bind(2, table.LastKey());
         rows.Run();
     }
+    sums_.ForgetRows(table.Id);
+    sums_.TakeEntryOff(table.Id);
     Query entry(statements_, "DELETE FROM Catalogue WHERE Id = ?1");
     entry.Bind(1, table.Id);
     entry.Run();
@@ -225,13 +241,16 @@ void Catalogue::RetireKey(Table& table, qint64 key) {
     if (key + 1 < NextKey(table))
         return;
     table.NextKey = key + 1;
+    sums_.TakeEntryOff(table.Id);
     Query query(statements_, "UPDATE Catalogue SET NextRow = ?1 WHERE Id = ?2");
     query.Bind(1, table.NextKey - table.FirstKey());
     query.Bind(2, table.Id);
     query.Run();
+    sums_.PutEntryOn(table.Id);
 }
 
 void Catalogue::Recheck() {
+    sums_.Forget();
     isWhole_ = false;
     inOrder_.clear();
     shapes_.clear();

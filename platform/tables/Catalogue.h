@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/runtime/RuntimeError.h"
+#include "platform/tables/RowSums.h"
 #include "platform/tables/Statements.h"
 
 #include <map>
@@ -49,7 +50,7 @@ struct Table {
 /// read when it is first wanted.
 class Catalogue {
 public:
-    explicit Catalogue(Statements& statements) : statements_(statements) {}
+    explicit Catalogue(Statements& statements) : statements_(statements), sums_(statements) {}
 
     /// Makes the engine's tables in an empty file; `locale` is kept for the record.
     void Make(const std::string& locale);
@@ -64,6 +65,12 @@ public:
     /// All tables, by name without regard to case.
     const std::vector<std::shared_ptr<Table>>& Tables();
 
+    /// The declarations of the engine's tables.
+    static const std::string InformationSql;
+    static const std::string ShapesSql;
+    static const std::string CatalogueSql;
+    static std::string RowsSql(qint64 shape, const std::string& declaration);
+
     /// The declaration of the fields, by which shapes are told from each other. Raises 3000 for a
     /// name that the engine cannot hold.
     static std::string Declaration(const QList<FieldDefinition>& fields);
@@ -77,6 +84,9 @@ public:
     /// To be called when the row has been deleted: its key is not used again.
     void RetireKey(Table& table, qint64 key);
 
+    /// What a write to rows changes is told here, and written by this before the commit.
+    SumChanges& Sums() { return sums_; }
+
     /// Forgets what others, or a rollback, may have made untrue. Tables that cursors still hold
     /// are looked up again; those that have gone are marked so.
     void Recheck();
@@ -88,6 +98,7 @@ private:
     qint64 ShapeWith(const std::string& declaration);
 
     Statements& statements_;
+    SumChanges sums_;
     bool isMade_ = false;
     /// By folded name, those met so far.
     std::map<std::string, std::shared_ptr<Table>> tables_;

@@ -56,9 +56,12 @@ private:
     Row& CurrentRow();
     const Cell& CurrentCell(int position) { return CurrentRow().Cells[std::size_t(position)]; }
     bool IsUndisturbed() const { return stamp_ == table_->Changes; }
-    void CountOwnWrite(bool wasUndisturbed);
+    /// Rows that were those of the file before a write of the cursor's own still are.
+    void CountOwnWrite() { stamp_ += stamp_ == table_->Changes++; }
     void InsertRow();
     bool HoldsPendingCells() const;
+    Sum SumOfStored(int position);
+    std::string BytesOf(int position);
     void UpdateRow();
 
     std::shared_ptr<TableEngine> engine_;
@@ -115,8 +118,12 @@ void Recordset::Cursor::Read(qint64 firstKey, int count) {
     query.Bind(2, table_->LastKey());
     query.Bind(3, count);
     while (query.Step()) {
+        const qint64 key = query.Number(0);
+        // A walk over rows that go back would have no end.
+        if (key < (rows.empty() ? firstKey : rows.back().Key + 1))
+            ReportDamage();
         Row& row = rows.emplace_back();
-        row.Key = query.Number(0);
+        row.Key = key;
         row.Cells.reserve(table_->Shape->Fields.size());
         for (int position = 0; position < FieldCount(); ++position)
             row.Cells.push_back(query.Read(position + 1));
@@ -256,29 +263,25 @@ void Recordset::Cursor::Update() {
     pendingCells_.clear();
 }
 
-void Recordset::Cursor::CountOwnWrite(bool wasUndisturbed) {
-    ++table_->Changes;
-    if (wasUndisturbed)
-        stamp_ = table_->Changes;
-}
-
 void Recordset::Cursor::InsertRow() {
     engine_->BeginWrite();
     RefuseDropped();
     const qint64 key = engine_->LastSeen().NextKey(*table_);
     Query query(engine_->Sql(), table_->Shape->InsertSql);
     query.Bind(1, key);
+    Sum change = SumOfRow(key);
     for (int position = 0; position < FieldCount(); ++position) {
         std::optional<Cell>& cell = pendingCells_[static_cast<std::size_t>(position)];
         if (!cell)
             cell = InitialCell(Field(position));
         query.Bind(position + 2, Field(position), *cell);
+        change += SumOf(key, position, Field(position), *cell);
     }
     query.Run();
+    engine_->LastSeen().Sums().ChangeRows(table_->Id, change);
     table_->NextKey = key + 1;
-    const bool wasUndisturbed = IsUndisturbed();
     endTable_ = false;
-    CountOwnWrite(wasUndisturbed);
+    CountOwnWrite();
 }
 
 /// The row has the values already, so that there is nothing to write. Asked within a transaction,
@@ -308,6 +311,7 @@ void Recordset::Cursor::UpdateRow() {
     RefuseDropped();
     if (HoldsPendingCells())
         return;
+    CurrentRow();
     if (positions != updatePositions_) {
         updatePositions_ = positions;
         updateSql_ = "UPDATE " + table_->Shape->Rows + " SET ";
@@ -321,43 +325,60 @@ void Recordset::Cursor::UpdateRow() {
     }
     Query query(engine_->Sql(), updateSql_);
     int parameter = 1;
-    for (const int position : positions)
-        query.Bind(parameter++, Field(position), *pendingCells_[std::size_t(position)]);
+    Sum change = 0;
+    for (const int position : positions) {
+        const Cell& cell = *pendingCells_[std::size_t(position)];
+        query.Bind(parameter++, Field(position), cell);
+        change += SumOf(row_, position, Field(position), cell) - SumOfStored(position);
+    }
     query.Bind(parameter, row_);
-    if (query.Run() == 0) {
-        LeaveRow();
-        throw RuntimeError(ErrorNumber::NoCurrentRecord);
+    query.Run();
+    engine_->LastSeen().Sums().ChangeRows(table_->Id, change);
+    for (const int position : positions) {
+        const Cell& cell = *pendingCells_[std::size_t(position)];
+        const std::string* bytes = std::get_if<std::string>(&cell);
+        const bool isLength = bytes && Field(position).Type == FieldType::LongBinary;
+        rows_[index_].Cells[static_cast<std::size_t>(position)] =
+            isLength ? Cell(static_cast<qint64>(bytes->size())) : cell;
     }
-    const bool wasUndisturbed = IsUndisturbed();
-    if (wasUndisturbed) {
-        for (const int position : positions) {
-            const Cell& cell = *pendingCells_[std::size_t(position)];
-            const std::string* bytes = std::get_if<std::string>(&cell);
-            const bool isLength = bytes && Field(position).Type == FieldType::LongBinary;
-            rows_[index_].Cells[static_cast<std::size_t>(position)] =
-                isLength ? Cell(static_cast<qint64>(bytes->size())) : cell;
-        }
-    }
-    CountOwnWrite(wasUndisturbed);
+    CountOwnWrite();
+}
+
+std::string Recordset::Cursor::BytesOf(int position) {
+    Query query(engine_->Sql(), "SELECT " + Quoted(Field(position).Name) + " FROM " +
+                                    table_->Shape->Rows + " WHERE Key = ?1");
+    query.Bind(1, row_);
+    return query.Step() ? std::string(query.Bytes(0)) : std::string();
+}
+
+/// What a field of the current row adds to its table's sum, as the file has it.
+Sum Recordset::Cursor::SumOfStored(int position) {
+    const FieldDefinition& field = Field(position);
+    const Cell& cell = rows_[index_].Cells[static_cast<std::size_t>(position)];
+    const bool isLength =
+        field.Type == FieldType::LongBinary && std::holds_alternative<qint64>(cell);
+    return isLength ? SumOf(row_, position, field, Cell(BytesOf(position)))
+                    : SumOf(row_, position, field, cell);
 }
 
 void Recordset::Cursor::Delete() {
     CurrentRow();
     LeaveRow();
     engine_->BeginWrite();
-    RefuseDropped();
+    CurrentRow();
+    Sum gone = SumOfRow(row_);
+    for (int position = 0; position < FieldCount(); ++position)
+        gone += SumOfStored(position);
     Query query(engine_->Sql(), "DELETE FROM " + table_->Shape->Rows + " WHERE Key = ?1");
     query.Bind(1, row_);
     // Asked before the row has gone, for it may be the last.
     engine_->LastSeen().NextKey(*table_);
-    if (query.Run() == 0)
-        throw RuntimeError(ErrorNumber::NoCurrentRecord);
+    query.Run();
+    engine_->LastSeen().Sums().ChangeRows(table_->Id, -gone);
     engine_->LastSeen().RetireKey(*table_, row_);
-    const bool wasUndisturbed = IsUndisturbed();
-    if (wasUndisturbed)
-        rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(index_));
+    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(index_));
     place_ = Place::OnDeletedRow;
-    CountOwnWrite(wasUndisturbed);
+    CountOwnWrite();
 }
 
 qint64 Recordset::Cursor::FieldSize(const QString& field) {
@@ -369,10 +390,7 @@ QByteArray Recordset::Cursor::GetChunk(const QString& field, qint64 offset, qint
     const int position = LongBinaryPosition(field);
     CurrentRow();
     if (bytesPosition_ != position || bytesStamp_ != stamp_) {
-        Query query(engine_->Sql(), "SELECT " + Quoted(Field(position).Name) + " FROM " +
-                                        table_->Shape->Rows + " WHERE Key = ?1");
-        query.Bind(1, row_);
-        bytes_ = query.Step() ? query.Bytes(0) : std::string();
+        bytes_ = BytesOf(position);
         bytesPosition_ = position;
         bytesStamp_ = stamp_;
     }

@@ -47,6 +47,8 @@ public:
 
     qint64 Number(int column) const { return statement_->getColumn(column).getInt64(); }
     Cell Read(int column) const;
+    SQLite::Column Column(int column) const { return statement_->getColumn(column); }
+    int ColumnCount() const { return statement_->getColumnCount(); }
     /// Valid until the next step.
     std::string_view Bytes(int column) const;
 

@@ -12,7 +12,7 @@ std::shared_ptr<TableEngine> TableEngine::Open(const QString& path, const CarryO
         SQLite::Database& database = *engine->link_->database;
         RefuseByHeader(database, path);
         Configure(database);
-        if (FormatOf(engine->Sql()) == FormerFormatVersion)
+        if (const int format = FormatOf(engine->Sql()); format > 0 && format < FormatVersion)
             CarryOver(database, path, watch);
         engine->NoticeOthers();
     });
@@ -85,23 +85,48 @@ void TableEngine::CopyRows(const QString& from, const QString& to, const QString
     const std::shared_ptr<Table> target = link_->catalogue.Open(to);
     std::string names = "Key";
     std::string values = "Key + ?1";
+    std::vector<int> leftOut;
     for (const FieldDefinition& field : target->Shape->Fields) {
         const std::string quoted = Quoted(field.Name);
         const bool isCopied = fields.contains(field.Name, Qt::CaseInsensitive);
         const bool isFalse = std::holds_alternative<qint64>(InitialCell(field));
         names += ", " + quoted;
         values += isCopied ? ", " + quoted : isFalse ? ", 0" : ", NULL";
+        if (!isCopied)
+            leftOut.push_back(static_cast<int>(&field - target->Shape->Fields.data()));
     }
     Query copy(Sql(), "INSERT INTO " + target->Shape->Rows + '(' + names + ") SELECT " + values +
                           " FROM " + source->Shape->Rows +
                           " WHERE Key BETWEEN ?2 AND ?3 ORDER BY Key");
     // The first number of the source goes to the next one of the target.
-    copy.Bind(1, link_->catalogue.NextKey(*target) - source->FirstKey() - 1);
+    const qint64 next = link_->catalogue.NextKey(*target);
+    copy.Bind(1, next - source->FirstKey() - 1);
     copy.Bind(2, source->FirstKey());
     copy.Bind(3, source->LastKey());
     copy.Run();
+    link_->catalogue.Sums().ChangeRows(target->Id, SumOfCopied(*source, *target, next, leftOut));
     ++target->Changes;
     target->IsNextKeySure = false;
+}
+
+/// What rows that have been copied to a table, from the key `next` on, add to its sum.
+Sum TableEngine::SumOfCopied(const Table& source, const Table& target, qint64 next,
+                             const std::vector<int>& leftOut) {
+    if (source.ShapeId != target.ShapeId || next != target.FirstKey() + 1)
+        return SumOfRows(Sql(), target.ShapeId, next, target.LastKey());
+    // The same rows under the same numbers: only what was left out makes a difference.
+    Sum sum = link_->catalogue.Sums().KeptSumOfRows(source.Id);
+    for (const int place : leftOut) {
+        const FieldDefinition& field = target.Shape->Fields[static_cast<std::size_t>(place)];
+        Query cells(Sql(), "SELECT Key, " + Quoted(field.Name) + " FROM " + source.Shape->Rows +
+                               " WHERE Key BETWEEN ?1 AND ?2");
+        cells.Bind(1, source.FirstKey());
+        cells.Bind(2, source.LastKey());
+        while (cells.Step())
+            sum += SumOf(cells.Number(0), place, field, InitialCell(field)) -
+                   SumOf(cells.Number(0), place, cells.Column(1));
+    }
+    return sum;
 }
 
 void TableEngine::BeginWrite() {
@@ -141,6 +166,7 @@ void TableEngine::Commit() {
     StopReading();
     if (!inTransaction_)
         return;
+    link_->catalogue.Sums().Write();
     Execute("COMMIT");
     inTransaction_ = false;
 }

@@ -15,7 +15,7 @@
 /// transaction is under way rolls it back, and the action under way is told of every fault.
 class TableEngine {
 public:
-    /// Opens an existing file; one of the former format is carried over, and `watch` is told of
+    /// Opens an existing file; one of a former format is carried over, and `watch` is told of
     /// it. Raises 3000 for one that is not ours; it is left as it is.
     static std::shared_ptr<TableEngine> Open(const QString& path, const CarryOverWatch& watch);
     /// Makes a file that keeps `locale` for the record. Raises 3000 if there is one already.
@@ -82,6 +82,8 @@ private:
     void StopReading();
     /// Rolls back what is under way; the error to raise.
     RuntimeError AfterFault(const SQLite::Exception& fault);
+    Sum SumOfCopied(const Table& source, const Table& target, qint64 next,
+                    const std::vector<int>& leftOut);
     bool IsRolledBack() const;
 
     std::unique_ptr<Link> link_;

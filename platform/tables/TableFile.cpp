@@ -45,8 +45,7 @@ void RefuseCutOff(Statements& statements) {
     sqlite3_int64 length = 0;
     if (file && file->pMethods->xFileSize(file, &length) == SQLITE_OK &&
         length < sqlite3_int64{Pragma(statements, "page_count")} * Pragma(statements, "page_size"))
-        throw RuntimeError(ErrorNumber::EngineFault,
-                           QString::fromUtf8(sqlite3_errstr(SQLITE_CORRUPT)));
+        ReportDamage();
 }
 
 /// The engine's own words, and what stands behind them where another copy holds a lock.
@@ -61,6 +60,10 @@ QString WordsOf(const SQLite::Exception& fault) {
 }
 
 } // namespace
+
+void ReportDamage() {
+    throw SQLite::Exception(sqlite3_errstr(SQLITE_CORRUPT), SQLITE_CORRUPT);
+}
 
 RuntimeError UnknownFieldType(const QString& field) {
     return {ErrorNumber::EngineFault,
@@ -121,7 +124,7 @@ void RefuseByHeader(SQLite::Database& database, const QString& path) {
     if (version > FormatVersion)
         RefuseNewer();
     const bool isWriteAhead = header[18] > 1 || header[19] > 1;
-    if (isWriteAhead && (version < FormerFormatVersion || version > FormatVersion))
+    if (isWriteAhead && (version < FirstFormatVersion || version > FormatVersion))
         RefuseForeign();
 }
 
@@ -130,12 +133,12 @@ int FormatOf(Statements& statements) {
     if (version > FormatVersion)
         RefuseNewer();
     const bool isOurs =
-        version == FormerFormatVersion ||
-        (version == FormatVersion && Pragma(statements, "application_id") == ApplicationId);
+        version == FirstFormatVersion ||
+        (version > FirstFormatVersion && Pragma(statements, "application_id") == ApplicationId);
     if (!isOurs && (version != 0 || Pragma(statements, "schema_version") != 0))
         RefuseForeign();
     RefuseCutOff(statements);
-    if (version == FormatVersion) {
+    if (version > FirstFormatVersion) {
         // Finds out whether the declarations can be read at all.
         Query catalogue(statements, "SELECT Id FROM Catalogue LIMIT 1");
         catalogue.Step();

@@ -7,10 +7,12 @@
 #include <functional>
 #include <memory>
 
-/// Format 2: a catalogue of tables, and the rows of all tables of one shape in one table of the
-/// engine. Format 1, a table of the engine for each table, is carried over when it is opened.
-inline constexpr int FormatVersion = 2;
-inline constexpr int FormerFormatVersion = 1;
+/// Format 3: a catalogue of tables, the rows of all tables of one shape in one table of the
+/// engine, and sums of all of them. Format 2, without sums, and format 1, a table of the engine for
+/// each table, are carried over when they are opened.
+inline constexpr int FormatVersion = 3;
+inline constexpr int FormatWithoutSums = 2;
+inline constexpr int FirstFormatVersion = 1;
 /// Tells our files from those of other programs: "Duty".
 inline constexpr int ApplicationId = 0x44757479;
 
@@ -35,8 +37,11 @@ void Configure(SQLite::Database& database);
 /// Told now and then how many of how many tables have been carried over.
 using CarryOverWatch = std::function<void(int done, int all)>;
 
-/// Carries a file of the former format over. A copy of the file is put beside it first; a failure
+/// Carries a file of a former format over. A copy of the file is put beside it first; a failure
 /// or a kill at any moment leaves the file as it was or carried over, never between. Raises 3000.
 void CarryOver(SQLite::Database& database, const QString& path, const CarryOverWatch& watch);
+
+/// Raises what the engine says of a damaged file.
+[[noreturn]] void ReportDamage();
 
 RuntimeError UnknownFieldType(const QString& field);

@@ -34,10 +34,10 @@ struct FieldDefinition {
 /// Table names ignore case by full Unicode rules and may hold any character; none is reserved.
 class TableStore {
 public:
-    /// Told, while a file of the former format is carried over, how many of its tables are done.
+    /// Told, while a file of format 1 is carried over, how many of its tables are done.
     using CarryOverWatch = std::function<void(int done, int all)>;
 
-    /// Opens an existing file. One of the former format is carried over, and a copy of it is left
+    /// Opens an existing file. One of a former format is carried over, and a copy of it is left
     /// beside it. Raises 3000 for a file that is no database, for a database of another program
     /// and for one that a newer version of this program made; none of these is written to.
     static std::unique_ptr<TableStore> OpenDatabase(const QString& path,

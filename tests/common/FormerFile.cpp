@@ -22,3 +22,12 @@ void WriteFormerFile(const QString& former, const QString& present) {
     file.exec("COMMIT");
     file.exec("PRAGMA user_version=1");
 }
+
+void TakeSumsOff(const QString& file) {
+    SQLite::Database database(file.toStdString(), SQLite::OPEN_READWRITE);
+    database.exec("BEGIN");
+    database.exec("ALTER TABLE Catalogue DROP COLUMN Sum");
+    database.exec("DELETE FROM Information WHERE Name = 'Sum'");
+    database.exec("PRAGMA user_version=2");
+    database.exec("COMMIT");
+}

@@ -96,7 +96,7 @@ TEST_F(DamagedFileTest, ADatabaseOfANewerVersionIsRefusedAndLeftAsItIs) {
     SomeDatabase();
     {
         SQLite::Database newer(File().toUtf8().constData(), SQLite::OPEN_READWRITE);
-        newer.exec("PRAGMA user_version=3");
+        newer.exec("PRAGMA user_version=4");
     }
     ExpectRefusal(BytesOf(File()), "newer version");
 }

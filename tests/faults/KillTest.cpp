@@ -1,4 +1,5 @@
 #include "platform/runtime/ProgramFolder.h"
+#include "platform/tables/Damage.h"
 #include "tests/common/MemoryFolder.h"
 #include "tests/faults/ChildProcess.h"
 #include "tests/faults/FaultWorld.h"
@@ -56,6 +57,7 @@ public:
         const QByteArray bytesFound = BytesOf(file_);
         const QByteArray found = SnapshotOf(file_);
         ASSERT_TRUE(found.startsWith(SoundFile)) << found.left(500).constData();
+        ASSERT_EQ(FindDamage(file_), QStringList());
         // A journal whose head has not been written yet says that the file is as it was: it
         // stays until the next write. Any other has been played back and is gone.
         if (QFileInfo::exists(journal)) {

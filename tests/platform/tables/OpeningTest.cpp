@@ -52,7 +52,7 @@ TEST_F(Opening, NewDatabaseIsOneFileThatKeepsItsLocaleAndFormat) {
     const QByteArray content = ReadFile(File);
     EXPECT_TRUE(content.contains(";LANGID=0x0409"));
     SQLite::Database raw(File.toStdString());
-    EXPECT_EQ(raw.execAndGet("PRAGMA user_version").getInt(), 2);
+    EXPECT_EQ(raw.execAndGet("PRAGMA user_version").getInt(), 3);
     EXPECT_EQ(QString::fromStdString(raw.execAndGet("PRAGMA journal_mode").getString()),
               QStringLiteral("delete"));
     EXPECT_EQ(QDir(Path(QString())).entryList({QStringLiteral("Charts.mdb?*")}), QStringList());
@@ -97,7 +97,7 @@ TEST_F(Opening, FileThatIsNoDatabaseIsRefusedAndLeftAlone) {
 }
 
 TEST_F(Opening, DatabaseOfANewerVersionIsRefusedPolitely) {
-    const QString path = RawDatabase("PRAGMA user_version=3; CREATE TABLE t(a)");
+    const QString path = RawDatabase("PRAGMA user_version=4; CREATE TABLE t(a)");
     EXPECT_EQ(Refusal(path),
               QStringLiteral("This database was made by a newer version of Sparkit Dutygrid. "
                              "Please install the newer version to open it."));
@@ -195,8 +195,10 @@ TEST_F(Opening, FieldOfAnUnknownTypeIsReported) {
 }
 
 TEST_F(Opening, AnotherProgramsDatabaseOfTheSameFormatNumberIsRefusedPolitely) {
-    EXPECT_TRUE(Refusal(RawDatabase("PRAGMA user_version=2; CREATE TABLE Catalogue(Id)"))
-                    .contains(QStringLiteral("another program")));
+    for (const char* statements : {"PRAGMA user_version=2; CREATE TABLE Catalogue(Id)",
+                                   "PRAGMA user_version=3; CREATE TABLE Others(Id)"})
+        EXPECT_TRUE(Refusal(RawDatabase(statements)).contains(QStringLiteral("another program")))
+            << statements;
 }
 
 TEST_F(Opening, WhatAFileBringsAlongIsNeverRun) {

@@ -1,3 +1,4 @@
+#include "platform/tables/Damage.h"
 #include "tests/common/Rounds.h"
 #include "tests/platform/tables/TablesTest.h"
 
@@ -234,6 +235,7 @@ protected:
         committed_ = tables_;
         if (Below(10) == 0)
             CompareAll(*TableStore::OpenDatabase(File));
+        EXPECT_EQ(FindDamage(File), QStringList());
     }
 
     void OpenAgain() {
