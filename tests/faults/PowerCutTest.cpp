@@ -37,7 +37,7 @@ public:
             for (; taken <= moment; ++taken) {
                 const RecordedCall& call = calls_.at(taken);
                 disk_.Take(call);
-                if (call.note.call == DiskCall::Report)
+                if (call.note.call == FileCall::Report)
                     reported = static_cast<int>(call.note.number);
             }
             const QTemporaryDir left(MemoryFolder());

@@ -4,7 +4,7 @@
 #include <cstdint>
 
 /// What the recorder notes of a process: a DiskNote for each call, followed by `size` bytes.
-enum class DiskCall : int32_t {
+enum class FileCall : int32_t {
     Open,     ///< bytes: the path; of a file or a folder that is there
     Make,     ///< bytes: the path; of a file that was not there
     Write,    ///< number: the offset; bytes: what is written
@@ -16,7 +16,7 @@ enum class DiskCall : int32_t {
 };
 
 struct DiskNote {
-    DiskCall call;
+    FileCall call;
     int32_t fd;
     int64_t number;
     uint64_t size;

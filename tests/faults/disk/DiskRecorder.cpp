@@ -66,7 +66,7 @@ struct Recorder {
             isOurs[static_cast<std::size_t>(fd)] = ours;
     }
 
-    void Note(DiskCall call, int fd, int64_t number, const void* bytes, std::size_t size) {
+    void Note(FileCall call, int fd, int64_t number, const void* bytes, std::size_t size) {
         if (notes < 0)
             return;
         const DiskNote note{call, fd, number, size};
@@ -123,9 +123,9 @@ int Open(const char* name, int folder, const char* path, int flags, mode_t mode)
     tap.SetOurs(fd, fd >= 0);
     if (fd < 0)
         return fd;
-    tap.Note(makes ? DiskCall::Make : DiskCall::Open, fd, 0, path, std::strlen(path));
+    tap.Note(makes ? FileCall::Make : FileCall::Open, fd, 0, path, std::strlen(path));
     if (empties)
-        tap.Note(DiskCall::Truncate, fd, 0, nullptr, 0);
+        tap.Note(FileCall::Truncate, fd, 0, nullptr, 0);
     return fd;
 }
 
@@ -139,7 +139,7 @@ ssize_t Write(int fd, const void* bytes, std::size_t size, off64_t offset) {
     if (!tap.IsOurs(fd))
         return real(fd, bytes, size, offset);
     const std::lock_guard guard(tap.lock);
-    tap.Note(DiskCall::Write, fd, offset, bytes, size);
+    tap.Note(FileCall::Write, fd, offset, bytes, size);
     return Counted([&] { return real(fd, bytes, size, offset); });
 }
 
@@ -149,7 +149,7 @@ int Truncate(int fd, off64_t size) {
     if (!tap.IsOurs(fd))
         return real(fd, size);
     const std::lock_guard guard(tap.lock);
-    tap.Note(DiskCall::Truncate, fd, size, nullptr, 0);
+    tap.Note(FileCall::Truncate, fd, size, nullptr, 0);
     return Counted([&] { return real(fd, size); });
 }
 
@@ -161,7 +161,7 @@ int Sync(const char* name, int fd) {
     const std::lock_guard guard(tap.lock);
     // The disk itself need not be waited for: what it would hold is worked out.
     const int result = Counted([] { return 0; });
-    tap.Note(DiskCall::Sync, fd, 0, nullptr, 0);
+    tap.Note(FileCall::Sync, fd, 0, nullptr, 0);
     return result;
 }
 
@@ -213,12 +213,12 @@ ssize_t write(int fd, const void* bytes, size_t size) {
     if (fd == STDOUT_FILENO && size == sizeof(int32_t)) {
         int32_t number = 0;
         std::memcpy(&number, bytes, size);
-        tap.Note(DiskCall::Report, fd, number, nullptr, 0);
+        tap.Note(FileCall::Report, fd, number, nullptr, 0);
     }
     if (!tap.IsOurs(fd))
         return real(fd, bytes, size);
     const std::lock_guard guard(tap.lock);
-    tap.Note(DiskCall::Write, fd, lseek64(fd, 0, SEEK_CUR), bytes, size);
+    tap.Note(FileCall::Write, fd, lseek64(fd, 0, SEEK_CUR), bytes, size);
     return Counted([&] { return real(fd, bytes, size); });
 }
 
@@ -254,7 +254,7 @@ int unlink(const char* path) noexcept {
     const std::lock_guard guard(tap.lock);
     const int result = Counted([&] { return real(path); });
     if (result == 0)
-        tap.Note(DiskCall::Unlink, -1, 0, path, std::strlen(path));
+        tap.Note(FileCall::Unlink, -1, 0, path, std::strlen(path));
     return result;
 }
 
@@ -267,7 +267,7 @@ int rename(const char* from, const char* to) noexcept {
     const int result = Counted([&] { return real(from, to); });
     const std::string both = std::string(from) + '\n' + to;
     if (result == 0)
-        tap.Note(DiskCall::Rename, -1, 0, both.data(), both.size());
+        tap.Note(FileCall::Rename, -1, 0, both.data(), both.size());
     return result;
 }
 

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr qint64 SectorSize = 512; // bytes
+constexpr qint64 SectorBytes = 512;
 
 QString FolderOf(const QString& path) {
     return QFileInfo(path).path();
@@ -52,30 +52,30 @@ void CutDisk::Take(const RecordedCall& call) {
     const int fd = call.note.fd;
     const QString path = QString::fromUtf8(call.bytes);
     switch (call.note.call) {
-    case DiskCall::Make:
+    case FileCall::Make:
         ChangeNames({FolderOf(path), {{QString(), path, std::make_shared<File>()}}});
         [[fallthrough]];
-    case DiskCall::Open:
+    case FileCall::Open:
         paths_[fd] = path;
         // None is what a folder has.
         files_[fd] = names_.value(path);
         break;
-    case DiskCall::Write:
+    case FileCall::Write:
         files_[fd]->pending += {false, call.note.number, call.bytes};
         break;
-    case DiskCall::Truncate:
+    case FileCall::Truncate:
         files_[fd]->pending += {true, call.note.number, {}};
         break;
-    case DiskCall::Sync:
+    case FileCall::Sync:
         Sync(fd);
         break;
-    case DiskCall::Unlink:
+    case FileCall::Unlink:
         ChangeNames({FolderOf(path), {{path, QString(), nullptr}}});
         break;
-    case DiskCall::Rename:
+    case FileCall::Rename:
         Rename(path.section(QLatin1Char('\n'), 0, 0), path.section(QLatin1Char('\n'), 1));
         break;
-    case DiskCall::Report:
+    case FileCall::Report:
         break;
     }
 }
@@ -145,7 +145,7 @@ void CutDisk::CutInto(const QString& folder, std::mt19937& chance) const {
                 continue;
             }
             for (qint64 from = 0; from < change.bytes.size();) {
-                const qint64 sectorEnd = ((change.offset + from) / SectorSize + 1) * SectorSize;
+                const qint64 sectorEnd = ((change.offset + from) / SectorBytes + 1) * SectorBytes;
                 const qint64 size =
                     qMin(sectorEnd - change.offset - from, qint64(change.bytes.size()) - from);
                 if (isKept())
