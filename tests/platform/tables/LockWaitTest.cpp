@@ -1,4 +1,5 @@
 #include "platform/runtime/Progress.h"
+#include "tests/common/ReadLock.h"
 #include "tests/platform/tables/TablesTest.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -77,12 +78,7 @@ TEST_F(LockWaitTest, AWaitOfMoreThanHalfASecondIsToldUntilItIsOver) {
 TEST_F(LockWaitTest, AfterFiveSecondsTheUserHearsOfTheOtherCopyAndNothingOfTheActionIsWritten) {
     SQLite::Database other(File.toStdString(), SQLite::OPEN_READWRITE);
     other.exec("BEGIN IMMEDIATE");
-    Boxes.ExpectError(
-        ErrorNumber::EngineFault,
-        QStringLiteral("Another copy of Sparkit Dutygrid is writing at this moment, so that what "
-                       "you did last could not be done. Nothing of it has been stored. Please try "
-                       "again; if this message comes again, close the other copy first. (database "
-                       "is locked)"));
+    Boxes.ExpectError(ErrorNumber::EngineFault, OtherCopyWrites);
     waited.start();
     RunAction([&] {
         WithErrorsSkipped([this] { Write(QStringLiteral("first half")); });
