@@ -94,4 +94,16 @@ TEST_F(LockWaitTest, AfterFiveSecondsTheUserHearsOfTheOtherCopyAndNothingOfTheAc
     EXPECT_EQ(Memos(*Store), QStringList(QStringLiteral("again")));
 }
 
+TEST_F(LockWaitTest, ALockOfTheWholeFileIsWaitedForOnceOnly) {
+    Recordset rows = Store->OpenRecordset(ChartName());
+    SQLite::Database other(File.toStdString(), SQLite::OPEN_READWRITE);
+    other.exec("BEGIN EXCLUSIVE");
+    waited.start();
+    // The look at the file after the fault meets the lock again.
+    EXPECT_EQ(ErrorText([&] { AddMemo(rows, QStringLiteral("a")); }), OtherCopyWrites);
+    EXPECT_GE(waited.elapsed(), 5000);
+    EXPECT_LT(waited.elapsed(), 9500);
+    EXPECT_EQ(told, QList<bool>({true, false}));
+}
+
 } // namespace
