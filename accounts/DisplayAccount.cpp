@@ -3,6 +3,7 @@
 #include "accounts/AddIncentives.h"
 #include "platform/forms/DefaultForms.h"
 #include "platform/forms/Handlers.h"
+#include "platform/runtime/Actions.h"
 #include "platform/runtime/Desktop.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/ProgramFolder.h"
@@ -40,6 +41,8 @@ QString DisplayAccount::ReturnSelectedStudent() const {
 }
 
 void DisplayAccount::Activate() {
+    // What is listed is stored.
+    CommitAction();
     FillList();
     StudentsList_Click();
     EmptyFigures();

@@ -3,6 +3,7 @@
 #include "authoring/ChartEditor.h"
 #include "authoring/EditorSlots.h"
 #include "platform/forms/Handlers.h"
+#include "platform/runtime/Actions.h"
 #include "session/Session.h"
 #include "ui_DeleteChartForm.h"
 
@@ -22,6 +23,8 @@ void DeleteChartForm::Activate() {
 
 void DeleteChartForm::Yes_Click() {
     Database().DeleteChart(ChartName);
+    // The editor stays with a chart that could not be deleted.
+    CommitAction();
     // Hidden, not unloaded: an unload would ask whether to go without saving.
     if (ChartEditor* editor = EditorInSlot(FormIndex))
         editor->Hide();

@@ -21,7 +21,8 @@ void LockWait::Watch(SQLite::Database& connection) {
 
 int LockWait::TryAgain(void* self, int tries) {
     auto& wait = *static_cast<LockWait*>(self);
-    if (tries == 0)
+    // Once in an operation, however many locks it meets.
+    if (!wait.waited_.isValid())
         wait.waited_.start();
     if (wait.waited_.hasExpired(Longest))
         return 0;
@@ -32,6 +33,7 @@ int LockWait::TryAgain(void* self, int tries) {
 }
 
 void LockWait::End() {
+    waited_.invalidate();
     if (std::exchange(isShown_, false))
         ReportWaiting(false);
 }

@@ -1,5 +1,6 @@
 #include "tests/accounts/DisplayAccountTest.h"
 #include "platform/forms/DefaultForms.h"
+#include "tests/common/ReadLock.h"
 
 #include <QLabel>
 #include <QPointer>
@@ -360,6 +361,20 @@ TEST_F(DisplayAccountTest, PicturesKeepTheirProportions) {
         Find<QLabel>(View(), QStringLiteral("Image1")).pixmap().deviceIndependentSize();
     EXPECT_NEAR(shown.width() / shown.height(), 3, 0.1);
     EXPECT_GT(shown.width(), 80);
+}
+
+TEST_F(DisplayAccountTest, AChildThatCouldNotBeDeletedStaysInTheList) {
+    OpenView();
+    const int children = List().topLevelItemCount();
+    Boxes.Expect(DeleteQuestion, PromptAnswer::Yes);
+    Boxes.ExpectError(ErrorNumber::EngineFault, OtherCopyWrites);
+    {
+        const ReadLock lock(Path(QStringLiteral("Database/Charts.mdb")));
+        MousePress(0, Qt::RightButton);
+    }
+    Boxes.VerifyAllShown();
+    EXPECT_EQ(List().topLevelItemCount(), children);
+    EXPECT_EQ(StoredPoints(Kim), QStringLiteral("80"));
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "tests/authoring/AuthoringTest.h"
+#include "tests/common/ReadLock.h"
 
 #include <QLineEdit>
 #include <limits>
@@ -406,6 +407,21 @@ TEST_F(DeleteDialog, YesDropsTheChartAndHidesItsEditorWithoutAQuestion) {
     EXPECT_FALSE(Shown(editor));
     EXPECT_EQ(EditorAt(0), &editor);
     EXPECT_EQ(ExistingForm(u"DeleteChartForm"_s), nullptr);
+}
+
+TEST_F(DeleteDialog, AChartThatCannotBeDeletedStaysInItsEditor) {
+    const ChartEditor& editor = OpenConfirmation();
+    Boxes.ExpectError(ErrorNumber::EngineFault, OtherCopyWrites);
+    {
+        const ReadLock lock(Path(u"Database/Charts.mdb"_s));
+        Click(Find(Dialog(), u"Yes"_s));
+    }
+    EXPECT_TRUE(Database().ChartExist(u"Chores Anna"_s));
+    EXPECT_TRUE(Shown(editor));
+    EXPECT_TRUE(Shown(Dialog()));
+    Click(Find(Dialog(), u"Yes"_s));
+    EXPECT_FALSE(Database().ChartExist(u"Chores Anna"_s));
+    EXPECT_FALSE(Shown(editor));
 }
 
 TEST_F(DeleteDialog, NoLeavesEverything) {

@@ -6,6 +6,7 @@ struct {
     sqlite3_vfs* plain = nullptr;
     sqlite3_vfs failing{};
     DiskCall call{};
+    int counted = 0;
     int callsToGo = 0;
     int code = SQLITE_OK;
     bool forGood = false;
@@ -14,7 +15,10 @@ struct {
 
 /// The code with which a call fails, SQLITE_OK if it is to be made.
 int Failure(DiskCall call) {
-    if (Disk.code == SQLITE_OK || call != Disk.call)
+    if (call != Disk.call)
+        return SQLITE_OK;
+    ++Disk.counted;
+    if (Disk.code == SQLITE_OK)
         return SQLITE_OK;
     if (Disk.callsToGo > 0 && --Disk.callsToGo > 0)
         return SQLITE_OK;
@@ -136,6 +140,16 @@ FailingDisk::FailingDisk() {
 FailingDisk::~FailingDisk() {
     sqlite3_vfs_unregister(&Disk.failing);
     sqlite3_vfs_register(Disk.plain, 1);
+}
+
+void FailingDisk::Count(DiskCall call) {
+    Mend();
+    Disk.call = call;
+    Disk.counted = 0;
+}
+
+int FailingDisk::Counted() const {
+    return Disk.counted;
 }
 
 void FailingDisk::FailAt(DiskCall call, int number, int code, bool forGood) {

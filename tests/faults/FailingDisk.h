@@ -14,6 +14,10 @@ public:
     FailingDisk(const FailingDisk&) = delete;
     FailingDisk& operator=(const FailingDisk&) = delete;
 
+    /// From now on the calls of a kind are counted; they do not fail.
+    void Count(DiskCall call);
+    int Counted() const;
+
     /// From now on the `number`th call (1 the first) of a kind fails with a code of the engine;
     /// with `forGood` all calls of the kind that follow it, too.
     void FailAt(DiskCall call, int number, int code, bool forGood);

@@ -1,4 +1,5 @@
 #include "tests/common/FullDisk.h"
+#include "tests/common/ReadLock.h"
 #include "tests/filling/FillingTest.h"
 
 #include <QListWidget>
@@ -75,17 +76,9 @@ TEST_F(ViewerFaultTest, ByKeyboardTheMarkThatReturnsKeepsTheKeyboard) {
 }
 
 TEST_F(ViewerFaultTest, ATickWhoseCommitFailsGoesAgainToo) {
-    const QString file = Path(QStringLiteral("Database/Charts.mdb"));
-    Boxes.ExpectError(
-        ErrorNumber::EngineFault,
-        QStringLiteral("Another copy of Sparkit Dutygrid is writing at this moment, so that what "
-                       "you did last could not be done. Nothing of it has been stored. Please try "
-                       "again; if this message comes again, close the other copy first. (database "
-                       "is locked)"));
+    Boxes.ExpectError(ErrorNumber::EngineFault, OtherCopyWrites);
     {
-        SQLite::Database reader(file.toStdString(), SQLite::OPEN_READONLY);
-        SQLite::Statement reading(reader, "SELECT Name FROM Catalogue");
-        ASSERT_TRUE(reading.executeStep());
+        const ReadLock lock(Path(QStringLiteral("Database/Charts.mdb")));
         Click(Viewer().ClearImg[0]);
     }
     Boxes.VerifyAllShown();
@@ -135,14 +128,8 @@ TEST_F(UnreadableChartTest, AChartThatCannotBeReadIsNotOpenedAndKeepsItsTicks) {
                            SQLite::OPEN_READWRITE);
     other.exec("BEGIN EXCLUSIVE");
     bool isTold = false;
-    Boxes.Expect(RuntimeError(ErrorNumber::EngineFault,
-                              QStringLiteral("Another copy of Sparkit Dutygrid is writing at this "
-                                             "moment, so that what you did last could not be done. "
-                                             "Nothing of it has been stored. Please try again; if "
-                                             "this message comes again, close the other copy "
-                                             "first. (database is locked)"))
-                     .Report(),
-                 PromptAnswer::Ok, [&] {
+    Boxes.Expect(RuntimeError(ErrorNumber::EngineFault, OtherCopyWrites).Report(), PromptAnswer::Ok,
+                 [&] {
                      isTold = true;
                      other.exec("COMMIT");
                  });

@@ -1,4 +1,5 @@
 #include "platform/runtime/Progress.h"
+#include "tests/common/ReadLock.h"
 #include "tests/platform/tables/TablesTest.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -77,12 +78,7 @@ TEST_F(LockWaitTest, AWaitOfMoreThanHalfASecondIsToldUntilItIsOver) {
 TEST_F(LockWaitTest, AfterFiveSecondsTheUserHearsOfTheOtherCopyAndNothingOfTheActionIsWritten) {
     SQLite::Database other(File.toStdString(), SQLite::OPEN_READWRITE);
     other.exec("BEGIN IMMEDIATE");
-    Boxes.ExpectError(
-        ErrorNumber::EngineFault,
-        QStringLiteral("Another copy of Sparkit Dutygrid is writing at this moment, so that what "
-                       "you did last could not be done. Nothing of it has been stored. Please try "
-                       "again; if this message comes again, close the other copy first. (database "
-                       "is locked)"));
+    Boxes.ExpectError(ErrorNumber::EngineFault, OtherCopyWrites);
     waited.start();
     RunAction([&] {
         WithErrorsSkipped([this] { Write(QStringLiteral("first half")); });
@@ -96,6 +92,18 @@ TEST_F(LockWaitTest, AfterFiveSecondsTheUserHearsOfTheOtherCopyAndNothingOfTheAc
     EXPECT_EQ(Memos(*Store), QStringList());
     RunAction([this] { Write(QStringLiteral("again")); });
     EXPECT_EQ(Memos(*Store), QStringList(QStringLiteral("again")));
+}
+
+TEST_F(LockWaitTest, ALockOfTheWholeFileIsWaitedForOnceOnly) {
+    Recordset rows = Store->OpenRecordset(ChartName());
+    SQLite::Database other(File.toStdString(), SQLite::OPEN_READWRITE);
+    other.exec("BEGIN EXCLUSIVE");
+    waited.start();
+    // The look at the file after the fault meets the lock again.
+    EXPECT_EQ(ErrorText([&] { AddMemo(rows, QStringLiteral("a")); }), OtherCopyWrites);
+    EXPECT_GE(waited.elapsed(), 5000);
+    EXPECT_LT(waited.elapsed(), 9500);
+    EXPECT_EQ(told, QList<bool>({true, false}));
 }
 
 } // namespace
