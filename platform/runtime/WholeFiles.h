@@ -17,3 +17,6 @@ void RefuseToReplace(const QString& path);
 /// killed; what killed writes have left beside it is removed. Raises what RefuseToReplace does, and
 /// 75 if the disk refuses any part.
 void ReplaceFile(const QString& path, const QByteArray& content);
+
+/// Has the disk keep a file's bytes, or which files a folder holds. False if it refuses.
+bool SyncPath(const QString& path);

@@ -2,8 +2,6 @@
 #include "platform/tables/Catalogue.h"
 #include "platform/tables/TableFile.h"
 
-#include <SQLiteCpp/Backup.h>
-
 #include <QFile>
 #include <QFileInfo>
 #include <limits>
@@ -42,12 +40,6 @@ private:
     SQLite::Database& database_;
 };
 
-void Copy(SQLite::Database& to, SQLite::Database& from) {
-    SQLite::Backup backup(to, from);
-    if (backup.executeStep(-1) != SQLITE_DONE)
-        throw SQLite::Exception(sqlite3_errstr(SQLITE_BUSY), SQLITE_BUSY);
-}
-
 QString FreeNameBeside(const QString& path) {
     const QFileInfo file(path);
     const QString base = QStringLiteral("%1/%2 format %3 %4")
@@ -72,7 +64,7 @@ public:
                 Connect(unfinished, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
             // It is thrown away unless it is whole: nothing of it need be taken back.
             copy->exec("PRAGMA journal_mode=OFF");
-            Copy(*copy, database);
+            CopyPages(*copy, database);
             if (copy->execAndGet("PRAGMA quick_check(1)").getString() != "ok")
                 ReportDamage();
         } catch (...) {
@@ -194,7 +186,7 @@ void CarryOver(SQLite::Database& database, const QString& path, const CarryOverW
     SQLite::Database fresh("", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
     fresh.exec("PRAGMA page_size=" + database.execAndGet("PRAGMA page_size").getString());
     const int tables = Fill(fresh, copy.Name(), watch);
-    Copy(database, fresh);
+    CopyPages(database, fresh);
     copy.Keep();
     if (watch)
         watch(tables, tables);
