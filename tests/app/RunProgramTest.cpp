@@ -2,6 +2,7 @@
 
 #include "help/HelpWindow.h"
 #include "platform/printing/Printer.h"
+#include "platform/runtime/Actions.h"
 #include "platform/runtime/FolderUse.h"
 #include "platform/runtime/Progress.h"
 #include "shell/LogIn.h"
