@@ -5,12 +5,14 @@
 #include "store/ProgramFiles.h"
 #include "store/PutBack.h"
 
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -18,6 +20,12 @@
 namespace {
 
 enum Column { Day, Accounts, Charts, PastWeeks, ColumnCount };
+
+QAccessibleInterface* MakeRestoreAccess(const QString& key, QObject* object) {
+    return key == QLatin1String("RestoreWindow")
+               ? new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Window)
+               : nullptr;
+}
 
 QLabel* MakeLabel(const QString& name, const char* role, const QString& text = QString()) {
     auto* label = new QLabel(text);
@@ -68,6 +76,8 @@ QTreeWidgetItem* Line(const QString& title, const CopySummary& holds) {
 } // namespace
 
 RestoreWindow::RestoreWindow() {
+    // A plain widget would be passed over as filling.
+    QAccessible::installFactory(MakeRestoreAccess);
     setObjectName(QStringLiteral("RestoreWindow"));
     setWindowTitle(QStringLiteral("Sparkit Dutygrid Restore"));
     MakeControls();
@@ -76,6 +86,7 @@ RestoreWindow::RestoreWindow() {
     On(putBack_, &QPushButton::clicked, this, [this] { PutBack_Click(); });
     On(copies_, &QTreeWidget::itemActivated, this, [this] { PutBack_Click(); });
     On(close_, &QPushButton::clicked, this, [this] { close(); });
+    On(new QShortcut(QKeySequence::Cancel, this), &QShortcut::activated, this, [this] { close(); });
 }
 
 void RestoreWindow::MakeControls() {
@@ -153,7 +164,12 @@ void RestoreWindow::Refresh() {
     copies_->clear();
     for (const QString& name : CopyNames()) {
         entries_ += {name, SummaryOf(DatabaseOfCopy(name))};
-        copies_->addTopLevelItem(Line(CopyTitle(name), entries_.constLast().Holds));
+        const Entry& entry = entries_.constLast();
+        QTreeWidgetItem* line = Line(CopyTitle(name), entry.Holds);
+        // Who hears the list does not see what changes below it.
+        if (entry.Holds.Fault.isEmpty())
+            line->setData(Day, Qt::AccessibleDescriptionRole, Difference(entry));
+        copies_->addTopLevelItem(line);
     }
     middle_->setCurrentIndex(entries_.isEmpty() ? 1 : 0);
     difference_->parentWidget()->setVisible(!entries_.isEmpty());

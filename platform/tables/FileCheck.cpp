@@ -36,8 +36,15 @@ qint64 ReadRows(Statements& statements, const Table& table) {
         for (int field = 0; field < static_cast<int>(table.Shape->Fields.size()); ++field) {
             const FieldDefinition& definition =
                 table.Shape->Fields[static_cast<std::size_t>(field)];
-            if (definition.Type != FieldType::LongBinary)
-                ValueOf(definition, query.Read(field + 1));
+            if (definition.Type == FieldType::LongBinary)
+                continue;
+            const Cell cell = query.Read(field + 1);
+            // Any bytes are a text, and to make one of them takes longest.
+            const bool isText =
+                (definition.Type == FieldType::Text || definition.Type == FieldType::Memo) &&
+                std::holds_alternative<std::string>(cell);
+            if (!isText)
+                ValueOf(definition, cell);
         }
     ReadPictures(statements, table);
     return rows;

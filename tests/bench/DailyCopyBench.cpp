@@ -17,7 +17,7 @@ TEST_F(BenchTest, TheFirstChangeOfADayWaitsForItsCopy) {
         return time;
     });
     // When the program rests: a click that comes meanwhile waits so long.
-    ExpectTime("the check of that copy", 500, [&] {
+    ExpectTime("the check of that copy", 1000, [&] {
         SetToday(day = day.addDays(1));
         RunAction([] { Database().AddPoints(ChildName(3), 1, false); });
         return TimeOf(FinishDailyCopy);

@@ -44,6 +44,10 @@ TEST_F(RestoreWindowTest, WithoutCopiesThereIsNothingToPress) {
     LookAt(window, u"Restore-empty"_s);
     Click(Find(window, u"Close"_s));
     EXPECT_FALSE(window.isVisible());
+    window.show();
+    Settle();
+    Press(Find(window, u"Close"_s), Qt::Key_Escape);
+    EXPECT_FALSE(window.isVisible());
 }
 
 TEST_F(RestoreWindowTest, TheCopiesAreListedByDayAndSayWhatIsOtherwise) {
@@ -58,6 +62,8 @@ TEST_F(RestoreWindowTest, TheCopiesAreListedByDayAndSayWhatIsOtherwise) {
     EXPECT_EQ(Text(window, u"Difference"_s), u"Compared with now: Anna has 5 points fewer."_s);
     Press(copies, Qt::Key_Down);
     EXPECT_EQ(Text(window, u"Difference"_s), u"Compared with now: Anna has 10 points fewer."_s);
+    EXPECT_EQ(copies.currentItem()->data(0, Qt::AccessibleDescriptionRole).toString(),
+              u"Compared with now: Anna has 10 points fewer."_s);
     LookAt(window, u"Restore"_s);
 }
 
