@@ -12,6 +12,7 @@
 #include "platform/runtime/Actions.h"
 #include "session/FormNames.h"
 #include "session/ProgramRun.h"
+#include "store/PutBack.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -37,10 +38,13 @@ public:
     }
 };
 
-void Start() {
-    RunAction([] {
+void Start(std::unique_ptr<FolderUse>& data) {
+    RunAction([&] {
         // No session can begin after a fault in the start-up.
-        WithErrorsEndingTheRun([] { DefaultForm(FormNames::LogIn).Show(); });
+        WithErrorsEndingTheRun([&] {
+            data = UseData();
+            DefaultForm(FormNames::LogIn).Show();
+        });
     });
 }
 
@@ -67,11 +71,13 @@ int RunProgram(QApplication& application, const QString& programFolder) {
     const ProgramRun run({.Boxes = &prompts,
                           .Desktop = &desktop,
                           .Paper = &printer,
-                          .ProgramFolder = programFolder});
+                          .ProgramFolder = programFolder,
+                          .KeepsDailyCopies = true});
     RegisterForms();
 
+    std::unique_ptr<FolderUse> data;
     // Inside the event loop, which an error in the start-up is to end.
-    QTimer::singleShot(0, &application, Start);
+    QTimer::singleShot(0, &application, [&data] { Start(data); });
     const int exitCode = QApplication::exec();
 
     DropDefaultForms();

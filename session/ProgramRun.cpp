@@ -8,6 +8,7 @@
 #include "platform/runtime/Prompts.h"
 #include "session/Session.h"
 #include "session/Settings.h"
+#include "store/DailyCopies.h"
 #include "support/SoundFunctions.h"
 
 namespace {
@@ -18,6 +19,7 @@ void Take(const Surroundings& surroundings) {
     SetPrintTarget(surroundings.Paper);
     SetProgramFolder(surroundings.ProgramFolder);
     SetToday(surroundings.Today);
+    KeepDailyCopies(surroundings.KeepsDailyCopies);
     SetEndProcess(surroundings.End);
 }
 

@@ -18,6 +18,8 @@ struct Surroundings {
     QString ProgramFolder{};
     /// Invalid: the day of the system's clock.
     QDate Today{};
+    /// A copy of what is stored is made before the first change of each day.
+    bool KeepsDailyCopies = false;
     /// What ends the process in place of leaving its event loops.
     std::function<void(int exitCode)> End{};
 };

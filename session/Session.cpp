@@ -1,6 +1,7 @@
 #include "session/Session.h"
 
 #include "platform/runtime/Actions.h"
+#include "store/DailyCopies.h"
 
 QString CurrentUser;
 QString CurrentState;
@@ -49,6 +50,7 @@ DatabaseCls& Database() {
 void ResetSession() {
     SetCommitHook({});
     Store().reset();
+    FinishDailyCopy();
     CurrentUser.clear();
     CurrentState.clear();
     SchoolMode = Version::Home;

@@ -2,11 +2,11 @@
 
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Pictures.h"
-#include "platform/runtime/ProgramFolder.h"
 #include "platform/runtime/RuntimeError.h"
 #include "platform/runtime/SharedFiles.h"
 #include "platform/runtime/TextFiles.h"
 #include "session/Session.h"
+#include "store/ProgramFiles.h"
 
 #include <QDir>
 
@@ -18,10 +18,6 @@ SettingsForms& Forms() {
     if (shownIn == nullptr)
         throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
     return *shownIn;
-}
-
-QString SettingsFile() {
-    return InProgramFolder(QStringLiteral("Settings/Settings.txt"));
 }
 
 void ReadVariables() {

@@ -1,11 +1,14 @@
 #include "store/DatabaseCls.h"
 
 #include "platform/runtime/FileFaults.h"
-#include "platform/runtime/ProgramFolder.h"
 #include "platform/runtime/Progress.h"
 #include "platform/runtime/RuntimeError.h"
+#include "platform/tables/Damage.h"
+#include "store/DailyCopies.h"
 #include "store/NewDatabase.h"
+#include "store/ProgramFiles.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 DatabaseCls::DatabaseCls(ChartForms& forms) : forms_(forms) {}
@@ -14,8 +17,23 @@ DatabaseCls::~DatabaseCls() = default;
 
 namespace {
 
-QString DatabaseFile() {
-    return InProgramFolder(QStringLiteral("Database/Charts.mdb"));
+/// Says what a parent can do about a damaged file.
+std::shared_ptr<TableStore> Open(const QString& path) {
+    try {
+        return TableStore::OpenDatabase(path, [](int done, int all) {
+            ReportProgress(QStringLiteral("Your Dutygrids are moved into a faster file..."), done,
+                           all);
+        });
+    } catch (const RuntimeError& error) {
+        if (!MeansDamage(error))
+            throw;
+        throw RuntimeError(
+            error.Number(),
+            QStringLiteral("%1\n\nThe file with your accounts and Dutygrids is damaged:\n%2\n\n"
+                           "Start \"Sparkit Dutygrid Restore\" to get back what it held on an "
+                           "earlier day.")
+                .arg(error.Text(), QDir::toNativeSeparators(path)));
+    }
 }
 
 /// The engine itself would follow a link, and wait for a pipe in the place of its journal for ever.
@@ -36,12 +54,10 @@ void DatabaseCls::InitDatabse() {
     const QString path = DatabaseFile();
     RefuseLinksAndPipes(path);
     if (QFileInfo(path).isFile())
-        ChartDb = TableStore::OpenDatabase(path, [](int done, int all) {
-            ReportProgress(QStringLiteral("Your Dutygrids are moved into a faster file..."), done,
-                           all);
-        });
+        ChartDb = Open(path);
     else
         ChartDb = MakeDatabase(path);
+    ChartDb->SetBeforeWrite([tables = ChartDb.get()] { CopyBeforeChange(*tables); });
 }
 
 void DatabaseCls::Commit() {

@@ -22,6 +22,8 @@ PromptAnswer SystemPrompts::Show(const Prompt& prompt) {
     if (prompt.Buttons == PromptButtons::YesNo) {
         // The toolkit takes the No for what closing the box answers.
         box->setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        if (prompt.BeginsOnNo)
+            box->setDefaultButton(QMessageBox::No);
     } else {
         box->setStandardButtons(QMessageBox::Ok);
         box->button(QMessageBox::Ok)->setText(QStringLiteral("Ok"));

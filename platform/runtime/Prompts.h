@@ -17,6 +17,8 @@ struct Prompt {
     PromptIcon Icon = PromptIcon::None;
     /// True where the forms behind the box stay usable while it stands.
     bool LeavesFormsReachable = false;
+    /// True where the keyboard begins on No.
+    bool BeginsOnNo = false;
 };
 
 /// Message boxes. The windows provide the real ones, tests a scripted list of answers.

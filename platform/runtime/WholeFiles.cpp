@@ -25,20 +25,6 @@ bool Sync(QFile& file) {
 #endif
 }
 
-/// Has the disk keep which files a folder holds.
-bool SyncFolder(const QString& path) {
-#ifdef Q_OS_UNIX
-    const int folder =
-        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    const bool isDone = folder >= 0 && ::fsync(folder) == 0;
-    if (folder >= 0)
-        ::close(folder);
-    return isDone;
-#else
-    return true;
-#endif
-}
-
 /// A file that is not yet whole, beside the one whose place it will take; removed unless it does.
 class Draft {
 public:
@@ -75,7 +61,7 @@ public:
         std::error_code fault;
         std::filesystem::rename(file_.filesystemFileName(), target_.filesystemFilePath(), fault);
         isWhole_ = !fault;
-        if (!isWhole_ || (isKept && !SyncFolder(target_.path())))
+        if (!isWhole_ || (isKept && !SyncPath(target_.path())))
             throw Fault();
     }
 
@@ -100,6 +86,20 @@ void RemoveLeftDrafts(const QFileInfo& target) {
 }
 
 } // namespace
+
+bool SyncPath(const QString& path) {
+#ifdef Q_OS_UNIX
+    // Not waiting for the other end of a pipe that somebody has laid there.
+    const int handle =
+        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    const bool isDone = handle >= 0 && ::fsync(handle) == 0;
+    if (handle >= 0)
+        ::close(handle);
+    return isDone;
+#else
+    return true;
+#endif
+}
 
 QByteArray ReadWholeFile(const QString& path, qint64 most) {
     const QFileInfo info(path);

@@ -29,3 +29,6 @@ void ReplaceScratchFile(const QString& path, const QByteArray& content);
 /// Gives a file another name in its folder if nothing has that yet, neither file nor link. False if
 /// something has, or the disk refuses.
 bool RenameToFreeName(const QString& from, const QString& to);
+
+/// Has the disk keep a file's bytes, or which files a folder holds. False if it refuses.
+bool SyncPath(const QString& path);

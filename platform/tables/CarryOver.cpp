@@ -4,7 +4,6 @@
 #include "platform/tables/Catalogue.h"
 #include "platform/tables/TableFile.h"
 
-#include <SQLiteCpp/Backup.h>
 #include <SQLiteCpp/Transaction.h>
 
 #include <QFile>
@@ -41,12 +40,6 @@ private:
     SQLite::Database& database_;
 };
 
-void Copy(SQLite::Database& to, SQLite::Database& from) {
-    SQLite::Backup backup(to, from);
-    if (backup.executeStep(-1) != SQLITE_DONE)
-        throw SQLite::Exception(sqlite3_errstr(SQLITE_BUSY), SQLITE_BUSY);
-}
-
 QString FreeNameBeside(const QString& path, int format) {
     const QFileInfo file(path);
     const QString base = QStringLiteral("%1/%2 format %3 %4")
@@ -76,7 +69,7 @@ public:
                 Connect(unfinished, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
             // It is thrown away unless it is whole: nothing of it need be taken back.
             copy->exec("PRAGMA journal_mode=OFF");
-            Copy(*copy, database);
+            CopyPages(*copy, database);
             if (copy->execAndGet("PRAGMA quick_check(1)").getString() != "ok")
                 ReportDamage();
         } catch (...) {
@@ -210,7 +203,7 @@ void CarryTables(SQLite::Database& database, const QString& copy, const CarryOve
     SQLite::Database fresh("", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
     fresh.exec("PRAGMA page_size=" + database.execAndGet("PRAGMA page_size").getString());
     const int tables = Fill(fresh, copy, watch);
-    Copy(database, fresh);
+    CopyPages(database, fresh);
     if (watch)
         watch(tables, tables);
 }

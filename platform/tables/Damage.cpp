@@ -217,3 +217,8 @@ QStringList FindDamage(const QString& path) {
         return {error.Text()};
     }
 }
+
+bool MeansDamage(const RuntimeError& error) {
+    return error.Text() == QLatin1String(sqlite3_errstr(SQLITE_CORRUPT)) ||
+           error.Text() == QLatin1String(sqlite3_errstr(SQLITE_NOTADB));
+}

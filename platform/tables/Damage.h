@@ -2,6 +2,8 @@
 
 #include <QStringList>
 
+class RuntimeError;
+
 /// What is wrong with a database file: sentences for the user, which name the tables that they are
 /// about. Nothing if all that has been stored in the file is there as it was stored.
 ///
@@ -12,3 +14,6 @@
 /// Raises nothing: a file that cannot be opened, is empty or is none of ours is found to be so.
 /// Writes nothing, but that the engine takes back what a kill has left half done.
 QStringList FindDamage(const QString& path);
+
+/// True for the error of a file that is damaged or no database at all.
+bool MeansDamage(const RuntimeError& error);

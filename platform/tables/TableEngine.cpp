@@ -19,6 +19,19 @@ std::shared_ptr<TableEngine> TableEngine::Open(const QString& path, const CarryO
     return engine;
 }
 
+std::shared_ptr<TableEngine> TableEngine::OpenToRead(const QString& path) {
+    std::shared_ptr<TableEngine> engine(new TableEngine(Connect(path, SQLite::OPEN_READONLY)));
+    engine->Guard([&] {
+        SQLite::Database& database = *engine->link_->database;
+        RefuseByHeader(database, path);
+        Configure(database);
+        if (FormatOf(engine->Sql()) != FormatVersion)
+            throw SQLite::Exception(sqlite3_errstr(SQLITE_NOTADB), SQLITE_NOTADB);
+        engine->NoticeOthers();
+    });
+    return engine;
+}
+
 std::shared_ptr<TableEngine> TableEngine::Make(const QString& path, const QString& locale) {
     if (QFileInfo::exists(path)) {
         RuntimeError error(ErrorNumber::EngineFault,
@@ -135,12 +148,23 @@ void TableEngine::BeginWrite() {
     RefuseAfterFault(FaultAt::Writing);
     // Not from within the reading: the engine does not wait for others then.
     StopReading();
+    if (beforeWrite_)
+        beforeWrite_();
     // Before it is so: an action that could not begin to write must not go on, either.
     inTransaction_ = true;
     Execute("BEGIN IMMEDIATE");
     NoticeOthers();
     if (!link_->catalogue.IsMade())
         link_->catalogue.Make({});
+}
+
+void TableEngine::CopyTo(const QString& path) {
+    const std::unique_ptr<SQLite::Database> copy =
+        Connect(path, SQLite::OPEN_READWRITE | SQLITE_OPEN_NOFOLLOW);
+    // It is thrown away unless it is whole: nothing of it need be taken back.
+    copy->exec("PRAGMA journal_mode=OFF");
+    copy->exec("PRAGMA synchronous=OFF");
+    CopyPages(*copy, *link_->database);
 }
 
 void TableEngine::BeginReading() {

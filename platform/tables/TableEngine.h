@@ -6,6 +6,7 @@
 #include "platform/tables/TableFile.h"
 
 #include <QScopeGuard>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -18,6 +19,8 @@ public:
     /// Opens an existing file; one of a former format is carried over, and `watch` is told of
     /// it. Raises 3000 for one that is not ours; it is left as it is.
     static std::shared_ptr<TableEngine> Open(const QString& path, const CarryOverWatch& watch);
+    /// Opens an existing file of the present format for reading only. Raises 3000.
+    static std::shared_ptr<TableEngine> OpenToRead(const QString& path);
     /// Makes a file that keeps `locale` for the record. Raises 3000 if there is one already.
     static std::shared_ptr<TableEngine> Make(const QString& path, const QString& locale);
 
@@ -50,6 +53,12 @@ public:
     void Drop(const QString& name);
     /// Adds all rows of one table to another.
     void CopyRows(const QString& from, const QString& to, const QStringList& fields);
+
+    /// Run whenever a transaction is about to begin, when nothing has been written yet.
+    void SetBeforeWrite(std::function<void()> before) { beforeWrite_ = std::move(before); }
+    /// Copies the file as it is, without what a transaction under way has written, into another
+    /// that is there already. It is not synchronised.
+    void CopyTo(const QString& path);
 
     /// Begins a transaction if none is under way.
     void BeginWrite();
@@ -87,6 +96,7 @@ private:
     bool IsRolledBack() const;
 
     std::unique_ptr<Link> link_;
+    std::function<void()> beforeWrite_;
     bool inTransaction_ = false;
     bool isReading_ = false;
     int readers_ = 0;

@@ -1,6 +1,7 @@
 #include "platform/tables/TableFile.h"
 
 #include "platform/runtime/FileFaults.h"
+#include <SQLiteCpp/Backup.h>
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -144,6 +145,12 @@ int FormatOf(Statements& statements) {
         catalogue.Step();
     }
     return version;
+}
+
+void CopyPages(SQLite::Database& to, SQLite::Database& from) {
+    SQLite::Backup backup(to, from);
+    if (backup.executeStep(-1) != SQLITE_DONE)
+        throw SQLite::Exception(sqlite3_errstr(SQLITE_BUSY), SQLITE_BUSY);
 }
 
 void Configure(SQLite::Database& database) {

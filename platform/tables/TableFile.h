@@ -34,6 +34,9 @@ int FormatOf(Statements& statements);
 /// Settings of a connection that hold for every file.
 void Configure(SQLite::Database& database);
 
+/// Copies all pages of a database into another. Raises an exception of the engine.
+void CopyPages(SQLite::Database& to, SQLite::Database& from);
+
 /// Told now and then how many of how many tables have been carried over.
 using CarryOverWatch = std::function<void(int done, int all)>;
 

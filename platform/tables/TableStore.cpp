@@ -7,6 +7,10 @@ std::unique_ptr<TableStore> TableStore::OpenDatabase(const QString& path,
     return std::unique_ptr<TableStore>(new TableStore(TableEngine::Open(path, watch)));
 }
 
+std::unique_ptr<TableStore> TableStore::OpenToRead(const QString& path) {
+    return std::unique_ptr<TableStore>(new TableStore(TableEngine::OpenToRead(path)));
+}
+
 std::unique_ptr<TableStore> TableStore::CreateDatabase(const QString& path, const QString& locale) {
     return std::unique_ptr<TableStore>(new TableStore(TableEngine::Make(path, locale)));
 }
@@ -67,6 +71,14 @@ TableWalk TableStore::WalkThrough(const QString& name, const QStringList& fields
     TableWalk walk(engine_, fields);
     walk.Open(name);
     return walk;
+}
+
+void TableStore::SetBeforeWrite(std::function<void()> before) {
+    engine_->SetBeforeWrite(std::move(before));
+}
+
+void TableStore::CopyTo(const QString& path) {
+    engine_->Guard([&] { engine_->CopyTo(path); });
 }
 
 void TableStore::Commit() {

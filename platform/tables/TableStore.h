@@ -43,6 +43,10 @@ public:
     static std::unique_ptr<TableStore> OpenDatabase(const QString& path,
                                                     const CarryOverWatch& watch = {});
 
+    /// Opens an existing file of the present format for reading only: it may lie where nothing can
+    /// be written. Raises 3000.
+    static std::unique_ptr<TableStore> OpenToRead(const QString& path);
+
     /// Makes a new database without tables. `locale` is kept with the database for the record.
     /// Raises 3000 if the folder is missing or cannot be written.
     static std::unique_ptr<TableStore> CreateDatabase(const QString& path, const QString& locale);
@@ -98,6 +102,13 @@ public:
     private:
         std::shared_ptr<TableEngine> engine_;
     };
+
+    /// `before` is run whenever something is about to be written that begins a transaction, and
+    /// may copy the file.
+    void SetBeforeWrite(std::function<void()> before);
+    /// Copies the file as it was last committed into a file that is there already, which is not
+    /// synchronised; no link leads to it. Raises 3000.
+    void CopyTo(const QString& path);
 
     /// Makes what has been written since the last commit durable. If the engine refuses, all of
     /// it is rolled back and 3000 raised.

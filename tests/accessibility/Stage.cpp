@@ -7,9 +7,11 @@
 #include "authoring/DisplayAllPeople.h"
 #include "authoring/ResetDate.h"
 #include "filling/ChartViewer.h"
+#include "platform/runtime/Dates.h"
 #include "session/Session.h"
 #include "shell/ChangePasswordfrm.h"
 #include "shell/LoginWindow.h"
+#include "store/DailyCopies.h"
 
 #include <QApplication>
 #include <QListWidget>
@@ -42,6 +44,7 @@ Stage::Stage() {
 
 Stage::~Stage() {
     help_.reset();
+    restore_.reset();
 }
 
 void Stage::FillStore() {
@@ -55,6 +58,16 @@ void Stage::FillStore() {
     });
     StoreWithHistory(u"Chores Anna"_s, u"Anna"_s);
     StoreWithHistory(u"Garden Anna"_s, u"Anna"_s);
+}
+
+void Stage::MakeCopies() {
+    KeepDailyCopies(true);
+    for (int day = 0; day < 3; ++day) {
+        SetToday(QDate(2001, 3, 7).addDays(day));
+        Arrange([] { Database().AddPoints(u"Anna"_s, 5, false); });
+        FinishDailyCopy();
+    }
+    KeepDailyCopies(false);
 }
 
 QStringList Stage::Names() {
@@ -82,7 +95,8 @@ QStringList Stage::Names() {
             u"BackgroundOptions"_s,
             u"OtherOptions"_s,
             u"frmAboutDutygrid"_s,
-            u"HelpWindow"_s};
+            u"HelpWindow"_s,
+            u"RestoreWindow"_s};
 }
 
 QWidget& Stage::Show(const QString& name) {
@@ -91,6 +105,13 @@ QWidget& Stage::Show(const QString& name) {
         help_->Open(Path(u"HelpFile/DutygridHlp.hlp"_s));
         WaitForKeyboard(*help_);
         return *help_;
+    }
+    if (name == u"RestoreWindow"_s) {
+        MakeCopies();
+        restore_ = std::make_unique<RestoreWindow>();
+        restore_->show();
+        WaitForKeyboard(*restore_);
+        return *restore_;
     }
     static const QStringList beforeLogIn = {u"LogIn"_s, u"LoginWindow"_s, u"NewUser"_s,
                                             u"ChangePasswordfrm"_s};

@@ -2,6 +2,7 @@
 
 #include "help/HelpWindow.h"
 #include "platform/runtime/Desktop.h"
+#include "restore/RestoreWindow.h"
 #include "tests/common/Charts.h"
 #include "tests/common/FormTest.h"
 
@@ -41,6 +42,7 @@ public:
 private:
     void TestBody() override {}
     void FillStore();
+    static void MakeCopies();
     QWidget& ShowForm(const QString& name);
     static void WaitForKeyboard(const QWidget& form);
     QWidget& OpenEditor();
@@ -50,4 +52,5 @@ private:
     RecordingPrompts prompts_;
     SilentDesktop desktop_;
     std::unique_ptr<HelpWindow> help_;
+    std::unique_ptr<RestoreWindow> restore_;
 };

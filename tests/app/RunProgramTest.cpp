@@ -2,14 +2,18 @@
 
 #include "help/HelpWindow.h"
 #include "platform/printing/Printer.h"
+#include "platform/runtime/Actions.h"
+#include "platform/runtime/FolderUse.h"
 #include "platform/runtime/Progress.h"
 #include "shell/LogIn.h"
+#include "store/DailyCopies.h"
 #include "support/clsRegistry.h"
 #include "tests/common/FormTest.h"
 #include "tests/common/NextBox.h"
 #include "widgets/HeadedList.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QIcon>
@@ -141,6 +145,35 @@ TEST_F(RunProgramTest, HelpBoxesAndTheWordOnLongWorkAreThoseOfTheDesktop) {
         Push(logIn, QStringLiteral("Exitbtn"));
     });
     EXPECT_EQ(ShownHelps(), 0);
+}
+
+TEST_F(RunProgramTest, ItHoldsItsDataAndCopiesThemBeforeTheFirstChange) {
+    const QString data = folder_ + QStringLiteral("Database");
+    Run([&](const LogIn& logIn) {
+        EXPECT_EQ(FolderUse::Alone(data), nullptr) << "no copy can be put back meanwhile";
+        EXPECT_FALSE(QFileInfo::exists(CopiesFolder()));
+        RunAction([] { Database().AddPoints(QStringLiteral("Anna"), 5, false); });
+        Push(logIn, QStringLiteral("Exitbtn"));
+    });
+    EXPECT_NE(FolderUse::Alone(data), nullptr);
+    EXPECT_EQ(
+        QDir(folder_ + QStringLiteral("Backups")).entryList(QDir::Dirs | QDir::NoDotAndDotDot),
+        QStringList{QDate::currentDate().toString(Qt::ISODate)});
+}
+
+TEST_F(RunProgramTest, ItDoesNotStartWhileACopyIsPutBack) {
+    const auto restoring = FolderUse::Alone(folder_ + QStringLiteral("Database"));
+    const NextBox next([](QWidget& box) {
+        EXPECT_EQ(dynamic_cast<QMessageBox&>(box).text(),
+                  QStringLiteral("Run-time error '70':\n\nSparkit Dutygrid Restore is just putting "
+                                 "back a copy. Please start Sparkit Dutygrid again in a moment."));
+        box.close();
+    });
+    EXPECT_EQ(Run([](const LogIn&) {
+                  ADD_FAILURE() << "nobody can log in";
+                  QCoreApplication::exit(99);
+              }),
+              1);
 }
 
 TEST_F(RunProgramTest, AnErrorInTheStartIsToldAndEndsTheRun) {

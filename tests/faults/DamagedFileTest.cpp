@@ -55,6 +55,17 @@ TEST_F(DamagedFileTest, ATruncatedDatabaseIsRefusedAndLeftAsItIs) {
         ExpectRefusal(whole.left(length), ("cut to " + std::to_string(length) + " bytes").c_str());
 }
 
+TEST_F(DamagedFileTest, TheMessageSaysThatItIsDamagedAndNamesTheWayBack) {
+    WriteBytes(File(), "no database, but long enough to be one");
+    RunAction([] { Database().InitDatabse(); });
+    EXPECT_EQ(Boxes.Errors(),
+              QStringList{QStringLiteral("Run-time error '3000':\n\nfile is not a database\n\n"
+                                         "The file with your accounts and Dutygrids is damaged:\n%1"
+                                         "\n\nStart \"Sparkit Dutygrid Restore\" to get back what "
+                                         "it held on an earlier day.")
+                              .arg(File())});
+}
+
 TEST_F(DamagedFileTest, RandomBytesAreRefusedAndLeftAsTheyAre) {
     std::mt19937 random(7);
     for (const int size : {2, 100, 512, 4'096, 70'000}) {

@@ -44,7 +44,7 @@ const QSet<QString>& ProgramTexts() {
         QSet<QString> all;
         for (const char* room :
              {"accounts", "app", "authoring", "filling", "help", "look", "platform", "print",
-              "reports", "session", "shell", "store", "support", "widgets"}) {
+              "reports", "restore", "session", "shell", "store", "support", "widgets"}) {
             QDirIterator files(
                 QStringLiteral(DUTYGRID_SOURCE_DIR "/") + QString::fromLatin1(room),
                 {QStringLiteral("*.ui"), QStringLiteral("*.cpp"), QStringLiteral("*.h")},
@@ -83,7 +83,7 @@ TEST_F(HelpManualTest, HasAPageForEveryNeed) {
     }
     EXPECT_EQ(pages.join(QLatin1Char(' ')),
               QStringLiteral("welcome start charts weeks points reports children "
-                             "school options data "
+                             "school options data back "
                              "wrong questions menus"));
 }
 

@@ -1,0 +1,197 @@
+#include "store/PutBack.h"
+
+#include "platform/runtime/Dates.h"
+#include "platform/runtime/DraftFolder.h"
+#include "platform/runtime/ProgramFolder.h"
+#include "platform/runtime/RuntimeError.h"
+#include "platform/runtime/WholeFiles.h"
+#include "platform/tables/Damage.h"
+#include "store/DailyCopies.h"
+#include "store/ProgramFiles.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLocale>
+#include <filesystem>
+#include <limits>
+
+namespace {
+
+constexpr int InUse = 70;
+constexpr qint64 AnySize = std::numeric_limits<qint64>::max();
+
+QString NoteFile() {
+    return CopiesFolder() + QStringLiteral("/PuttingBack.txt");
+}
+
+QString FolderOf(const QString& name) {
+    return CopiesFolder() + QLatin1Char('/') + name;
+}
+
+/// What the engine keeps beside a database whose last change was interrupted. It belongs to that
+/// file alone: to another one it would do harm.
+QStringList FilesBeside(const QString& database) {
+    return {database + QStringLiteral("-journal"), database + QStringLiteral("-wal"),
+            database + QStringLiteral("-shm")};
+}
+
+/// "2001-03-08 14.30.05 before": what stood there when a copy was put back.
+const QString KeptFormat = QStringLiteral("yyyy-MM-dd HH.mm.ss 'before'");
+
+QDateTime TimeKept(const QString& name) {
+    const QDateTime time = QDateTime::fromString(name, KeptFormat);
+    return time.toString(KeptFormat) == name ? time : QDateTime();
+}
+
+bool IsCopy(const QString& name) {
+    return DayOfCopy(name).isValid() || TimeKept(name).isValid();
+}
+
+bool IsPlain(const QString& path) {
+    const QFileInfo info(path);
+    return info.isFile() && !info.isSymLink() && info.isReadable() && info.isWritable();
+}
+
+bool IsThere(const QString& path) {
+    const QFileInfo info(path);
+    return info.exists() || info.isSymLink();
+}
+
+void Rename(const QString& from, const QString& to) {
+    std::error_code fault;
+    std::filesystem::rename(QFileInfo(from).filesystemFilePath(),
+                            QFileInfo(to).filesystemFilePath(), fault);
+    if (fault)
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
+}
+
+/// Gives the name of what cannot be replaced or read free.
+void SetAside(const QString& path) {
+    const QString time = QDateTime::currentDateTime().toString(Qt::ISODateWithMs);
+    Rename(path, path + QStringLiteral(" until ") + time);
+}
+
+/// Puts bytes in the place of a file. What is no file, or none that can be written, makes room.
+void PutInPlace(const QString& path, const QByteArray& bytes) {
+    QDir().mkpath(QFileInfo(path).path());
+    if (IsThere(path) && !IsPlain(path))
+        SetAside(path);
+    ReplaceFile(path, bytes);
+}
+
+QString PlaceOf(const QString& fileInCopy) {
+    if (fileInCopy == CopiedDatabase)
+        return DatabaseFile();
+    if (fileInCopy.endsWith(QLatin1String(".dat")))
+        return InProgramFolder(QStringLiteral("Jobs/") + fileInCopy);
+    return SettingsFile();
+}
+
+/// Makes a copy of all that can be read, sound or not; the files that cannot.
+QStringList KeepWhatIsThere(const QString& rightsLike) {
+    QStringList files = SettingsAndJobLists();
+    for (const QString& file : QStringList(DatabaseFile()) + FilesBeside(DatabaseFile()))
+        if (IsPlain(file))
+            files += file;
+    QStringList unreadable;
+    DraftFolder draft(CopiesFolder(), rightsLike);
+    for (const QString& file : files) {
+        QByteArray bytes;
+        try {
+            bytes = ReadWholeFile(file, AnySize);
+        } catch (const RuntimeError&) {
+            unreadable += file;
+            continue;
+        }
+        draft.Write(QFileInfo(file).fileName(), bytes);
+    }
+    if (unreadable.size() == files.size())
+        return unreadable;
+    QDateTime time(Today(), QTime::currentTime());
+    while (IsThere(FolderOf(time.toString(KeptFormat))))
+        time = time.addSecs(1);
+    draft.TakeName(time.toString(KeptFormat));
+    return unreadable;
+}
+
+void Finish() {
+    if (!IsThere(NoteFile()))
+        return;
+    const QString name = QString::fromUtf8(ReadWholeFile(NoteFile(), 1000));
+    // A copy that somebody has removed meanwhile cannot be put back, and must stop no start.
+    if (IsCopy(name) && QFileInfo(DatabaseOfCopy(name)).isFile()) {
+        // Whatever is interrupted here begins anew: the copy stays as it is.
+        for (const QString& file : FilesBeside(DatabaseFile()))
+            if (IsThere(file) && !QFile::remove(file))
+                throw RuntimeError(ErrorNumber::PathFileAccessError);
+        PutInPlace(DatabaseFile(), ReadWholeFile(DatabaseOfCopy(name), AnySize));
+        const QDir copy(FolderOf(name));
+        for (const QString& file :
+             copy.entryList({QStringLiteral("*.dat"), QStringLiteral("Settings.txt")},
+                            QDir::Files | QDir::NoSymLinks))
+            PutInPlace(PlaceOf(file), ReadWholeFile(copy.filePath(file), LargestSmallFile));
+    }
+    if (!QFile::remove(NoteFile()) || !SyncPath(CopiesFolder()))
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
+}
+
+QString DataFolder() {
+    return QFileInfo(DatabaseFile()).path();
+}
+
+} // namespace
+
+QStringList CopyNames() {
+    QStringList names;
+    for (const QString& name : QDir(CopiesFolder()).entryList(QDir::Dirs | QDir::NoSymLinks))
+        if (IsCopy(name))
+            names.prepend(name);
+    return names;
+}
+
+QString CopyTitle(const QString& name) {
+    const QString pattern = QStringLiteral("dddd, d MMMM yyyy");
+    const QDateTime kept = TimeKept(name);
+    return kept.isValid() ? QLocale().toString(kept, pattern + QStringLiteral(", HH:mm"))
+                          : QLocale().toString(DayOfCopy(name), pattern);
+}
+
+QString DatabaseOfCopy(const QString& name) {
+    return FolderOf(name) + QLatin1Char('/') + CopiedDatabase;
+}
+
+void PutCopyBack(const QString& name) {
+    QDir().mkpath(DataFolder());
+    const std::unique_ptr<FolderUse> use = FolderUse::Alone(DataFolder());
+    if (!use)
+        throw RuntimeError(InUse, QStringLiteral("Sparkit Dutygrid is still running. Please end "
+                                                 "it, on this screen and for everyone else who "
+                                                 "uses this computer, and try again."));
+    Finish();
+    const QString database = DatabaseOfCopy(name);
+    const QStringList damage = FindDamage(database);
+    if (!damage.isEmpty())
+        throw RuntimeError(ErrorNumber::EngineFault, damage.join(QLatin1Char('\n')));
+    const QStringList unreadable =
+        KeepWhatIsThere(IsPlain(DatabaseFile()) ? DatabaseFile() : database);
+    ReplaceFile(NoteFile(), name.toUtf8());
+    for (const QString& file : unreadable)
+        SetAside(file);
+    Finish();
+}
+
+std::unique_ptr<FolderUse> UseData() {
+    if (IsThere(NoteFile())) {
+        QDir().mkpath(DataFolder());
+        if (const std::unique_ptr<FolderUse> alone = FolderUse::Alone(DataFolder()))
+            Finish();
+    }
+    std::unique_ptr<FolderUse> use = FolderUse::Shared(DataFolder());
+    if (!use)
+        throw RuntimeError(InUse, QStringLiteral("Sparkit Dutygrid Restore is just putting back a "
+                                                 "copy. Please start Sparkit Dutygrid again in a "
+                                                 "moment."));
+    return use;
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/runtime/FolderUse.h"
+
+#include <QString>
+#include <QStringList>
+#include <memory>
+
+/// Getting back what a copy holds: the database, the settings and the job lists, all or none. A
+/// note beside the copies says which one is being put back: from then on the work is only ever
+/// finished, by whichever program starts next.
+
+/// The folders with copies, the newest first: those of days, and what stood there before a copy was
+/// put back.
+QStringList CopyNames();
+/// When the copy was made, in words: "Thursday, 8 March 2001".
+QString CopyTitle(const QString& name);
+/// The database in a copy.
+QString DatabaseOfCopy(const QString& name);
+
+/// Puts a copy back. What stood there before is kept as a copy of its own. Raises 3000 for a copy
+/// that is not sound, 70 while the program runs, 75 if a file cannot be written; the former files
+/// are there then, or the note is.
+void PutCopyBack(const QString& name);
+
+/// To be called before the data is used, and to be kept as long as it is: finishes what has been
+/// begun. Raises 70 while a copy is being put back, 75 if that cannot be finished.
+std::unique_ptr<FolderUse> UseData();

@@ -1,0 +1,246 @@
+#include "store/PutBack.h"
+
+#include "platform/runtime/Actions.h"
+#include "platform/runtime/Dates.h"
+#include "platform/tables/Damage.h"
+#include "store/CopySummary.h"
+#include "store/DailyCopies.h"
+#include "store/ProgramFiles.h"
+#include "tests/common/Charts.h"
+#include "tests/common/OrdinaryUser.h"
+#include "tests/common/TestWorld.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <sys/stat.h>
+
+namespace {
+
+const QString CopiedDay = QStringLiteral("2001-03-07");
+
+QByteArray BytesIn(const QString& path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+    return file.readAll();
+}
+
+void PutBytes(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate)) << path.toStdString();
+    ASSERT_EQ(file.write(bytes), bytes.size());
+}
+
+} // namespace
+
+/// A family on Wednesday with a copy, and on Thursday with more; the program has ended.
+class PutBackTest : public ProgramTest {
+protected:
+    PutBackTest() {
+        AddChild(QStringLiteral("Anna"), 12);
+        StoreChart(QStringLiteral("Chores Anna"), {{QStringLiteral("Bed"), QStringLiteral("Mon"),
+                                                    QString(), QString(), QStringLiteral("2")}});
+        Database().Commit();
+        KeepDailyCopies(true);
+        AddChild(QStringLiteral("Max"), 3);
+        QCoreApplication::processEvents();
+        KeepDailyCopies(false);
+        SetToday(QDate(2001, 3, 8));
+        RunAction([] {
+            Database().AddPoints(QStringLiteral("Anna"), 40, false);
+            Database().DuplicateChartHistory(QStringLiteral("Chores Anna"));
+        });
+        PutBytes(SettingsFile(), "0\r\n\r\n5\r\n0\r\n0\r\n");
+        PutBytes(Jobs(), "Own job\r\n");
+        ResetSession();
+        settings_ = BytesIn(Copied(QStringLiteral("Settings.txt")));
+        jobs_ = BytesIn(Copied(QStringLiteral("HomeJobs.dat")));
+        database_ = BytesIn(DatabaseOfCopy(CopiedDay));
+    }
+
+    static void AddChild(const QString& name, int points) {
+        RunAction([&] {
+            Database().AddUser(name, QStringLiteral("a"), QStringLiteral("Student"), QString());
+            Database().AddPoints(name, static_cast<qint16>(points), false);
+        });
+    }
+    static QString Jobs() { return Path(QStringLiteral("Jobs/HomeJobs.dat")); }
+    static QString Copied(const QString& file, const QString& name = CopiedDay) {
+        return Path(QStringLiteral("Backups/%1/%2").arg(name, file));
+    }
+    static QString Kept() { return CopyNames().constFirst(); }
+
+    void ExpectCopyInPlace() {
+        EXPECT_TRUE(BytesIn(DatabaseFile()) == database_);
+        EXPECT_EQ(BytesIn(SettingsFile()), settings_);
+        EXPECT_EQ(BytesIn(Jobs()), jobs_);
+        EXPECT_FALSE(QFileInfo::exists(Path(QStringLiteral("Backups/PuttingBack.txt"))));
+    }
+
+    QByteArray settings_;
+    QByteArray jobs_;
+    QByteArray database_;
+};
+
+TEST_F(PutBackTest, AllOfACopyComesBackAndWhatStoodThereIsACopyItself) {
+    const QByteArray before = BytesIn(DatabaseFile());
+    PutCopyBack(CopiedDay);
+    ExpectCopyInPlace();
+    ASSERT_EQ(CopyNames().size(), 2);
+    EXPECT_EQ(CopyNames().constLast(), CopiedDay);
+    EXPECT_TRUE(Kept().startsWith(QLatin1String("2001-03-08 "))) << Kept().toStdString();
+    EXPECT_TRUE(BytesIn(DatabaseOfCopy(Kept())) == before);
+    EXPECT_EQ(BytesIn(Copied(QStringLiteral("Settings.txt"), Kept())), "0\r\n\r\n5\r\n0\r\n0\r\n");
+    EXPECT_EQ(BytesIn(Copied(QStringLiteral("HomeJobs.dat"), Kept())), "Own job\r\n");
+
+    PutCopyBack(Kept());
+    EXPECT_TRUE(BytesIn(DatabaseFile()) == before);
+    EXPECT_EQ(BytesIn(Jobs()), "Own job\r\n");
+}
+
+TEST_F(PutBackTest, ItRefusesWhileTheProgramRunsAndTheProgramWhileItWorks) {
+    const QByteArray before = BytesIn(DatabaseFile());
+    {
+        const auto program = UseData();
+        const auto another = UseData();
+        EXPECT_ERROR(70, PutCopyBack(CopiedDay));
+    }
+    EXPECT_TRUE(BytesIn(DatabaseFile()) == before);
+    EXPECT_EQ(CopyNames().size(), 1);
+    {
+        const auto restoring = FolderUse::Alone(Path(QStringLiteral("Database")));
+        EXPECT_ERROR(70, UseData());
+    }
+    EXPECT_NE(UseData(), nullptr);
+}
+
+TEST_F(PutBackTest, WhateverStandsInThePlaceOfTheDatabaseMakesRoom) {
+    const QString file = DatabaseFile();
+    const struct {
+        const char* what;
+        std::function<void()> put;
+        bool isKept;
+    } cases[] = {
+        {"damaged", [&] { PutBytes(file, QByteArray(5000, 'x')); }, true},
+        {"empty", [&] { PutBytes(file, {}); }, true},
+        {"missing", [] {}, false},
+        {"a folder", [&] { QDir().mkpath(file + QStringLiteral("/full")); }, false},
+        {"a pipe", [&] { ::mkfifo(QFile::encodeName(file).constData(), 0600); }, false},
+        {"a link",
+         [&] {
+             PutBytes(Path(QStringLiteral("trap")), "trap");
+             QFile::link(Path(QStringLiteral("trap")), file);
+         },
+         false},
+    };
+    for (const auto& one : cases) {
+        QFile::remove(file);
+        one.put();
+        const auto copies = CopyNames().size();
+        PutCopyBack(CopiedDay);
+        ExpectCopyInPlace();
+        EXPECT_EQ(CopyNames().size(), copies + 1) << one.what;
+        EXPECT_EQ(QFileInfo::exists(DatabaseOfCopy(Kept())), one.isKept) << one.what;
+    }
+    EXPECT_EQ(BytesIn(Path(QStringLiteral("trap"))), "trap");
+    // The folder, the pipe and the link are beside the file.
+    EXPECT_EQ(QDir(Path(QStringLiteral("Database")))
+                  .entryList({QStringLiteral("Charts.mdb until *")},
+                             QDir::AllEntries | QDir::System | QDir::Hidden)
+                  .size(),
+              3);
+    QDir(Path(QStringLiteral("Database"))).removeRecursively();
+    PutCopyBack(CopiedDay);
+    ExpectCopyInPlace();
+}
+
+TEST_F(PutBackTest, AFileThatMayNotBeOpenedMakesRoom) {
+    for (const char* folder : {"", "Database", "Settings", "Jobs", "Backups", "Backups/2001-03-07"})
+        ::chmod(QFile::encodeName(Path(QString::fromLatin1(folder))).constData(), 0777);
+    for (const QString& file :
+         {DatabaseOfCopy(CopiedDay), Copied(QStringLiteral("Settings.txt")),
+          Copied(QStringLiteral("HomeJobs.dat")), Copied(QStringLiteral("SchoolJobs.dat"))})
+        ::chmod(QFile::encodeName(file).constData(), 0644);
+    ::chmod(QFile::encodeName(DatabaseFile()).constData(), 0);
+    {
+        const OrdinaryUser user;
+        PutCopyBack(CopiedDay);
+    }
+    ExpectCopyInPlace();
+    EXPECT_EQ(QDir(Path(QStringLiteral("Database"))).entryList(QDir::Files).size(), 2);
+}
+
+TEST_F(PutBackTest, TheJournalOfTheFormerFileGoesWithIt) {
+    const QString journal = DatabaseFile() + QStringLiteral("-journal");
+    PutBytes(journal, "not of this file");
+    PutCopyBack(CopiedDay);
+    EXPECT_FALSE(QFileInfo::exists(journal));
+    EXPECT_EQ(BytesIn(Copied(QStringLiteral("Charts.mdb-journal"), Kept())), "not of this file");
+    ExpectCopyInPlace();
+}
+
+TEST_F(PutBackTest, ACopyThatIsNotSoundIsRefusedAndChangesNothing) {
+    const QByteArray before = BytesIn(DatabaseFile());
+    PutBytes(DatabaseOfCopy(CopiedDay), database_.left(database_.size() - 1));
+    EXPECT_ERROR(3000, PutCopyBack(CopiedDay));
+    EXPECT_TRUE(BytesIn(DatabaseFile()) == before);
+    EXPECT_EQ(CopyNames().size(), 1);
+}
+
+TEST_F(PutBackTest, WhatHasBegunIsFinishedByTheNextStart) {
+    PutBytes(Path(QStringLiteral("Backups/PuttingBack.txt")), CopiedDay.toUtf8());
+    PutBytes(DatabaseFile() + QStringLiteral("-journal"), "of the former file");
+    EXPECT_NE(UseData(), nullptr);
+    ExpectCopyInPlace();
+    EXPECT_FALSE(QFileInfo::exists(DatabaseFile() + QStringLiteral("-journal")));
+}
+
+TEST_F(PutBackTest, ANoteOfNoCopyStopsNoStart) {
+    const QByteArray before = BytesIn(DatabaseFile());
+    for (const char* note : {"", "2001-02-30", "../Database", "1999-01-01"}) {
+        PutBytes(Path(QStringLiteral("Backups/PuttingBack.txt")), note);
+        EXPECT_NE(UseData(), nullptr) << note;
+        EXPECT_FALSE(QFileInfo::exists(Path(QStringLiteral("Backups/PuttingBack.txt")))) << note;
+    }
+    EXPECT_TRUE(BytesIn(DatabaseFile()) == before);
+}
+
+TEST_F(PutBackTest, OnlyFoldersWithTheNamesOfCopiesAreListed) {
+    for (const char* name : {"2001-02-28", "2001-03-07 10.20.30 before", "mine", "2001-3-7",
+                             "2001-03-07 before", "0123456789abcdef.new"})
+        QDir().mkpath(Path(QStringLiteral("Backups/") + QString::fromLatin1(name)));
+    QFile::link(Path(QStringLiteral("Jobs")), Path(QStringLiteral("Backups/2001-03-01")));
+    EXPECT_EQ(CopyNames(), QStringList({QStringLiteral("2001-03-07 10.20.30 before"), CopiedDay,
+                                        QStringLiteral("2001-02-28")}));
+    EXPECT_EQ(CopyTitle(CopiedDay), QStringLiteral("Wednesday, 7 March 2001"));
+    EXPECT_EQ(CopyTitle(CopyNames().constFirst()),
+              QStringLiteral("Wednesday, 7 March 2001, 10:20"));
+}
+
+TEST_F(PutBackTest, TheDifferenceIsToldInNumbersThatAParentKnows) {
+    const CopySummary copy = SummaryOf(DatabaseOfCopy(CopiedDay));
+    const CopySummary now = SummaryOf(DatabaseFile());
+    EXPECT_EQ(copy.Accounts, QStringList{QStringLiteral("Anna")});
+    EXPECT_EQ(copy.Charts, QStringList{QStringLiteral("Chores Anna")});
+    EXPECT_EQ(copy.PastWeeks, 0);
+    EXPECT_EQ(DifferenceOf(copy, now),
+              QStringLiteral("1 account fewer, 1 past week fewer, Anna has 40 points fewer"));
+    EXPECT_EQ(DifferenceOf(now, copy),
+              QStringLiteral("1 account more, 1 past week more, Anna has 40 points more"));
+    EXPECT_EQ(DifferenceOf(now, now), QString());
+    EXPECT_EQ(SummaryOf(DatabaseFile() + QStringLiteral(".none")).Fault.isEmpty(), false);
+}
+
+TEST(DifferenceOfTest, ManyChildrenAreCountedAndOthersInTheirPlaceAreBothToldOf) {
+    CopySummary copy;
+    CopySummary now;
+    for (int child = 0; child < 5; ++child) {
+        copy.Children += {QStringLiteral("C%1").arg(child), child + 1};
+        now.Children += {QStringLiteral("C%1").arg(child), 0};
+    }
+    copy.Charts = {QStringLiteral("a"), QStringLiteral("b")};
+    now.Charts = {QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("d")};
+    EXPECT_EQ(DifferenceOf(copy, now),
+              QStringLiteral("2 charts fewer, 1 chart more, C0 has 1 point more, C1 has 2 points "
+                             "more, C2 has 3 points more, 2 more children have other points"));
+}
