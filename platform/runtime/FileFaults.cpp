@@ -182,6 +182,5 @@ RuntimeError TooLargeFault(ErrorNumber number, const QString& path, qint64 most)
     constexpr qint64 megabyte = 1 << 20;
     return Advised(number, QStringLiteral("%1 is larger than %2 MB. Choose a smaller one, or put a "
                                           "safety copy in its place.")
-                               .arg(Shown(path))
-                               .arg(most / megabyte));
+                               .arg(Shown(path), QString::number(most / megabyte)));
 }

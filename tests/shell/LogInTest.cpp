@@ -437,7 +437,10 @@ TEST_F(FirstRunTest, RegistryThatCannotBeWrittenEndsTheProcess) {
     // A file stands where the user's folder of settings belongs.
     ASSERT_TRUE(QFile::copy(PictureFile(), Path(QStringLiteral("UserConfig"))));
     Boxes.Expect(Welcome);
-    Boxes.Expect(RuntimeError(11005, QStringLiteral("CreateKey")).Report());
+    Boxes.Expect(
+        QStringLiteral("Run-time error '11005':\n\nCreateKey\n\nThere is no folder %1. If it "
+                       "was moved or renamed, put it back where it was.")
+            .arg(Path(QStringLiteral("UserConfig/sparkit-dutygrid"))));
     ShowLogIn();
     EXPECT_EQ(Ends, QList<int>{1});
 }
