@@ -33,7 +33,7 @@ QByteArray ReadPiece(QFile& file, qint64 size) {
 bool IsFileName(const QString& name) {
     constexpr int longest = 230; // bytes; while it is written it has a longer name
     static const QRegularExpression letters(
-        QStringLiteral(R"(^[^\x{0}-\x{1f}\x{7f}/\\:*?"<>|]+$)"));
+        QStringLiteral(R"(^[^\x{0}-\x{1f}\x{7f}/\\:*?"<>|]+\z)"));
     static const QRegularExpression devices(
         QStringLiteral(R"(^(CON|PRN|AUX|NUL|(COM|LPT)[0-9])(\.|$))"),
         QRegularExpression::CaseInsensitiveOption);

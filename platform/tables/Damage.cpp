@@ -3,8 +3,11 @@
 #include "platform/tables/Catalogue.h"
 #include "platform/tables/TableFile.h"
 
+#include <array>
 #include <limits>
+#include <memory>
 #include <sqlite3.h>
+#include <vector>
 
 namespace {
 
@@ -59,7 +62,7 @@ public:
         statements_.Execute("BEGIN");
         Try([&] { LookAtStructure(); });
         if (format == FormatVersion) {
-            catalogue_.Recheck();
+            Try([&] { catalogue_.Recheck(); });
             Try([&] { LookAtDeclarations(); });
             Try([&] { LookAtTables(); });
             Try([&] { LookForStrays(); });

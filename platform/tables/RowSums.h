@@ -2,6 +2,7 @@
 
 #include "platform/tables/Statements.h"
 
+#include <string>
 #include <unordered_map>
 
 /// Damage to a file is noticed by sums that are kept in it: one over the cells of each table's

@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 /// One connection to a database file: statements, the transaction under way and the catalogue.
 /// Faults of the engine leave the operations of this class as SQLite::Exception; Guard turns

@@ -15,7 +15,7 @@
 
 namespace {
 
-/// Files of the former format, a table of the engine for each table.
+/// Files of the former formats: a table of the engine for each table, and without sums.
 class CarryOver : public TablesTest {
 protected:
     const QString Former = Path(QStringLiteral("Old/Charts.mdb"));

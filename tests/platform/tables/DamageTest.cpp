@@ -117,6 +117,13 @@ TEST_F(Damage, WhatIsRolledBackLeavesNothingInTheSums) {
         EXPECT_ERROR(3000, Store->Commit());
     }
     EXPECT_EQ(FindDamage(File), Sound);
+    {
+        // More than the engine keeps in memory: it rolls back within the transaction.
+        const FullDisk full(QFileInfo(File).size());
+        AddMemo(rows, QStringLiteral("taken back"));
+        EXPECT_ERROR(3000, AddMemo(rows, QString(8'000'000, QLatin1Char('x'))));
+    }
+    EXPECT_EQ(rows.RecordCount(), 4);
     AddMemo(rows, QStringLiteral("kept"));
     Store->Commit();
     EXPECT_EQ(FindDamage(File), Sound);
