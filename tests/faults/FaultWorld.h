@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/common/FileBytes.h"
 #include "tests/common/Readable.h"
 #include "tests/common/Scripted.h"
 #include "tests/common/TestRun.h"
@@ -12,9 +13,6 @@ QString ChartsFile(const QString& programFolder);
 
 /// Makes a program folder's database, empty but for the accounts' table.
 void MakeEmptyDatabase(const QString& programFolder);
-
-QByteArray BytesOf(const QString& file);
-void WriteBytes(const QString& file, const QByteArray& bytes);
 
 /// A fixture with a program folder of its own that holds an empty database, which is not open
 /// yet. It lies on the disk, where a kill can fall between two writes, not in memory.

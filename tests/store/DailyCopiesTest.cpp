@@ -4,6 +4,7 @@
 #include "platform/runtime/Dates.h"
 #include "platform/tables/Damage.h"
 #include "store/TableNames.h"
+#include "tests/common/FileBytes.h"
 #include "tests/common/FullDisk.h"
 #include "tests/common/OrdinaryUser.h"
 #include "tests/common/TestWorld.h"
@@ -21,19 +22,13 @@ const QString Words =
                    "What you do is stored as always, and the copies of earlier days are still "
                    "there.");
 
-QByteArray BytesIn(const QString& path) {
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return file.readAll();
-}
-
 unsigned RightsOf(const QString& path) {
     struct stat info {};
     EXPECT_EQ(::lstat(QFile::encodeName(path).constData(), &info), 0) << path.toStdString();
     return info.st_mode & 07777U;
 }
 
-QList<QDate> Days(const QStringList& texts) {
+QList<QDate> DatesOf(const QStringList& texts) {
     QList<QDate> days;
     for (const QString& text : texts)
         days += QDate::fromString(text, Qt::ISODate);
@@ -80,20 +75,20 @@ TEST_F(DailyCopiesTest, TheFirstChangeOfADayLeavesACopyOfTheStateBeforeIt) {
                            QStringLiteral("SchoolJobs.dat"), QStringLiteral("Settings.txt")}));
     EXPECT_EQ(AccountsIn(Copy(QStringLiteral("2001-03-07"))), 0);
     EXPECT_EQ(FindDamage(Copy(QStringLiteral("2001-03-07"))), QStringList());
-    EXPECT_EQ(BytesIn(Copy(QStringLiteral("2001-03-07"), QStringLiteral("HomeJobs.dat"))),
-              BytesIn(Path(QStringLiteral("Jobs/HomeJobs.dat"))));
-    EXPECT_EQ(BytesIn(Copy(QStringLiteral("2001-03-07"), QStringLiteral("Settings.txt"))),
-              BytesIn(Path(QStringLiteral("Settings/Settings.txt"))));
+    EXPECT_EQ(BytesOf(Copy(QStringLiteral("2001-03-07"), QStringLiteral("HomeJobs.dat"))),
+              BytesOf(Path(QStringLiteral("Jobs/HomeJobs.dat"))));
+    EXPECT_EQ(BytesOf(Copy(QStringLiteral("2001-03-07"), QStringLiteral("Settings.txt"))),
+              BytesOf(Path(QStringLiteral("Settings/Settings.txt"))));
 }
 
 TEST_F(DailyCopiesTest, TheDaysOtherChangesAndOtherRunsLeaveTheCopyAsItIs) {
     ChangeAndRest();
-    const QByteArray first = BytesIn(Copy(QStringLiteral("2001-03-07")));
+    const QByteArray first = BytesOf(Copy(QStringLiteral("2001-03-07")));
     ChangeAndRest();
     KeepDailyCopies(false);
     KeepDailyCopies(true);
     ChangeAndRest();
-    EXPECT_EQ(BytesIn(Copy(QStringLiteral("2001-03-07"))), first);
+    EXPECT_EQ(BytesOf(Copy(QStringLiteral("2001-03-07"))), first);
 
     SetToday(QDate(2001, 3, 8));
     ChangeAndRest();
@@ -304,7 +299,8 @@ TEST(CopiesToKeepTest, KeepsTheLastDaysWeeksAndMonthsThatHaveCopies) {
              .split(QLatin1Char(' '))},
     };
     for (const Case& one : cases) {
-        QList<QDate> kept = CopiesToKeep(Days(one.days), QDate::fromString(one.today, Qt::ISODate));
+        QList<QDate> kept =
+            CopiesToKeep(DatesOf(one.days), QDate::fromString(one.today, Qt::ISODate));
         QStringList texts;
         for (const QDate& day : kept)
             if (!texts.contains(day.toString(Qt::ISODate)))

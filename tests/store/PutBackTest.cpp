@@ -7,6 +7,7 @@
 #include "store/DailyCopies.h"
 #include "store/ProgramFiles.h"
 #include "tests/common/Charts.h"
+#include "tests/common/FileBytes.h"
 #include "tests/common/OrdinaryUser.h"
 #include "tests/common/TestWorld.h"
 
@@ -18,18 +19,6 @@
 namespace {
 
 const QString CopiedDay = QStringLiteral("2001-03-07");
-
-QByteArray BytesIn(const QString& path) {
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return file.readAll();
-}
-
-void PutBytes(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate)) << path.toStdString();
-    ASSERT_EQ(file.write(bytes), bytes.size());
-}
 
 } // namespace
 
@@ -50,12 +39,12 @@ protected:
             Database().AddPoints(QStringLiteral("Anna"), 40, false);
             Database().DuplicateChartHistory(QStringLiteral("Chores Anna"));
         });
-        PutBytes(SettingsFile(), "0\r\n\r\n5\r\n0\r\n0\r\n");
-        PutBytes(Jobs(), "Own job\r\n");
+        WriteBytes(SettingsFile(), "0\r\n\r\n5\r\n0\r\n0\r\n");
+        WriteBytes(Jobs(), "Own job\r\n");
         ResetSession();
-        settings_ = BytesIn(Copied(QStringLiteral("Settings.txt")));
-        jobs_ = BytesIn(Copied(QStringLiteral("HomeJobs.dat")));
-        database_ = BytesIn(DatabaseOfCopy(CopiedDay));
+        settings_ = BytesOf(Copied(QStringLiteral("Settings.txt")));
+        jobs_ = BytesOf(Copied(QStringLiteral("HomeJobs.dat")));
+        database_ = BytesOf(DatabaseOfCopy(CopiedDay));
     }
 
     static void AddChild(const QString& name, int points) {
@@ -71,9 +60,9 @@ protected:
     static QString Kept() { return CopyNames().constFirst(); }
 
     void ExpectCopyInPlace() {
-        EXPECT_TRUE(BytesIn(DatabaseFile()) == database_);
-        EXPECT_EQ(BytesIn(SettingsFile()), settings_);
-        EXPECT_EQ(BytesIn(Jobs()), jobs_);
+        EXPECT_TRUE(BytesOf(DatabaseFile()) == database_);
+        EXPECT_EQ(BytesOf(SettingsFile()), settings_);
+        EXPECT_EQ(BytesOf(Jobs()), jobs_);
         EXPECT_FALSE(QFileInfo::exists(Path(QStringLiteral("Backups/PuttingBack.txt"))));
     }
 
@@ -83,29 +72,29 @@ protected:
 };
 
 TEST_F(PutBackTest, AllOfACopyComesBackAndWhatStoodThereIsACopyItself) {
-    const QByteArray before = BytesIn(DatabaseFile());
+    const QByteArray before = BytesOf(DatabaseFile());
     PutCopyBack(CopiedDay);
     ExpectCopyInPlace();
     ASSERT_EQ(CopyNames().size(), 2);
     EXPECT_EQ(CopyNames().constLast(), CopiedDay);
     EXPECT_TRUE(Kept().startsWith(QLatin1String("2001-03-08 "))) << Kept().toStdString();
-    EXPECT_TRUE(BytesIn(DatabaseOfCopy(Kept())) == before);
-    EXPECT_EQ(BytesIn(Copied(QStringLiteral("Settings.txt"), Kept())), "0\r\n\r\n5\r\n0\r\n0\r\n");
-    EXPECT_EQ(BytesIn(Copied(QStringLiteral("HomeJobs.dat"), Kept())), "Own job\r\n");
+    EXPECT_TRUE(BytesOf(DatabaseOfCopy(Kept())) == before);
+    EXPECT_EQ(BytesOf(Copied(QStringLiteral("Settings.txt"), Kept())), "0\r\n\r\n5\r\n0\r\n0\r\n");
+    EXPECT_EQ(BytesOf(Copied(QStringLiteral("HomeJobs.dat"), Kept())), "Own job\r\n");
 
     PutCopyBack(Kept());
-    EXPECT_TRUE(BytesIn(DatabaseFile()) == before);
-    EXPECT_EQ(BytesIn(Jobs()), "Own job\r\n");
+    EXPECT_TRUE(BytesOf(DatabaseFile()) == before);
+    EXPECT_EQ(BytesOf(Jobs()), "Own job\r\n");
 }
 
 TEST_F(PutBackTest, ItRefusesWhileTheProgramRunsAndTheProgramWhileItWorks) {
-    const QByteArray before = BytesIn(DatabaseFile());
+    const QByteArray before = BytesOf(DatabaseFile());
     {
         const auto program = UseData();
         const auto another = UseData();
         EXPECT_ERROR(70, PutCopyBack(CopiedDay));
     }
-    EXPECT_TRUE(BytesIn(DatabaseFile()) == before);
+    EXPECT_TRUE(BytesOf(DatabaseFile()) == before);
     EXPECT_EQ(CopyNames().size(), 1);
     {
         const auto restoring = FolderUse::Alone(Path(QStringLiteral("Database")));
@@ -121,14 +110,14 @@ TEST_F(PutBackTest, WhateverStandsInThePlaceOfTheDatabaseMakesRoom) {
         std::function<void()> put;
         bool isKept;
     } cases[] = {
-        {"damaged", [&] { PutBytes(file, QByteArray(5000, 'x')); }, true},
-        {"empty", [&] { PutBytes(file, {}); }, true},
+        {"damaged", [&] { WriteBytes(file, QByteArray(5000, 'x')); }, true},
+        {"empty", [&] { WriteBytes(file, {}); }, true},
         {"missing", [] {}, false},
         {"a folder", [&] { QDir().mkpath(file + QStringLiteral("/full")); }, false},
         {"a pipe", [&] { ::mkfifo(QFile::encodeName(file).constData(), 0600); }, false},
         {"a link",
          [&] {
-             PutBytes(Path(QStringLiteral("trap")), "trap");
+             WriteBytes(Path(QStringLiteral("trap")), "trap");
              QFile::link(Path(QStringLiteral("trap")), file);
          },
          false},
@@ -142,7 +131,7 @@ TEST_F(PutBackTest, WhateverStandsInThePlaceOfTheDatabaseMakesRoom) {
         EXPECT_EQ(CopyNames().size(), copies + 1) << one.what;
         EXPECT_EQ(QFileInfo::exists(DatabaseOfCopy(Kept())), one.isKept) << one.what;
     }
-    EXPECT_EQ(BytesIn(Path(QStringLiteral("trap"))), "trap");
+    EXPECT_EQ(BytesOf(Path(QStringLiteral("trap"))), "trap");
     // The folder, the pipe and the link are beside the file.
     EXPECT_EQ(QDir(Path(QStringLiteral("Database")))
                   .entryList({QStringLiteral("Charts.mdb until *")},
@@ -172,37 +161,37 @@ TEST_F(PutBackTest, AFileThatMayNotBeOpenedMakesRoom) {
 
 TEST_F(PutBackTest, TheJournalOfTheFormerFileGoesWithIt) {
     const QString journal = DatabaseFile() + QStringLiteral("-journal");
-    PutBytes(journal, "not of this file");
+    WriteBytes(journal, "not of this file");
     PutCopyBack(CopiedDay);
     EXPECT_FALSE(QFileInfo::exists(journal));
-    EXPECT_EQ(BytesIn(Copied(QStringLiteral("Charts.mdb-journal"), Kept())), "not of this file");
+    EXPECT_EQ(BytesOf(Copied(QStringLiteral("Charts.mdb-journal"), Kept())), "not of this file");
     ExpectCopyInPlace();
 }
 
 TEST_F(PutBackTest, ACopyThatIsNotSoundIsRefusedAndChangesNothing) {
-    const QByteArray before = BytesIn(DatabaseFile());
-    PutBytes(DatabaseOfCopy(CopiedDay), database_.left(database_.size() - 1));
+    const QByteArray before = BytesOf(DatabaseFile());
+    WriteBytes(DatabaseOfCopy(CopiedDay), database_.left(database_.size() - 1));
     EXPECT_ERROR(3000, PutCopyBack(CopiedDay));
-    EXPECT_TRUE(BytesIn(DatabaseFile()) == before);
+    EXPECT_TRUE(BytesOf(DatabaseFile()) == before);
     EXPECT_EQ(CopyNames().size(), 1);
 }
 
 TEST_F(PutBackTest, WhatHasBegunIsFinishedByTheNextStart) {
-    PutBytes(Path(QStringLiteral("Backups/PuttingBack.txt")), CopiedDay.toUtf8());
-    PutBytes(DatabaseFile() + QStringLiteral("-journal"), "of the former file");
+    WriteBytes(Path(QStringLiteral("Backups/PuttingBack.txt")), CopiedDay.toUtf8());
+    WriteBytes(DatabaseFile() + QStringLiteral("-journal"), "of the former file");
     EXPECT_NE(UseData(), nullptr);
     ExpectCopyInPlace();
     EXPECT_FALSE(QFileInfo::exists(DatabaseFile() + QStringLiteral("-journal")));
 }
 
 TEST_F(PutBackTest, ANoteOfNoCopyStopsNoStart) {
-    const QByteArray before = BytesIn(DatabaseFile());
+    const QByteArray before = BytesOf(DatabaseFile());
     for (const char* note : {"", "2001-02-30", "../Database", "1999-01-01"}) {
-        PutBytes(Path(QStringLiteral("Backups/PuttingBack.txt")), note);
+        WriteBytes(Path(QStringLiteral("Backups/PuttingBack.txt")), note);
         EXPECT_NE(UseData(), nullptr) << note;
         EXPECT_FALSE(QFileInfo::exists(Path(QStringLiteral("Backups/PuttingBack.txt")))) << note;
     }
-    EXPECT_TRUE(BytesIn(DatabaseFile()) == before);
+    EXPECT_TRUE(BytesOf(DatabaseFile()) == before);
 }
 
 TEST_F(PutBackTest, OnlyFoldersWithTheNamesOfCopiesAreListed) {
