@@ -161,10 +161,15 @@ void TableEngine::BeginWrite() {
 void TableEngine::CopyTo(const QString& path) {
     const std::unique_ptr<SQLite::Database> copy =
         Connect(path, SQLite::OPEN_READWRITE | SQLITE_OPEN_NOFOLLOW);
-    // It is thrown away unless it is whole: nothing of it need be taken back.
-    copy->exec("PRAGMA journal_mode=OFF");
-    copy->exec("PRAGMA synchronous=OFF");
-    CopyPages(*copy, *link_->database);
+    try {
+        // It is thrown away unless it is whole: nothing of it need be taken back.
+        copy->exec("PRAGMA journal_mode=OFF");
+        copy->exec("PRAGMA synchronous=OFF");
+        CopyPages(*copy, *link_->database);
+    } catch (const SQLite::Exception& fault) {
+        // A fault of the copy is none of the action that it is made for.
+        throw EngineError(fault, *copy);
+    }
 }
 
 void TableEngine::BeginReading() {

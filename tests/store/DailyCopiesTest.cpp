@@ -12,6 +12,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <filesystem>
 #include <sys/stat.h>
 
@@ -167,6 +168,35 @@ TEST_F(DailyCopiesTest, AFullDiskIsToldAndLeavesNothingBehind) {
     QCoreApplication::processEvents();
     Boxes.VerifyAllShown();
     EXPECT_EQ(Copies(), QStringList());
+}
+
+TEST_F(DailyCopiesTest, AFailingCopyTakesNothingFromTheActionThatItComesBefore) {
+    const QString picture = Path(QStringLiteral("large.bmp"));
+    WriteBytes(picture, QByteArray(200'000, 'x'));
+    KeepDailyCopies(false);
+    Change();
+    RunAction([&] {
+        Database().AddUser(QStringLiteral("Ben"), QStringLiteral("b"), QStringLiteral("Student"),
+                           picture);
+    });
+    KeepDailyCopies(true);
+    const QString file = Path(QStringLiteral("Database/Charts.mdb"));
+    Boxes.Expect(Words.arg(QStringLiteral("The computer says: disk I/O error (%1)")
+                               .arg(Path(QStringLiteral("Backups")))));
+    {
+        // Room for the rows, which stand before the picture, but not for a second file as large.
+        const FullDisk disk(QFileInfo(file).size() - 16'384);
+        RunAction([] {
+            Database().AddPoints(QStringLiteral("Anna"), 5, false);
+            // As at a box in the middle of it.
+            CommitAction();
+            Database().AddPoints(QStringLiteral("Anna"), 2, false);
+        });
+    }
+    QCoreApplication::processEvents();
+    Boxes.VerifyAllShown();
+    const auto tables = TableStore::OpenToRead(file);
+    EXPECT_EQ(tables->OpenRecordset(UsersTable).Value(QStringLiteral("Points")).toInt(), 7);
 }
 
 TEST_F(DailyCopiesTest, OnlyTheOwnerAndTheGroupMayReadWhatTheyMayReadThere) {
