@@ -13,7 +13,6 @@
 #include <QLocale>
 #include <QPageSize>
 #include <QPdfWriter>
-#include <QRandomGenerator>
 #include <QTime>
 
 namespace {
@@ -97,10 +96,8 @@ std::unique_ptr<QPagedPaintDevice> PrintoutFolder::Open() {
     RemoveDraft();
     RemoveLeftDrafts();
     // A name that nobody foresees, and a file that nobody has laid there.
-    const quint64 number = QRandomGenerator::system()->generate64();
-    const QString draft = QStringLiteral("%1/unfinished-%2.tmp")
-                              .arg(FolderPath())
-                              .arg(number, 16, 16, QLatin1Char('0'));
+    const QString draft =
+        QStringLiteral("%1/unfinished-%2.tmp").arg(FolderPath(), UnforeseenName());
     auto file = std::make_unique<DraftFile>(draft);
     if (!file->open(QIODevice::WriteOnly | QIODevice::NewOnly, OwnersAlone))
         throw Fault(QStringLiteral("The printout cannot be written to %1"), FolderPath(), draft);

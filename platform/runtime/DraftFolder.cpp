@@ -6,7 +6,6 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
-#include <QRandomGenerator>
 #include <filesystem>
 #ifdef Q_OS_UNIX
 #include <unistd.h>
@@ -27,10 +26,8 @@ fs::path PathOf(const QString& path) {
     return QFileInfo(path).filesystemFilePath();
 }
 
-/// A name that nobody foresees.
 QString DraftName() {
-    const quint64 number = QRandomGenerator::system()->generate64();
-    return QStringLiteral("%1.new").arg(number, 16, 16, QLatin1Char('0'));
+    return UnforeseenName() + QStringLiteral(".new");
 }
 
 /// The rights of owner and group on a file, and its group, for something else. Best effort: not

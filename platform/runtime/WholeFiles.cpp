@@ -30,9 +30,7 @@ class Draft {
 public:
     explicit Draft(const QFileInfo& target) : target_(target) {
         // A name that nobody foresees, and a file that nobody has laid there.
-        const quint64 number = QRandomGenerator::system()->generate64();
-        file_.setFileName(target.filePath() +
-                          QStringLiteral(".%1.new").arg(number, 16, 16, QLatin1Char('0')));
+        file_.setFileName(QStringLiteral("%1.%2.new").arg(target.filePath(), UnforeseenName()));
         if (!file_.open(QIODevice::WriteOnly | QIODevice::NewOnly))
             throw Fault();
     }
@@ -86,6 +84,11 @@ void RemoveLeftDrafts(const QFileInfo& target) {
 }
 
 } // namespace
+
+QString UnforeseenName() {
+    const quint64 number = QRandomGenerator::system()->generate64();
+    return QStringLiteral("%1").arg(number, 16, 16, QLatin1Char('0'));
+}
 
 bool SyncPath(const QString& path) {
 #ifdef Q_OS_UNIX

@@ -30,5 +30,8 @@ void ReplaceScratchFile(const QString& path, const QByteArray& content);
 /// something has, or the disk refuses.
 bool RenameToFreeName(const QString& from, const QString& to);
 
+/// A part of a name for a draft that nobody can foresee: 16 hexadecimal digits.
+QString UnforeseenName();
+
 /// Has the disk keep a file's bytes, or which files a folder holds. False if it refuses.
 bool SyncPath(const QString& path);

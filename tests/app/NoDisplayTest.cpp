@@ -7,20 +7,18 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <gtest/gtest.h>
+#include <utility>
 
 namespace {
 
-const QString Sentence = QStringLiteral(
-    "Sparkit Dutygrid found no display to show its windows on. Please start it from the menus of "
-    "your desktop, or from a terminal there.\n");
-
-/// The program as it is delivered, in a folder of its own.
+/// Both programs as they are delivered, in a folder of their own.
 class NoDisplayTest : public testing::Test {
 protected:
     NoDisplayTest() {
-        EXPECT_TRUE(
-            QFile::copy(QCoreApplication::applicationDirPath() + QStringLiteral("/../dutygrid"),
-                        Path(QStringLiteral("dutygrid"))));
+        for (const QString& program : {Main, Restore})
+            EXPECT_TRUE(QFile::copy(QCoreApplication::applicationDirPath() +
+                                        QStringLiteral("/../") + program,
+                                    Path(program)));
         surroundings_.remove(QStringLiteral("DISPLAY"));
         surroundings_.remove(QStringLiteral("WAYLAND_DISPLAY"));
         surroundings_.remove(QStringLiteral("QT_QPA_PLATFORM"));
@@ -31,40 +29,54 @@ protected:
 
     QString Path(const QString& name) const { return folder_.filePath(name); }
 
-    void Start(QProcess& program, const QString& variable = {}, const QString& value = {}) {
+    void Start(QProcess& process, const QString& program, const QString& variable = {},
+               const QString& value = {}) {
         if (!variable.isEmpty())
             surroundings_.insert(variable, value);
-        program.setProcessEnvironment(surroundings_);
-        program.start(Path(QStringLiteral("dutygrid")), QStringList());
+        process.setProcessEnvironment(surroundings_);
+        process.start(Path(program), QStringList());
     }
 
-    void ExpectSentence(const QString& variable = {}, const QString& value = {}) {
-        QProcess program;
-        Start(program, variable, value);
-        ASSERT_TRUE(program.waitForFinished(Patience));
-        EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
-        EXPECT_EQ(program.exitCode(), 1);
-        const QString told = QString::fromUtf8(program.readAllStandardError());
-        EXPECT_TRUE(told.endsWith(Sentence)) << told.toStdString();
+    void ExpectSentences(const QString& variable = {}, const QString& value = {}) {
+        for (const auto& [program, name] :
+             {std::pair(Main, QStringLiteral("Sparkit Dutygrid")),
+              {Restore, QStringLiteral("Sparkit Dutygrid Restore")}}) {
+            QProcess process;
+            Start(process, program, variable, value);
+            ASSERT_TRUE(process.waitForFinished(Patience));
+            EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+            EXPECT_EQ(process.exitCode(), 1);
+            const QStringList told =
+                QString::fromUtf8(process.readAllStandardError()).split(QLatin1Char('\n'));
+            // An empty one is behind the last line's end.
+            EXPECT_EQ(told.value(told.size() - 2),
+                      name +
+                          QStringLiteral(" found no display to show its windows on. Please start "
+                                         "it from the menus of your desktop, or from a terminal "
+                                         "there."));
+        }
     }
+
+    inline static const QString Main = QStringLiteral("dutygrid");
+    inline static const QString Restore = QStringLiteral("dutygrid_restore");
 
 private:
     QTemporaryDir folder_;
     QProcessEnvironment surroundings_ = QProcessEnvironment::systemEnvironment();
 };
 
-TEST_F(NoDisplayTest, WithoutADisplayItSaysSoAndEnds) {
-    ExpectSentence();
+TEST_F(NoDisplayTest, WithoutADisplayEachSaysSoAndEnds) {
+    ExpectSentences();
 }
 
-TEST_F(NoDisplayTest, WithADisplayThatIsNotThereItSaysSoAndEnds) {
-    ExpectSentence(QStringLiteral("DISPLAY"), QStringLiteral(":4711"));
+TEST_F(NoDisplayTest, WithADisplayThatIsNotThereEachSaysSoAndEnds) {
+    ExpectSentences(QStringLiteral("DISPLAY"), QStringLiteral(":4711"));
 }
 
 TEST_F(NoDisplayTest, WithoutWindowsThatAnybodySeesItRuns) {
     ASSERT_TRUE(QDir().mkdir(Path(QStringLiteral("Database"))));
     QProcess program;
-    Start(program, QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    Start(program, Main, QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
     ASSERT_TRUE(program.waitForStarted(Patience));
     const QString database = Path(QStringLiteral("Database/Charts.mdb"));
     EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(database); }, Patience));

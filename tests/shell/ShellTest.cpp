@@ -64,6 +64,16 @@ QStringList ShellTest::Names(const HeadedList& list) {
     return names;
 }
 
+void ShellTest::OpenNewUser() {
+    Click(Find(Default<LogIn>(), QStringLiteral("NewUserbtn")));
+    WaitForActive(DefaultForm(QStringLiteral("NewUser")).Widget());
+}
+
+void ShellTest::BackFromNewUser() {
+    Click(Find(DefaultForm(QStringLiteral("NewUser")).Widget(), QStringLiteral("Cancel")));
+    WaitForActive(Default<LogIn>());
+}
+
 LoginWindow& ShellTest::OpenLoginWindow(HeadedList& list, int row) {
     ClickRow(list, row);
     Click(Find(Default<LogIn>(), QStringLiteral("LogInbtn")));

@@ -36,6 +36,10 @@ protected:
     static HeadedList& Students();
     static QStringList Names(const HeadedList& list);
 
+    /// From the log-in form to the one for a new account, and back without one.
+    static void OpenNewUser();
+    static void BackFromNewUser();
+
     /// The password form, opened for an account by the log-in form.
     static LoginWindow& OpenLoginWindow(HeadedList& list, int row);
     /// Goes through both log-in windows into a session.

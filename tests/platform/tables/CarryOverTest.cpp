@@ -51,6 +51,17 @@ protected:
     }
 
     /// Writes what the store holds as a file of format 1.
+    void OpenWithoutRoomAndWithIt() {
+        const QByteArray before = ReadFile(Former);
+        for (const qint64 limit :
+             {qint64{0}, qint64{4096}, qint64{before.size() / 2}, qint64{before.size() - 1}}) {
+            const FullDisk full(limit);
+            EXPECT_ERROR(3000, TableStore::OpenDatabase(Former));
+            EXPECT_EQ(FilesBeside(), QStringList(QStringLiteral("Charts.mdb")));
+        }
+        EXPECT_EQ(ReadFile(Former), before);
+        EXPECT_EQ(AllOf(*TableStore::OpenDatabase(Former)), AllOf(*Store));
+    }
     void WriteFormer() {
         QDir().mkpath(QFileInfo(Former).path());
         QFile::remove(Former);
@@ -246,15 +257,7 @@ TEST_F(CarryOver, AFieldOfAnUnknownTypeLeavesAllAsItWas) {
 TEST_F(CarryOver, WithoutRoomForTheCopyTheFormerFileStaysAndTheNextStartGoesOn) {
     FillStore(60);
     WriteFormer();
-    const QByteArray before = ReadFile(Former);
-    for (const qint64 limit :
-         {qint64{0}, qint64{4096}, qint64{before.size() / 2}, qint64{before.size() - 1}}) {
-        const FullDisk full(limit);
-        EXPECT_ERROR(3000, TableStore::OpenDatabase(Former));
-        EXPECT_EQ(FilesBeside(), QStringList(QStringLiteral("Charts.mdb")));
-    }
-    EXPECT_EQ(ReadFile(Former), before);
-    EXPECT_EQ(AllOf(*TableStore::OpenDatabase(Former)), AllOf(*Store));
+    OpenWithoutRoomAndWithIt();
     EXPECT_EQ(FilesBeside(), (QStringList{CopyName, QStringLiteral("Charts.mdb")}));
 }
 
@@ -299,15 +302,7 @@ TEST_F(CarryOver, AFileWithoutSumsGetsThemAndKeepsAllElse) {
 TEST_F(CarryOver, WithoutRoomForTheSumsTheFileStaysAndTheNextStartGoesOn) {
     FillStore(60);
     WriteWithoutSums();
-    const QByteArray before = ReadFile(Former);
-    for (const qint64 limit :
-         {qint64{0}, qint64{4096}, qint64{before.size() / 2}, qint64{before.size() - 1}}) {
-        const FullDisk full(limit);
-        EXPECT_ERROR(3000, TableStore::OpenDatabase(Former));
-        EXPECT_EQ(FilesBeside(), QStringList(QStringLiteral("Charts.mdb")));
-    }
-    EXPECT_EQ(ReadFile(Former), before);
-    EXPECT_EQ(AllOf(*TableStore::OpenDatabase(Former)), AllOf(*Store));
+    OpenWithoutRoomAndWithIt();
     EXPECT_EQ(FindDamage(Former), QStringList());
 }
 
