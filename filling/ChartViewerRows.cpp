@@ -161,7 +161,6 @@ void ChartViewer::MakeRow(int index) {
     LoadRow(Columns());
     PlaceRowBelow(PlacedColumns(), index, RowGap);
     ClearImg.SetVisible(index, true);
-    BringToFront(RectCheck[index]);
     Number[index].setText(QString::number(index + 1) + QLatin1Char(':'));
     if (Number[index].buddy() != &Instructions[index])
         Number[index].setBuddy(&Instructions[index]);

@@ -73,13 +73,9 @@ void MarkImage::paintEvent(QPaintEvent*) {
     // Springs a little: the last part goes back to the size that it has at rest.
     const double left = 1 - pop_.Progress();
     const double size = 1 - left * left * left * std::cos(left * 2 * std::numbers::pi);
-    const QRectF place(rect());
-    painter.save();
-    painter.translate(place.center());
-    painter.scale(size, size);
-    painter.translate(-place.center());
-    painter.drawPixmap(rect(), picture_);
-    painter.restore();
+    QRectF place(QPointF(), QSizeF(rect().size()) * size);
+    place.moveCenter(QRectF(rect()).center());
+    painter.drawPixmap(place, picture_, QRectF(picture_.rect()));
     if (hasFocus()) {
         painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
         painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 5, 5);

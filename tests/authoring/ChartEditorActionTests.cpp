@@ -448,6 +448,13 @@ TEST_F(ChartEditorActions, ClosingTheWindowAsksAsTheButtonDoes) {
     EXPECT_TRUE(editor.isNull());
 }
 
+TEST_F(ChartEditorActions, TheSlotIsEmptyAsSoonAsTheEditorIsUnloaded) {
+    ChartEditor& editor = NewChart();
+    Boxes.Expect(CloseQuestion, PromptAnswer::Yes);
+    editor.Unload();
+    EXPECT_EQ(EditorAt(0), nullptr);
+}
+
 TEST_F(ChartEditorActions, SlotOfAClosedEditorIsEmptyAndNotUsedAgain) {
     ChartEditor& first = NewChart();
     Boxes.Expect(CloseQuestion, PromptAnswer::Yes);

@@ -1,16 +1,24 @@
 #include "restore/RestoreWindow.h"
+#include "restore/RunRestore.h"
 
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/Dates.h"
 #include "store/DailyCopies.h"
 #include "store/ProgramFiles.h"
 #include "store/PutBack.h"
+#include "tests/common/NextBox.h"
 #include "tests/look/LookTest.h"
 
+#include <QApplication>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QIcon>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPushButton>
+#include <QTest>
+#include <QTimer>
 #include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
@@ -64,7 +72,14 @@ TEST_F(RestoreWindowTest, TheCopiesAreListedByDayAndSayWhatIsOtherwise) {
     EXPECT_EQ(Text(window, u"Difference"_s), u"Compared with now: Anna has 10 points fewer."_s);
     EXPECT_EQ(copies.currentItem()->data(0, Qt::AccessibleDescriptionRole).toString(),
               u"Compared with now: Anna has 10 points fewer."_s);
+    EXPECT_EQ(copies.topLevelItem(2)->data(0, Qt::AccessibleTextRole).toString(),
+              u"Wednesday, 7 March 2001: 9 accounts, 0 charts and 0 past weeks"_s);
     LookAt(window, u"Restore"_s);
+
+    QTest::keyClick(&copies, Qt::Key_Tab);
+    EXPECT_TRUE(Find(window, u"Close"_s).hasFocus());
+    QTest::keyClick(&Find(window, u"Close"_s), Qt::Key_Tab);
+    EXPECT_TRUE(Find(window, u"PutBack"_s).hasFocus());
 }
 
 TEST_F(RestoreWindowTest, ACopyIsPutBackByTheKeyboardAfterAsking) {
@@ -79,6 +94,7 @@ TEST_F(RestoreWindowTest, ACopyIsPutBackByTheKeyboardAfterAsking) {
     Boxes.Expect(question, PromptAnswer::No);
     Press(Find(window, u"Copies"_s), Qt::Key_Return);
     EXPECT_TRUE(Boxes.Last().BeginsOnNo);
+    EXPECT_EQ(Boxes.Last().Icon, PromptIcon::Exclamation);
     EXPECT_EQ(DifferenceOf(SummaryOf(DatabaseFile()), before), QString());
 
     Boxes.Expect(question, PromptAnswer::Yes);
@@ -103,6 +119,48 @@ TEST_F(RestoreWindowTest, ItRefusesWhileTheProgramRuns) {
     Boxes.Expect(u"The copy was not put back.\n\nSparkit Dutygrid is still running. Please end it, "
                  "on this screen and for everyone else who uses this computer, and try again."_s);
     Click(Find(window, u"PutBack"_s));
+}
+
+TEST_F(RestoreWindowTest, TheProgramShowsItUnderItsNameUntilItIsClosed) {
+    MakeCopies(1);
+    const QString name = QCoreApplication::applicationName();
+    const QString entry = QGuiApplication::desktopFileName();
+    QApplication::setQuitOnLastWindowClosed(true);
+    QApplication::setWindowIcon(QIcon());
+    QElapsedTimer watch;
+    watch.start();
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
+        auto* window = qobject_cast<RestoreWindow*>(QApplication::activeWindow());
+        if (window == nullptr && !watch.hasExpired(Patience))
+            return;
+        look.stop();
+        if (window == nullptr) {
+            ADD_FAILURE() << "the window does not come";
+            QCoreApplication::exit(99);
+            return;
+        }
+        EXPECT_EQ(QCoreApplication::applicationName(), u"Sparkit Dutygrid Restore"_s);
+        EXPECT_EQ(QGuiApplication::desktopFileName(),
+                  u"example.sparkit_dutygrid.DutygridRestore"_s);
+        EXPECT_FALSE(QApplication::windowIcon().isNull());
+        EXPECT_EQ(Find<QTreeWidget>(*window, u"Copies"_s).topLevelItemCount(), 1)
+            << "of the folder given";
+        {
+            const NextBox next([](QWidget& box) {
+                EXPECT_TRUE(dynamic_cast<QMessageBox&>(box).text().startsWith(u"Put back all"_s));
+                box.close();
+            });
+            QTest::mouseClick(&Find(*window, u"PutBack"_s), Qt::LeftButton);
+        }
+        QTest::mouseClick(&Find(*window, u"Close"_s), Qt::LeftButton);
+    });
+    look.start(10);
+    EXPECT_EQ(RunRestore(*qApp, Path(QString())), 0);
+    QCoreApplication::setApplicationName(name);
+    QGuiApplication::setDesktopFileName(entry);
+    QApplication::setWindowIcon(QIcon());
+    SetPrompts(&Boxes);
 }
 
 TEST_F(RestoreWindowTest, ADamagedFileAndADamagedCopyAreSaidToBeSo) {

@@ -10,6 +10,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPainter>
 #include <QPointer>
 #include <QTest>
@@ -156,6 +157,25 @@ TEST_F(MainFormTest, SecondPressBringsUpTheSameInstanceBesideOthers) {
     const auto& area = Find<QMdiArea>(MainWindow(), QStringLiteral("Area"));
     EXPECT_EQ(area.subWindowList().size(), 2);
     EXPECT_EQ(area.activeSubWindow()->widget(), first);
+}
+
+TEST_F(MainFormTest, F6GoesFromTheToolbarToTheFormInFrontAndBack) {
+    StartAdult();
+    Push(QLatin1String("Options"));
+    const QWidget& form = DefaultForm(QStringLiteral("BackgroundOptions")).Widget();
+    ASSERT_TRUE(form.isAncestorOf(QApplication::focusWidget()));
+    QTest::keyClick(MainWindow().windowHandle(), Qt::Key_F6);
+    EXPECT_TRUE(Toolbar().isAncestorOf(QApplication::focusWidget()));
+    QTest::keyClick(MainWindow().windowHandle(), Qt::Key_F6);
+    EXPECT_TRUE(form.isAncestorOf(QApplication::focusWidget()));
+}
+
+TEST_F(MainFormTest, F10LeadsToTheFirstMenu) {
+    StartAdult();
+    QTest::keyClick(MainWindow().windowHandle(), Qt::Key_F10);
+    EXPECT_EQ(MainWindow().menuBar()->activeAction(),
+              Find<QMenu>(MainWindow(), QStringLiteral("File")).menuAction());
+    QTest::keyClick(MainWindow().windowHandle(), Qt::Key_Escape);
 }
 
 TEST_F(MainFormTest, UnknownToolbarKeysDoNothing) {

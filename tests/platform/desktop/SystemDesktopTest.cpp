@@ -169,7 +169,6 @@ TEST_F(SystemDesktopTest, SoundsReturnAtOnceWithOrWithoutADevice) {
     watch.start();
     desktop.PlaySoundA(Path(QStringLiteral("sounds/applause.wav")), 0x20001);
     desktop.PlaySoundA(Path(QStringLiteral("sounds/turn.wav")), 0x20001);
-    desktop.PlaySoundA(Path(QStringLiteral("sounds/none.wav")), 0x20001);
     EXPECT_LT(watch.elapsed(), 2000);
     EXPECT_TRUE(QLibrary(QCoreApplication::applicationDirPath() + QLatin1Char('/') +
                          QLatin1String(WavePlayerLibrary))
@@ -181,6 +180,7 @@ TEST_F(SystemDesktopTest, WhatIsNoWholeSoundStaysSilent) {
     ASSERT_TRUE(sound.open(QIODevice::ReadOnly));
     const QByteArray whole = sound.readAll();
     const QString path = Path(QStringLiteral("sounds/own.wav"));
+    desktop.PlaySoundA(path, 0x20001);
     for (const QByteArray& content :
          {QByteArray(), QByteArray("no sound"), whole.left(12), whole.left(44), whole.left(5000)}) {
         QFile file(path);

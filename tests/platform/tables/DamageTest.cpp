@@ -56,6 +56,12 @@ TEST_F(Damage, NoneIsFoundInASoundFileAndNothingIsWritten) {
     EXPECT_EQ(FindDamage(empty), Sound);
 }
 
+TEST_F(Damage, TheSumOfTheSameRowsIsTheSameInAllFilesOfTheFormat) {
+    SQLite::Database file(File.toStdString());
+    EXPECT_EQ(file.execAndGet("SELECT Sum FROM Catalogue WHERE Id = 1").getInt64(),
+              7332285485970371802);
+}
+
 TEST_F(Damage, EveryWriteKeepsTheSumsInItsCommit) {
     const auto expectSound = [this](const char* what) {
         Store->Commit();

@@ -331,6 +331,17 @@ TEST_F(Cursors, CopiedRowsKeepTheirOrderAndLeaveOutTheOtherFields) {
     EXPECT_EQ(Shown(copy.Value(3)), QStringLiteral("bool false"));
 }
 
+TEST_F(Cursors, ACursorThatHasSeenTheLastRowComesToThoseThatAreCopiedBehindIt) {
+    Recordset source = MakeTable();
+    AddMemo(source, QStringLiteral("copied"));
+    Recordset rows = MakeTable(QStringLiteral("Copy"));
+    AddMemo(rows, QStringLiteral("before"));
+    rows.MoveFirst();
+    Store->CopyRows(QStringLiteral("Chart"), QStringLiteral("Copy"), {QStringLiteral("Memo")});
+    rows.MoveNext();
+    EXPECT_EQ(Memo(rows), QStringLiteral("copied"));
+}
+
 TEST_F(Cursors, IdentityOfADeletedLastRowIsNotGivenAgainByAnotherConnection) {
     Recordset rows = MakeTable();
     AddMemo(rows, QStringLiteral("first"));
