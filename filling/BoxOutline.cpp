@@ -2,10 +2,6 @@
 
 #include <QPainter>
 
-BoxOutline::BoxOutline(QWidget* parent) : QWidget(parent) {
-    setAttribute(Qt::WA_TransparentForMouseEvents);
-}
-
 void BoxOutline::SetBorderColor(const QColor& color) {
     if (color == borderColor_)
         return;

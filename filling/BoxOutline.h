@@ -3,12 +3,12 @@
 #include <QColor>
 #include <QWidget>
 
-/// The outline round a mark; the mouse goes through it.
+/// The outline of the place that a mark covers.
 class BoxOutline : public QWidget {
     Q_OBJECT
 
 public:
-    explicit BoxOutline(QWidget* parent);
+    using QWidget::QWidget;
 
     const QColor& BorderColor() const { return borderColor_; }
     void SetBorderColor(const QColor& color);

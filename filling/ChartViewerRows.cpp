@@ -106,7 +106,6 @@ void ChartViewer::DesignRows() {
     NameRow(0);
     ui_->Picture1->raise();
     setTabOrder(&Instructions[0], &CheckImg[0]);
-    setTabOrder(&CheckImg[0], &ClearImg[0]);
     setTabOrder(&ClearImg[0], ui_->PreviousDay);
 }
 

@@ -78,7 +78,6 @@ QTreeWidgetItem* Line(const QString& title, const CopySummary& holds) {
 RestoreWindow::RestoreWindow() {
     // A plain widget would be passed over as filling.
     QAccessible::installFactory(MakeRestoreAccess);
-    setObjectName(QStringLiteral("RestoreWindow"));
     setWindowTitle(QStringLiteral("Sparkit Dutygrid Restore"));
     MakeControls();
     Refresh();
@@ -154,7 +153,6 @@ void RestoreWindow::MakeControls() {
     room->addWidget(card);
     room->addLayout(buttons);
     setTabOrder(copies_, close_);
-    setTabOrder(close_, putBack_);
     resize(QSize(560, 480).boundedTo(screen()->availableSize()));
 }
 

@@ -1,5 +1,6 @@
 #include "store/CopySummary.h"
 
+#include "platform/runtime/RuntimeError.h"
 #include "platform/tables/TableStore.h"
 #include "store/AccountKinds.h"
 #include "store/ChartFields.h"

@@ -148,8 +148,6 @@ void Form::ShowInMainWindow() {
     // Empty: each move of a form to another parent styles all its controls anew.
     area->addSubWindow(frame);
     frame->setWidget(&widget_);
-    // How wide its edges are the frame knows from its style.
-    frame->ensurePolished();
     QSize whole = inside.grownBy(frame->contentsMargins());
     if (area->isVisible())
         whole = whole.boundedTo(area->viewport()->size()).expandedTo(frame_->minimumSizeHint());

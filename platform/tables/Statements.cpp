@@ -27,9 +27,8 @@ void Query::Bind(int parameter, const FieldDefinition& field, const Cell& cell) 
             statement_->bindNoCopy(parameter, *bytes);
     } else if (const qint64* number = std::get_if<qint64>(&cell)) {
         Bind(parameter, *number);
-    } else {
-        statement_->bind(parameter);
     }
+    // What nothing has been bound to is Null.
 }
 
 Cell Query::Read(int column) const {

@@ -73,6 +73,19 @@ TEST_F(DropDownComboTest, TheListIsAsWideAsItsLongestEntryUpToHalfTheScreen) {
     EXPECT_EQ(combo.view()->textElideMode(), Qt::ElideRight);
 }
 
+TEST_F(DropDownComboTest, OfALongTextTheBeginningShowsOnceTheKeyboardHasGone) {
+    QLineEdit& text = *combo.lineEdit();
+    QLineEdit next(&window);
+    next.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window, Patience));
+    text.setFocus();
+    QTest::keyClicks(&text, u"Feed the cat, the dog and both of the rabbits"_s);
+    EXPECT_EQ(text.cursorPosition(), text.text().size());
+    next.setFocus();
+    EXPECT_EQ(text.cursorPosition(), 0);
+}
+
 TEST_F(DropDownComboTest, AScreenReaderFindsABoxWithAListToOpen) {
     QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(&combo);
     ASSERT_NE(reader, nullptr);

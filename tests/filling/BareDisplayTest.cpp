@@ -102,6 +102,7 @@ TEST_F(BareDisplayTest, KeysWorkAfterAFormOverTheMainWindowHasGone) {
     auto& over = Default<NewUser>();
     over.Show();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&over, Patience));
+    Settle();
     over.Hide();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&Main(), Patience));
     hand_.Key(u"F1"_s);

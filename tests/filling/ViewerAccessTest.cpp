@@ -28,6 +28,11 @@ private:
     ChartViewer* viewer_ = nullptr;
 };
 
+TEST_F(ViewerAccessTest, TheNumberOfARowIsTheLabelOfItsJob) {
+    for (const int row : {0, 1})
+        EXPECT_EQ(Viewer().Number[row].buddy(), &Viewer().Instructions[row]) << row;
+}
+
 TEST_F(ViewerAccessTest, AMarkIsABoxToTick) {
     const QString toggle = QAccessibleActionInterface::toggleAction();
     const QString setFocus = QAccessibleActionInterface::setFocusAction();

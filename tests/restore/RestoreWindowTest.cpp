@@ -13,6 +13,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QHeaderView>
 #include <QIcon>
 #include <QLabel>
 #include <QMessageBox>
@@ -65,6 +66,7 @@ TEST_F(RestoreWindowTest, TheCopiesAreListedByDayAndSayWhatIsOtherwise) {
     Settle();
     auto& copies = Find<QTreeWidget>(window, u"Copies"_s);
     ASSERT_EQ(copies.topLevelItemCount(), 3);
+    EXPECT_FALSE(copies.header()->sectionsClickable());
     EXPECT_EQ(copies.topLevelItem(0)->text(0), u"Friday, 9 March 2001"_s);
     EXPECT_EQ(copies.topLevelItem(2)->text(0), u"Wednesday, 7 March 2001"_s);
     EXPECT_EQ(Text(window, u"Difference"_s), u"Compared with now: Anna has 5 points fewer."_s);

@@ -335,8 +335,11 @@ TEST_F(Cursors, ACursorThatHasSeenTheLastRowComesToThoseThatAreCopiedBehindIt) {
     Recordset source = MakeTable();
     AddMemo(source, QStringLiteral("copied"));
     Recordset rows = MakeTable(QStringLiteral("Copy"));
-    AddMemo(rows, QStringLiteral("before"));
+    AddMemo(rows, QStringLiteral("first"));
+    AddMemo(rows, QStringLiteral("last"));
     rows.MoveFirst();
+    rows.MoveNext();
+    ASSERT_EQ(Memo(rows), QStringLiteral("last"));
     Store->CopyRows(QStringLiteral("Chart"), QStringLiteral("Copy"), {QStringLiteral("Memo")});
     rows.MoveNext();
     EXPECT_EQ(Memo(rows), QStringLiteral("copied"));
