@@ -14,6 +14,9 @@ namespace {
 /// In milliseconds. Nobody sees a page and presses on it sooner.
 constexpr qint64 ReactionTime = 200;
 
+/// In milliseconds. So long a window manager may take to hand the focus on by itself.
+constexpr int UsualHandingOn = 150;
+
 QPointer<QMdiArea>& Area() {
     static QPointer<QMdiArea> area;
     return area;
@@ -67,6 +70,9 @@ ActivationTracker::ActivationTracker() {
     timer_.setSingleShot(true);
     timer_.setInterval(0);
     connect(&timer_, &QTimer::timeout, this, &ActivationTracker::Look);
+    afterHide_.setSingleShot(true);
+    afterHide_.setInterval(UsualHandingOn);
+    connect(&afterHide_, &QTimer::timeout, this, &ActivationTracker::LookForLostFocus);
     connect(qApp, &QGuiApplication::focusWindowChanged, this, &ActivationTracker::NoteFocus);
     connect(qApp, &QGuiApplication::applicationStateChanged, this, &ActivationTracker::Schedule);
     qApp->installEventFilter(this);
@@ -101,6 +107,8 @@ void ActivationTracker::Reset() {
 // At the window, before the toolkit looks for the control under the mouse: the activation may
 // exchange it.
 bool ActivationTracker::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Hide && watched->isWindowType())
+        afterHide_.start();
     const bool isPress =
         event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
     if (!isPress || !watched->isWindowType() || IsBoxOrMenuUp())
@@ -163,6 +171,14 @@ void ActivationTracker::Look() {
     if (QApplication::activeWindow() == nullptr && HasFocusGone() && !focusIsElsewhere_)
         topLevel->activateWindow();
     CompleteActivation(*topLevel);
+}
+
+/// The toolkit takes a window for active as soon as it has asked for it. If the window closes
+/// before the window manager has come to that, the focus has never left the one before, nothing
+/// tells the toolkit so, and no key would get there any more.
+void ActivationTracker::LookForLostFocus() {
+    if (QApplication::activeWindow() == nullptr)
+        Look();
 }
 
 /// Where the toolkit names none, since another program has the focus or no window manager hands it

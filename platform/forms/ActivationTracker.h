@@ -45,6 +45,7 @@ private:
     void NoteFocus(QWindow* now);
     bool HasFocusGone() const;
     void Look();
+    void LookForLostFocus();
     QWidget* ActiveTopLevel();
     bool CompleteActivation(QWidget& topLevel);
     bool ActivateFront(QWidget& topLevel);
@@ -55,6 +56,7 @@ private:
     static void Activate(Form& form);
 
     QTimer timer_;
+    QTimer afterHide_;
     QPointer<QWidget> topLevel_;
     QPointer<QWidget> front_;
     /// The active window that a press has left for another. The window system may go on naming it

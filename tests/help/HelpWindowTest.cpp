@@ -380,6 +380,7 @@ TEST_F(HelpWindowTest, GoingToTheHelpAndBackIsNoReturnToAForm) {
     EXPECT_TRUE(window.isVisible());
     Open();
     Key(Qt::Key_Escape);
+    ASSERT_FALSE(window.isVisible());
     ASSERT_TRUE(QTest::qWaitForWindowActive(form, Patience));
     Settle();
     EXPECT_EQ(form->Activations, 1);

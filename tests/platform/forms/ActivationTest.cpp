@@ -15,6 +15,10 @@
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <QtGui/qguiapplication_platform.h>
+#include <cstdlib>
+#include <string_view>
+#include <xcb/xcb.h>
 
 namespace {
 
@@ -71,6 +75,24 @@ protected:
         main_.reset();
     }
 
+    /// Tells a window of the wish to make it active.
+    static void TellActive(const QWidget& window) {
+        auto* display = qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
+        constexpr std::string_view name = "_NET_ACTIVE_WINDOW";
+        xcb_intern_atom_reply_t* atom = xcb_intern_atom_reply(
+            display, xcb_intern_atom(display, 0, name.size(), name.data()), nullptr);
+        ASSERT_NE(atom, nullptr);
+        xcb_client_message_event_t wish = {};
+        wish.response_type = XCB_CLIENT_MESSAGE;
+        wish.format = 32;
+        wish.window = static_cast<xcb_window_t>(window.winId());
+        wish.type = atom->atom;
+        std::free(atom);
+        xcb_send_event(display, 0, wish.window, XCB_EVENT_MASK_NO_EVENT,
+                       reinterpret_cast<const char*>(&wish));
+        xcb_flush(display);
+    }
+
     static QStringList Taken() {
         Settle();
         return std::exchange(Activations, {});
@@ -98,6 +120,21 @@ protected:
 
     std::unique_ptr<PlainMain> main_ = std::make_unique<PlainMain>();
 };
+
+TEST_F(ActivationTest, AWindowThatClosesBeforeItHasTheFocusLeavesTheKeyboardWhereItWas) {
+    QWidget other;
+    other.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other, Patience));
+    main_->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(main_.get(), Patience));
+    Settle();
+    // As the toolkit hears its own wish before the window manager does.
+    TellActive(other);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return other.isActiveWindow(); }, Patience));
+    other.close();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get(), Patience));
+    EXPECT_EQ(Taken(), QStringList()) << "nothing but the keyboard comes back";
+}
 
 TEST_F(ActivationTest, GoingFromOneFormToAnotherActivatesItEachTime) {
     const auto first = Inside("first");
