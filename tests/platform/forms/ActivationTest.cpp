@@ -131,6 +131,7 @@ TEST_F(ActivationTest, AWindowThatClosesBeforeItHasTheFocusLeavesTheKeyboardWher
     // As the toolkit hears its own wish before the window manager does.
     TellActive(other);
     ASSERT_TRUE(QTest::qWaitFor([&] { return other.isActiveWindow(); }, Patience));
+    Settle();
     other.close();
     EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get(), Patience));
     EXPECT_EQ(Taken(), QStringList()) << "nothing but the keyboard comes back";
