@@ -115,19 +115,19 @@ void HelpWindow::Open(const QString& helpFile) {
     activateWindow();
 }
 
-/// Beside the window that asks if there is room, else at the right edge of its screen: the corner
-/// where menus and buttons begin stays in sight.
+/// Beside the window that asks if there is room, else in the lower right corner of its screen: the
+/// corner where menus and buttons begin stays in sight.
 void HelpWindow::PlaceBeside(const QWidget& asking) {
     const QRect screen = asking.screen()->availableGeometry();
     const QRect frame = asking.frameGeometry();
     const QSize needed = size() + ScreenBorder / 2;
-    int left = screen.right() + 1 - needed.width();
+    const int lowest = screen.bottom() + 1 - needed.height();
+    QPoint place(screen.right() + 1 - needed.width(), lowest);
     if (screen.right() - frame.right() >= needed.width())
-        left = frame.right() + 1;
+        place = {frame.right() + 1, std::min(frame.top(), lowest)};
     else if (frame.left() - screen.left() >= needed.width())
-        left = frame.left() - needed.width();
-    move(left, std::clamp(frame.top(), screen.top(),
-                          std::max(screen.top(), screen.bottom() + 1 - needed.height())));
+        place = {frame.left() - needed.width(), std::min(frame.top(), lowest)};
+    move(place.x(), std::max(place.y(), screen.top()));
 }
 
 /// Where a press turns the page, the list is laid out anew when the button is up: entries that move

@@ -150,7 +150,7 @@ TEST_F(HelpWindowTest, AnArrowOpensAChapterThatIsNotRead) {
     EXPECT_TRUE(Contents().topLevelItem(0)->isExpanded());
 }
 
-TEST_F(HelpWindowTest, ItOpensBesideTheWindowThatAsksOrAtTheRightEdge) {
+TEST_F(HelpWindowTest, ItOpensBesideTheWindowThatAsksOrInTheLowerRightCorner) {
     QWidget program;
     const QRect screen = program.screen()->availableGeometry();
     const QSize small(200, 300);
@@ -173,6 +173,7 @@ TEST_F(HelpWindowTest, ItOpensBesideTheWindowThatAsksOrAtTheRightEdge) {
     Settle();
     EXPECT_TRUE(screen.contains(second.frameGeometry()));
     EXPECT_LE(screen.right() - second.frameGeometry().right(), 40);
+    EXPECT_LE(screen.bottom() - second.frameGeometry().bottom(), 80);
     // Where it has been put it comes again.
     second.close();
     const QPoint place = screen.topLeft() + QPoint(30, 40);
