@@ -15,24 +15,36 @@
 #include "store/PutBack.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QEvent>
+#include <QFontDatabase>
 #include <QTimer>
 #include <memory>
 
 namespace {
 
-/// Gives the windows the program's icon as soon as one has been painted: to read the picture in all
-/// its sizes takes as long as to make the log-in.
-class IconAfterFirstPaint : public QObject {
+/// An archive brings the fonts of its paper along.
+void AddDeliveredFonts() {
+    const QDir fonts(QCoreApplication::applicationDirPath() + QStringLiteral("/lib/fonts"));
+    for (const QString& font : fonts.entryList({QStringLiteral("*.ttf")}, QDir::Files))
+        QFontDatabase::addApplicationFont(fonts.filePath(font));
+}
+
+/// Does as soon as a window has been painted what takes long and is not wanted before: to read the
+/// program's icon in all its sizes takes as long as to make the log-in.
+class AfterFirstPaint : public QObject {
 public:
-    explicit IconAfterFirstPaint(QApplication& application) : QObject(&application) {
+    explicit AfterFirstPaint(QApplication& application) : QObject(&application) {
         application.installEventFilter(this);
     }
 
     bool eventFilter(QObject*, QEvent* event) override {
         if (event->type() == QEvent::Paint) {
             qApp->removeEventFilter(this);
-            QTimer::singleShot(0, qApp, [] { QApplication::setWindowIcon(ProgramIcon()); });
+            QTimer::singleShot(0, qApp, [] {
+                QApplication::setWindowIcon(ProgramIcon());
+                AddDeliveredFonts();
+            });
         }
         return false;
     }
@@ -57,7 +69,7 @@ int RunProgram(QApplication& application, const QString& programFolder) {
     // Between two forms there may be no window for a moment; the forms themselves end the process.
     QApplication::setQuitOnLastWindowClosed(false);
     ApplyProgramStyle(application);
-    new IconAfterFirstPaint(application);
+    new AfterFirstPaint(application);
 
     SystemPrompts prompts;
     std::unique_ptr<HelpWindow> help;

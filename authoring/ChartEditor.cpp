@@ -314,11 +314,10 @@ ChartWeek ChartEditor::ChartWeekDates(bool nextWeek) const {
     const QString startDay = FullDayName(days.first());
     DateCls date;
     for (int step = 0; WeekdayName(date.Value()) != startDay; ++step) {
-        // Weekday names come from the system: in another language none is ever the start day's.
+        // With names in which none is ever the start day's the walk would not end.
         if (step == DaysOfWeek)
-            throw RuntimeError(
-                ErrorNumber::TypeMismatch,
-                QStringLiteral("No day of this system's week is called %1").arg(startDay));
+            throw RuntimeError(ErrorNumber::TypeMismatch,
+                               QStringLiteral("No day of the week is called %1").arg(startDay));
         if (nextWeek)
             date.Add(1, DateUnits::Days);
         else

@@ -5,10 +5,13 @@
 #include "ui_HelpWindow.h"
 
 #include <QAccessibleWidget>
-#include <QGuiApplication>
+#include <QApplication>
+#include <QEvent>
 #include <QScreen>
 #include <QShortcut>
 #include <QSignalBlocker>
+#include <QTimer>
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -37,6 +40,7 @@ HelpWindow::HelpWindow() : ui_(std::make_unique<Ui::HelpWindow>()) {
     ui_->setupUi(this);
     ui_->Splitter->setStretchFactor(1, 1);
     ui_->Splitter->setSizes({ContentsWidth, UsualSize.width() - ContentsWidth});
+    ui_->Contents->viewport()->installEventFilter(this);
     resize(UsualSize.boundedTo(QGuiApplication::primaryScreen()->availableSize() - ScreenBorder));
 
     On(ui_->Back, &QPushButton::clicked, this, [this] { ui_->Page->backward(); });
@@ -99,12 +103,57 @@ void HelpWindow::Open(const QString& helpFile) {
         ui_->Page->SetBook(HelpBook(helpFile));
         FillContents();
         ui_->Contents->setFocus();
+        // The first time; after that it comes back where it was left.
+        if (const QWidget* asking = QApplication::activeWindow();
+            asking != nullptr && !testAttribute(Qt::WA_Moved))
+            PlaceBeside(*asking);
     }
     if (isMinimized())
         showNormal();
     show();
     raise();
     activateWindow();
+}
+
+/// Beside the window that asks if there is room, else in the lower right corner of its screen: the
+/// corner where menus and buttons begin stays in sight.
+void HelpWindow::PlaceBeside(const QWidget& asking) {
+    const QRect screen = asking.screen()->availableGeometry();
+    const QRect frame = asking.frameGeometry();
+    const QSize needed = size() + ScreenBorder / 2;
+    const int lowest = screen.bottom() + 1 - needed.height();
+    QPoint place(screen.right() + 1 - needed.width(), lowest);
+    if (screen.right() - frame.right() >= needed.width())
+        place = {frame.right() + 1, std::min(frame.top(), lowest)};
+    else if (frame.left() - screen.left() >= needed.width())
+        place = {frame.left() - needed.width(), std::min(frame.top(), lowest)};
+    move(place.x(), std::max(place.y(), screen.top()));
+}
+
+/// Where a press turns the page, the list is laid out anew when the button is up: entries that move
+/// away below the mouse would leave another one marked. A second quick click, for which they have
+/// moved, does nothing.
+bool HelpWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != ui_->Contents->viewport())
+        return QWidget::eventFilter(watched, event);
+    switch (event->type()) {
+    case QEvent::MouseButtonDblClick:
+        if (pressTurnedPage_)
+            return true;
+        [[fallthrough]];
+    case QEvent::MouseButtonPress:
+        isPressed_ = true;
+        pressTurnedPage_ = false;
+        break;
+    case QEvent::MouseButtonRelease:
+        isPressed_ = false;
+        if (pressTurnedPage_)
+            QTimer::singleShot(0, this, [this] { MarkInContents(); });
+        break;
+    default:
+        break;
+    }
+    return false;
 }
 
 void HelpWindow::FillContents() {
@@ -139,15 +188,24 @@ void HelpWindow::PageChanged(const QString& section) {
     setWindowTitle(topic.Title + QStringLiteral(" - Sparkit Dutygrid Help"));
     ui_->Page->setAccessibleName(topic.Title);
 
-    const QSignalBlocker quietContents(ui_->Contents);
-    const QSignalBlocker quietResults(ui_->Results);
-    if (QTreeWidgetItem* entry = ContentsEntry(section.isEmpty() ? topic.Id : section)) {
-        // Only the sections of this page, or the list grows longer than the window.
-        ui_->Contents->collapseAll();
-        ui_->Contents->setCurrentItem(entry);
-        ui_->Contents->expandItem(entry->parent() == nullptr ? entry : entry->parent());
-    }
+    shown_ = section.isEmpty() ? topic.Id : section;
+    if (isPressed_)
+        pressTurnedPage_ = true;
+    else
+        MarkInContents();
+    const QSignalBlocker quiet(ui_->Results);
     ui_->Results->setCurrentRow(static_cast<int>(results_.indexOf(page)));
+}
+
+void HelpWindow::MarkInContents() {
+    QTreeWidgetItem* entry = ContentsEntry(shown_);
+    if (entry == nullptr)
+        return;
+    const QSignalBlocker quiet(ui_->Contents);
+    // Only the sections of this page, or the list grows longer than the window.
+    ui_->Contents->collapseAll();
+    ui_->Contents->setCurrentItem(entry);
+    ui_->Contents->expandItem(entry->parent() == nullptr ? entry : entry->parent());
 }
 
 void HelpWindow::Search() {

@@ -27,10 +27,15 @@ public:
     /// else with the first page. A file that cannot be read is said on that page.
     void Open(const QString& helpFile);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void AddShortcuts();
+    void PlaceBeside(const QWidget& asking);
     void FillContents();
     void PageChanged(const QString& section);
+    void MarkInContents();
     void Search();
     void NextHit(int step);
     void OpenResult(qsizetype result, bool atEnd);
@@ -38,4 +43,7 @@ private:
 
     std::unique_ptr<Ui::HelpWindow> ui_;
     QList<qsizetype> results_; ///< the pages found
+    QString shown_;            ///< the page or section that the contents are to mark
+    bool isPressed_ = false;   ///< the mouse's button on the contents
+    bool pressTurnedPage_ = false;
 };

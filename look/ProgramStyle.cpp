@@ -132,6 +132,8 @@ QPalette ProgramPalette() {
 } // namespace
 
 void ApplyProgramStyle(QApplication& application) {
+    // As English is written, whatever language a desktop's part of the toolkit brings along.
+    QApplication::setLayoutDirection(Qt::LeftToRight);
     QApplication::setStyle(new DutygridStyle);
     const QPalette palette = ProgramPalette();
     QApplication::setPalette(palette);

@@ -2,10 +2,13 @@
 
 #include "platform/runtime/Dates.h"
 
+#include <QLocale>
 #include <QTextCharFormat>
 
 MonthCalendar::MonthCalendar(QWidget* parent) : QCalendarWidget(parent), parts_(PartsOf(Today())) {
     setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    // Names of months and days are English on every system, as all that the program says.
+    setLocale(QLocale::c());
     // As the weeks of the charts; and no day stands out from the others.
     setFirstDayOfWeek(Qt::Sunday);
     for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})

@@ -6,6 +6,7 @@
 #include "platform/runtime/Desktop.h"
 #include "platform/runtime/ProgramFolder.h"
 #include "platform/runtime/Prompts.h"
+#include "platform/runtime/WeekdayNames.h"
 #include "session/Session.h"
 #include "session/Settings.h"
 #include "store/DailyCopies.h"
@@ -34,6 +35,7 @@ ProgramRun::~ProgramRun() {
     ChartEditors.SetMaker({});
     ChartViewers.SetMaker({});
     WeeklyReview = {};
+    SetWeekdayNames({});
     SetSettingsForms(nullptr);
     SetSoundSwitch({});
     Take({});

@@ -153,9 +153,11 @@ QStringList CopyNames() {
 
 QString CopyTitle(const QString& name) {
     const QString pattern = QStringLiteral("dddd, d MMMM yyyy");
+    // English on every system, as the rest of the window.
+    const QLocale english = QLocale::c();
     const QDateTime kept = TimeKept(name);
-    return kept.isValid() ? QLocale().toString(kept, pattern + QStringLiteral(", HH:mm"))
-                          : QLocale().toString(DayOfCopy(name), pattern);
+    return kept.isValid() ? english.toString(kept, pattern + QStringLiteral(", HH:mm"))
+                          : english.toString(DayOfCopy(name), pattern);
 }
 
 QString DatabaseOfCopy(const QString& name) {

@@ -22,6 +22,9 @@ PromptAnswer SystemPrompts::Show(const Prompt& prompt) {
     if (prompt.Buttons == PromptButtons::YesNo) {
         // The toolkit takes the No for what closing the box answers.
         box->setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        // Desktops have words of their own language for them.
+        box->button(QMessageBox::Yes)->setText(QStringLiteral("&Yes"));
+        box->button(QMessageBox::No)->setText(QStringLiteral("&No"));
         if (prompt.BeginsOnNo)
             box->setDefaultButton(QMessageBox::No);
     } else {

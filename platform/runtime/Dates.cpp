@@ -1,9 +1,9 @@
 #include "platform/runtime/Dates.h"
 
 #include "platform/runtime/RuntimeError.h"
+#include "platform/runtime/WeekdayNames.h"
 
 #include <QLocale>
-#include <array>
 
 namespace {
 
@@ -21,11 +21,16 @@ QString ShortPattern(const QLocale& locale) {
     return pattern;
 }
 
-const std::array<QString, 7>& DayNames() {
-    static const std::array<QString, 7> names = {
-        QStringLiteral("Sunday"),    QStringLiteral("Monday"),   QStringLiteral("Tuesday"),
-        QStringLiteral("Wednesday"), QStringLiteral("Thursday"), QStringLiteral("Friday"),
-        QStringLiteral("Saturday")};
+const QStringList& DayNames() {
+    static const QStringList names = {QStringLiteral("Sunday"),   QStringLiteral("Monday"),
+                                      QStringLiteral("Tuesday"),  QStringLiteral("Wednesday"),
+                                      QStringLiteral("Thursday"), QStringLiteral("Friday"),
+                                      QStringLiteral("Saturday")};
+    return names;
+}
+
+QStringList& OtherDayNames() {
+    static QStringList names;
     return names;
 }
 
@@ -78,13 +83,20 @@ QString DateKey(const QDate& date) {
 }
 
 QString WeekdayName(const QDate& date) {
-    return QLocale().standaloneDayName(date.dayOfWeek(), QLocale::LongFormat);
+    if (!date.isValid())
+        return {};
+    const QStringList& names = OtherDayNames().isEmpty() ? DayNames() : OtherDayNames();
+    return names.at(date.dayOfWeek() % names.size());
+}
+
+void SetWeekdayNames(const QStringList& names) {
+    OtherDayNames() = names;
 }
 
 QString DayAbbreviation(int day) {
-    if (day < 1 || day > 7)
+    if (day < 1 || day > DayNames().size())
         throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
-    return DayNames().at(static_cast<std::size_t>(day - 1)).left(3);
+    return DayNames().at(day - 1).left(3);
 }
 
 QString FullDayName(const QString& abbreviation) {

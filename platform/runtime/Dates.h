@@ -19,7 +19,7 @@ QDate DateFromText(const QString& text);
 /// The date as eight digits, year, month, day, for comparing dates.
 QString DateKey(const QDate& date);
 
-/// The weekday's name in the system's language, in full: "Sunday".
+/// The weekday's name in full, in English on every system: "Sunday". "" for an invalid date.
 QString WeekdayName(const QDate& date);
 
 /// "Sun" to "Sat" for the days 1 to 7, whatever the system's language. Raises 9 for other numbers.

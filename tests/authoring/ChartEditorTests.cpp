@@ -1,4 +1,5 @@
 #include "tests/authoring/AuthoringTest.h"
+#include "tests/common/GermanWeekdays.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
@@ -318,10 +319,9 @@ TEST_F(ChartEditorForm, TitleOfAChartWithoutRowsKeepsTheDatesReadBefore) {
     EXPECT_EQ(editor.Title(u"Home"_s), u"Starting from: Monday 12/27/1999 to Friday 12/31/1999"_s);
 }
 
-TEST_F(ChartEditorForm, WhereWeekdaysAreNotEnglishNoChartOpensAndTheUserIsTold) {
-    QLocale::setDefault(QLocale(QLocale::German));
-    Boxes.ExpectError(ErrorNumber::TypeMismatch,
-                      u"No day of this system's week is called Sunday"_s);
+TEST_F(ChartEditorForm, WhereNoDayIsCalledAsTheStartDayNoChartOpensAndTheUserIsTold) {
+    CallTheDaysInGerman();
+    Boxes.ExpectError(ErrorNumber::TypeMismatch, u"No day of the week is called Sunday"_s);
     auto& dialog = Default<Newfrm>();
     dialog.Show();
     Settle();

@@ -3,6 +3,7 @@
 #include "app/RegisterForms.h"
 #include "platform/forms/ActivationTracker.h"
 #include "support/clsRegistry.h"
+#include "tests/common/ActiveWindow.h"
 #include "tests/common/Pictures.h"
 #include "tests/common/WindowsAtRest.h"
 
@@ -51,7 +52,7 @@ void FormTest::StartSession(const QString& user, const QString& state) {
     CurrentState = state;
     Form& mainForm = DefaultForm(QStringLiteral("MainForm"));
     mainForm.Show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&mainForm.Widget(), Patience));
+    EXPECT_TRUE(BecomesActive(mainForm.Widget()));
     Settle();
 }
 

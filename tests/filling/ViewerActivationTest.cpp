@@ -1,6 +1,7 @@
 #include "tests/filling/FillingTest.h"
 
 #include "platform/forms/DefaultForms.h"
+#include "tests/common/ActiveWindow.h"
 
 #include <QFileDialog>
 #include <QMenu>
@@ -95,7 +96,7 @@ TEST_F(ViewerActivationTest, AMessageBoxTurnsNothing) {
     box.setText(QStringLiteral("Please read"));
     box.addButton(QMessageBox::Ok);
     QTimer::singleShot(0, &box, [&box] {
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&box, Patience));
+        EXPECT_TRUE(BecomesActive(box));
         box.accept();
     });
     box.exec();
@@ -107,7 +108,7 @@ TEST_F(ViewerActivationTest, AFileDialogTurnsNothing) {
     QFileDialog dialog(&Main());
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     QTimer::singleShot(0, &dialog, [&dialog] {
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog, Patience));
+        EXPECT_TRUE(BecomesActive(dialog));
         dialog.reject();
     });
     dialog.exec();
@@ -128,16 +129,14 @@ TEST_F(ViewerActivationTest, AMenuTurnsNothing) {
 
 TEST_F(ViewerActivationTest, AnotherProgramsWindowTurnsNothing) {
     QProcess other;
-    other.start(QStringLiteral("xmessage"),
-                {QStringLiteral("-center"), QStringLiteral("Another program")});
-    ASSERT_TRUE(other.waitForStarted());
+    ASSERT_TRUE(StartAnotherProgram(other));
     ASSERT_TRUE(QTest::qWaitFor([this] { return !Main().isActiveWindow(); }, Patience));
     Wait();
     ExpectDay(Wednesday, 0);
     other.terminate();
     other.waitForFinished();
     Main().activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&Main(), Patience));
+    ASSERT_TRUE(BecomesActive(Main()));
     Wait();
     ExpectDay(Wednesday, 0);
 }
@@ -148,7 +147,7 @@ TEST_F(ViewerActivationTest, MinimisingTheMainWindowTurnsNothing) {
     ExpectDay(Wednesday, 0);
     Main().showNormal();
     Main().activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&Main(), Patience));
+    ASSERT_TRUE(BecomesActive(Main()));
     Wait();
     ExpectDay(Wednesday, 0);
 }
@@ -158,12 +157,12 @@ TEST_F(ViewerActivationTest, LogOffAndLogInTurnOnePage) {
     mainForm.Hide();
     Form& logIn = DefaultForm(QStringLiteral("LogIn"));
     logIn.Show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&logIn.Widget(), Patience));
+    ASSERT_TRUE(BecomesActive(logIn.Widget()));
     Wait();
     ExpectDay(Wednesday, 0);
     logIn.Unload();
     mainForm.Show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&mainForm.Widget(), Patience));
+    ASSERT_TRUE(BecomesActive(mainForm.Widget()));
     Wait();
     // From the log-in window, a form of the program, back to the viewer.
     ExpectDay(Wednesday + 1, 1);
@@ -175,7 +174,7 @@ TEST_F(ViewerActivationTest, TheGoalMessageAndThePrintQuestionsTurnNothing) {
     const auto realBox = [this] {
         QMessageBox box(&Main());
         QTimer::singleShot(0, &box, [&box] {
-            EXPECT_TRUE(QTest::qWaitForWindowActive(&box, Patience));
+            EXPECT_TRUE(BecomesActive(box));
             box.accept();
         });
         box.exec();

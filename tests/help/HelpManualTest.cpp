@@ -82,8 +82,8 @@ TEST_F(HelpManualTest, HasAPageForEveryNeed) {
         EXPECT_FALSE(topic.Title.isEmpty()) << topic.Id.toStdString();
     }
     EXPECT_EQ(pages.join(QLatin1Char(' ')),
-              QStringLiteral("welcome start charts weeks points reports children "
-                             "school options data back "
+              QStringLiteral("welcome start charts weeks points reports printing children "
+                             "school options languages data back "
                              "wrong questions menus"));
 }
 

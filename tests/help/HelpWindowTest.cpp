@@ -1,10 +1,13 @@
 #include "tests/help/HelpWindowTest.h"
 
+#include "tests/common/RealInput.h"
+
 #include <QAccessible>
 #include <QApplication>
 #include <QFile>
 #include <QImage>
 #include <QListWidget>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTest>
 #include <algorithm>
@@ -21,6 +24,17 @@ QByteArray HelpWindowTest::SmallBook() {
     book += "<h2 id=\"deep\">Deep down</h2><p>The last pear.</p>"
             "<h1 id=\"cherries\">Cherries</h1><p>Red and sweet.<img src=\"wide.png\"></p>"
             "</body></html>";
+    return book;
+}
+
+QByteArray HelpWindowTest::ThreeChapters() {
+    QByteArray book;
+    for (const char* chapter : {"One", "Two", "Three"}) {
+        book += QByteArray("<h1 id=\"") + QByteArray(chapter).toLower() + "\">" + chapter + "</h1>";
+        for (int section = 1; section <= 4; ++section)
+            book += "<h2 id=\"" + QByteArray(chapter) + QByteArray::number(section) + "\">" +
+                    chapter + '.' + QByteArray::number(section) + "</h2>";
+    }
     return book;
 }
 
@@ -103,6 +117,72 @@ TEST_F(HelpWindowTest, AClickInTheContentsGoesBackToTheTopOfThePageShown) {
     Page().verticalScrollBar()->setValue(300);
     click(*Contents().topLevelItem(1));
     EXPECT_EQ(Page().verticalScrollBar()->value(), 0);
+}
+
+TEST_F(HelpWindowTest, AClickBelowAnOpenedChapterMarksWhatIsClicked) {
+    Write(ThreeChapters());
+    Open();
+    RealInput hand;
+    for (const RealPress& press : {RealInput::Short, RealInput::Long, RealInput::Double}) {
+        Page().GoTo(QStringLiteral("one"));
+        Settle();
+        ASSERT_TRUE(Contents().topLevelItem(0)->isExpanded());
+        const QTreeWidgetItem& clicked = *Contents().topLevelItem(1);
+        hand.ClickAt(*Contents().viewport(), Contents().visualItemRect(&clicked).center(), press);
+        Settle();
+        EXPECT_EQ(Title(), QStringLiteral("Two"));
+        EXPECT_EQ(Contents().selectedItems(), QList<QTreeWidgetItem*>{Contents().topLevelItem(1)});
+        EXPECT_EQ(Contents().currentItem(), Contents().topLevelItem(1));
+        EXPECT_FALSE(Contents().topLevelItem(0)->isExpanded());
+        EXPECT_TRUE(Contents().topLevelItem(1)->isExpanded());
+    }
+}
+
+TEST_F(HelpWindowTest, AnArrowOpensAChapterThatIsNotRead) {
+    Write(ThreeChapters());
+    Open();
+    const QRect entry = Contents().visualItemRect(Contents().topLevelItem(2));
+    RealInput().ClickAt(*Contents().viewport(), {entry.left() - 7, entry.center().y()},
+                        RealInput::Short);
+    Settle();
+    EXPECT_EQ(Title(), QStringLiteral("One"));
+    EXPECT_TRUE(Contents().topLevelItem(2)->isExpanded());
+    EXPECT_TRUE(Contents().topLevelItem(0)->isExpanded());
+}
+
+TEST_F(HelpWindowTest, ItOpensBesideTheWindowThatAsksOrInTheLowerRightCorner) {
+    QWidget program;
+    const QRect screen = program.screen()->availableGeometry();
+    const QSize small(200, 300);
+    program.resize(small);
+    program.move(screen.topLeft() + QPoint(10, 10));
+    program.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&program, Patience));
+    Settle();
+    Open();
+    EXPECT_TRUE(screen.contains(window.frameGeometry()));
+    EXPECT_FALSE(window.frameGeometry().intersects(program.frameGeometry()));
+
+    HelpWindow second;
+    program.resize(screen.size() - QSize(40, 80));
+    program.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&program, Patience));
+    Settle();
+    second.Open(bookFile);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&second, Patience));
+    Settle();
+    EXPECT_TRUE(screen.contains(second.frameGeometry()));
+    EXPECT_LE(screen.right() - second.frameGeometry().right(), 40);
+    EXPECT_LE(screen.bottom() - second.frameGeometry().bottom(), 80);
+    // Where it has been put it comes again.
+    second.close();
+    const QPoint place = screen.topLeft() + QPoint(30, 40);
+    second.move(place);
+    program.activateWindow();
+    second.Open(bookFile);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&second, Patience));
+    Settle();
+    EXPECT_EQ(second.frameGeometry().topLeft(), place);
 }
 
 TEST_F(HelpWindowTest, LinksGoToPagesAndSectionsAndUnknownOnesNowhere) {

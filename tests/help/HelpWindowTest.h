@@ -14,6 +14,9 @@ protected:
     /// Three pages; the second is too long for a window.
     static QByteArray SmallBook();
 
+    /// Three pages of four sections each.
+    static QByteArray ThreeChapters();
+
     HelpWindowTest();
 
     void Write(const QByteArray& book);

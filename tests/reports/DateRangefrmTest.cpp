@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QTableView>
 #include <QTest>
+#include <QToolButton>
 
 namespace {
 
@@ -145,6 +146,18 @@ TEST_F(DateRangefrmTest, ExitUnloadsAndChoosesNothing) {
 }
 
 class MonthCalendarTest : public RuntimeTest {};
+
+TEST_F(MonthCalendarTest, MonthsAndDaysHaveEnglishNamesOnEverySystem) {
+    QLocale::setDefault(QLocale(QLocale::Arabic, QLocale::Egypt));
+    const MonthCalendar calendar;
+    EXPECT_EQ(calendar.findChild<QToolButton*>(u"qt_calendar_monthbutton"_s)->text(), u"March"_s);
+    EXPECT_EQ(calendar.findChild<QToolButton*>(u"qt_calendar_yearbutton"_s)->text(), u"2001"_s);
+    const auto& view = *calendar.findChild<QTableView*>(u"qt_calendar_calendarview"_s);
+    QStringList names;
+    for (int column = 0; column < 7; ++column)
+        names += view.model()->index(0, column).data().toString();
+    EXPECT_EQ(names.join(u' '), u"Sun Mon Tue Wed Thu Fri Sat"_s);
+}
 
 TEST_F(MonthCalendarTest, PartsAreWrittenInAnyOrder) {
     SetToday(QDate(2001, 2, 10));

@@ -1,4 +1,5 @@
 #include "store/ChartFields.h"
+#include "tests/common/GermanWeekdays.h"
 #include "tests/store/StoreTest.h"
 
 #include <QLocale>
@@ -250,11 +251,18 @@ TEST_F(ChartTablesTest, RowsWithARangeTextAreShownAndTickedUnderTheDayAskedFor) 
     EXPECT_EQ(FieldOfRows(Chores, 5), (QStringList{QStringLiteral("0"), QStringLiteral("-1")}));
 }
 
-TEST_F(ChartTablesTest, OnASystemOfAnotherLanguageTheDayHasNoCaption) {
+TEST_F(ChartTablesTest, OnASystemOfAnotherLanguageTheCaptionHasTheEnglishNameAndTheSystemsDate) {
+    SaveChart(Chores, {Job(QStringLiteral("a"), QStringLiteral("Wed"))});
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    Database().ReadInfoFromChart(Chores, 0, true, QStringLiteral("Wed"));
+    EXPECT_EQ(Viewer.dayCaption, QStringLiteral("Wednesday 07.03.2001"));
+}
+
+TEST_F(ChartTablesTest, ADayThatNoneOfTheWeekIsCalledHasNoCaption) {
     SaveChart(Chores, {Job(QStringLiteral("a"), QStringLiteral("Wed"))});
     Database().ReadInfoFromChart(Chores, 0, true, QStringLiteral("Wed"));
     EXPECT_EQ(Viewer.dayCaption, QStringLiteral("Wednesday 3/7/2001"));
-    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    CallTheDaysInGerman();
     Database().ReadInfoFromChart(Chores, 0, true, QStringLiteral("Wed"));
     EXPECT_EQ(Viewer.dayCaption, QString());
     EXPECT_EQ(Viewer.rows.first().Instructions, QStringLiteral("a"));

@@ -206,6 +206,13 @@ TEST_F(PutBackTest, OnlyFoldersWithTheNamesOfCopiesAreListed) {
               QStringLiteral("Wednesday, 7 March 2001, 10:20"));
 }
 
+TEST_F(PutBackTest, CopiesHaveEnglishTitlesOnEverySystem) {
+    QLocale::setDefault(QLocale(QLocale::Arabic, QLocale::Egypt));
+    EXPECT_EQ(CopyTitle(CopiedDay), QStringLiteral("Wednesday, 7 March 2001"));
+    EXPECT_EQ(CopyTitle(QStringLiteral("2001-03-07 10.20.30 before")),
+              QStringLiteral("Wednesday, 7 March 2001, 10:20"));
+}
+
 TEST_F(PutBackTest, TheDifferenceIsToldInNumbersThatAParentKnows) {
     const CopySummary copy = SummaryOf(DatabaseOfCopy(CopiedDay));
     const CopySummary now = SummaryOf(DatabaseFile());

@@ -22,6 +22,11 @@ Text PointsOf(const Text& name) {
 } // namespace
 
 void FamilyWeek::AnnaOnSunday() {
+    DoublePick("StudentsList", "Anna");
+    Front("LoginWindow");
+    Shows("UserName", "Anna");
+    Shoot("password-anna");
+    Click("Cancel");
     ChildLogsIn("Anna", "kite");
     Front("MainForm");
     CaptionIs("Sparkit Dutygrid - Hi Anna");

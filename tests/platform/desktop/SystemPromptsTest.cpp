@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <QTranslator>
 
 namespace {
 
@@ -46,6 +47,31 @@ TEST_F(SystemPromptsTest, AMessageHasAnOkButtonAndTheProgramsTitle) {
         box.button(QMessageBox::Ok)->click();
     };
     EXPECT_EQ(Answer(message, look), PromptAnswer::Ok);
+}
+
+/// As desktops of other languages bring them for the toolkit's own words.
+class OtherWords : public QTranslator {
+public:
+    QString translate(const char*, const char* text, const char*, int) const override {
+        const QString word = QString::fromLatin1(text);
+        return word == QLatin1String("QT_LAYOUT_DIRECTION") ? QStringLiteral("RTL")
+               : word == QLatin1String("&Yes")              ? QStringLiteral("&Ja")
+               : word == QLatin1String("&No")               ? QStringLiteral("&Nein")
+                                                            : QString();
+    }
+    bool isEmpty() const override { return false; }
+};
+
+TEST_F(SystemPromptsTest, QuestionsAreAnsweredInEnglishOnEverySystem) {
+    OtherWords words;
+    QCoreApplication::installTranslator(&words);
+    Answer(question, [](QMessageBox& box) {
+        EXPECT_EQ(box.button(QMessageBox::Yes)->text(), QStringLiteral("&Yes"));
+        EXPECT_EQ(box.button(QMessageBox::No)->text(), QStringLiteral("&No"));
+        EXPECT_EQ(box.layoutDirection(), Qt::LeftToRight);
+        box.close();
+    });
+    QCoreApplication::removeTranslator(&words);
 }
 
 TEST_F(SystemPromptsTest, ABoxHasTheIconOfItsWeight) {

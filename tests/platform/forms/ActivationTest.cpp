@@ -1,6 +1,7 @@
 #include "platform/desktop/SystemPrompts.h"
 #include "platform/forms/ActivationTracker.h"
 #include "platform/forms/MainWindowArea.h"
+#include "tests/common/ActiveWindow.h"
 #include "tests/common/FormTest.h"
 #include "tests/common/NextBox.h"
 
@@ -66,7 +67,7 @@ protected:
     ActivationTest() {
         Activations.clear();
         main_->Show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get(), Patience));
+        EXPECT_TRUE(BecomesActive(*main_));
         Settle();
         EXPECT_EQ(Taken(), QStringList{QStringLiteral("main")});
     }
@@ -108,9 +109,8 @@ protected:
     /// Starts a window of another process and waits until it has the focus.
     static void WithAnotherProgram(const std::function<void()>& meanwhile) {
         QProcess other;
-        other.start(QStringLiteral("xmessage"), {QStringLiteral("another program")});
-        if (!other.waitForStarted())
-            GTEST_FAIL() << "xmessage is not installed";
+        if (!StartAnotherProgram(other))
+            GTEST_FAIL() << "the other program is not installed";
         EXPECT_TRUE(
             QTest::qWaitFor([] { return QApplication::activeWindow() == nullptr; }, Patience));
         meanwhile();
@@ -176,7 +176,7 @@ TEST_F(ActivationTest, AMenuDoesNotActivateTheFormBehindIt) {
 TEST_F(ActivationTest, AnotherProgramDoesNotActivateTheFormOnReturn) {
     const auto first = Inside("first");
     WithAnotherProgram([] { EXPECT_EQ(Taken(), QStringList()); });
-    EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get(), Patience));
+    EXPECT_TRUE(BecomesActive(*main_));
     EXPECT_EQ(Taken(), QStringList());
 }
 
@@ -186,7 +186,7 @@ TEST_F(ActivationTest, MinimisingAndRestoringTheMainWindowActivatesNothing) {
     EXPECT_EQ(Taken(), QStringList());
     main_->showNormal();
     main_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get(), Patience));
+    EXPECT_TRUE(BecomesActive(*main_));
     EXPECT_EQ(Taken(), QStringList());
 }
 
@@ -196,11 +196,11 @@ TEST_F(ActivationTest, HidingTheMainWindowForAnotherFormActivatesMainAndFrontOnc
     auto* logIn = new PlainForm(QStringLiteral("login"), Form::Place::TopLevel);
     main_->Hide();
     logIn->Show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(logIn, Patience));
+    EXPECT_TRUE(BecomesActive(*logIn));
     EXPECT_EQ(Taken(), QStringList{QStringLiteral("login")});
     main_->Show();
     logIn->Unload();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get(), Patience));
+    EXPECT_TRUE(BecomesActive(*main_));
     EXPECT_EQ(Taken(), (QStringList{QStringLiteral("main"), QStringLiteral("second")}));
 }
 
@@ -246,10 +246,10 @@ TEST_F(ActivationTest, ATopLevelFormOverTheMainWindowAndBackActivatesBoth) {
     const auto first = Inside("first");
     auto* over = new PlainForm(QStringLiteral("over"), Form::Place::TopLevel);
     over->Show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(over, Patience));
+    EXPECT_TRUE(BecomesActive(*over));
     EXPECT_EQ(Taken(), QStringList{QStringLiteral("over")});
     over->Unload();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get(), Patience));
+    EXPECT_TRUE(BecomesActive(*main_));
     EXPECT_EQ(Taken(), (QStringList{QStringLiteral("main"), QStringLiteral("first")}));
 }
 
@@ -261,10 +261,10 @@ TEST_F(ActivationTest, ShowingAFormThatStandsBehindBringsItToTheFront) {
     EXPECT_EQ(main_->area.activeSubWindow(), &first->Frame());
     PlainForm over(QStringLiteral("over"), Form::Place::TopLevel);
     over.Show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&over, Patience));
+    EXPECT_TRUE(BecomesActive(over));
     EXPECT_EQ(Taken(), QStringList{QStringLiteral("over")});
     main_->Show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get(), Patience));
+    EXPECT_TRUE(BecomesActive(*main_));
     EXPECT_EQ(Taken(), (QStringList{QStringLiteral("main"), QStringLiteral("first")}));
 }
 

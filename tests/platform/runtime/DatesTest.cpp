@@ -1,5 +1,6 @@
 #include "platform/runtime/Dates.h"
 
+#include "tests/common/GermanWeekdays.h"
 #include "tests/common/RuntimeTest.h"
 
 namespace {
@@ -61,14 +62,32 @@ TEST_F(DatesTest, KeyHasLatinDigitsInEveryLocale) {
     EXPECT_EQ(DateKey(Day), QStringLiteral("20010307"));
 }
 
-TEST_F(DatesTest, WeekdayNamesAreTheLocales) {
-    EXPECT_EQ(WeekdayName(Day), QStringLiteral("Wednesday"));
-    UseLocale("de_DE");
-    EXPECT_EQ(WeekdayName(Day), QStringLiteral("Mittwoch"));
+TEST_F(DatesTest, WeekdayNamesAreEnglishOnEverySystem) {
+    const QStringList week = {QStringLiteral("Sunday"),   QStringLiteral("Monday"),
+                              QStringLiteral("Tuesday"),  QStringLiteral("Wednesday"),
+                              QStringLiteral("Thursday"), QStringLiteral("Friday"),
+                              QStringLiteral("Saturday")};
+    for (const char* system : {"en_US", "de_DE", "fr_FR", "ar_EG", "tr_TR", "zh_CN"}) {
+        UseLocale(system);
+        QStringList names;
+        for (int day = 4; day <= 10; ++day)
+            names += WeekdayName(QDate(2001, 3, day));
+        EXPECT_EQ(names, week) << system;
+    }
+    EXPECT_EQ(WeekdayName(QDate()), QString());
 }
 
-TEST_F(DatesTest, DayTextsAreEnglishInEveryLocale) {
-    UseLocale("de_DE");
+TEST_F(DatesTest, OtherWeekdayNamesHoldUntilTheyAreTakenBack) {
+    CallTheDaysInGerman();
+    EXPECT_EQ(WeekdayName(QDate(2001, 3, 4)), QStringLiteral("Sonntag"));
+    EXPECT_EQ(WeekdayName(Day), QStringLiteral("Mittwoch"));
+    EXPECT_EQ(FullDayName(QStringLiteral("Wed")), QStringLiteral("Wednesday"));
+    SetWeekdayNames({});
+    EXPECT_EQ(WeekdayName(Day), QStringLiteral("Wednesday"));
+}
+
+TEST_F(DatesTest, DayTextsAreEnglishWhateverTheWeekdaysAreCalled) {
+    CallTheDaysInGerman();
     EXPECT_EQ(DayAbbreviation(1), QStringLiteral("Sun"));
     EXPECT_EQ(DayAbbreviation(4), QStringLiteral("Wed"));
     EXPECT_EQ(DayAbbreviation(7), QStringLiteral("Sat"));
