@@ -1,5 +1,6 @@
 #include "session/ProgramRun.h"
 
+#include "platform/printing/PrintNews.h"
 #include "platform/printing/Printer.h"
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/Dates.h"
@@ -36,5 +37,6 @@ ProgramRun::~ProgramRun() {
     WeeklyReview = {};
     SetSettingsForms(nullptr);
     SetSoundSwitch({});
+    SetPrintNews({});
     Take({});
 }
