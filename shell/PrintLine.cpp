@@ -54,7 +54,6 @@ PrintLine::PrintLine(QMenuBar& menus)
     open_->setFocusPolicy(Qt::TabFocus);
     open_->setAutoDefault(true); // Enter presses it, as it does all buttons
     auto* parts = new QHBoxLayout(this);
-    parts->setContentsMargins(LineEdge, 0, RowMargin, 0);
     parts->setSpacing(LineEdge);
     parts->addWidget(text_, 1);
     parts->addWidget(open_);
@@ -71,6 +70,7 @@ void PrintLine::Tell(const PrintNews& news) {
     text_->setText(TextOf(news));
     text_->setToolTip(file_);
     open_->setVisible(!file_.isEmpty());
+    layout()->setContentsMargins(LineEdge, 0, file_.isEmpty() ? LineEdge : RowMargin, 0);
     Place();
 }
 
