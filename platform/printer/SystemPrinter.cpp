@@ -10,6 +10,7 @@
 #include <QPdfWriter>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QScopeGuard>
 #include <chrono>
 #include <utility>
 
@@ -105,14 +106,19 @@ void SystemPrinter::Keep(const QByteArray& pdf, const QString& name, const QStri
 }
 
 void SystemPrinter::LookAfterJobs() {
-    // While a box stands, the events of this go on.
+    // While a box stands, events go on, and a job that cannot be kept ends this with an error.
     QList<Job> jobs = std::exchange(jobs_, {});
     looking_.stop();
-    for (Job& job : jobs)
+    const auto goOn = qScopeGuard([&] {
+        jobs_ += jobs;
+        if (!jobs_.isEmpty())
+            looking_.start();
+    });
+    while (!jobs.isEmpty()) {
+        Job job = jobs.takeFirst();
         if (LookAfter(job))
             jobs_ += job;
-    if (!jobs_.isEmpty())
-        looking_.start();
+    }
 }
 
 bool SystemPrinter::LookAfter(Job& job) {
