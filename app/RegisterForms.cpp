@@ -16,6 +16,7 @@
 #include "platform/forms/DefaultForms.h"
 #include "platform/forms/FormAccess.h"
 #include "platform/forms/MainWindowArea.h"
+#include "platform/printing/PrintNews.h"
 #include "reports/DateRangefrm.h"
 #include "reports/Reportfrm.h"
 #include "reports/WeekChartRepresentation.h"
@@ -50,6 +51,7 @@ void RegisterShellForms() {
     static SettingsOnForms settings;
     SetSettingsForms(&settings);
     SetSoundSwitch([] { return Default<MainForm>().SoundMark(); });
+    SetPrintNews([](const PrintNews& news) { Default<MainForm>().ShowPrintNews(news); });
 }
 
 void RegisterAccountForms() {

@@ -89,7 +89,7 @@ void ChartEditor::Print_Click() {
     Database().WriteInfoToChart(PrintedTable, FormIndex, false, PrintedTable, FirstDate, LastDate,
                                 false);
     // KidName is "" for a chart that is no child's yet.
-    Database().PrintChart(PrintedTable, true, KidName, QString());
+    Database().PrintChart(PrintedTable, true, KidName, QString(), ChartName);
 }
 
 void ChartEditor::ResetTime_Click() {

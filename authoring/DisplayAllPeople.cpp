@@ -121,10 +121,12 @@ void DisplayAllPeople::Save(const QString& newOwner, const QString& existingOwne
 
 void DisplayAllPeople::Ok_Click() {
     const QString base = FirstWord(ChartName);
+    QList<ChildsChart> saved;
     // After an error Ok can be pressed again, for nobody as well.
     auto formerName = qScopeGuard([this, name = ChartName] { ChartName = name; });
     if (!AnySelected()) {
         Save(QString(), QStringLiteral("Nobody"));
+        saved += {ChartName, QString()};
     } else {
         for (int index = 0; index < ui_->ListView1->count(); ++index) {
             const QListWidgetItem* item = ui_->ListView1->item(index);
@@ -133,6 +135,7 @@ void DisplayAllPeople::Ok_Click() {
             const QString kid = item->text();
             ChartName = base + QLatin1Char(' ') + kid;
             Save(kid, kid);
+            saved += {ChartName, kid};
             if (SelectedCount() < 2)
                 Tell(kid + QLatin1String("'s Sparkit Dutygrid has been created"));
         }
@@ -140,7 +143,11 @@ void DisplayAllPeople::Ok_Click() {
     if (SelectedCount() >= 2)
         Tell(QStringLiteral("All charts have been created"));
     formerName.dismiss();
+    const bool printsThem = ui_->PrintThem->isChecked();
     Unload();
     if (Form* editor = ExistingForm(FormNames::ChartEditor))
         editor->Unload();
+    // All that was asked for is saved; a printer that fails leaves nothing here to be done again.
+    if (printsThem)
+        Database().PrintChartsOf(saved);
 }

@@ -11,7 +11,7 @@ class DisplayAllPeople;
 }
 
 /// Asks for whom a chart is, and writes the rows of the hidden editor into one chart table for
-/// each child selected.
+/// each child selected; on request it prints them all.
 class DisplayAllPeople : public FormWidget {
     Q_OBJECT
 

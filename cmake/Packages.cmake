@@ -36,9 +36,9 @@ can be printed. It works offline.
 The users of the machine who are in the group dutygrid share one set of
 accounts and charts, which stays when the package is removed.")
 # Beside the libraries, which dpkg-shlibdeps finds: the folders belong to a group of their own, and
-# access control lists let its members write each other's files in them.
+# access control lists let its members write each other's files in them. Paper is laid out for the font.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "acl, adduser")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "acl, adduser, fonts-liberation | fonts-liberation2")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "cups, qt6-wayland")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/install/debian/postinst

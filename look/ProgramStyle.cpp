@@ -64,6 +64,10 @@ QWidget[role="rows"] QComboBox::drop-down { border: 0; width: 18px; }
 QWidget[role="rows"] QComboBox QLineEdit { border: 0; padding: 0; }
 QWidget[role="rows"] QPushButton { padding: 0 4px; min-height: 0; border-radius: 4px; }
 QWidget[role="rows"] QPushButton:focus { padding: 0 3px; }
+/* In the row of the menus. */
+QFrame[role="news"] { background: @tealpale; border: 0; border-radius: 6px; }
+QFrame[role="news"] QPushButton { padding: 0 8px; min-height: 0; border-radius: 4px; }
+QFrame[role="news"] QPushButton:focus { padding: 0 7px; }
 QToolBar { background: @card; border: 0; border-bottom: 1px solid @line; spacing: 2px;
     padding: 4px; }
 QToolBar QToolButton { border: 1px solid transparent; border-radius: 6px; padding: 4px 8px;

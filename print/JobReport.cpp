@@ -19,6 +19,8 @@ namespace {
 /// The first line's grid row; a page ends behind the line with the last number.
 constexpr qint16 FirstGridRow = 3;
 constexpr qint16 LastLineNo = 28;
+/// Jobs end before the rule of the next column.
+constexpr double ReportedJobsEnd = 10.8;
 
 /// What is read of a table to count its rows, and to find its period; the places in the lists.
 const QStringList CountedFields = {QStringLiteral("Instructions"), QStringLiteral("Completed"),
@@ -36,7 +38,8 @@ void PrintJobLine(PrinterObject& printer, qint16 lineNo, const QString& job,
     printer.SetFontSize(14);
     printer.SetCurrentX(1.2);
     printer.SetCurrentY(top);
-    printer.Print(QString::number(lineNo + 1) + QStringLiteral(".     ") + job);
+    const QString number = QString::number(lineNo + 1) + QStringLiteral(".     ");
+    printer.Print(number + job, {.End = ReportedJobsEnd, .Lead = number.size()});
     printer.SetCurrentX(12);
     printer.SetCurrentY(top);
     printer.Print(QString::number(counts.Completed) + QLatin1Char(' '));
@@ -145,6 +148,8 @@ void DatabaseCls::Report2(const QString& KidName, const QStringList& ChartNames,
                           const QString& JobFile, const QString& DateRangeText) {
     PrinterObject& printer = Printer();
     const PrintJobGuard job(printer);
+    printer.SetDocName(
+        SheetName({KidName, QStringLiteral("Job Report"), Today().toString(Qt::ISODate)}));
     PrintReportHeader(printer, KidName, DateRangeText);
 
     InputFile names(JobFile);

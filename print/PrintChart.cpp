@@ -13,6 +13,7 @@
 #include <QRandomGenerator>
 #include <array>
 #include <chrono>
+#include <utility>
 
 namespace {
 
@@ -21,6 +22,10 @@ constexpr qint16 LastGridRow = 27;
 
 /// Between a row's number and its job.
 constexpr int BlanksBehindNumber = 29;
+
+/// Jobs and points end before the rules of their columns.
+constexpr double JobsEnd = 12.8;
+constexpr double PointsEnd = 17.8;
 
 /// The title in the words of the three kinds of page; the recordset stands on its first row.
 QString Title(const Recordset& rows, const QString& chartName, Mode blankBoxes,
@@ -40,8 +45,8 @@ QString Title(const Recordset& rows, const QString& chartName, Mode blankBoxes,
 /// One call's way down the pages.
 class ChartSheet {
 public:
-    ChartSheet(PrinterObject& printer, Mode blankBoxes, const QString& openMark)
-        : printer_(printer), blankBoxes_(blankBoxes), openMark_(openMark) {}
+    ChartSheet(PrinterObject& printer, Mode blankBoxes, QString openMark)
+        : printer_(printer), blankBoxes_(blankBoxes), openMark_(std::move(openMark)) {}
 
     /// Goes one grid row down.
     void NextLine() { LineNo = AddIntegers(LineNo, 1); }
@@ -60,7 +65,7 @@ private:
 
     PrinterObject& printer_;
     Mode blankBoxes_;
-    const QString& openMark_;
+    QString openMark_;
     /// Grid rows from the top of the current page.
     qint16 LineNo = 0;
 };
@@ -93,13 +98,15 @@ void ChartSheet::PrintRow(const Recordset& row, qint16 itemNo) {
     printer_.SetCurrentX(1.2);
     printer_.SetCurrentY(LineNo + 2 + 0.2);
     printer_.SetFontSize(10);
-    printer_.Print(QString::number(itemNo) + QLatin1Char('.') +
-                   QString(BlanksBehindNumber, QLatin1Char(' ')) +
-                   TextOf(row.Value(ChartField::Instructions)));
+    const QString number =
+        QString::number(itemNo) + QLatin1Char('.') + QString(BlanksBehindNumber, QLatin1Char(' '));
+    printer_.Print(number + TextOf(row.Value(ChartField::Instructions)),
+                   {.End = JobsEnd, .Lead = number.size()});
     printer_.SetCurrentX(14);
     printer_.SetCurrentY(LineNo + 2 + 0.2);
     printer_.SetForeColor(ColorValue::Blue);
-    printer_.Print(TextOf(row.Value(ChartField::Points)) + QStringLiteral(" Points"));
+    printer_.Print(TextOf(row.Value(ChartField::Points)) + QStringLiteral(" Points"),
+                   {.End = PointsEnd});
     printer_.SetForeColor(ColorValue::Black);
     printer_.SetCurrentX(19);
     printer_.SetCurrentY(LineNo + 2 + 0.1);
@@ -131,23 +138,25 @@ qint32 ReturnRandomColor() {
     return Colors[generator.bounded(static_cast<quint32>(Colors.size()))];
 }
 
-} // namespace
+/// A chart's name without that of the child it was made for.
+QString CalledFor(const QString& chartName, const QString& kidName) {
+    const QString behind = QLatin1Char(' ') + kidName;
+    const bool isChilds = !kidName.isEmpty() && chartName.endsWith(behind);
+    return isChilds ? chartName.chopped(behind.size()) : chartName;
+}
 
-void DatabaseCls::PrintChart(const QString& ChartName, Mode BlankBoxes, const QString& KidName,
-                             const QString& OpenMark) {
-    Recordset rows = Tables().OpenRecordset(ChartName);
-    rows.MoveFirst();
+/// The words by which a sheet of the chart is kept; the recordset stands on its first row.
+QString NameOfSheet(const Recordset& rows, const QString& chartName, const QString& kidName) {
+    return SheetName({kidName, CalledFor(chartName, kidName),
+                      rows.Value(ChartField::FirstDate).toDate().toString(Qt::ISODate)});
+}
 
-    PrinterObject& printer = Printer();
-    const PrintJobGuard job(printer);
-    SetUpSheet(printer);
-    printer.Print(Title(rows, ChartName, BlankBoxes, KidName));
-
-    ChartSheet sheet(printer, BlankBoxes, OpenMark);
+/// The boxes of all days that have jobs.
+void PrintDays(DatabaseCls& store, Recordset& rows, const QString& chartName, ChartSheet& sheet) {
     for (int number = 1; number <= DaysOfWeek; ++number) {
         const QString day = DayAbbreviation(number);
         sheet.NextLine();
-        const qint16 DayCount = PrintReturnNr_Articles(day, ChartName);
+        const qint16 DayCount = store.PrintReturnNr_Articles(day, chartName);
         if (DayCount == 0)
             continue;
         // The day before has left the cursor behind the last row.
@@ -164,6 +173,44 @@ void DatabaseCls::PrintChart(const QString& ChartName, Mode BlankBoxes, const QS
             sheet.PrintRow(rows, ItemNo);
             ItemNo = AddIntegers(ItemNo, 1);
         });
+    }
+}
+
+} // namespace
+
+void DatabaseCls::PrintChart(const QString& ChartName, Mode BlankBoxes, const QString& KidName,
+                             const QString& OpenMark, const QString& SheetOf) {
+    Recordset rows = Tables().OpenRecordset(ChartName);
+    rows.MoveFirst();
+
+    PrinterObject& printer = Printer();
+    const PrintJobGuard job(printer);
+    SetUpSheet(printer);
+    printer.Print(Title(rows, ChartName, BlankBoxes, KidName));
+    printer.SetDocName(NameOfSheet(rows, SheetOf.isEmpty() ? ChartName : SheetOf, KidName));
+
+    ChartSheet sheet(printer, BlankBoxes, OpenMark);
+    PrintDays(*this, rows, ChartName, sheet);
+    printer.EndDoc();
+}
+
+void DatabaseCls::PrintChartsOf(const QList<ChildsChart>& Charts) {
+    PrinterObject& printer = Printer();
+    const PrintJobGuard job(printer);
+    bool isFirst = true;
+    for (const ChildsChart& chart : Charts) {
+        Recordset rows = Tables().OpenRecordset(chart.Chart);
+        rows.MoveFirst();
+        if (!isFirst)
+            printer.NewSheet();
+        isFirst = false;
+        SetUpSheet(printer);
+        const QString called = CalledFor(chart.Chart, chart.Kid);
+        printer.Print(Title(rows, called, true, chart.Kid));
+        printer.SetDocName(NameOfSheet(rows, called, Charts.size() == 1 ? chart.Kid : QString()));
+
+        ChartSheet sheet(printer, true, QString());
+        PrintDays(*this, rows, chart.Chart, sheet);
     }
     printer.EndDoc();
 }

@@ -1,4 +1,5 @@
 #include "platform/printing/Printer.h"
+#include "platform/runtime/Dates.h"
 #include "platform/runtime/Numbers.h"
 #include "print/SheetSetUp.h"
 #include "store/ChartFields.h"
@@ -10,6 +11,7 @@ void DatabaseCls::PrintUsersPasswords() {
     Recordset rows = Tables().OpenRecordset(UsersTable);
     PrinterObject& printer = Printer();
     const PrintJobGuard job(printer);
+    printer.SetDocName(SheetName({QStringLiteral("List of users"), Today().toString(Qt::ISODate)}));
     SetUpSheet(printer);
     printer.Print(QStringLiteral("List of Sparkit Dutygrid users and passwords"));
 

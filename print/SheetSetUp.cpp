@@ -13,3 +13,9 @@ void SetUpSheet(PrinterObject& printer) {
     printer.SetCurrentY(1);
     printer.SetFontSize(18);
 }
+
+QString SheetName(const QStringList& parts) {
+    QStringList said = parts;
+    said.removeAll(QString());
+    return said.join(QStringLiteral(" - "));
+}

@@ -1,5 +1,6 @@
 #include "session/ProgramRun.h"
 
+#include "platform/printing/PrintNews.h"
 #include "platform/printing/Printer.h"
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/Dates.h"
@@ -38,5 +39,6 @@ ProgramRun::~ProgramRun() {
     SetWeekdayNames({});
     SetSettingsForms(nullptr);
     SetSoundSwitch({});
+    SetPrintNews({});
     Take({});
 }

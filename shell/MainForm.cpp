@@ -10,6 +10,7 @@
 #include "session/Settings.h"
 #include "shell/InitValues.h"
 #include "shell/LogIn.h"
+#include "shell/PrintLine.h"
 #include "shell/WebPage.h"
 #include "shell/WelcomePage.h"
 #include "ui_MainForm.h"
@@ -67,6 +68,7 @@ QString ButtonName(QLatin1String key) {
 
 MainForm::MainForm() : Form(*this, Place::TopLevel), ui_(std::make_unique<Ui::MainForm>()) {
     ui_->setupUi(this);
+    printLine_ = new PrintLine(*menuBar());
     BuildToolbar();
     ConnectMenus();
     SetMainWindowArea(ui_->Area);
@@ -105,15 +107,18 @@ void MainForm::FitToolbar(const QSize& room) {
                                                                       : QStringLiteral("low"));
 }
 
-/// To and fro between the toolbar and the form in front, or the greeting; Tab stays within each of
-/// them.
+/// To and fro between the toolbar and the form in front, or the greeting, by way of the line about
+/// a print while it has a button; Tab stays within each of them.
 void MainForm::SwapToolbarAndForm() {
     const bool isOnToolbar = ui_->KidToolbar->isAncestorOf(focusWidget());
-    if (QMdiSubWindow* front = ui_->Area->activeSubWindow(); isOnToolbar && front != nullptr) {
+    if (isOnToolbar && printLine_->TakeKeyboard())
+        return;
+    const bool isAbove = isOnToolbar || printLine_->isAncestorOf(focusWidget());
+    if (QMdiSubWindow* front = ui_->Area->activeSubWindow(); isAbove && front != nullptr) {
         front->setFocus(Qt::ShortcutFocusReason);
         return;
     }
-    if (isOnToolbar && ui_->Area->FocusWelcome())
+    if (isAbove && ui_->Area->FocusWelcome())
         return;
     for (QAction* action : ui_->KidToolbar->actions())
         if (action->isVisible()) {
@@ -174,6 +179,10 @@ void MainForm::KidToolbar_ButtonClick(const QString& Key) {
 void MainForm::SoundOnOff_Click(bool nowChecked) {
     SoundOn = nowChecked ? 1 : 0;
     WriteSettings();
+}
+
+void MainForm::ShowPrintNews(const PrintNews& news) {
+    printLine_->Tell(news);
 }
 
 void MainForm::ShowHelpFile() {

@@ -9,6 +9,8 @@
 #include <memory>
 
 struct Greeting;
+class PrintLine;
+struct PrintNews;
 
 namespace Ui {
 class MainForm;
@@ -41,6 +43,9 @@ public:
     QAction& MenuEntry(QLatin1String name) const;
     QAction& ToolbarButton(QLatin1String key) const;
 
+    /// Tells what has become of a print, until the next action.
+    void ShowPrintNews(const PrintNews& news);
+
     /// Does what the toolbar button with the key does; an unknown key does nothing.
     void KidToolbar_ButtonClick(const QString& Key);
 
@@ -63,4 +68,5 @@ private:
     void LogOffNow();
 
     std::unique_ptr<Ui::MainForm> ui_;
+    PrintLine* printLine_;
 };

@@ -10,6 +10,12 @@
 #include <functional>
 #include <memory>
 
+/// A chart table and the child it is for, "" for nobody.
+struct ChildsChart {
+    QString Chart;
+    QString Kid;
+};
+
 /// The store: every read and write of the program's lasting data.
 ///
 /// Each operation opens the tables it needs afresh and keeps nothing between calls but the
@@ -136,9 +142,13 @@ public:
     // Paper
 
     /// Prints one chart. `OpenMark`: the text in the mark cell of a row that is not completed,
-    /// when `BlankBoxes` is false. Raises 3021 for an empty chart, 482 for a printer fault.
+    /// when `BlankBoxes` is false. `SheetOf`: the chart by whose name the sheet is kept, where that
+    /// is not ChartName. Raises 3021 for an empty chart, 482 for a printer fault.
     void PrintChart(const QString& ChartName, Mode BlankBoxes, const QString& KidName,
-                    const QString& OpenMark);
+                    const QString& OpenMark, const QString& SheetOf = QString());
+    /// Prints charts with empty boxes as one job, each on a sheet of its own. Raises the same, and
+    /// prints nothing then.
+    void PrintChartsOf(const QList<ChildsChart>& Charts);
     /// Prints every account with its password.
     void PrintUsersPasswords();
     /// Prints the child's job report over the tables `ChartNames`, or over all history tables of

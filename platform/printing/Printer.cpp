@@ -1,9 +1,9 @@
 #include "platform/printing/Printer.h"
 
+#include "platform/printing/FittedText.h"
 #include "platform/runtime/RuntimeError.h"
 
 #include <QColor>
-#include <QFont>
 #include <QFontMetricsF>
 #include <QPainter>
 #include <functional>
@@ -35,6 +35,15 @@ QRectF EmptyBoxOutline(const QFontMetricsF& metrics, const QPointF& baseLine, do
 
 } // namespace
 
+QFont PaperFont(double points) {
+    // All three have the same widths, so that a page is laid out alike wherever it is printed.
+    QFont font({QStringLiteral("Liberation Sans"), QStringLiteral("Arial"),
+                QStringLiteral("Nimbus Sans")});
+    font.setStyleHint(QFont::SansSerif);
+    font.setPointSizeF(points);
+    return font;
+}
+
 /// The pages drawn so far, as strokes to be made on the device once the job is whole.
 class PrinterObject::Job {
 public:
@@ -49,15 +58,18 @@ public:
     /// Width and height of the printable area in device dots.
     QSizeF Dots() const { return {double(device_->width()), double(device_->height())}; }
 
-    QFontMetricsF MetricsOf(const QFont& font) const { return {font, device_.get()}; }
+    const QPaintDevice& Device() const { return *device_; }
 
-    void Add(Stroke stroke) { pages_.back().push_back(std::move(stroke)); }
+    void Add(Stroke stroke) { pages_.back().strokes.push_back(std::move(stroke)); }
+    /// One that lies over all others of its page.
+    void AddOnTop(Stroke stroke) { pages_.back().onTop.push_back(std::move(stroke)); }
 
     void NewPage() { pages_.emplace_back(); }
+    int PageCount() const { return static_cast<int>(pages_.size()); }
 
     /// Paints all pages and closes the device. Raises 482 if the device refuses.
     void Send() {
-        if (pages_.size() > 1 && pages_.back().empty())
+        if (pages_.size() > 1 && pages_.back().IsEmpty())
             pages_.pop_back();
         QPainter painter;
         Require(painter.begin(device_.get()));
@@ -66,20 +78,29 @@ public:
         painter.setRenderHints(QPainter::SmoothPixmapTransform | QPainter::LosslessImageRendering);
         for (std::size_t page = 0; page < pages_.size(); ++page) {
             Require(page == 0 || device_->newPage());
-            for (const Stroke& stroke : pages_[page])
+            for (const Stroke& stroke : pages_[page].strokes)
+                stroke(painter);
+            for (const Stroke& stroke : pages_[page].onTop)
                 stroke(painter);
         }
         Require(painter.end());
     }
 
 private:
+    struct Page {
+        std::vector<Stroke> strokes;
+        std::vector<Stroke> onTop;
+
+        bool IsEmpty() const { return strokes.empty() && onTop.empty(); }
+    };
+
     static void Require(bool success) {
         if (!success)
             throw RuntimeError(ErrorNumber::PrinterError);
     }
 
     std::unique_ptr<QPagedPaintDevice> device_;
-    std::vector<std::vector<Stroke>> pages_{1};
+    std::vector<Page> pages_{1};
 };
 
 PrinterObject::PrinterObject(PrintTarget& target) : target_(target) {
@@ -119,11 +140,10 @@ QPointF PrinterObject::ToDots(double x, double y) {
     return {x * dots.width() / scaleWidth_, y * dots.height() / scaleHeight_};
 }
 
-void PrinterObject::Print(const QString& text) {
+void PrinterObject::Print(const QString& text, const TextRoom& room) {
     Job& job = JobUnderWay();
-    QFont font;
-    font.setPointSize(fontSize_);
-    const QFontMetricsF metrics = job.MetricsOf(font);
+    const QFont font = PaperFont(fontSize_);
+    const QFontMetricsF metrics(font, &job.Device());
     const QPointF baseLine = ToDots(currentX_, currentY_) + QPointF(0, metrics.ascent());
     if (text == EmptyBoxText) {
         const double thickness = metrics.lineWidth();
@@ -133,11 +153,14 @@ void PrinterObject::Print(const QString& text) {
             painter.drawRect(box);
         });
     } else if (!text.isEmpty()) {
-        job.Add([font, color = ColorOf(foreColor_), baseLine, text](QPainter& painter) {
-            painter.setFont(font);
-            painter.setPen(color);
-            painter.drawText(baseLine, text);
-        });
+        const double end = ToDots(room.End > 0 ? room.End : scaleWidth_, 0).x();
+        for (const FittedText& part :
+             Fitted({text, font, baseLine}, end - baseLine.x(), room.Lead, job.Device()))
+            job.Add([part, color = ColorOf(foreColor_)](QPainter& painter) {
+                painter.setFont(part.Font);
+                painter.setPen(color);
+                painter.drawText(part.BaseLine, part.Text);
+            });
     }
     currentX_ = 0;
     currentY_ += static_cast<float>(metrics.lineSpacing() * scaleHeight_ / job.Dots().height());
@@ -152,7 +175,7 @@ void PrinterObject::Line(double x1, double y1, double x2, double y2, qint32 colo
 }
 
 void PrinterObject::Box(double x1, double y1, double x2, double y2, qint32 color) {
-    JobUnderWay().Add(
+    JobUnderWay().AddOnTop(
         [pen = PenOf(color, drawWidth_),
          outline = QRectF(ToDots(x1, y1), ToDots(x2, y2)).normalized()](QPainter& painter) {
             painter.setPen(pen);
@@ -175,15 +198,23 @@ void PrinterObject::NewPage() {
     currentY_ = 0;
 }
 
+void PrinterObject::NewSheet() {
+    const bool wasFront = JobUnderWay().PageCount() % 2 == 1;
+    NewPage();
+    if (wasFront && target_.UsesBothSides())
+        NewPage();
+}
+
 void PrinterObject::EndDoc() {
     std::unique_ptr<Job> job = std::move(job_);
+    const QString name = docName_;
     KillDoc();
     if (!job)
         return;
     job->Send();
     // The last bytes are written when the device goes.
     job.reset();
-    target_.Sent();
+    target_.Sent(name);
 }
 
 void PrinterObject::KillDoc() {
@@ -195,6 +226,7 @@ void PrinterObject::KillDoc() {
     fontSize_ = DefaultFontSize;
     drawWidth_ = 1;
     foreColor_ = 0;
+    docName_.clear();
 }
 
 namespace {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFont>
 #include <QImage>
 #include <QPagedPaintDevice>
 #include <QString>
@@ -16,7 +17,22 @@ public:
     /// there is none.
     virtual std::unique_ptr<QPagedPaintDevice> Open() = 0;
     /// Called after the pages have been painted on the device and the device has been closed.
-    virtual void Sent() = 0;
+    /// `name`: what the job shows, in a few words; "" if nobody has said.
+    virtual void Sent(const QString& name) = 0;
+    /// True where the second page stands on the back of the first.
+    virtual bool UsesBothSides() const { return false; }
+};
+
+/// The font of all paper in that size, of the widths that the pages are laid out for.
+QFont PaperFont(double points);
+
+/// How far a text may go. One that needs more room is made smaller, and ends in dots where it
+/// would be too small to read.
+struct TextRoom {
+    /// Grid units from the left edge; 0: to the right edge of the page.
+    double End = 0;
+    /// As many letters at its beginning keep their size and place.
+    qsizetype Lead = 0;
 };
 
 /// The program's printer: pages on a logical grid.
@@ -46,19 +62,23 @@ public:
     void SetForeColor(qint32 color);
     /// Width in device dots of the lines that follow.
     void SetDrawWidth(int dots);
+    /// What the job under way shows, in a few words: its name on its way and as a file.
+    void SetDocName(const QString& name) { docName_ = name; }
 
     /// Draws one line of text with its top left corner at the drawing position; afterwards
     /// CurrentX is 0 and CurrentY one line of the current font lower. EmptyBoxText is drawn
     /// as an empty square as high as the font's capital letters.
-    void Print(const QString& text);
+    void Print(const QString& text, const TextRoom& room = {});
     void Line(double x1, double y1, double x2, double y2, qint32 color);
-    /// The outline of a box, nothing filled.
+    /// The outline of a box, nothing filled; it lies over the lines and texts of its page.
     void Box(double x1, double y1, double x2, double y2, qint32 color);
     /// Scales a picture into a rectangle. Raises 481 for the empty picture.
     void PaintPicture(const QImage& picture, double left, double top, double width, double height);
     /// Ends the page; the drawing position goes to the next one's top left corner. A last page on
     /// which nothing is drawn is not sent.
     void NewPage();
+    /// The same for what belongs to somebody else: it does not begin on the back of a page.
+    void NewSheet();
 
     /// Ends the job, sends it and makes ready for the next. Raises 482 if the device refuses; the
     /// job is gone then.
@@ -85,6 +105,7 @@ private:
     int fontSize_ = 0;
     int drawWidth_ = 0;
     qint32 foreColor_ = 0;
+    QString docName_;
 };
 
 /// Drops an unfinished job when it goes out of scope; a job ended by EndDoc is not touched.

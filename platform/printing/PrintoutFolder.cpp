@@ -1,5 +1,6 @@
 #include "platform/printing/PrintoutFolder.h"
 
+#include "platform/printing/PrintNews.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/Desktop.h"
 #include "platform/runtime/FileFaults.h"
@@ -11,8 +12,8 @@
 #include <QDir>
 #include <QFile>
 #include <QLocale>
-#include <QPageSize>
 #include <QPdfWriter>
+#include <QRegularExpression>
 #include <QTime>
 
 namespace {
@@ -37,20 +38,17 @@ bool IsWholePdf(const QString& path) {
            file.seek(file.size() - TrailerBytes) && file.readAll().contains("%%EOF");
 }
 
-/// Gives the draft its name: date and time, and a number behind where that is taken. Renaming
-/// never replaces a file, so that another copy of the program cannot lose one either.
-QString Publish(const QString& draft, const QString& folder) {
-    constexpr int MostInOneSecond = 1000;
-    const QString moment = Today().toString(Qt::ISODate) + QLatin1Char(' ') +
-                           QTime::currentTime().toString(QStringLiteral("HH-mm-ss"));
-    for (int number = 1; number <= MostInOneSecond; ++number) {
-        const QString name =
-            number == 1 ? moment : QStringLiteral("%1 (%2)").arg(moment).arg(number);
-        const QString path = QStringLiteral("%1/%2.pdf").arg(folder, name);
-        if (RenameToFreeName(draft, path))
-            return path;
-    }
-    throw Fault(QStringLiteral("The printout cannot be kept in %1"), folder, draft);
+/// Where nobody has said what the pages show.
+QString Moment() {
+    return Today().toString(Qt::ISODate) + QLatin1Char(' ') +
+           QTime::currentTime().toString(QStringLiteral("HH-mm-ss"));
+}
+
+/// True for what a name may not hold on some system, or what nobody sees.
+bool IsNoLetter(char32_t letter) {
+    static const QString forbidden = QStringLiteral("/\\:*?\"<>|");
+    return !QChar::isPrint(letter) ||
+           (letter < 0x80 && forbidden.contains(QChar(static_cast<ushort>(letter))));
 }
 
 /// A file that goes again where nothing has been written to it: of a job that was forgotten.
@@ -90,7 +88,7 @@ void PrintoutFolder::RemoveDraft() {
     draft_.clear();
 }
 
-std::unique_ptr<QPagedPaintDevice> PrintoutFolder::Open() {
+std::unique_ptr<QFile> PrintoutFolder::MakeDraft() {
     if (!QDir().mkpath(FolderPath()))
         throw Fault(QStringLiteral("The folder %1 cannot be made"), FolderPath(), FolderPath());
     RemoveDraft();
@@ -102,22 +100,67 @@ std::unique_ptr<QPagedPaintDevice> PrintoutFolder::Open() {
     if (!file->open(QIODevice::WriteOnly | QIODevice::NewOnly, OwnersAlone))
         throw Fault(QStringLiteral("The printout cannot be written to %1"), FolderPath(), draft);
     draft_ = draft;
+    return file;
+}
+
+std::unique_ptr<QPagedPaintDevice> PrintoutFolder::Open() {
+    std::unique_ptr<QFile> file = MakeDraft();
     auto device = std::make_unique<QPdfWriter>(file.get());
     file.release()->setParent(device.get());
-    const bool american = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
-    device->setPageSize(QPageSize(american ? QPageSize::Letter : QPageSize::A4));
+    device->setPageSize(PaperOfTheCountry());
     device->setTitle(QCoreApplication::applicationName());
     return device;
 }
 
-void PrintoutFolder::Sent() {
-    if (!IsWholePdf(draft_)) {
-        const RuntimeError fault =
-            Fault(QStringLiteral("The printout cannot be written to %1"), FolderPath(), draft_);
-        RemoveDraft();
-        throw fault;
+QString PrintoutFolder::Publish(const QString& name) {
+    constexpr int MostOfOneName = 1000;
+    if (IsWholePdf(draft_)) {
+        const QString legal = PrintoutName(name);
+        const QString words = legal.isEmpty() ? Moment() : legal;
+        for (int number = 1; number <= MostOfOneName; ++number) {
+            const QString file =
+                number == 1 ? words : QStringLiteral("%1 (%2)").arg(words).arg(number);
+            const QString path = QStringLiteral("%1/%2.pdf").arg(FolderPath(), file);
+            // Renaming never replaces a file, so that another copy of the program loses none.
+            if (RenameToFreeName(draft_, path)) {
+                draft_.clear();
+                return path;
+            }
+        }
     }
-    const QString path = Publish(draft_, FolderPath());
-    draft_.clear();
+    const RuntimeError fault =
+        Fault(QStringLiteral("The printout cannot be written to %1"), FolderPath(), draft_);
+    RemoveDraft();
+    throw fault;
+}
+
+void PrintoutFolder::Sent(const QString& name) {
+    const QString path = Publish(name);
     CurrentDesktop().ShellExecute(QStringLiteral("open"), path, 0);
+    TellPrintNews({.File = path});
+}
+
+QString PrintoutFolder::Keep(const QByteArray& pdf, const QString& name) {
+    MakeDraft()->write(pdf);
+    return Publish(name);
+}
+
+QString PrintoutName(const QString& words) {
+    QString name;
+    for (const char32_t letter : words.normalized(QString::NormalizationForm_C).toUcs4())
+        name += IsNoLetter(letter) ? QStringLiteral("-") : QString::fromUcs4(&letter, 1);
+    // Dots at the beginning hide a file; at the end some systems drop them, and blanks.
+    static const QRegularExpression edges(QStringLiteral("^[. ]+|[. ]+$"));
+    name = name.simplified().remove(edges);
+    // A name has 255 bytes, and there is to be room for a number and the ending.
+    constexpr qsizetype MostBytes = 230;
+    name.truncate(MostBytes);
+    while (name.toUtf8().size() > MostBytes)
+        name.chop(name.back().isLowSurrogate() ? 2 : 1);
+    return name.remove(edges);
+}
+
+QPageSize PaperOfTheCountry() {
+    const bool american = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
+    return QPageSize(american ? QPageSize::Letter : QPageSize::A4);
 }

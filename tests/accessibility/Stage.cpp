@@ -7,6 +7,7 @@
 #include "authoring/DisplayAllPeople.h"
 #include "authoring/ResetDate.h"
 #include "filling/ChartViewer.h"
+#include "platform/printing/PrintNews.h"
 #include "platform/runtime/Dates.h"
 #include "session/Session.h"
 #include "shell/ChangePasswordfrm.h"
@@ -77,6 +78,7 @@ QStringList Stage::Names() {
             u"ChangePasswordfrm"_s,
             u"MainForm"_s,
             u"MainForm of a child"_s,
+            u"MainForm after a print"_s,
             u"Newfrm"_s,
             u"Openfrm"_s,
             u"ChartEditor"_s,
@@ -124,6 +126,8 @@ QWidget& Stage::Show(const QString& name) {
     QWidget& form = ShowForm(name.section(u' ', 0, 0));
     if (name == u"WeekChartRepresentation"_s)
         Find<QListWidget>(form, u"ChartList"_s).setCurrentRow(0);
+    if (name.endsWith(u"print"_s))
+        TellPrintNews({.File = Path(u"Printouts/Anna - Chores - 2001-03-04.pdf"_s)});
     if (name.endsWith(u"calendar"_s))
         Find<QPushButton>(form, u"Command1"_s).click();
     WaitForKeyboard(form);

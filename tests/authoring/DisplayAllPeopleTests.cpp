@@ -2,8 +2,11 @@
 
 #include "widgets/FormViewAdapters.h"
 
+#include "platform/printing/Printer.h"
 #include "tests/common/FullDisk.h"
+#include "tests/common/PrintedPages.h"
 
+#include <QCheckBox>
 #include <QIcon>
 
 class SaveForPeople : public AuthoringTest {
@@ -16,6 +19,7 @@ protected:
 
     static DisplayAllPeople& People() { return Default<DisplayAllPeople>(); }
     static QListWidget& List() { return Find<QListWidget>(People(), u"ListView1"_s); }
+    static QCheckBox& PrintThem() { return Find<QCheckBox>(People(), u"PrintThem"_s); }
     static void Ok() { Click(Find(People(), u"Ok"_s)); }
 
     /// Hands the editor's rows on and selects the children by clicks.
@@ -137,6 +141,53 @@ TEST_F(SaveForPeople, TwoChildrenGetTheMessageForAll) {
     Boxes.Expect(AllCreated);
     Ok();
     EXPECT_FALSE(Database().ChartExist(u"Chores Mary Ann"_s));
+}
+
+TEST_F(SaveForPeople, PrintsNothingUnlessAsked) {
+    HandOn(NewChartWithJob(u"Chores"_s), {0, 1});
+    EXPECT_EQ(CaptionOf(People(), u"PrintThem"_s), u"Print them too"_s);
+    EXPECT_FALSE(PrintThem().isChecked());
+    Boxes.Expect(AllCreated);
+    Ok();
+    EXPECT_TRUE(Paper.Files().isEmpty());
+}
+
+TEST_F(SaveForPeople, PrintsTheChartsJustSavedAsOneJobChildAfterChild) {
+    StoreChart(u"Chores Anna"_s, {Job(u"Old"_s)});
+    HandOn(NewChartWithJob(u"Chores"_s), {2, 0});
+    Click(PrintThem());
+    Boxes.Expect(AllCreated, PromptAnswer::Ok,
+                 [this] { EXPECT_TRUE(Paper.Files().isEmpty()) << "saved first"; });
+    Ok();
+    ASSERT_EQ(Paper.Files().size(), 1);
+    const PrintedPages pages(Paper.LastFile());
+    ASSERT_EQ(pages.Count(), 2);
+    EXPECT_EQ(pages.LineAt(1, 1), u"Anna's Chores Dutygrid from 3/4/2001 to 3/10/2001"_s);
+    EXPECT_EQ(pages.LineAt(1, 6.2), u"1. Sweep 3 Points"_s);
+    EXPECT_EQ(pages.LineAt(2, 1), u"Mary Ann's Chores Dutygrid from 3/4/2001 to 3/10/2001"_s);
+    EXPECT_EQ(Paper.Names(), QStringList(u"Chores - 2001-03-04"_s));
+    EXPECT_EQ(ExistingForm(u"DisplayAllPeople"_s), nullptr);
+}
+
+TEST_F(SaveForPeople, PrintsTheChartOfNobodyToo) {
+    HandOn(NewChartWithJob(u"Dish Duty"_s));
+    Click(PrintThem());
+    Ok();
+    ASSERT_EQ(Paper.Files().size(), 1);
+    EXPECT_EQ(PrintedPages(Paper.LastFile()).LineAt(1, 1),
+              u"Sparkit Dutygrid from 3/4/2001 to 3/10/2001"_s);
+    EXPECT_EQ(Paper.Names(), QStringList(u"Dish Duty - 2001-03-04"_s));
+}
+
+TEST_F(SaveForPeople, PrinterThatFailsLeavesTheChartsSavedAndNothingToBeDoneAgain) {
+    HandOn(NewChartWithJob(u"Chores"_s), {0});
+    Click(PrintThem());
+    SetPrintTarget(nullptr);
+    Boxes.Expect(CreatedFor(u"Anna"_s));
+    Boxes.ExpectError(ErrorNumber::PrinterError);
+    Ok();
+    EXPECT_EQ(Rows(u"Chores Anna"_s), QStringList{RowOf(u"Anna"_s)});
+    EXPECT_EQ(ExistingForm(u"DisplayAllPeople"_s), nullptr);
 }
 
 TEST_F(SaveForPeople, DoubleClickSavesForTheChildClicked) {

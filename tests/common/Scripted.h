@@ -86,12 +86,21 @@ class PdfPrintTarget : public PrintTarget {
 public:
     explicit PdfPrintTarget(QString folder) : folder_(std::move(folder)) {}
     std::unique_ptr<QPagedPaintDevice> Open() override;
-    void Sent() override { files_ += pending_; }
+    void Sent(const QString& name) override {
+        files_ += pending_;
+        names_ += name;
+    }
+    bool UsesBothSides() const override { return BothSides; }
+
+    /// Whether the paper is printed on both sides.
+    bool BothSides = false;
 
     /// The files of the jobs sent so far.
     const QStringList& Files() const { return files_; }
     /// The file of the job sent last. Fails the test hard if there is none.
     const QString& LastFile() const;
+    /// What the jobs sent so far show.
+    const QStringList& Names() const { return names_; }
     /// The text of a job's pages, by pdftotext -layout; pages end in a form feed.
     static QString TextOf(const QString& file);
 
@@ -99,4 +108,5 @@ private:
     QString folder_;
     QString pending_;
     QStringList files_;
+    QStringList names_;
 };

@@ -1,6 +1,7 @@
 #include "tests/fuzz/Targets.h"
 
 #include "help/HelpBook.h"
+#include "platform/printing/PrintoutFolder.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Pictures.h"
@@ -170,8 +171,14 @@ void NameFile(const QByteArray& bytes) {
     const QString account = QString::fromUtf8(bytes);
     const QString name = ScratchFileName(account);
     Require(!name.isEmpty() && name.toUtf8().size() <= 255, "a file system takes the name");
-    for (const char16_t letter : u"/\\:*?\"<>|\n\r\t")
+    const QString printout = PrintoutName(account);
+    for (const char16_t letter : u"/\\:*?\"<>|\n\r\t") {
         Require(!name.contains(QChar(letter)), "no letter of it leads elsewhere");
+        Require(!printout.contains(QChar(letter)), "nor one of a printout's");
+    }
+    Require(printout.toUtf8().size() <= 230, "there is room for a number and the ending");
+    Require(!printout.startsWith(QLatin1Char('.')), "a printout is seen");
+    Require(PrintoutName(printout) == printout, "a legal name stays as it is");
     Require(name != QLatin1String(".") && name != QLatin1String(".."), "it names a file");
     Require(ScratchFileName(account) == name, "an account has one name");
     if (!account.startsWith(QLatin1String("picture-")))

@@ -9,6 +9,7 @@
 #include "authoring/ResetDate.h"
 #include "filling/ChartViewer.h"
 #include "filling/OpenFillfrm.h"
+#include "platform/printing/PrintNews.h"
 #include "reports/DateRangefrm.h"
 #include "reports/Reportfrm.h"
 #include "reports/WeekChartRepresentation.h"
@@ -95,6 +96,19 @@ TEST_F(WindowsLookTest, MainWindowOfAnAdultAndOfAChild) {
     Default<MainForm>().Show();
     Settle();
     LookAt(Default<MainForm>().Widget(), u"Main-child"_s);
+}
+
+TEST_F(WindowsLookTest, MainWindowAfterAPrint) {
+    StartFor(u"Mum"_s, u"Teacher"_s);
+    auto& form = Default<MainForm>();
+    const auto look = [&form](const PrintNews& news, const QString& name) {
+        TellPrintNews(news);
+        Settle();
+        LookAt(form.Widget(), name);
+        EXPECT_EQ(Faults(form, Fits::AsItIs).filter(u"Print"_s), QStringList());
+    };
+    look({.Printer = u"Home_Printer"_s}, u"Main-printed"_s);
+    look({.File = Path(u"Printouts/Anna-Katharina - Chores - 2001-03-04.pdf"_s)}, u"Main-kept"_s);
 }
 
 TEST_F(WindowsLookTest, SmallDialogs) {

@@ -71,6 +71,18 @@ TEST_F(JobReportPagesTest, EmptyListOfJobsPrintsTheHeaderAlone) {
     ExpectHeader(Recorded.LastJob().first());
 }
 
+TEST_F(JobReportPagesTest, LongJobsEndBeforeTheirCounts) {
+    const QString job = u"Take the recycling out and rinse the bins afterwards"_s;
+    MakeChartTable(Chores, {{job}});
+    WriteJobs(job.toUtf8() + "\r\n");
+    SetPrintTarget(&Paper);
+    Database().PrintReport2(u"Anna"_s, {Chores}, Period);
+    const PrintedPages pages(Paper.LastFile());
+    EXPECT_EQ(pages.LineAt(1, 3), u"1. "_s + job + u" 0 1"_s);
+    EXPECT_LT(pages.Find(1, u"afterwards"_s).Place.right(), 11);
+    EXPECT_EQ(Paper.Names(), QStringList(u"Anna - Job Report - 2001-03-07"_s));
+}
+
 TEST_F(JobReportPagesTest, LineHasNumberAndJobThenBothCountsTheSecondInRed) {
     MakeChartTable(
         Chores, {{u"Dust"_s, true}, {u"Sweep"_s, true}, {u"Sweep"_s, false}, {u"Sweep"_s, true}});

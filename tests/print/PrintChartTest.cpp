@@ -1,6 +1,7 @@
 #include "tests/print/PrintChartTest.h"
 
 #include <QFontMetricsF>
+#include <QPageSize>
 #include <QPdfWriter>
 #include <QSet>
 
@@ -43,9 +44,8 @@ TEST_F(PrintChartTest, TitleStandsAtFourAndOneInBlackOf18Points) {
     EXPECT_NEAR(title.top(), 1, Near);
     // The line of a font of 18 points is as high as the reader's box of the word.
     QPdfWriter device(Path(QStringLiteral("metrics.pdf")));
-    QFont font;
-    font.setPointSize(18);
-    EXPECT_NEAR(title.height(), QFontMetricsF(font, &device).height() * 30 / device.height(), Near);
+    EXPECT_NEAR(title.height(),
+                QFontMetricsF(PaperFont(18), &device).height() * 30 / device.height(), Near);
     EXPECT_EQ(pages.MainColor(1, QRectF(0, 0.9, 21, 1)), QColor(0, 0, 0));
 }
 
@@ -101,7 +101,7 @@ TEST_F(PrintChartTest, HeightOfTheDaysNameDecidesTheBoxesTop) {
             device->setPageSize(QPageSize(QSizeF(595, height_), QPageSize::Point));
             return device;
         }
-        void Sent() override {}
+        void Sent(const QString&) override {}
 
     private:
         QString path_;
@@ -177,6 +177,17 @@ TEST_F(PrintChartTest, LinesOfADayAreItsTwoColumnsAndOneRuleBetweenEachTwoRows) 
     EXPECT_EQ(drawn, expected);
 }
 
+TEST_F(PrintChartTest, RulesEndInsideTheBox) {
+    MakeChart(Jobs(QStringLiteral("Sun"), 3));
+    const PrintedPages pages = Print();
+    const QColor box = BoxColor(pages, 1, 4, 5);
+    for (const double x : {1.0, 20.0})
+        EXPECT_EQ(pages.MainColor(1, QRectF(x - 0.01, 3.97, 0.02, 0.06)), box) << x;
+    for (const double x : {13.0, 18.0})
+        EXPECT_EQ(pages.MainColor(1, QRectF(x - 0.03, 2.99, 0.06, 0.02)), BoxColor(pages, 1, 3, 4))
+            << x;
+}
+
 TEST_F(PrintChartTest, EveryBoxHasOneOfSevenColoursAndAllOfThemComeUp) {
     QList<PlainRow> jobs;
     for (const char* day : {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"})
@@ -231,11 +242,115 @@ TEST_F(PrintChartTest, JobStands29BlanksBehindItsNumber) {
     MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Sun")}});
     const PrintedPages pages = Print();
     QPdfWriter device(Path(QStringLiteral("metrics.pdf")));
-    QFont font;
-    font.setPointSize(10);
     const QString before = QStringLiteral("1.") + QString(29, QLatin1Char(' '));
-    const double gap = QFontMetricsF(font, &device).horizontalAdvance(before) * 21 / device.width();
+    const double gap =
+        QFontMetricsF(PaperFont(10), &device).horizontalAdvance(before) * 21 / device.width();
     EXPECT_NEAR(pages.Find(1, QStringLiteral("Dishes")).Place.left(), 1.2 + gap, Near);
+}
+
+TEST_F(PrintChartTest, NothingOfUsualLengthIsCutOnAnyPaper) {
+    class OtherPaper : public PrintTarget {
+    public:
+        OtherPaper(QString path, QPageSize::PageSizeId size)
+            : path_(std::move(path)), size_(size) {}
+        std::unique_ptr<QPagedPaintDevice> Open() override {
+            auto device = std::make_unique<QPdfWriter>(path_);
+            device->setPageSize(QPageSize(size_));
+            return device;
+        }
+        void Sent(const QString&) override {}
+
+    private:
+        QString path_;
+        QPageSize::PageSizeId size_;
+    };
+    const QString kid = QString::fromUtf8("Zo\u00eb O'Neil");
+    const QString job = QStringLiteral("Take the recycling out and rinse the bins");
+    MakeChart({{job, QStringLiteral("Sun"), 12345}}, QStringLiteral("Printed"));
+    for (const auto size : {QPageSize::A4, QPageSize::Letter, QPageSize::A5}) {
+        OtherPaper paper(Path(QStringLiteral("paper.pdf")), size);
+        SetPrintTarget(&paper);
+        Database().PrintChart(QStringLiteral("Printed"), true, kid, QString());
+        SetPrintTarget(&Paper);
+        const PrintedPages pages(Path(QStringLiteral("paper.pdf")));
+        EXPECT_EQ(pages.LineAt(1, 1),
+                  kid + QStringLiteral("'s Printed Dutygrid from 3/4/2001 to 3/10/2001"));
+        EXPECT_LE(pages.Find(1, QStringLiteral("3/10/2001")).Place.right(), 21);
+        EXPECT_LE(pages.Find(1, QStringLiteral("bins")).Place.right(), 13);
+        EXPECT_LE(pages.Find(1, QStringLiteral("Points")).Place.right(), 18);
+    }
+}
+
+TEST_F(PrintChartTest, TheTitleOfAnOrdinaryChartHasItsFullSizeOnA4) {
+    MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Sun")}}, QStringLiteral("Printed"));
+    Database().PrintChart(QStringLiteral("Printed"), true, QStringLiteral("Anna"), QString());
+    const PrintedPages pages(Paper.LastFile());
+    QPdfWriter device(Path(QStringLiteral("metrics.pdf")));
+    const QString title = QStringLiteral("Anna's Printed Dutygrid from 3/4/2001 to 3/10/2001");
+    EXPECT_NEAR(
+        pages.Find(1, QStringLiteral("3/10/2001")).Place.right() - 4,
+        QFontMetricsF(PaperFont(18), &device).horizontalAdvance(title) * 21 / device.width(), Near);
+}
+
+TEST_F(PrintChartTest, JobThatIsTooLongEndsInDotsBeforeItsPoints) {
+    MakeChart({{QStringLiteral("Wash ").repeated(40), QStringLiteral("Sun"), 3}});
+    const PrintedPages pages = Print();
+    const PrintedPages::Word last = *(pages.Words(1).end() - 3);
+    EXPECT_TRUE(last.Text.endsWith(QLatin1String("..."))) << last.Text.toStdString();
+    EXPECT_LT(last.Place.right(), 13);
+    EXPECT_TRUE(pages.Ink(1, QRectF(12.9, 3.1, 0.05, 0.8)).isEmpty());
+}
+
+// The names by which sheets are kept.
+
+TEST_F(PrintChartTest, SheetIsCalledByChildChartAndFirstDay) {
+    const QString table = QStringLiteral("Chores Anna");
+    MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Sun")}}, table);
+    Database().PrintChart(table, false, Kid, QString());
+    Database().PrintChart(table, false, QString(), QString());
+    Database().PrintChart(table, false, QStringLiteral("Ann"), QString());
+    Database().PrintChart(table, true, Kid, QString(), QStringLiteral("Garden Anna"));
+    EXPECT_EQ(Paper.Names(), (QStringList{QStringLiteral("Anna - Chores - 2001-03-04"),
+                                          QStringLiteral("Chores Anna - 2001-03-04"),
+                                          QStringLiteral("Ann - Chores Anna - 2001-03-04"),
+                                          QStringLiteral("Anna - Garden - 2001-03-04")}));
+}
+
+// Many charts at once.
+
+TEST_F(PrintChartTest, ChartsOfSeveralChildrenAreOneJobWithEmptyBoxesChildAfterChild) {
+    for (const QString& kid : {QStringLiteral("Anna"), QStringLiteral("Mary Ann")})
+        MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Mon"), 5, true}},
+                  QStringLiteral("Chores ") + kid);
+    Database().PrintChartsOf({{QStringLiteral("Chores Mary Ann"), QStringLiteral("Mary Ann")},
+                              {QStringLiteral("Chores Anna"), QStringLiteral("Anna")}});
+    ASSERT_EQ(Paper.Files().size(), 1);
+    const PrintedPages pages(Paper.LastFile());
+    ASSERT_EQ(pages.Count(), 2);
+    EXPECT_EQ(pages.LineAt(1, 1),
+              QStringLiteral("Mary Ann's Chores Dutygrid from 3/4/2001 to 3/10/2001"));
+    EXPECT_EQ(pages.LineAt(2, 1),
+              QStringLiteral("Anna's Chores Dutygrid from 3/4/2001 to 3/10/2001"));
+    for (const int page : {1, 2}) {
+        EXPECT_EQ(pages.LineAt(page, 3.1), QStringLiteral("Monday"));
+        EXPECT_EQ(pages.LineAt(page, 4.2), QStringLiteral("1. Dishes 5 Points"));
+        EXPECT_TRUE(HasEmptyBox(pages, page, 4)) << "whatever has been ticked";
+    }
+    EXPECT_EQ(Paper.Names(), QStringList(QStringLiteral("Chores - 2001-03-04")));
+}
+
+TEST_F(PrintChartTest, ChartOfOneChildAloneIsCalledByTheChild) {
+    MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Mon")}}, QStringLiteral("Chores Anna"));
+    Database().PrintChartsOf({{QStringLiteral("Chores Anna"), QStringLiteral("Anna")}});
+    EXPECT_EQ(Paper.Names(), QStringList(QStringLiteral("Anna - Chores - 2001-03-04")));
+}
+
+TEST_F(PrintChartTest, NoneOfManyChartsIsPrintedIfOneFails) {
+    MakeChart({{QStringLiteral("Dishes"), QStringLiteral("Mon")}}, QStringLiteral("Chores Anna"));
+    EXPECT_ERROR(3078,
+                 Database().PrintChartsOf({{QStringLiteral("Chores Anna"), QStringLiteral("Anna")},
+                                           {QStringLiteral("Chores Ben"), QStringLiteral("Ben")}}));
+    EXPECT_TRUE(Paper.Files().isEmpty());
 }
 
 TEST_F(PrintChartTest, RowsStandInTheTablesOrderUnderTheirDaysInTheWeeksOrder) {

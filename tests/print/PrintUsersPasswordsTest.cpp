@@ -1,6 +1,8 @@
 #include "tests/common/PrintedPages.h"
 #include "tests/common/TestWorld.h"
 
+#include "platform/printing/Printer.h"
+
 #include <QFontMetricsF>
 #include <QPdfWriter>
 
@@ -57,15 +59,33 @@ TEST_F(PrintUsersPasswordsTest, AdultsAndChildrenAreListedInTheTablesOrder) {
     EXPECT_NEAR(pages.Find(1, QStringLiteral("User")).Place.top(), 2, Near);
 }
 
+TEST_F(PrintUsersPasswordsTest, LongNamesAndPasswordsAreMadeToFit) {
+    const QString name = QStringLiteral("Maximiliana Bartholomea van der Woodhouse-Smythe");
+    Database().AddUser(name, QStringLiteral("correct horse battery staple"),
+                       QStringLiteral("Student"), QString());
+    const PrintedPages pages = Print();
+    QStringList words;
+    for (const PrintedPages::Word& word : pages.Words(1))
+        words += word.Text;
+    EXPECT_TRUE(
+        words.join(QLatin1Char(' '))
+            .endsWith(QStringLiteral("User Name Is: %1 Password Is: correct horse battery staple")
+                          .arg(name)));
+    EXPECT_LE(pages.Find(1, QStringLiteral("staple")).Place.right(), 21);
+}
+
+TEST_F(PrintUsersPasswordsTest, TheSheetIsCalledByWhatItShows) {
+    Database().PrintUsersPasswords();
+    EXPECT_EQ(Paper.Names(), QStringList(QStringLiteral("List of users - 2001-03-07")));
+}
+
 TEST_F(PrintUsersPasswordsTest, FiveBlanksPartNameAndPassword) {
     MakeAccounts(1);
     const PrintedPages pages = Print();
     QPdfWriter device(Path(QStringLiteral("metrics.pdf")));
-    QFont font;
-    font.setPointSize(18);
-    const double before =
-        QFontMetricsF(font, &device).horizontalAdvance(QStringLiteral("User Name Is: kid1     ")) *
-        21 / device.width();
+    const double before = QFontMetricsF(PaperFont(18), &device)
+                              .horizontalAdvance(QStringLiteral("User Name Is: kid1     ")) *
+                          21 / device.width();
     EXPECT_NEAR(pages.Find(1, QStringLiteral("Password")).Place.left(), 2 + before, Near);
 }
 
@@ -73,7 +93,7 @@ TEST_F(PrintUsersPasswordsTest, EverythingIsBlackAndOf18Points) {
     MakeAccounts(40);
     const PrintedPages pages = Print();
     const double title = pages.Find(1, QStringLiteral("List")).Place.height();
-    EXPECT_NEAR(title * pages.UnitPoints().height(), 18 * 1.164, 0.5);
+    EXPECT_NEAR(title * pages.UnitPoints().height(), 18 * 1.117, 0.1);
     EXPECT_NEAR(pages.Find(1, QStringLiteral("kid28")).Place.height(), title, 0.01);
     EXPECT_NEAR(pages.Find(2, QStringLiteral("kid40")).Place.height(), title, 0.01);
     for (const int page : {1, 2})

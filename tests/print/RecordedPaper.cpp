@@ -25,6 +25,13 @@ public:
             pen_ = change.pen();
     }
     void drawTextItem(const QPointF& baseLine, const QTextItem& item) override {
+        // Letters that the font has not come in another one, as a part of their own.
+        const bool goesOn = (baseLine - end_).manhattanLength() < 1;
+        end_ = baseLine + QPointF(item.width(), 0);
+        if (goesOn) {
+            pages_.last().Texts.last().Words += item.text();
+            return;
+        }
         const QPointF top = baseLine - QPointF(0, QFontMetricsF(item.font(), &device_).ascent());
         pages_.last().Texts.append(
             {item.text(), InUnits(top), item.font().pointSize(), pen_.color().rgb()});
@@ -45,6 +52,8 @@ private:
     QList<RecordedPage>& pages_;
     const QPaintDevice& device_;
     QPen pen_;
+    /// Where the text drawn last ends on its base line.
+    QPointF end_;
 };
 
 class RecordingDevice : public QPdfWriter {

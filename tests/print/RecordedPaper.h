@@ -31,7 +31,7 @@ struct RecordedPage {
 class RecordedPaper : public PrintTarget {
 public:
     std::unique_ptr<QPagedPaintDevice> Open() override;
-    void Sent() override { Jobs.append(pending_); }
+    void Sent(const QString&) override { Jobs.append(pending_); }
 
     /// The pages of the job sent last. Fails the test hard if there is none.
     const QList<RecordedPage>& LastJob() const;

@@ -1,5 +1,6 @@
 #include "session/ProgramRun.h"
 
+#include "platform/printing/PrintNews.h"
 #include "platform/printing/Printer.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/Desktop.h"
@@ -21,6 +22,16 @@ public:
     void SetPicture(const QImage&) override {}
     void SetSoundMark(bool) override {}
 };
+
+TEST(ProgramRunTest, LeavesNobodyBehindWhoHearsOfPrints) {
+    bool isTold = false;
+    {
+        const ProgramRun run({});
+        SetPrintNews([&isTold](const PrintNews&) { isTold = true; });
+    }
+    TellPrintNews({.Printer = QStringLiteral("gone")});
+    EXPECT_FALSE(isTold);
+}
 
 TEST(ProgramRunTest, LeavesNoFormsForTheSettingsAndNoSoundSwitchBehind) {
     AnyForms forms;

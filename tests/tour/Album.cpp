@@ -1,5 +1,7 @@
 #include "tests/tour/Album.h"
 
+#include "platform/printing/PrintNews.h"
+
 #include "tests/common/Readable.h"
 
 #include <QDir>
@@ -102,7 +104,8 @@ std::unique_ptr<QPagedPaintDevice> Album::Open() {
     return std::make_unique<QPdfWriter>(pendingPrint_);
 }
 
-void Album::Sent() {
+void Album::Sent(const QString&) {
+    TellPrintNews({.Printer = QStringLiteral("Home_Printer")});
     prints_ += pendingPrint_;
     printName_.clear();
     const QString pages = pendingPrint_.chopped(4);

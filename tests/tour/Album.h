@@ -37,7 +37,7 @@ public:
     QString PrintedText() const;
 
     std::unique_ptr<QPagedPaintDevice> Open() override;
-    void Sent() override;
+    void Sent(const QString& name) override;
 
 private:
     QString NextFile(const QString& name, const QString& ending);

@@ -127,8 +127,14 @@ void ClassWeek::WriteLibraryAndPlants() {
     WriteJob(0, {"Library helper", "Tue", "", "Medium", "6"});
     WriteJob(1, {"Book corner helper", "Thu", "", "Easy", "4"});
     Click("AutoCreatechk");
-    SaveChart({"Bea", "Emil"}, "All charts have been created");
+    SaveChart({"Bea", "Emil"}, "All charts have been created", "select-two-sparkits-to-print",
+              "print-for-two-sparkits");
+    Printed({"Bea's Library Dutygrid from 3/5/2001 to 3/9/2001", "Tuesday", "Library helper",
+             "6 Points", "Thursday", "Book corner helper", "4 Points",
+             "Emil's Library Dutygrid from 3/5/2001 to 3/9/2001", "Tuesday", "Thursday"},
+            2);
     Front("MainForm");
+    Shoot("printed-for-two-sparkits");
     BeginChart("Plants");
     WriteJob(0, {"Plant waterer", "Wed", "Mr Ode", "Easy", "5"});
     SaveChart({"Mary Ann"}, "Mary Ann's Sparkit Dutygrid has been created");

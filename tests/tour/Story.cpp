@@ -98,13 +98,19 @@ void Story::WriteJob(int row, const Job& job) {
     Type(Element("Points", row), job.Points);
 }
 
-void Story::SaveChart(const QList<Text>& children, const Text& message, const Text& picture) {
+void Story::SaveChart(const QList<Text>& children, const Text& message, const Text& picture,
+                      const Text& print) {
     Click("CreateChart");
     Front("DisplayAllPeople");
     Qt::KeyboardModifiers keys;
     for (const Text& child : children) {
         Pick("ListView1", child, keys);
         keys = Qt::ControlModifier;
+    }
+    IsChosen("PrintThem", false);
+    if (!print.isEmpty()) {
+        Click("PrintThem");
+        Pictures.NameNextPrint(print);
     }
     if (!picture.isEmpty())
         Shoot(picture);

@@ -52,7 +52,9 @@ protected:
     /// Fills a row of the editor; the one behind the last is added first.
     void WriteJob(int row, const Job& job);
     /// Saves the editor's chart for these children, and reads the message that comes then.
-    void SaveChart(const QList<Text>& children, const Text& message, const Text& picture = "");
+    /// `print`: the name of the charts just saved as they are printed together; "" prints none.
+    void SaveChart(const QList<Text>& children, const Text& message, const Text& picture = "",
+                   const Text& print = "");
     /// Opens an editor on a stored chart.
     void OpenForEditing(const Text& chart);
 

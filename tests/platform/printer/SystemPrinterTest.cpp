@@ -26,7 +26,7 @@ public:
         printer->setOutputFileName(path_);
         return printer;
     }
-    void Sent() override { sent_ = true; }
+    void Sent(const QString&) override { sent_ = true; }
     bool IsSent() const { return sent_; }
 
 private:

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFontMetricsF>
 #include <QPdfWriter>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <functional>
 #include <gtest/gtest.h>
@@ -51,7 +52,7 @@ public:
     int SentJobs = 0;
 
     std::unique_ptr<QPagedPaintDevice> Open() override { return Make(); }
-    void Sent() override { ++SentJobs; }
+    void Sent(const QString&) override { ++SentJobs; }
 };
 
 /// Paper with a printable area of so many dots.
@@ -92,9 +93,7 @@ TEST_F(PrinterTest, PrintReturnsToTheLeftEdgeOneLineOfTheFontLower) {
     printer_.SetFontSize(18);
     PrintAt(4, 10, QStringLiteral("text"));
     QPdfWriter device(folder_.filePath(QStringLiteral("metrics.pdf")));
-    QFont font;
-    font.setPointSize(18);
-    const double line = QFontMetricsF(font, &device).lineSpacing() * 30 / device.height();
+    const double line = QFontMetricsF(PaperFont(18), &device).lineSpacing() * 30 / device.height();
     EXPECT_EQ(printer_.CurrentX(), 0);
     EXPECT_FLOAT_EQ(printer_.CurrentY(), static_cast<float>(10 + line));
     printer_.SetFontSize(9);
@@ -279,6 +278,120 @@ TEST_F(PrinterTest, BoxTextHasTheTextColourAndGrowsWithTheFont) {
     EXPECT_EQ(pages.MainColor(1, QRectF(1, 1, 5, 5)), QColor(255, 0, 0));
     EXPECT_NEAR(pages.Ink(1, QRectF(1, 1, 5, 5)).width(),
                 2 * pages.Ink(1, QRectF(1, 9, 5, 5)).width(), 2 * Near);
+}
+
+TEST_F(PrinterTest, TextIsMadeSmallerUntilItFitsAndKeepsItsPlace) {
+    printer_.SetFontSize(18);
+    const QString text = QStringLiteral("Hxp").repeated(12);
+    PrintAt(2, 5, QStringLiteral("Hxp"));
+    printer_.SetCurrentX(2);
+    printer_.SetCurrentY(10);
+    printer_.Print(text, {.End = 12});
+    const float next = printer_.CurrentY();
+    PrintAt(2, 15, QStringLiteral("Hxp"));
+    EXPECT_FLOAT_EQ(next - 10, printer_.CurrentY() - 15) << "lines stay as high as they were";
+    const PrintedPages pages = Send();
+    const QRectF fitted = pages.Find(1, text).Place;
+    EXPECT_NEAR(fitted.left(), 2, Near);
+    EXPECT_NEAR(fitted.right(), 12, 0.15);
+    // On the line on which it would have stood.
+    const QRectF asked = pages.Ink(1, QRectF(0, 5, 21, 1.5));
+    const QRectF smaller = pages.Ink(1, QRectF(0, 10, 21, 1.5));
+    EXPECT_LT(smaller.height(), asked.height());
+    EXPECT_NEAR(fitted.height() / pages.Find(1, QStringLiteral("Hxp")).Place.height(),
+                smaller.height() / asked.height(), 0.1);
+}
+
+TEST_F(PrinterTest, TextThatWouldBeTooSmallToReadEndsInDots) {
+    printer_.SetFontSize(10);
+    printer_.SetCurrentX(2);
+    printer_.SetCurrentY(10);
+    printer_.Print(QStringLiteral("H").repeated(100), {.End = 8});
+    const PrintedPages pages = Send();
+    ASSERT_EQ(pages.Words(1).size(), 1);
+    const PrintedPages::Word word = pages.Words(1).first();
+    EXPECT_TRUE(word.Text.endsWith(QLatin1String("..."))) << word.Text.toStdString();
+    EXPECT_TRUE(word.Text.startsWith(QStringLiteral("HHHHHHHHHH")));
+    EXPECT_NEAR(word.Place.right(), 8, 0.4);
+    EXPECT_LE(word.Place.right(), 8);
+    EXPECT_NEAR(word.Place.height() * pages.UnitPoints().height(), 7 * 1.149, 0.3);
+}
+
+TEST_F(PrinterTest, BeginningOfATextThatIsMadeToFitStaysAsItIs) {
+    printer_.SetFontSize(10);
+    const QString number = QStringLiteral("12.        ");
+    const auto print = [&](double top, const QString& text) {
+        printer_.SetCurrentX(2);
+        printer_.SetCurrentY(top);
+        printer_.Print(number + text, {.End = 10, .Lead = number.size()});
+    };
+    print(10, QStringLiteral("short"));
+    print(12, QStringLiteral("H").repeated(30));
+    const PrintedPages pages = Send();
+    const QList<PrintedPages::Word> numbers = pages.FindAll(1, QStringLiteral("12."));
+    ASSERT_EQ(numbers.size(), 2);
+    EXPECT_NEAR(numbers[0].Place.width(), numbers[1].Place.width(), 0.01);
+    const QRectF fitted = pages.Find(1, QStringLiteral("H").repeated(30)).Place;
+    EXPECT_NEAR(fitted.left(), pages.Find(1, QStringLiteral("short")).Place.left(), Near);
+    EXPECT_NEAR(fitted.right(), 10, 0.15);
+    EXPECT_LT(fitted.height(), numbers[1].Place.height());
+}
+
+TEST_F(PrinterTest, TextEndsAtThePagesEdgeWhereNothingElseIsSaid) {
+    printer_.SetFontSize(18);
+    PrintAt(4, 1, QStringLiteral("H").repeated(45));
+    const PrintedPages pages = Send();
+    EXPECT_NEAR(pages.Find(1, QStringLiteral("H").repeated(45)).Place.right(), 21, 0.15);
+}
+
+TEST_F(PrinterTest, PaperHasAFontOfTheWidthsThatThePagesAreLaidOutFor) {
+    PrintAt(1, 1, QStringLiteral("text"));
+    printer_.EndDoc();
+    QProcess fonts;
+    fonts.start(QStringLiteral("pdffonts"), {target_.Files().last()});
+    ASSERT_TRUE(fonts.waitForFinished());
+    const QByteArray listed = fonts.readAllStandardOutput();
+    EXPECT_TRUE(listed.contains("LiberationSans")) << listed.toStdString();
+}
+
+TEST_F(PrinterTest, BoxesLieOverTheLinesThatEndAtThem) {
+    printer_.SetDrawWidth(40);
+    printer_.Box(2, 2, 10, 8, Red);
+    printer_.SetDrawWidth(10);
+    printer_.Line(2, 5, 10, 5, Black);
+    const PrintedPages pages = Send();
+    EXPECT_EQ(pages.At(1, 6, 5), QColor(0, 0, 0));
+    for (const double edge : {2.0, 10.0})
+        EXPECT_EQ(pages.At(1, edge, 5), QColor(255, 0, 0)) << edge;
+}
+
+TEST_F(PrinterTest, ASheetOfItsOwnBeginsOnTheFrontWherePaperHasTwoSides) {
+    const auto print = [this] {
+        PrintAt(1, 1, QStringLiteral("one"));
+        printer_.NewSheet();
+        PrintAt(1, 1, QStringLiteral("two"));
+        printer_.NewPage();
+        PrintAt(1, 1, QStringLiteral("three"));
+        printer_.NewSheet();
+        PrintAt(1, 1, QStringLiteral("four"));
+        const PrintedPages pages = Send();
+        QStringList words;
+        for (int page = 1; page <= pages.Count(); ++page)
+            words += pages.Words(page).value(0).Text;
+        return words.join(QLatin1Char(','));
+    };
+    EXPECT_EQ(print(), QStringLiteral("one,two,three,four"));
+    target_.BothSides = true;
+    EXPECT_EQ(print(), QStringLiteral("one,,two,three,four"));
+}
+
+TEST_F(PrinterTest, NameOfAJobGoesWithItAndNoFurther) {
+    printer_.SetDocName(QStringLiteral("first"));
+    PrintAt(1, 1, QStringLiteral("x"));
+    printer_.EndDoc();
+    PrintAt(1, 1, QStringLiteral("x"));
+    printer_.EndDoc();
+    EXPECT_EQ(target_.Names(), (QStringList{QStringLiteral("first"), QString()}));
 }
 
 TEST_F(PrinterTest, NewPageStartsAtTheTopLeftOfTheNextPage) {

@@ -1,4 +1,5 @@
 #include "platform/printing/PrintoutFolder.h"
+#include "platform/printing/PrintNews.h"
 #include "tests/common/FullDisk.h"
 #include "tests/common/OrdinaryUser.h"
 #include "tests/common/PrintedPages.h"
@@ -52,6 +53,64 @@ TEST_F(PrintoutFolderTest, JobBecomesAPdfNamedByDateAndTimeInAFolderMadeForIt) {
     EXPECT_TRUE(pattern.match(Files().value(0)).hasMatch()) << Files().value(0).toStdString();
     const PrintedPages pages(QDir(PrintoutsPath()).filePath(Files().value(0)));
     EXPECT_EQ(pages.LineAt(1, 0), QStringLiteral("chart"));
+}
+
+TEST_F(PrintoutFolderTest, JobIsNamedByWhatItShowsAndNumberedWhenThatIsTaken) {
+    const QString name = QString::fromUtf8("Zo\u00eb - Chores - 2026-03-08");
+    for (int job = 1; job <= 3; ++job) {
+        printer_.SetDocName(name);
+        PrintJob(QStringLiteral("job%1").arg(job));
+    }
+    EXPECT_EQ(Files(),
+              (QStringList{name + QStringLiteral(" (2).pdf"), name + QStringLiteral(" (3).pdf"),
+                           name + QStringLiteral(".pdf")}));
+    EXPECT_EQ(PrintedPages(PrintoutsPath() + QStringLiteral("/%1 (2).pdf").arg(name)).LineAt(1, 0),
+              QStringLiteral("job2"));
+    // The name was that job's.
+    PrintJob(QStringLiteral("another"));
+    EXPECT_TRUE(Files().first().startsWith(QStringLiteral("2001-03-07 ")))
+        << Files().first().toStdString();
+}
+
+TEST_F(PrintoutFolderTest, NamesAreLegalOnEverySystem) {
+    const std::pair<const char*, const char*> names[] = {
+        {"Anna - Chores - 2001-03-04", "Anna - Chores - 2001-03-04"},
+        {"Zoe\u0308/Ben", "Zo\u00eb-Ben"},
+        {"../../etc", "-..-etc"},
+        {".hidden. ", "hidden"},
+        {"a\\b:c*d?e\"f<g>h|i", "a-b-c-d-e-f-g-h-i"},
+        {"tab\tand\nline", "tab-and-line"},
+        {"two  blanks", "two blanks"},
+        {"...", ""},
+        {"", ""}};
+    for (const auto& [words, name] : names)
+        EXPECT_EQ(PrintoutName(QString::fromUtf8(words)), QString::fromUtf8(name)) << words;
+    const QString full = PrintoutName(QString(300, QChar(0xe9)));
+    EXPECT_EQ(full, QString(115, QChar(0xe9))) << "230 bytes leave room for a number";
+    const QString smile = QString::fromUtf8("\U0001f600");
+    EXPECT_EQ(PrintoutName(smile.repeated(100)), smile.repeated(57)) << "no letter is cut in two";
+}
+
+TEST_F(PrintoutFolderTest, WhereThePagesLieIsTold) {
+    QList<PrintNews> told;
+    SetPrintNews([&told](const PrintNews& news) { told += news; });
+    printer_.SetDocName(QStringLiteral("Chores"));
+    PrintJob(QStringLiteral("chart"));
+    SetPrintNews({});
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_EQ(told.first().File, PrintoutsPath() + QStringLiteral("/Chores.pdf"));
+    EXPECT_EQ(told.first().Printer, QString());
+}
+
+TEST_F(PrintoutFolderTest, PagesOfAPrinterAreKeptWholeAndNotOpened) {
+    const QByteArray pdf = "%PDF-1.4 some pages of another device\n%%EOF\n";
+    const QString path = target_.Keep(pdf, QStringLiteral("Chores"));
+    EXPECT_EQ(path, PrintoutsPath() + QStringLiteral("/Chores.pdf"));
+    EXPECT_EQ(ReadFile(path), pdf);
+    EXPECT_EQ(ModeOf(path), 0600U);
+    EXPECT_TRUE(DesktopCalls.Opened.isEmpty());
+    EXPECT_ERROR(482, target_.Keep("%PDF-1.4 cut off", QStringLiteral("Chores")));
+    EXPECT_EQ(Files(), QStringList(QStringLiteral("Chores.pdf")));
 }
 
 TEST_F(PrintoutFolderTest, JobIsOpenedInTheViewerOfTheDesktop) {

@@ -1,0 +1,138 @@
+#include "platform/printer/PrintQueues.h"
+
+#ifdef Q_OS_WIN
+
+struct PrintQueues::Library {};
+
+PrintQueues::PrintQueues() = default;
+PrintQueues::~PrintQueues() = default;
+
+PrintQueues::Answer PrintQueues::Send(const QString&, const QString&, const QByteArray&) const {
+    return {};
+}
+
+PrintQueues::JobState PrintQueues::StateOf(const QString&, int) const {
+    return JobState::Gone;
+}
+
+#else
+
+#include <QLibrary>
+#include <QPrinterInfo>
+#include <QScopeGuard>
+#include <cups/cups.h>
+
+/// What is used of the library, which the toolkit's printing has loaded already.
+struct PrintQueues::Library {
+    Library() : file(QStringLiteral("cups"), 2) {
+        Resolve(GetNamedDest, "cupsGetNamedDest");
+        Resolve(FreeDests, "cupsFreeDests");
+        Resolve(CreateJob, "cupsCreateJob");
+        Resolve(StartDocument, "cupsStartDocument");
+        Resolve(WriteRequestData, "cupsWriteRequestData");
+        Resolve(FinishDocument, "cupsFinishDocument");
+        Resolve(CancelJob, "cupsCancelJob");
+        Resolve(LastErrorString, "cupsLastErrorString");
+        Resolve(GetJobs, "cupsGetJobs2");
+        Resolve(FreeJobs, "cupsFreeJobs");
+        Resolve(SetPasswordCallback, "cupsSetPasswordCB2");
+        if (isWhole)
+            // Nobody sits at the terminal in which the library would ask.
+            SetPasswordCallback([](const char*, http_t*, const char*, const char*,
+                                   void*) -> const char* { return nullptr; },
+                                nullptr);
+    }
+
+    template <class Function>
+    void Resolve(Function& function, const char* name) {
+        function = reinterpret_cast<Function>(file.resolve(name));
+        isWhole = isWhole && function != nullptr;
+    }
+
+    QLibrary file;
+    bool isWhole = true;
+    decltype(&::cupsGetNamedDest) GetNamedDest;
+    decltype(&::cupsFreeDests) FreeDests;
+    decltype(&::cupsCreateJob) CreateJob;
+    decltype(&::cupsStartDocument) StartDocument;
+    decltype(&::cupsWriteRequestData) WriteRequestData;
+    decltype(&::cupsFinishDocument) FinishDocument;
+    decltype(&::cupsCancelJob) CancelJob;
+    decltype(&::cupsLastErrorString) LastErrorString;
+    decltype(&::cupsGetJobs2) GetJobs;
+    decltype(&::cupsFreeJobs) FreeJobs;
+    decltype(&::cupsSetPasswordCB2) SetPasswordCallback;
+};
+
+namespace {
+
+/// The toolkit's "name/instance", where an instance is a name for settings of one's own.
+QByteArray QueueOf(const QString& printer) {
+    return printer.section(QLatin1Char('/'), 0, 0).toUtf8();
+}
+
+QByteArray InstanceOf(const QString& printer) {
+    return printer.section(QLatin1Char('/'), 1).toUtf8();
+}
+
+} // namespace
+
+PrintQueues::PrintQueues() : library_(std::make_unique<Library>()) {
+    if (!library_->isWhole)
+        library_.reset();
+}
+
+PrintQueues::~PrintQueues() = default;
+
+PrintQueues::Answer PrintQueues::Send(const QString& printer, const QString& title,
+                                      const QByteArray& pdf) const {
+    const QByteArray instance = InstanceOf(printer);
+    cups_dest_t* dest = library_->GetNamedDest(CUPS_HTTP_DEFAULT, QueueOf(printer).constData(),
+                                               instance.isEmpty() ? nullptr : instance.constData());
+    if (dest == nullptr)
+        return {.Refusal = QString::fromUtf8(library_->LastErrorString())};
+    const auto freeDest = qScopeGuard([&] { library_->FreeDests(1, dest); });
+    const int job = library_->CreateJob(CUPS_HTTP_DEFAULT, dest->name, title.toUtf8().constData(),
+                                        dest->num_options, dest->options);
+    if (job == 0)
+        return {.Refusal = QString::fromUtf8(library_->LastErrorString())};
+    const bool isTaken =
+        library_->StartDocument(CUPS_HTTP_DEFAULT, dest->name, job, title.toUtf8().constData(),
+                                CUPS_FORMAT_PDF, 1) == HTTP_STATUS_CONTINUE &&
+        library_->WriteRequestData(CUPS_HTTP_DEFAULT, pdf.constData(),
+                                   static_cast<size_t>(pdf.size())) == HTTP_STATUS_CONTINUE;
+    const ipp_status_t end = library_->FinishDocument(CUPS_HTTP_DEFAULT, dest->name);
+    if (isTaken && end < IPP_STATUS_REDIRECTION_OTHER_SITE)
+        return {.Job = job};
+    const QString refusal = QString::fromUtf8(library_->LastErrorString());
+    library_->CancelJob(dest->name, job);
+    return {.Refusal = refusal};
+}
+
+PrintQueues::JobState PrintQueues::StateOf(const QString& printer, int job) const {
+    cups_job_t* jobs = nullptr;
+    const int count = library_->GetJobs(CUPS_HTTP_DEFAULT, &jobs, QueueOf(printer).constData(), 0,
+                                        CUPS_WHICHJOBS_ALL);
+    // Of a job that nobody knows any more, nobody can say more either.
+    ipp_jstate_t state = IPP_JSTATE_COMPLETED;
+    for (int index = 0; index < count; ++index)
+        if (jobs[index].id == job)
+            state = jobs[index].state;
+    library_->FreeJobs(count, jobs);
+    switch (state) {
+    case IPP_JSTATE_PENDING:
+        return QPrinterInfo::printerInfo(printer).state() == QPrinter::Error ? JobState::Waiting
+                                                                             : JobState::UnderWay;
+    case IPP_JSTATE_HELD:
+        return JobState::Waiting;
+    case IPP_JSTATE_PROCESSING:
+        return JobState::UnderWay;
+    case IPP_JSTATE_STOPPED: // by an error on the way to the printer: it does not go on of itself
+    case IPP_JSTATE_ABORTED:
+        return JobState::Lost;
+    default:
+        return JobState::Gone;
+    }
+}
+
+#endif

@@ -1,0 +1,179 @@
+#include "platform/printer/SystemPrinter.h"
+#include "platform/printing/PrintNews.h"
+#include "tests/common/PrintedPages.h"
+#include "tests/common/TestWorld.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTest>
+#include <functional>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Printing on the queues of tests/queue/with-queues.
+class PrintQueueTest : public ProgramTest {
+protected:
+    PrintQueueTest() {
+        for (const QString& name : QDir(Out()).entryList(QDir::Files))
+            QFile::remove(Out() + name);
+        SetPrintTarget(&target_);
+        SetPrintNews([this](const PrintNews& news) { News += news; });
+    }
+    ~PrintQueueTest() override {
+        SetPrintNews({});
+        qunsetenv("LPDEST");
+    }
+
+    /// Prints the list of accounts on a queue, by the name under which it then comes out.
+    static void PrintOn(const QString& queue) {
+        qputenv("LPDEST", queue.toUtf8());
+        Database().PrintUsersPasswords();
+    }
+    const QString SheetName = u"List of users - 2001-03-07"_s;
+
+    static QString Out() { return qEnvironmentVariable("DUTYGRID_QUEUES") + u"/out/"_s; }
+    static QString Text(const QString& path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    }
+    /// What has come out of a queue; waits until all of it has.
+    static QString PaperOf(const QString& queue) {
+        const QString path = Out() + queue + u".pdf"_s;
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&path] {
+                QFile file(path);
+                return file.open(QIODevice::ReadOnly) && file.readAll().endsWith("%%EOF\n");
+            },
+            Patience))
+            << "nothing comes out of " << queue.toStdString();
+        return path;
+    }
+    static bool WaitFor(const std::function<bool()>& condition) {
+        return QTest::qWaitFor(condition, Patience);
+    }
+    static QStringList Printouts() { return QDir(Path(u"Printouts"_s)).entryList(QDir::Files); }
+    static QString KeptAt(const QString& file) {
+        return u"\n\nThey are kept as a PDF file:\n"_s + Path(u"Printouts/"_s + file);
+    }
+
+    QList<PrintNews> News;
+
+private:
+    static constexpr int Patience = 10000;
+    SystemPrinter target_;
+};
+
+class OwnPaperTest : public PrintQueueTest,
+                     public testing::WithParamInterface<std::pair<const char*, QSize>> {};
+
+TEST_P(OwnPaperTest, PagesHaveThePaperOfThePrinter) {
+    const QString queue = QString::fromLatin1(GetParam().first);
+    PrintOn(queue);
+    const PrintedPages pages(PaperOf(queue));
+    EXPECT_EQ(pages.Count(), 1);
+    EXPECT_EQ(pages.SheetPoints(), GetParam().second);
+    EXPECT_EQ(Printouts(), QStringList()) << "a page that is printed is not kept as well";
+    // What the server counts as printed there.
+    const auto log = [] { return Text(qEnvironmentVariable("DUTYGRID_QUEUES") + u"/log/page"_s); };
+    const QRegularExpression line(u"^%1 [0-9]+ total 1$"_s.arg(queue),
+                                  QRegularExpression::MultilineOption);
+    EXPECT_TRUE(WaitFor([&] { return line.match(log()).hasMatch(); })) << log().toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(Papers, OwnPaperTest,
+                         testing::Values(std::pair("Letter", QSize(612, 792)),
+                                         std::pair("A4", QSize(595, 842)),
+                                         std::pair("A5", QSize(420, 595))));
+
+TEST_F(PrintQueueTest, PagesFillWhatThePrinterReaches) {
+    SystemPrinter target;
+    PrinterObject printer(target);
+    qputenv("LPDEST", "A4");
+    printer.Print(u"H"_s);
+    printer.EndDoc();
+    const PrintedPages pages(PaperOf(u"A4"_s));
+    // As the queue says: 12 points from each edge of the paper.
+    const double unit = pages.UnitPoints().width();
+    const double margin = (pages.SheetPoints().width() - 21 * unit) / 2;
+    EXPECT_NEAR(margin + pages.Find(1, u"H"_s).Place.left() * unit, 12, 1.5);
+}
+
+TEST_F(PrintQueueTest, ThePrintersOwnSettingsStand) {
+    PrintOn(u"A5"_s);
+    PaperOf(u"A5"_s);
+    const QString options = Text(Out() + u"A5.options"_s);
+    EXPECT_TRUE(options.contains(u" ColorModel=Gray"_s)) << options.toStdString();
+    for (const QString& setting : {u"media"_s, u"PageSize"_s, u"sides"_s, u"Duplex"_s, u"RGB"_s})
+        EXPECT_FALSE(options.contains(setting)) << options.toStdString();
+}
+
+TEST_F(PrintQueueTest, AJobIsCalledByWhatItShows) {
+    PrintOn(u"A4"_s);
+    PaperOf(u"A4"_s);
+    EXPECT_EQ(Text(Out() + u"A4.title"_s), SheetName);
+}
+
+TEST_F(PrintQueueTest, ThePrinterThatHasThePagesIsTold) {
+    PrintOn(u"Letter"_s);
+    ASSERT_EQ(News.size(), 1);
+    EXPECT_EQ(News.first().Printer, u"Letter"_s);
+    EXPECT_FALSE(News.first().IsWaiting);
+    EXPECT_EQ(News.first().File, QString());
+    PaperOf(u"Letter"_s);
+}
+
+TEST_F(PrintQueueTest, PagesThatAPrinterRefusesAreKeptAndTold) {
+    Boxes.Expect(u"The printer Refusing does not take the pages: "
+                 u"Destination \"Refusing\" is not accepting jobs."_s +
+                 KeptAt(SheetName + u".pdf"_s));
+    PrintOn(u"Refusing"_s);
+    Boxes.VerifyAllShown();
+    EXPECT_EQ(Printouts(), QStringList(SheetName + u".pdf"_s));
+    const QString file = Path(u"Printouts/"_s + SheetName + u".pdf"_s);
+    EXPECT_EQ(PrintedPages(file).SheetPoints(), QSize(595, 842));
+    ASSERT_EQ(News.size(), 1);
+    EXPECT_EQ(News.first().File, file);
+    EXPECT_EQ(News.first().Printer, QString());
+    EXPECT_EQ(DesktopCalls.Opened, QStringList()) << "the button opens it";
+}
+
+TEST_F(PrintQueueTest, PagesThatAPrinterLosesAreKeptAndTold) {
+    bool isTold = false;
+    Boxes.Expect(u"The printer Losing has given up the pages."_s + KeptAt(SheetName + u".pdf"_s),
+                 PromptAnswer::Ok, [&isTold] { isTold = true; });
+    PrintOn(u"Losing"_s);
+    EXPECT_TRUE(WaitFor([&isTold] { return isTold; }));
+    EXPECT_EQ(Printouts(), QStringList(SheetName + u".pdf"_s));
+    EXPECT_TRUE(WaitFor([this] { return News.size() == 2; }));
+    EXPECT_EQ(News.value(0).Printer, u"Losing"_s);
+    EXPECT_EQ(News.value(1).File, Path(u"Printouts/"_s + SheetName + u".pdf"_s));
+}
+
+TEST_F(PrintQueueTest, PagesThatWaitAtAPrinterStandingStillAreToldToWait) {
+    PrintOn(u"Stopped"_s);
+    ASSERT_EQ(News.size(), 2);
+    EXPECT_EQ(News.value(1).Printer, u"Stopped"_s);
+    EXPECT_TRUE(News.value(1).IsWaiting);
+    EXPECT_EQ(Printouts(), QStringList());
+}
+
+TEST_F(PrintQueueTest, OnAPrinterOfBothSidesEachChildBeginsOnASheetOfItsOwn) {
+    SystemPrinter target;
+    PrinterObject printer(target);
+    qputenv("LPDEST", "A5");
+    printer.Print(u"one"_s);
+    printer.NewSheet();
+    printer.Print(u"two"_s);
+    printer.EndDoc();
+    const PrintedPages pages(PaperOf(u"A5"_s));
+    ASSERT_EQ(pages.Count(), 3);
+    EXPECT_EQ(pages.Words(1).value(0).Text, u"one"_s);
+    EXPECT_TRUE(pages.Words(2).isEmpty()) << "the back of the first child's sheet";
+    EXPECT_EQ(pages.Words(3).value(0).Text, u"two"_s);
+}
+
+} // namespace
