@@ -1,6 +1,7 @@
 #include "accounts/AddIncentives.h"
 
 #include "platform/forms/DefaultForms.h"
+#include "platform/forms/EnterKey.h"
 #include "platform/forms/Handlers.h"
 #include "platform/runtime/Desktop.h"
 #include "platform/runtime/Numbers.h"
@@ -19,6 +20,8 @@ AddIncentives::AddIncentives()
     On(ui_->AddIncentive, &QPushButton::clicked, this, [this] { AddIncentive_Click(); });
     On(ui_->AddPoints, &QPushButton::clicked, this, [this] { AddPoints_Click(); });
     On(ui_->Close, &QPushButton::clicked, this, [this] { Close_Click(); });
+    // The form's main button is the incentive's.
+    On(new EnterKey(ui_->Points), &EnterKey::Pressed, this, [this] { ui_->AddPoints->click(); });
 }
 
 AddIncentives::~AddIncentives() = default;

@@ -11,6 +11,7 @@
 #include "session/Session.h"
 #include "session/Settings.h"
 #include "ui_DisplayAccount.h"
+#include "widgets/EmptyNote.h"
 #include "widgets/FormViewAdapters.h"
 
 DisplayAccount::DisplayAccount()
@@ -18,6 +19,10 @@ DisplayAccount::DisplayAccount()
     ui_->setupUi(this);
     for (QLabel* picture : {ui_->Image1, ui_->Image2})
         picture->setContentsMargins(5, 5, 5, 5);
+    new EmptyNote(*ui_->StudentsList,
+                  QStringLiteral("No Sparkit yet. The log-in's \"New User\" makes one."));
+    // Nothing opens here: Enter is the form's.
+    ui_->StudentsList->SetRules({.Unselecting = Qt::AllButtons, .FirstKeyTakesRow = true});
     On(ui_->StudentsList, &ChildrenList::Pressed, this,
        [this](Qt::MouseButton button, QTreeWidgetItem* row) {
            StudentsList_MouseDown(button, row);
@@ -124,8 +129,12 @@ void DisplayAccount::StudentsList_Click() {
     ShowWay();
 }
 
-/// The way to the goal by the figures that the labels show.
+/// The way to the goal by the figures that the labels show. Where they are nobody's the form says
+/// how they become somebody's.
 void DisplayAccount::ShowWay() {
+    const bool isSomebodys = !ui_->KidName->text().isEmpty();
+    ui_->KidName->setVisible(isSomebodys);
+    ui_->NobodyChosen->setVisible(!isSomebodys && ui_->StudentsList->topLevelItemCount() > 0);
     ui_->WayToGoal->Show(Val(ui_->Pointslbl->text()), Val(ui_->ToyValue->text()),
                          ui_->ToyName->text(), LabelPicture(*ui_->Image2).Picture());
 }
@@ -140,7 +149,7 @@ void DisplayAccount::StudentsList_MouseDown(Qt::MouseButton button, QTreeWidgetI
             ui_->StudentsList->setCurrentItem(row);
         StudentsList_Click();
         const QString student = ReturnSelectedStudent();
-        if (Ask(QStringLiteral("Are you sure you want to delete this account?")) &&
+        if (AskBeforeLoss(QStringLiteral("Are you sure you want to delete this account?")) &&
             !student.isEmpty())
             Database().DeleteAccount(student);
     }
@@ -148,14 +157,14 @@ void DisplayAccount::StudentsList_MouseDown(Qt::MouseButton button, QTreeWidgetI
 }
 
 void DisplayAccount::Command1_Click() {
-    if (Ask(QStringLiteral("Are you sure you want to cash out?")))
+    if (AskBeforeLoss(QStringLiteral("Are you sure you want to cash out?")))
         Database().AddPoints(ReturnSelectedStudent(), ToInteger(-Val(ui_->ToyValue->text())),
                              false);
     Activate();
 }
 
 void DisplayAccount::cmdReset_Click() {
-    if (Ask(QStringLiteral("Are you sure you want to reset?")))
+    if (AskBeforeLoss(QStringLiteral("Are you sure you want to reset?")))
         Database().AddPoints(ReturnSelectedStudent(), 0, true);
     Activate();
 }

@@ -25,6 +25,7 @@ namespace {
 constexpr int RowHeight = 330;
 constexpr int RowGap = 50;
 constexpr int ListTop = 600;
+constexpr int FrameHeight = 5055;
 
 TwipRect Column(int left, int width) {
     return {left, ListTop + RowGap, width, RowHeight};
@@ -56,7 +57,7 @@ ChartEditor::ChartEditor()
     });
 
     On(ui_->VScroll, &QScrollBar::valueChanged, this, [this] { SetTextsPosition(); });
-    On(ui_->NewTask, &QPushButton::clicked, this, [this] { NewTask_Click(); });
+    On(ui_->NewTask, &QPushButton::clicked, this, [this] { AddJob(); });
     On(ui_->CreateChart, &QPushButton::clicked, this, [this] { CreateChart_Click(); });
     On(ui_->Print, &QPushButton::clicked, this, [this] { Print_Click(); });
     On(ui_->ResetTime, &QPushButton::clicked, this, [this] { ResetTime_Click(); });
@@ -99,8 +100,6 @@ void ChartEditor::DesignRows() {
     // The first row stands in the order of the keyboard as it was made.
     QWidget::setTabOrder(&JobDelete[0], ui_->VScroll);
     Number[0].setBuddy(&Instructions[0]);
-    // What an adult comes for, not the scroll bar that was there before the rows.
-    Instructions[0].setFocus();
 }
 
 /// Any row but the first.
@@ -159,7 +158,7 @@ DropDownCombo* ChartEditor::MakeCombo(const QString& column, int index) {
     auto* combo = new DropDownCombo(ui_->Rows);
     combo->SetSpokenName(QStringLiteral("%1, job %2").arg(column).arg(index + 1));
     combo->installEventFilter(this);
-    On(new EnterKey(combo), &EnterKey::Pressed, this, [this] { NewTask_Click(); });
+    On(new EnterKey(combo), &EnterKey::Pressed, this, [this] { AddJob(); });
     return combo;
 }
 
@@ -167,7 +166,7 @@ QLineEdit* ChartEditor::MakeBox(const QString& column, int index) {
     auto* box = new ElidingEdit(ui_->Rows);
     box->setAccessibleName(QStringLiteral("%1, job %2").arg(column).arg(index + 1));
     box->installEventFilter(this);
-    On(new EnterKey(box), &EnterKey::Pressed, this, [this] { NewTask_Click(); });
+    On(new EnterKey(box), &EnterKey::Pressed, this, [this] { AddJob(); });
     return box;
 }
 
@@ -367,10 +366,27 @@ void ChartEditor::SetRow(int index, const EditorRow& row) {
     Points[index].setText(row.Points);
 }
 
+void ChartEditor::showEvent(QShowEvent* event) {
+    FormWidget::showEvent(event);
+    // What an adult comes for, not the scroll bar that was there before the rows. Not before: the
+    // frame that the form comes in would hand the keyboard out anew.
+    if (!std::exchange(hasBegun_, true))
+        Instructions[0].setFocus();
+}
+
+/// A form higher than it was made shows more rows.
+void ChartEditor::resizeEvent(QResizeEvent* event) {
+    FormWidget::resizeEvent(event);
+    ListFrame& frame = *ui_->EditChartFrame;
+    const int rest = sizeHint().height() - frame.sizeHint().height();
+    frame.setMaximumHeight(std::max(PixelsOf(FrameHeight), height() - rest));
+}
+
 /// Where the main window has no room for the whole frame it shows fewer rows; the rest is reached
 /// by the scroll bar.
 void ChartEditor::FitListToFrame() {
     const int bottom = ui_->EditChartFrame->height();
+    ui_->Rows->resize(ui_->Rows->width(), std::max(PixelsOf(FrameHeight), bottom));
     ui_->RowsClip->resize(ui_->RowsClip->width(), bottom - ui_->RowsClip->y() - 2);
     ui_->VScroll->resize(ui_->VScroll->width(), bottom - ui_->VScroll->y() - 6);
     MakeRowsInSight();

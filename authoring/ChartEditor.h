@@ -99,6 +99,8 @@ protected:
     bool QueryUnload() override;
     void Unloaded() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     /// A row whose controls nobody has seen or touched yet.
@@ -131,6 +133,7 @@ private:
     bool MoveByTab(bool next);
     void BringRowIntoView(int index);
 
+    void AddJob();
     void JobDelete_Click(int index);
     /// What may stand in the box of the points.
     static bool IsPoints(const QString& text);
@@ -149,4 +152,5 @@ private:
     /// else of its opening. They are made when nothing else is to be done.
     std::deque<WaitingRow> waiting_;
     QTimer nothingElse_;
+    bool hasBegun_ = false;
 };

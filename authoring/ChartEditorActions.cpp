@@ -19,10 +19,18 @@ void ChartEditor::NewTask_Click() {
         FillDayList(DayOfWeek.Count() - 1, mode);
 }
 
+/// Who asks for a job goes on in its row.
+void ChartEditor::AddJob() {
+    NewTask_Click();
+    const int row = RowCount() - 1;
+    BringRowIntoView(row);
+    Instructions[row].setFocus(Qt::OtherFocusReason);
+}
+
 void ChartEditor::JobDelete_Click(int index) {
     const int last = JobDelete.Count() - 1;
     if (last == 0) {
-        if (Ask(QStringLiteral("Are you sure you want to delete the entire chart?")) &&
+        if (AskBeforeLoss(QStringLiteral("Are you sure you want to delete the entire chart?")) &&
             Database().ChartExist(ChartName)) {
             Database().DeleteChart(ChartName);
             Unload();
@@ -116,7 +124,7 @@ void ChartEditor::Abandon() {
 }
 
 bool ChartEditor::QueryUnload() {
-    return Ask(QStringLiteral("Are you sure you want to exit without saving?"));
+    return AskBeforeLoss(QStringLiteral("Are you sure you want to exit without saving?"));
 }
 
 void ChartEditor::Unloaded() {

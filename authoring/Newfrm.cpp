@@ -22,6 +22,7 @@ Newfrm::~Newfrm() = default;
 
 void Newfrm::Activate() {
     ui_->NameOfNewChart->setText(QString());
+    ui_->NameOfNewChart->setFocus();
 }
 
 void Newfrm::Ok_Click() {

@@ -7,12 +7,14 @@
 #include "platform/runtime/RuntimeError.h"
 #include "session/Session.h"
 #include "ui_Openfrm.h"
+#include "widgets/EmptyNote.h"
 #include "widgets/FormViewAdapters.h"
 #include "widgets/HiddenWhile.h"
 
 Openfrm::Openfrm() : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::Openfrm>()) {
     ui_->setupUi(this);
-    ui_->ChartList->SetRules({.Opens = true});
+    ui_->ChartList->SetRules({.Opens = true, .FirstKeyTakesRow = true});
+    new EmptyNote(*ui_->ChartList, QStringLiteral("No Dutygrid yet. F2 begins one."));
     On(&ui_->ChartList->Clicks, &ListClicks::Opened, this, [this] { Ok_Click(); });
     On(ui_->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
     On(ui_->Cancel, &QPushButton::clicked, this, [this] { Unload(); });
@@ -44,6 +46,7 @@ void Openfrm::Activate() {
     ListNames names(*ui_->ChartList);
     Database().PopulateChartList(names, false);
     ui_->Ok->setHidden(ui_->ChartList->count() == 0);
+    ui_->ChartList->setFocus();
 }
 
 void Openfrm::Ok_Click() {

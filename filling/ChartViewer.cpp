@@ -2,7 +2,6 @@
 
 #include "filling/MouseWatch.h"
 #include "filling/ViewerLayout.h"
-#include "look/LookColors.h"
 #include "platform/forms/Handlers.h"
 #include "platform/forms/Twips.h"
 #include "platform/runtime/Dates.h"
@@ -30,10 +29,10 @@ ChartViewer::ChartViewer()
     softLine.setColor(QPalette::WindowText, softLine.color(QPalette::AlternateBase).darker(115));
     for (QFrame* line : {ui_->Line1, ui_->Line2})
         line->setPalette(softLine);
-    ui_->Line3->setPalette(QPalette(LookColors::Gold));
     ui_->DoneColumn->setPixmap(QPixmap(QStringLiteral(":/art/Tick.png")));
     DesignRows();
     ShowResponsible(false);
+    ui_->CleanUpList->installEventFilter(this);
     On(ui_->NextDay, &QPushButton::clicked, this, [this] { NextDay_Click(); });
     On(ui_->PreviousDay, &QPushButton::clicked, this, [this] { PreviousDay_Click(); });
     On(ui_->Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
@@ -88,6 +87,7 @@ void ChartViewer::Activate() {
     SetCaption(ui_->ChartNamelbl->text());
     ui_->Label4->setText(QStringLiteral("Today is ") + WeekdayName(Today()) +
                          QStringLiteral(" - ") + DateText(Today()));
+    FocusFirstOpenMark();
 }
 
 void ChartViewer::Unloaded() {
@@ -123,6 +123,7 @@ void ChartViewer::TurnPage(int step) {
     AllRowsBlack();
     SetHeight(ViewerLayout::FormHeight);
     ShowResponsible(false);
+    FitToRoom();
     StoreMarks();
     ExchangeRows(step);
     PlaySoundEffect(QStringLiteral("InitAnimation"));
@@ -192,6 +193,7 @@ void ChartViewer::WatchMouseOn(QWidget& widget) {
     auto* watch = new MouseWatch(&widget);
     On(watch, &MouseWatch::Pressed, this, [this](int x, int y) { StoreMousePlace(x, y); });
     On(watch, &MouseWatch::Dragged, this, [this](int x, int y) { Drag(x, y); });
+    On(watch, &MouseWatch::Released, this, [this] { FitToRoom(); });
 }
 
 void ChartViewer::StoreMousePlace(int x, int y) {

@@ -79,6 +79,9 @@ protected:
     void Activate() override;
     void Unloaded() override;
     void wheelEvent(QWheelEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     /// What a row is made of.
@@ -102,11 +105,17 @@ private:
     void ShowResponsible(bool visible);
     /// Once for each time that a row's adult has made the form higher.
     void KeepGrownFormInside();
-    void BringToFront(QWidget& control);
     void NameRow(int index);
     void MoveKeyboard(int index, bool toMark);
     MarkImage& VisibleMark(int index) const;
     void BringRowIntoView(int index);
+    bool IsInView(int index) const;
+    void FocusFirstOpenMark();
+    int HeightOutOfView() const;
+    void FitToRoom();
+    void SetListHeight(int pixels);
+    int ListBottom() const;
+    int RowsInView() const;
     void ScrollTo(int value);
 
     void StoreMarks();

@@ -55,7 +55,7 @@ void ChartViewer::Flip(ControlArray<MarkImage>& from, ControlArray<MarkImage>& t
     from[index].clearFocus();
     from.SetVisible(index, false);
     to.SetVisible(index, true);
-    BringToFront(to[index]);
+    to[index].raise();
     if (hadKeyboard)
         to[index].setFocus();
     QAccessible::State change;

@@ -41,9 +41,11 @@ void Renew(MarkImage&) {}
 
 } // namespace
 
-/// Row 0, as it stands until it is first filled.
+/// Row 0, as it stands until it is first filled. All rows are in a widget that begins where the
+/// list does and shows nothing outside: a page may begin above it, as far as the one before was
+/// scrolled.
 void ChartViewer::DesignRows() {
-    QWidget* list = ui_->CleanUpList;
+    QWidget* list = ui_->Rows;
     const auto design = [](auto& controls, const QString& name, int left, int width, auto make) {
         controls.Design(name, make(), {left, FirstRowTop, width, RowHeight}, make,
                         [](auto& control) { Renew(control); });
@@ -104,7 +106,6 @@ void ChartViewer::DesignRows() {
     CheckImg.SetVisible(0, false);
     Number[0].setBuddy(&Instructions[0]);
     NameRow(0);
-    ui_->Picture1->raise();
     setTabOrder(&Instructions[0], &CheckImg[0]);
     setTabOrder(&ClearImg[0], ui_->PreviousDay);
 }
@@ -132,7 +133,7 @@ void ChartViewer::SetRow(int index, const ViewerRow& row) {
         ClearImg.SetVisible(index, !row.Completed);
         CheckImg[index].lower();
         ClearImg[index].lower();
-        BringToFront(row.Completed ? CheckImg[index] : ClearImg[index]);
+        (row.Completed ? CheckImg : ClearImg)[index].raise();
     }
     NameRow(index);
     filledRows_ = std::max(filledRows_, index + 1);
@@ -189,8 +190,7 @@ void ChartViewer::SetTextsPosition() {
     for (int row = 0; row < Instructions.Count(); ++row) {
         const int top = pitch * row + FirstRowTop - ui_->VScroll->value() * pitch;
         SetRowTop(PlacedColumns(), row, top);
-        // The marks are not hidden: which of the two is visible is the mark. They slide under
-        // Picture1 instead.
+        // The marks are not hidden: which of the two is visible is the mark.
         const bool shown = Instructions.Top(row) >= ListTop;
         // The keyboard stays in the row. Hiding its text would send it on as Tab does, and it would
         // have the row brought back into view.
@@ -218,12 +218,26 @@ MarkImage& ChartViewer::VisibleMark(int index) const {
 void ChartViewer::BringRowIntoView(int index) {
     if (index >= CheckImg.Count())
         return;
-    const int pitch = Instructions.Height(0) + RowGap;
-    const int rowsInView = (ListBottom - ListTop) / pitch;
-    if (CheckImg.Top(index) < ListTop)
-        ui_->VScroll->setValue(index);
-    else if (CheckImg.Top(index) + RowHeight > ListBottom)
-        ui_->VScroll->setValue(index - rowsInView + 1);
+    if (!IsInView(index)) {
+        ui_->VScroll->setValue(CheckImg.Top(index) < ListTop ? index : index - RowsInView() + 1);
+        // The bar may stand there already, left by a page with fewer rows.
+        ScrollTo(ui_->VScroll->value());
+    }
+    ui_->ContentScroll->ensureWidgetVisible(&CheckImg[index], 0, PixelsOf(RowGap));
+}
+
+bool ChartViewer::IsInView(int index) const {
+    return CheckImg.Top(index) >= ListTop && CheckImg.Top(index) + RowHeight <= ListBottom();
+}
+
+/// Nothing is scrolled: a key at a mark out of view brings it there first.
+void ChartViewer::FocusFirstOpenMark() {
+    int open = -1;
+    for (int row = ClearImg.Count() - 1; row >= 0; --row)
+        if (ClearImg.Visible(row) && (open < 0 || IsInView(row) || !IsInView(open)))
+            open = row;
+    QWidget& start = open < 0 ? static_cast<QWidget&>(*ui_->NextDay) : ClearImg[open];
+    start.setFocus();
 }
 
 void ChartViewer::HighlightRow(int index) {
@@ -240,6 +254,7 @@ void ChartViewer::HighlightRow(int index) {
 void ChartViewer::KeepGrownFormInside() {
     if (std::exchange(hasGrown_, false))
         KeepInMainWindow();
+    FitToRoom();
 }
 
 void ChartViewer::ColourRow(int index, const QColor& color) {
@@ -268,10 +283,4 @@ void ChartViewer::ShowResponsible(bool visible) {
     ui_->Namelbl->setVisible(visible);
     ui_->Image1->setVisible(visible);
     ui_->Shape6->setVisible(visible);
-}
-
-/// In front of the other controls of the list, but behind the cover of the column of boxes.
-void ChartViewer::BringToFront(QWidget& control) {
-    control.raise();
-    ui_->Picture1->raise();
 }

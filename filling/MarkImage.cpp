@@ -43,7 +43,8 @@ bool MarkImage::hitButton(const QPoint& place) const {
 }
 
 bool MarkImage::IsOutOfSight() const {
-    return IsCovered() || geometry().bottom() >= parentWidget()->height();
+    return IsCovered() || geometry().bottom() >= parentWidget()->height() ||
+           visibleRegion().isEmpty();
 }
 
 void MarkImage::focusInEvent(QFocusEvent* event) {
@@ -57,6 +58,9 @@ void MarkImage::keyPressEvent(QKeyEvent* event) {
         emit Moved(1);
     else if (event->key() == Qt::Key_Up)
         emit Moved(-1);
+    else if (IsEnter(*event) && event->isAutoRepeat())
+        // Held down since before the mark had the keyboard.
+        event->accept();
     else if (IsPressKey(*event) && IsOutOfSight())
         emit WantsToBeSeen();
     else if (IsEnter(*event))

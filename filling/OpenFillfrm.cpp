@@ -7,6 +7,7 @@
 #include "platform/runtime/Prompts.h"
 #include "session/Session.h"
 #include "ui_OpenFillfrm.h"
+#include "widgets/EmptyNote.h"
 #include "widgets/FormViewAdapters.h"
 
 #include <QScopeGuard>
@@ -18,8 +19,10 @@ OpenFillfrm::OpenFillfrm()
     QFont large = ui_->ChartList->font();
     large.setPointSizeF(large.pointSizeF() * 1.25);
     ui_->ChartList->setFont(large);
+    new EmptyNote(*ui_->ChartList, QStringLiteral("Nothing to do this week. Ask the grown-up who "
+                                                  "writes your Dutygrid."));
     On(ui_->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
-    ui_->ChartList->SetRules({.Opens = true});
+    ui_->ChartList->SetRules({.Opens = true, .FirstKeyTakesRow = true});
     On(&ui_->ChartList->Clicks, &ListClicks::Opened, this, [this] { Ok_Click(); });
     On(ui_->Cancel, &QPushButton::clicked, this, [this] { Unload(); });
 }
@@ -31,6 +34,7 @@ void OpenFillfrm::Activate() {
     ListNames list(*ui_->ChartList);
     Database().PopulateChartList(list, true);
     ui_->Ok->setVisible(ui_->ChartList->count() > 0);
+    ui_->ChartList->setFocus();
 }
 
 QString OpenFillfrm::SelectedChart() const {

@@ -56,6 +56,7 @@ QListView::item, QTreeView::item { padding: 4px 0; }
 QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 QMessageBox QPushButton { min-width: 5em; }
 QMenu::separator { height: 1px; background: @line; margin: 4px 8px; }
+QFrame[role="golden"] { background: @gold; border: 0; }
 QToolTip { background: @card; color: @ink; border: 1px solid @outline; padding: 3px 6px; }
 /* Rows that are 22 pixels high, whatever the font. */
 QWidget[role="rows"] QLineEdit, QWidget[role="rows"] QComboBox { padding: 0 4px; }
@@ -99,6 +100,7 @@ QString FilledStyleSheet() {
                                  {QLatin1String("@deep"), Deep},
                                  {QLatin1String("@card"), Card},
                                  {QLatin1String("@band"), Band},
+                                 {QLatin1String("@gold"), Gold},
                                  {QLatin1String("@line"), Line},
                                  {QLatin1String("@ink"), Ink}};
     QString sheet = QString::fromLatin1(StyleSheet);

@@ -24,12 +24,20 @@ QFont MatrixCell::Face() {
 }
 
 void MatrixCell::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF place = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     if (backStyle_ != Transparent) {
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(LookColors::DoneEdge);
         painter.setBrush(LookColors::Done);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
+        painter.drawRoundedRect(place, 4, 4);
+    } else if (outlinedWhenOpen_) {
+        // A square box, as on paper.
+        QRectF box(0, 0, place.height() - 2, place.height() - 2);
+        box.moveCenter(place.center());
+        painter.setPen(LookColors::Outline);
+        painter.drawRect(box);
     }
+    painter.end();
     FittingLabel::paintEvent(event);
 }

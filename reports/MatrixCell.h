@@ -15,6 +15,9 @@ public:
     int BackStyle() const { return backStyle_; }
     void SetBackStyle(int backStyle);
 
+    /// An empty box is drawn where the back is transparent: for a job that is due.
+    void OutlineWhenOpen() { outlinedWhenOpen_ = true; }
+
     /// The bold face of the whole matrix.
     static QFont Face();
 
@@ -23,4 +26,5 @@ protected:
 
 private:
     int backStyle_ = Transparent;
+    bool outlinedWhenOpen_ = false;
 };

@@ -1,6 +1,7 @@
 #include "reports/Reportfrm.h"
 
 #include "platform/forms/DefaultForms.h"
+#include "platform/forms/EnterKey.h"
 #include "platform/forms/Handlers.h"
 #include "platform/forms/Hourglass.h"
 #include "platform/runtime/Dates.h"
@@ -10,6 +11,7 @@
 #include "session/Session.h"
 #include "store/TableNames.h"
 #include "ui_Reportfrm.h"
+#include "widgets/EmptyNote.h"
 #include "widgets/FormViewAdapters.h"
 
 Reportfrm::Reportfrm() : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::Reportfrm>()) {
@@ -21,6 +23,12 @@ Reportfrm::Reportfrm() : FormWidget(Place::InMainWindow), ui_(std::make_unique<U
         list->setTextElideMode(Qt::ElideMiddle);
         list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     }
+    new EmptyNote(*ui_->StudentsList, QStringLiteral("No Sparkit yet."));
+    noCharts_ = new EmptyNote(*ui_->ListView1, QString());
+    noHistory_ = new EmptyNote(*ui_->ListView2, QString());
+    // Each list of charts has a button of its own below it.
+    On(new EnterKey(ui_->ListView1), &EnterKey::Pressed, this, [this] { ui_->Ok->click(); });
+    On(new EnterKey(ui_->ListView2), &EnterKey::Pressed, this, [this] { ui_->Ok2->click(); });
     On(&ui_->StudentsList->Clicks, &ListClicks::Clicked, this, [this] { StudentsList_Click(); });
     On(&ui_->ListView1->Clicks, &ListClicks::RightPressed, this,
        [this] { ListView1_RightPress(); });
@@ -76,6 +84,9 @@ QString Reportfrm::CollectSelected(const QListWidget& list) {
 
 void Reportfrm::StudentsList_Click() {
     const QString kid = ReturnSelectedKid();
+    const QString chooseFirst = QStringLiteral("Choose a name first.");
+    noCharts_->Say(kid.isEmpty() ? chooseFirst : QStringLiteral("No Dutygrid of this month."));
+    noHistory_->Say(kid.isEmpty() ? chooseFirst : QStringLiteral("No history of this month yet."));
     ListNames charts(*ui_->ListView1);
     ListNames histories(*ui_->ListView2);
     Database().RetreveChartsAvailable(kid, charts);
@@ -84,7 +95,7 @@ void Reportfrm::StudentsList_Click() {
 
 void Reportfrm::ListView1_RightPress() {
     if (!IsAdult(CurrentState) ||
-        !Ask(QStringLiteral("Are you sure you want to delete this chart?")))
+        !AskBeforeLoss(QStringLiteral("Are you sure you want to delete this chart?")))
         return;
     for (int row = 0; row < ui_->ListView1->count(); ++row) {
         if (!ui_->ListView1->item(row)->isSelected())

@@ -10,6 +10,7 @@
 #include <memory>
 #include <utility>
 
+class EmptyNote;
 class QListWidget;
 
 namespace Ui {
@@ -73,6 +74,8 @@ private:
     void PrintDateRange(const QString& kid);
 
     std::unique_ptr<Ui::Reportfrm> ui_;
+    EmptyNote* noCharts_;
+    EmptyNote* noHistory_;
     /// The children whose reports wait for dates, the latest last. The wait holds up nothing else,
     /// and ends with the form or the process.
     QStringList waitingKids_;

@@ -79,7 +79,10 @@ void WeekChartRepresentation::DesignLines() {
     design(Points, QStringLiteral("Points"), PointsLeft, PointsWidth, [](MatrixCell&) {});
     for (int day = 1; day <= DaysOfWeek; ++day)
         design(Day(day), DayAbbreviation(day), DayLefts.at(std::size_t(day) - 1), DayWidth,
-               [](MatrixCell& cell) { cell.setToolTip(QStringLiteral("Number of jobs made")); });
+               [](MatrixCell& cell) {
+                   cell.setToolTip(QStringLiteral("Number of jobs made"));
+                   cell.OutlineWhenOpen();
+               });
     design(JobTotal, QStringLiteral("JobTotal"), JobTotalLeft, JobTotalWidth,
            [blue](MatrixCell& cell) {
                blue(cell);

@@ -6,11 +6,14 @@
 #include "reports/ReviewLayout.h"
 #include "session/Session.h"
 #include "ui_WeekChartRepresentation.h"
+#include "widgets/EmptyNote.h"
 #include "widgets/FocusRing.h"
 #include "widgets/FormViewAdapters.h"
 
+#include <QRegularExpression>
 #include <QScopeGuard>
 #include <QWheelEvent>
+#include <algorithm>
 
 using namespace ReviewLayout;
 
@@ -20,6 +23,7 @@ WeekChartRepresentation::WeekChartRepresentation()
     DesignHeader();
     DesignLines();
     ui_->ChartList->SetRules({.ProgramClicks = true});
+    new EmptyNote(*ui_->ChartList, QStringLiteral("No Dutygrid yet."));
     On(&ui_->ChartList->Clicks, &ListClicks::Clicked, this, [this] { ChartList_Click(); });
     new FocusRing(ui_->VScroll);
     On(ui_->VScroll, &QScrollBar::valueChanged, this, [this] { VScroll_Change(); });
@@ -37,6 +41,7 @@ void WeekChartRepresentation::Load() {
     list.Clear();
     Database().PopulateChartList(list, false);
     ui_->Surface->setVisible(false);
+    ui_->ChooseFirst->setVisible(ui_->ChartList->count() > 0);
 }
 
 QString WeekChartRepresentation::ReturnSelectedChart() const {
@@ -58,6 +63,7 @@ void WeekChartRepresentation::ChartList_Click() {
         Database().FillMatrix(ReturnSelectedChart());
     }
     ui_->VScroll->setMaximum(LastLine());
+    ui_->ChooseFirst->hide();
     ui_->Surface->setVisible(true);
     ui_->VScroll->setVisible(true);
 }
@@ -74,6 +80,21 @@ void WeekChartRepresentation::VScroll_Change() {
     }
     for (int day = 0; day < DaysOfWeek; ++day)
         DayTotal.SetTop(day, Job.Top(LastLine()));
+}
+
+/// A form higher than it was made shows more of what it lists.
+void WeekChartRepresentation::resizeEvent(QResizeEvent* event) {
+    FormWidget::resizeEvent(event);
+    const int spare = std::max(0, height() - minimumHeight());
+    const int more = spare - spare_;
+    spare_ = spare;
+    QList<QWidget*> high = {ui_->ChartList, ui_->Surface, ui_->ChooseFirst, ui_->VScroll, lines_};
+    high += ui_->Surface->findChildren<QWidget*>(QRegularExpression(QStringLiteral("^Line[2-9]$")));
+    for (QWidget* part : high)
+        part->resize(part->width(), part->height() + more);
+    ui_->Buttons->move(ui_->Buttons->x(), ui_->Buttons->y() + more);
+    const int linesInView = (TwipsOf(ui_->Surface->height()) - OutlineTop) / LinePitch(0);
+    ui_->VScroll->setPageStep(linesInView);
 }
 
 void WeekChartRepresentation::wheelEvent(QWheelEvent* event) {

@@ -54,6 +54,7 @@ public:
 protected:
     void Load() override;
     void wheelEvent(QWheelEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     /// `day`: 1 Sunday to 7 Saturday.
@@ -83,4 +84,6 @@ private:
     QWidget* lines_ = nullptr;
     /// The first line, which is never removed, holds a job of the present chart.
     bool hasJobs_ = false;
+    /// Pixels beyond the designed height.
+    int spare_ = 0;
 };

@@ -67,7 +67,7 @@ void BackgroundArea::SetGreeting(const Greeting& greeting) {
 
 bool BackgroundArea::ShowsWelcome() const {
     const QList<QMdiSubWindow*> frames = subWindowList();
-    return !welcome_->IsEmpty() && picture_.isNull() && backColor_ == DeliveredColor &&
+    return !welcome_->IsEmpty() &&
            std::all_of(frames.begin(), frames.end(),
                        [](const QMdiSubWindow* frame) { return frame->isHidden(); });
 }
@@ -80,7 +80,8 @@ void BackgroundArea::LookAfterWelcome() {
     // Over the area, not inside it: of what an area holds screen readers are told the forms alone.
     if (welcome_->parentWidget() != window())
         welcome_->setParent(window());
-    welcome_->ShowIn({viewport()->mapTo(window(), QPoint()), viewport()->size()});
+    const bool isOwnBack = !picture_.isNull() || backColor_ != DeliveredColor;
+    welcome_->ShowIn({viewport()->mapTo(window(), QPoint()), viewport()->size()}, !isOwnBack);
     welcome_->raise();
 }
 

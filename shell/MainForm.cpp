@@ -137,7 +137,6 @@ void MainForm::ConnectMenus() {
     OpenWith(ui_->BackOptions, FormNames::BackgroundOptions);
     OpenWith(ui_->OtherOp, FormNames::OtherOptions);
     OpenWith(ui_->About, FormNames::frmAboutDutygrid);
-    // The titles have no letters of their own for the Alt key.
     On(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, this,
        [this] { menuBar()->setActiveAction(ui_->File->menuAction()); });
     On(new QShortcut(Qt::Key_F6, this), &QShortcut::activated, this,

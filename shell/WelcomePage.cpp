@@ -65,7 +65,7 @@ void WelcomePage::MakeCard() {
     card_->show();
 }
 
-void WelcomePage::ShowIn(const QRect& area) {
+void WelcomePage::ShowIn(const QRect& area, bool wantsLogo) {
     if (card_ == nullptr)
         return;
     card_->ensurePolished();
@@ -77,7 +77,7 @@ void WelcomePage::ShowIn(const QRect& area) {
         return;
     }
     const int withLogo = LogoSize.height() + LogoGap + card.height();
-    const bool hasLogo = withLogo + 2 * Margin <= area.height();
+    const bool hasLogo = wantsLogo && withLogo + 2 * Margin <= area.height();
     // Not before: the page is made at the program's start, and rarely is there room at once.
     if (hasLogo && logo_->pixmap().isNull())
         logo_->setPixmap(LogoPicture(*this, LogoSize));

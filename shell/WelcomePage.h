@@ -38,9 +38,9 @@ public:
     void SetGreeting(const Greeting& greeting);
     bool IsEmpty() const { return greeting_.steps.isEmpty(); }
 
-    /// Shows the page in the middle of the area, the logo where there is room for both. Hides it
-    /// where there is not even room for the card.
-    void ShowIn(const QRect& area);
+    /// Shows the page in the middle of the area, the logo where it is wanted and there is room for
+    /// both. Hides it where there is not even room for the card.
+    void ShowIn(const QRect& area, bool wantsLogo);
 
     /// Gives the keyboard to the first button. False if the page is not shown.
     bool TakeKeyboard();

@@ -80,7 +80,10 @@ protected:
     }
 
     void keyPressEvent(QKeyEvent* event) override {
-        if (rules_.Opens && IsEnter(*event))
+        if (event->key() == Qt::Key_Escape)
+            // The form's. The toolkit would look for a row that begins with it.
+            event->ignore();
+        else if (rules_.Opens && IsEnter(*event))
             emit Clicks.Opened({});
         else if (rules_.TellsRightPress && IsMenuKey(*event))
             emit Clicks.RightPressed();

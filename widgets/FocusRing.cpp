@@ -15,10 +15,15 @@ FocusRing::FocusRing(QWidget* control) : QFrame(control->parentWidget()), contro
 }
 
 bool FocusRing::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusIn) {
+    const auto fit = [this] {
         setGeometry(control_->geometry().adjusted(-lineWidth(), 0, lineWidth(), 0));
+    };
+    if (event->type() == QEvent::FocusIn) {
+        fit();
         raise();
         show();
+    } else if (event->type() == QEvent::Resize || event->type() == QEvent::Move) {
+        fit();
     } else if (event->type() == QEvent::FocusOut || event->type() == QEvent::Hide) {
         hide();
     }

@@ -1,13 +1,44 @@
 #include "platform/desktop/SystemPrompts.h"
 
 #include "platform/forms/ActivationTracker.h"
+#include "platform/forms/MainWindowArea.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QEventLoop>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMessageBox>
 #include <QPointer>
+#include <QScreen>
 #include <QStyle>
+#include <algorithm>
+
+namespace {
+
+/// Below the form that a box is about, or above it where there is no room below: it stands open
+/// beside the form, and what is asked for is typed there.
+void PlaceBesideFormInFront(QMessageBox& box) {
+    constexpr int Gap = 8; // pixels
+    constexpr int TitleBar =
+        36; // the window system's, which may come on top of the place asked for
+    const QMdiArea* area = MainWindowArea();
+    const QWidget* form = area == nullptr ? nullptr : area->activeSubWindow();
+    if (form == nullptr || !form->isVisible())
+        return;
+    const QRect place(form->mapToGlobal(QPoint()), form->size());
+    const QRect room = form->screen()->availableGeometry();
+    box.ensurePolished();
+    const QSize size = box.sizeHint();
+    const int below = place.bottom() + Gap + TitleBar;
+    const int above = place.top() - Gap - TitleBar - size.height();
+    const bool fitsBelow = below + size.height() <= room.bottom();
+    const int left = place.center().x() - size.width() / 2;
+    box.move(std::clamp(left, room.left(), std::max(room.left(), room.right() - size.width())),
+             fitsBelow || above < room.top() + TitleBar ? below : above);
+}
+
+} // namespace
 
 PromptAnswer SystemPrompts::Show(const Prompt& prompt) {
     // On the heap: the window beneath may be deleted while the box stands.
@@ -32,14 +63,16 @@ PromptAnswer SystemPrompts::Show(const Prompt& prompt) {
         box->button(QMessageBox::Ok)->setText(QStringLiteral("Ok"));
     }
     // The button that Enter presses looks as it does on the forms.
+    const auto other = prompt.BeginsOnNo ? QMessageBox::Yes : QMessageBox::No;
     for (QAbstractButton* button : box->buttons())
-        if (box->standardButton(button) != QMessageBox::No) {
+        if (box->standardButton(button) != other) {
             button->setProperty("role", QStringLiteral("primary"));
             button->style()->unpolish(button);
             button->style()->polish(button);
         }
 
     if (prompt.LeavesFormsReachable) {
+        PlaceBesideFormInFront(*box);
         box->setModal(false);
         QEventLoop wait;
         QObject::connect(box, &QDialog::finished, &wait, &QEventLoop::quit);

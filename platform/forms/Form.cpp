@@ -4,6 +4,7 @@
 #include "platform/forms/DefaultForms.h"
 #include "platform/forms/FormAccess.h"
 #include "platform/forms/FormFrame.h"
+#include "platform/forms/FormKeys.h"
 #include "platform/forms/MainWindowArea.h"
 #include "platform/forms/Twips.h"
 #include "platform/runtime/Actions.h"
@@ -265,4 +266,9 @@ FormWidget::FormWidget(Place place) : Form(*static_cast<QWidget*>(this), place) 
 
 void FormWidget::closeEvent(QCloseEvent* event) {
     HandleClose(*event);
+}
+
+void FormWidget::keyPressEvent(QKeyEvent* event) {
+    if (!PressFormButton(*this, *event))
+        QWidget::keyPressEvent(event);
 }

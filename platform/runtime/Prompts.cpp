@@ -31,11 +31,24 @@ void Tell(const QString& text, PromptIcon icon) {
     ShowPrompt(prompt);
 }
 
-bool Ask(const QString& text) {
+namespace {
+
+bool AskYesNo(const QString& text, bool beginsOnNo) {
     Prompt prompt;
     prompt.Text = text;
     prompt.Buttons = PromptButtons::YesNo;
+    prompt.BeginsOnNo = beginsOnNo;
     return ShowPrompt(prompt) == PromptAnswer::Yes;
+}
+
+} // namespace
+
+bool Ask(const QString& text) {
+    return AskYesNo(text, false);
+}
+
+bool AskBeforeLoss(const QString& text) {
+    return AskYesNo(text, true);
 }
 
 void ShowRuntimeError(const RuntimeError& error) noexcept {

@@ -42,5 +42,8 @@ void Tell(const QString& text, PromptIcon icon = PromptIcon::None);
 /// A question with Yes and No; true for Yes.
 bool Ask(const QString& text);
 
+/// The same where a Yes cannot be taken back: the keyboard begins on No.
+bool AskBeforeLoss(const QString& text);
+
 /// The report of a run-time error at the edge of a handler. Never raises.
 void ShowRuntimeError(const RuntimeError& error) noexcept;

@@ -87,6 +87,7 @@ TEST_F(ChartEditorForm, RowsStandInTheirColumns) {
 TEST_F(ChartEditorForm, ElevenRowsShowInTheFrame) {
     ChartEditor& editor = NewChart();
     AddJobs(editor, 12);
+    Scroll(editor).setValue(0);
     const auto& frame = Find(editor, u"EditChartFrame"_s);
     EXPECT_EQ(frame.height(), 5055 / 15);
     const auto seen = [&editor](int row) {
@@ -238,7 +239,7 @@ TEST_F(ChartEditorForm, RowAddedWhileScrolledStandsBelowTheLastRowAndShowsWhenSc
     ChartEditor& editor = NewChart();
     AddJobs(editor, 14);
     Scroll(editor).setValue(1);
-    AddJobs(editor, 1);
+    editor.NewTask_Click();
     EXPECT_EQ(Scroll(editor).value(), 1) << "the list moves only by the user";
     EXPECT_EQ(editor.Points.Top(15), editor.Points.Top(14) + 380);
     EXPECT_EQ(editor.Points.Top(15), 650 + 15 * 380 - 380);
@@ -406,6 +407,7 @@ TEST_F(ChartEditorForm, TextsStandWhollyInTheirRows) {
     ChartEditor& editor = NewChart(u"Chores of the whole summer"_s);
     LookAt(editor, u"ChartEditorEmpty"_s);
     AddJobs(editor, 14);
+    Scroll(editor).setValue(0);
     for (int row = 0; row < 15; ++row)
         editor.SetRow(row,
                       {u"Empty the waste paper bins on the upper floor and below"_s, u"Mon-Fri"_s,

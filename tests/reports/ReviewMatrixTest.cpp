@@ -1,5 +1,6 @@
 #include "tests/reports/ReviewTest.h"
 
+#include "look/LookColors.h"
 #include "reports/DayStrip.h"
 #include "tests/common/SpoiledRows.h"
 
@@ -243,9 +244,13 @@ TEST_F(ReviewMatrixTest, OnlyADoneCellHasABackOfItsOwn) {
             .pixelColor(0, 0);
     };
     EXPECT_NE(back(form.Mon[0]), back(form.Wed[0]));
-    // An open cell shows nothing, though its tip says that it is there.
+    // An open cell shows an empty box, one of a day without the job nothing.
     EXPECT_TRUE(form.Tue[0].isVisible());
     EXPECT_EQ(back(form.Tue[0]), back(form.Wed[0]));
+    EXPECT_TRUE(Shows(form.Tue[0], LookColors::Outline));
+    EXPECT_FALSE(form.Wed[0].isVisible());
+    EXPECT_FALSE(Shows(form.Mon[0], LookColors::Outline)) << "it is done";
+    EXPECT_FALSE(Shows(form.JobTotal[0], LookColors::Outline)) << "no day";
     EXPECT_EQ(form.Mon[0].toolTip(), QStringLiteral("Number of jobs made"));
     EXPECT_EQ(form.Sat[1].toolTip(), QStringLiteral("Number of jobs made"));
     EXPECT_EQ(form.Job[0].toolTip(), QString());

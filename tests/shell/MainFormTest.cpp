@@ -68,10 +68,10 @@ TEST_F(MainFormTest, Menus) {
                              "WebSite|Website|\n"
                              "mnuLine3|--------------------|\n"
                              "About|About|"));
-    EXPECT_EQ(Find<QMenu>(MainWindow(), QStringLiteral("File")).title(), QStringLiteral("File"));
+    EXPECT_EQ(Find<QMenu>(MainWindow(), QStringLiteral("File")).title(), QStringLiteral("&File"));
     EXPECT_EQ(Find<QMenu>(MainWindow(), QStringLiteral("Optinos")).title(),
-              QStringLiteral("Options"));
-    EXPECT_EQ(Find<QMenu>(MainWindow(), QStringLiteral("Help")).title(), QStringLiteral("Help"));
+              QStringLiteral("&Options"));
+    EXPECT_EQ(Find<QMenu>(MainWindow(), QStringLiteral("Help")).title(), QStringLiteral("&Help"));
     EXPECT_TRUE(MainWindow().MenuEntry(QLatin1String("mnuLine2")).isSeparator());
     EXPECT_TRUE(MainWindow().SoundMark()) << "checked by default";
 }
@@ -176,6 +176,18 @@ TEST_F(MainFormTest, F10LeadsToTheFirstMenu) {
     EXPECT_EQ(MainWindow().menuBar()->activeAction(),
               Find<QMenu>(MainWindow(), QStringLiteral("File")).menuAction());
     QTest::keyClick(MainWindow().windowHandle(), Qt::Key_Escape);
+}
+
+TEST_F(MainFormTest, AltAndItsLetterOpensAMenu) {
+    StartAdult();
+    for (const auto& [key, menu] :
+         {std::pair(Qt::Key_F, "File"), {Qt::Key_O, "Optinos"}, {Qt::Key_H, "Help"}}) {
+        QTest::keyClick(MainWindow().windowHandle(), key, Qt::AltModifier);
+        auto& opened = Find<QMenu>(MainWindow(), QString::fromLatin1(menu));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return opened.isVisible(); }, Patience)) << menu;
+        opened.close();
+        Settle();
+    }
 }
 
 TEST_F(MainFormTest, UnknownToolbarKeysDoNothing) {

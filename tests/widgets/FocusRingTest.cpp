@@ -41,6 +41,8 @@ TEST_F(FocusRingTest, ItStandsRoundWhatHasTheKeyboardInFrontOfAllElse) {
 
 TEST_F(FocusRingTest, ItGoesWithItsControl) {
     bar.setFocus();
+    bar.setGeometry(60, 20, 16, 90);
+    EXPECT_EQ(ring.geometry(), QRect(58, 20, 20, 90));
     bar.hide();
     EXPECT_TRUE(ring.isHidden());
 }

@@ -1,13 +1,16 @@
 #include "platform/desktop/SystemPrompts.h"
+#include "platform/forms/DefaultForms.h"
 #include "tests/common/FormTest.h"
 #include "tests/common/NextBox.h"
 
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 #include <QTranslator>
+#include <QWindow>
 
 namespace {
 
@@ -93,6 +96,13 @@ TEST_F(SystemPromptsTest, TheButtonThatEnterPressesStandsOut) {
         EXPECT_FALSE(box.button(QMessageBox::No)->property("role").isValid());
         box.close();
     });
+    question.BeginsOnNo = true;
+    Answer(question, [](QMessageBox& box) {
+        EXPECT_EQ(box.button(QMessageBox::No)->property("role").toString(),
+                  QStringLiteral("primary"));
+        EXPECT_FALSE(box.button(QMessageBox::Yes)->property("role").isValid());
+        box.close();
+    });
 }
 
 TEST_F(SystemPromptsTest, AQuestionAnswersYesForYesAlone) {
@@ -107,6 +117,52 @@ TEST_F(SystemPromptsTest, AQuestionAnswersYesForYesAlone) {
     EXPECT_EQ(Answer(question, Pressing(QMessageBox::No)), PromptAnswer::No);
     EXPECT_EQ(Answer(question, close), PromptAnswer::No);
     EXPECT_EQ(Answer(question, escape), PromptAnswer::No);
+}
+
+TEST_F(SystemPromptsTest, AQuestionThatBeginsOnNoIsAnsweredSoByEnter) {
+    question.BeginsOnNo = true;
+    const auto enter = [](QMessageBox& box) {
+        EXPECT_TRUE(box.button(QMessageBox::No)->hasFocus());
+        QTest::keyClick(box.focusWidget(), Qt::Key_Return);
+    };
+    EXPECT_EQ(Answer(question, enter), PromptAnswer::No);
+    EXPECT_EQ(Answer(question, Pressing(QMessageBox::Yes)), PromptAnswer::Yes);
+}
+
+TEST_F(SystemPromptsTest, ABoxThatLeavesFormsReachableCoversNotTheFormThatItIsAbout) {
+    StartSession(QStringLiteral("Mum"), QStringLiteral("Teacher"));
+    Form& form = DefaultForm(QStringLiteral("Newfrm"));
+    form.Show();
+    Settle();
+    message.Text = QStringLiteral("Please try another name, this one already exists.");
+    message.LeavesFormsReachable = true;
+    const int room = form.Frame().parentWidget()->height() - form.Frame().height();
+    for (const int top : {room / 3, room}) {
+        form.Frame().move(form.Frame().x(), top);
+        const QRect place(form.Frame().mapToGlobal(QPoint()), form.Frame().size());
+        QRect seen;
+        QTimer look;
+        QObject::connect(&look, &QTimer::timeout, &look, [&] {
+            QMessageBox* box = ShownBox();
+            if (box == nullptr || !box->windowHandle()->isExposed())
+                return;
+            seen = box->frameGeometry();
+            box->button(QMessageBox::Ok)->click();
+        });
+        look.start(50);
+        prompts.Show(message);
+        const auto told = [](const QRect& rect) {
+            return QStringLiteral("%1,%2 %3x%4")
+                .arg(rect.x())
+                .arg(rect.y())
+                .arg(rect.width())
+                .arg(rect.height())
+                .toStdString();
+        };
+        EXPECT_FALSE(seen.intersects(place)) << told(seen) << " on " << told(place);
+        EXPECT_EQ(seen.top() > place.bottom(), top < room) << "below it, if there is room";
+        EXPECT_TRUE(form.Widget().screen()->availableGeometry().contains(seen));
+    }
 }
 
 TEST_F(SystemPromptsTest, NamesWithMarkupAreShownAsTheyStand) {

@@ -1,0 +1,97 @@
+#include "filling/ChartViewer.h"
+
+#include "filling/ViewerLayout.h"
+#include "platform/forms/Twips.h"
+#include "ui_ChartViewer.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QScrollArea>
+#include <algorithm>
+
+using namespace ViewerLayout;
+
+namespace {
+
+constexpr int ButtonsMargin = 8; // pixels
+
+struct Spacing {
+    QMargins margins;
+    int gap;
+};
+/// Pixels. The tight one leaves its room for a scroll bar at the side.
+constexpr Spacing Ample{{14, 8, 14, 0}, 8};
+constexpr Spacing Tight{{6, 4, 6, 0}, 4};
+
+} // namespace
+
+void ChartViewer::showEvent(QShowEvent* event) {
+    FormWidget::showEvent(event);
+    Frame().installEventFilter(this);
+    if (QWidget* mainWindow = Frame().parentWidget())
+        mainWindow->installEventFilter(this);
+    FitToRoom();
+}
+
+void ChartViewer::resizeEvent(QResizeEvent* event) {
+    FormWidget::resizeEvent(event);
+    FitToRoom();
+}
+
+bool ChartViewer::eventFilter(QObject* watched, QEvent* event) {
+    // The wheel over the list turns its rows, also where what is round it could be scrolled.
+    if (watched == ui_->CleanUpList && event->type() == QEvent::Wheel)
+        return QCoreApplication::sendEvent(ui_->VScroll, event);
+    const bool mayChangeRoom = event->type() == QEvent::Move || event->type() == QEvent::Resize ||
+                               event->type() == QEvent::MouseButtonRelease;
+    if (mayChangeRoom && watched != ui_->CleanUpList)
+        FitToRoom();
+    return FormWidget::eventFilter(watched, event);
+}
+
+/// Pixels of the form below the lower edge of the main window.
+int ChartViewer::HeightOutOfView() const {
+    const QWidget& frame = Frame();
+    const QWidget* mainWindow = frame.parentWidget();
+    if (&frame == this || mainWindow == nullptr)
+        return 0;
+    return std::clamp(frame.geometry().bottom() + 1 - mainWindow->height(), 0, height() / 2);
+}
+
+/// The buttons stand above the main window's lower edge, whatever the form's height is, and what
+/// has no room above them is scrolled to. Room beyond the designed height is for more rows.
+void ChartViewer::FitToRoom() {
+    // Under a pressed button nothing may move away.
+    if (QGuiApplication::mouseButtons() != Qt::NoButton)
+        return;
+    const int outOfView = HeightOutOfView();
+    ui_->formLayout->setContentsMargins(0, 0, 0, ButtonsMargin + outOfView);
+    const int designed = PixelsOf(ui_->Shape6->isHidden() ? FormHeight : FormHeightWithResponsible);
+    const int spare = height() - outOfView - designed;
+    const Spacing& spacing = spare < 0 ? Tight : Ample;
+    ui_->contentLayout->setContentsMargins(spacing.margins);
+    ui_->contentLayout->setSpacing(spacing.gap);
+    SetListHeight(PixelsOf(ListHeight) + std::max(0, spare));
+}
+
+void ChartViewer::SetListHeight(int pixels) {
+    if (ui_->CleanUpList->height() == pixels && ui_->Rows->height() == pixels)
+        return;
+    constexpr int Edge = 4; // pixels below the scroll bar
+    for (QWidget* side :
+         {static_cast<QWidget*>(ui_->CleanUpList), static_cast<QWidget*>(ui_->Picture2)})
+        side->setFixedHeight(pixels);
+    ui_->Rows->resize(ui_->Rows->width(), pixels);
+    ui_->RowsClip->resize(ui_->RowsClip->width(), pixels - ui_->RowsClip->y());
+    ui_->VScroll->resize(ui_->VScroll->width(), pixels - ui_->VScroll->y() - Edge);
+    ui_->VScroll->setPageStep(RowsInView() - 1);
+}
+
+/// Where the last row in sight ends, in twips.
+int ChartViewer::ListBottom() const {
+    return TwipsOf(ui_->Rows->height());
+}
+
+int ChartViewer::RowsInView() const {
+    return (ListBottom() - ListTop) / (Instructions.Height(0) + RowGap);
+}

@@ -1,0 +1,196 @@
+#include "filling/ChartViewer.h"
+#include "filling/OpenFillfrm.h"
+#include "reports/WeekChartRepresentation.h"
+#include "tests/authoring/AuthoringTest.h"
+
+#include <QGroupBox>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QRegularExpression>
+#include <QScrollArea>
+
+namespace {
+
+/// Forms in main windows of small and large screens.
+class FormRoomTest : public AuthoringTest {
+protected:
+    static QWidget& MainWindow() { return DefaultForm(u"MainForm"_s).Widget(); }
+    static void SizeMainWindow(const QSize& size) {
+        MainWindow().showNormal();
+        MainWindow().resize(size);
+        Settle();
+        EXPECT_EQ(MainWindow().size(), size);
+    }
+    static QRect Room() {
+        const QWidget& room = *Find<QMdiArea>(MainWindow(), u"Area"_s).viewport();
+        return {room.mapToGlobal(QPoint()), room.size()};
+    }
+    /// The buttons of a form that are not wholly in the main window.
+    static QStringList ButtonsOutOfView(const QWidget& form) {
+        QStringList out;
+        for (const auto* button : form.findChildren<QPushButton*>()) {
+            const QRect place(button->mapToGlobal(QPoint()), button->size());
+            if (button->isVisible() && (!Room().contains(place) ||
+                                        button->visibleRegion().boundingRect() != button->rect()))
+                out += button->objectName();
+        }
+        return out;
+    }
+    static ChartViewer& OpenViewer(int jobs) {
+        QList<EditorRow> rows;
+        for (int job = 1; job <= jobs; ++job)
+            rows += Job(u"job %1"_s.arg(job), u"Wed"_s);
+        StoreChart(u"Chores Mum"_s, rows, u"Mum"_s);
+        auto& form = DefaultForm(OpenFillfrm::FormName);
+        form.Show();
+        Settle();
+        ClickRow(Find(form.Widget(), u"ChartList"_s), 0);
+        Click(Find(form.Widget(), u"Ok"_s));
+        return dynamic_cast<ChartViewer&>(ChartViewers.At(ChartFormIndex - 1));
+    }
+    static int RowsInSight(const ChartViewer& viewer) {
+        int count = 0;
+        for (int row = 0; row < viewer.ClearImg.Count(); ++row)
+            count +=
+                viewer.ClearImg[row].visibleRegion().boundingRect() == viewer.ClearImg[row].rect()
+                    ? 1
+                    : 0;
+        return count;
+    }
+    static QScrollBar& RowsBar(const ChartViewer& viewer) {
+        return Find<QScrollBar>(viewer, u"VScroll"_s);
+    }
+    static QScrollBar& ContentBar(const ChartViewer& viewer) {
+        return *Find<QScrollArea>(viewer, u"ContentScroll"_s).verticalScrollBar();
+    }
+};
+
+TEST_F(FormRoomTest, ButtonsAreInViewInSmallMainWindows) {
+    // What the title bars and panels of a desktop leave of 1024 x 600 and 1366 x 768.
+    for (const QSize& size : {QSize(1024, 560), QSize(1366, 730)}) {
+        SizeMainWindow(size);
+        for (const char* name :
+             {"Newfrm", "Openfrm", "OpenFillfrm", "ResetDate", "DeleteChartForm", "Reportfrm",
+              "DateRangefrm", "WeekChartRepresentation", "DisplayAccount", "AddIncentives",
+              "BackgroundOptions", "OtherOptions", "frmAboutDutygrid", "DisplayAllPeople"}) {
+            Form& form = DefaultForm(QString::fromLatin1(name));
+            form.Show();
+            Settle();
+            EXPECT_EQ(ButtonsOutOfView(form.Widget()), QStringList()) << name;
+            form.Unload();
+            Settle();
+        }
+        EXPECT_EQ(ButtonsOutOfView(NewChart()), QStringList());
+    }
+}
+
+TEST_F(FormRoomTest, AViewersButtonsStayInViewWithThePersonShown) {
+    ChartViewer& viewer = OpenViewer(9);
+    for (const QSize& size : {QSize(1024, 560), QSize(1366, 730), QSize(1180, 760)}) {
+        SizeMainWindow(size);
+        viewer.Move(900, 0);
+        Click(Find(viewer, u"NextDay"_s));
+        EXPECT_EQ(viewer.height(), 8700 / 15);
+        EXPECT_EQ(ButtonsOutOfView(viewer), QStringList()) << size.height();
+        Press(viewer.Instructions[0], Qt::Key_Space);
+        Settle();
+        EXPECT_EQ(viewer.height(), 9800 / 15);
+        EXPECT_EQ(ButtonsOutOfView(viewer), QStringList()) << size.height() << " with the person";
+        LookAt(MainWindow(), u"viewer-%1"_s.arg(size.height()));
+        EXPECT_EQ(Find(viewer, u"CleanUpList"_s).height(), 4200 / 15);
+        // What has no room is scrolled to.
+        EXPECT_EQ(ContentBar(viewer).maximum() > 0, size.height() < 600);
+    }
+}
+
+TEST_F(FormRoomTest, TheContentFollowsTheKeyboard) {
+    ChartViewer& viewer = OpenViewer(7);
+    SizeMainWindow({1024, 560});
+    viewer.Move(900, 0);
+    Settle();
+    ContentBar(viewer).setValue(0);
+    ASSERT_TRUE(viewer.ClearImg[6].visibleRegion().isEmpty());
+    viewer.ClearImg[5].setFocus();
+    Press(viewer.ClearImg[5], Qt::Key_Down);
+    EXPECT_EQ(viewer.ClearImg[6].visibleRegion().boundingRect(), viewer.ClearImg[6].rect());
+    EXPECT_EQ(RowsBar(viewer).value(), 0);
+    // A key at a mark out of view ticks nothing unseen.
+    ContentBar(viewer).setValue(0);
+    Press(viewer.ClearImg[6], Qt::Key_Space);
+    EXPECT_FALSE(viewer.CheckVisible(6));
+    EXPECT_FALSE(viewer.ClearImg[6].visibleRegion().isEmpty());
+    Press(viewer.ClearImg[6], Qt::Key_Space);
+    EXPECT_TRUE(viewer.CheckVisible(6));
+}
+
+TEST_F(FormRoomTest, AMaximisedViewerShowsMoreRows) {
+    ChartViewer& viewer = OpenViewer(12);
+    EXPECT_EQ(RowsInSight(viewer), 7);
+    SizeMainWindow({1366, 740});
+    viewer.Frame().showMaximized();
+    Settle();
+    const int spare = viewer.height() - 8700 / 15;
+    ASSERT_GT(spare, 28);
+    EXPECT_EQ(Find(viewer, u"CleanUpList"_s).height(), 4200 / 15 + spare);
+    const int rows = (3000 + spare * 15) / 425;
+    EXPECT_EQ(RowsInSight(viewer), rows);
+    EXPECT_EQ(RowsBar(viewer).pageStep(), rows - 1);
+    // The keyboard knows where the list ends now.
+    viewer.ClearImg[rows - 1].setFocus();
+    Press(viewer.ClearImg[rows - 1], Qt::Key_Down);
+    EXPECT_EQ(RowsBar(viewer).value(), 1);
+    viewer.Frame().showNormal();
+    Settle();
+    EXPECT_EQ(Find(viewer, u"CleanUpList"_s).height(), 4200 / 15);
+}
+
+TEST_F(FormRoomTest, AMaximisedEditorShowsMoreRows) {
+    ChartEditor& editor = NewChart();
+    for (int added = 1; added < 30; ++added)
+        editor.NewTask_Click();
+    auto& frame = Find(editor, u"EditChartFrame"_s);
+    EXPECT_EQ(frame.height(), 5055 / 15);
+    SizeMainWindow({1366, 740});
+    editor.Frame().showMaximized();
+    Settle();
+    EXPECT_GT(frame.height(), 5055 / 15 + 100);
+    const int last = (frame.height() * 15 - 650) / 380 - 1;
+    ASSERT_GT(last, 13);
+    const QWidget& box = RowControl(editor, u"Points"_s, last);
+    EXPECT_EQ(box.visibleRegion().boundingRect(), box.rect());
+    EXPECT_EQ(ButtonsOutOfView(editor).filter(QRegularExpression(u"^(?!JobDelete)"_s)),
+              QStringList());
+    LookAt(editor, u"editor-maximised"_s);
+    editor.Frame().showNormal();
+    Settle();
+    EXPECT_EQ(frame.height(), 5055 / 15);
+}
+
+TEST_F(FormRoomTest, AMaximisedReviewShowsMoreLines) {
+    QList<EditorRow> jobs;
+    for (int job = 1; job <= 20; ++job)
+        jobs += Job(u"job %1"_s.arg(job), u"Wed"_s);
+    StoreChart(u"Chores Anna"_s, jobs);
+    Form& form = DefaultForm(WeekChartRepresentation::FormName);
+    form.Show();
+    Settle();
+    ClickRow(Find(form.Widget(), u"ChartList"_s), 0);
+    auto& surface = Find(form.Widget(), u"Surface"_s);
+    const QSize designed(10455 / 15, 4200 / 15);
+    EXPECT_EQ(surface.size(), designed);
+    SizeMainWindow({1366, 740});
+    form.Frame().showMaximized();
+    Settle();
+    const int spare = form.Widget().height() - 394;
+    ASSERT_GT(spare, 100);
+    EXPECT_EQ(surface.size(), designed + QSize(0, spare));
+    EXPECT_EQ(ButtonsOutOfView(form.Widget()), QStringList());
+    const auto& line = dynamic_cast<WeekChartRepresentation&>(form).Job[9];
+    EXPECT_EQ(line.visibleRegion().boundingRect(), line.rect());
+    LookAt(form.Widget(), u"review-maximised"_s);
+    form.Frame().showNormal();
+    Settle();
+    EXPECT_EQ(surface.size(), designed);
+}
+
+} // namespace

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QLabel>
+
+class QAbstractItemView;
+
+/// What a list says in its middle while it has no rows, also to screen readers.
+class EmptyNote : public QLabel {
+    Q_OBJECT
+
+public:
+    EmptyNote(QAbstractItemView& list, const QString& text);
+
+    void Say(const QString& text);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void Look();
+
+    QAbstractItemView& list_;
+};
