@@ -12,12 +12,16 @@
 #include "session/Settings.h"
 #include "ui_DisplayAccount.h"
 #include "widgets/FormViewAdapters.h"
+#include "widgets/PersonRows.h"
 
 DisplayAccount::DisplayAccount()
     : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::DisplayAccount>()) {
     ui_->setupUi(this);
     for (QLabel* picture : {ui_->Image1, ui_->Image2})
         picture->setContentsMargins(5, 5, 5, 5);
+    new PersonRows(*ui_->StudentsList, [](const QString& name, PictureTarget& target) {
+        Database().RetrevePicture(name, target);
+    });
     On(ui_->StudentsList, &ChildrenList::Pressed, this,
        [this](Qt::MouseButton button, QTreeWidgetItem* row) {
            StudentsList_MouseDown(button, row);
@@ -32,6 +36,11 @@ DisplayAccount::DisplayAccount()
        [] { DefaultForm(FormNames::WeekChartRepresentation).Show(); });
     On(ui_->cmdChgPic, &QPushButton::clicked, this, [this] { cmdChgPic_Click(); });
     On(ui_->Okbtn, &QPushButton::clicked, this, [this] { Unload(); });
+    // What has been stored is told until the next action.
+    for (const QPushButton* button : findChildren<QPushButton*>())
+        connect(button, &QPushButton::pressed, ui_->Stored, &QLabel::clear);
+    connect(ui_->StudentsList, &ChildrenList::Pressed, ui_->Stored, &QLabel::clear);
+    connect(&ui_->StudentsList->Clicks, &ListClicks::Clicked, ui_->Stored, &QLabel::clear);
 }
 
 DisplayAccount::~DisplayAccount() = default;
@@ -93,12 +102,12 @@ void DisplayAccount::ShowForChild() {
     if (seesOthers)
         return;
 
-    ShowStored(CurrentUser);
+    ShowAccount(CurrentUser);
     ui_->KidName->setText(CurrentUser);
 }
 
 /// What the store has of an account: its picture, its goal and its points.
-void DisplayAccount::ShowStored(const QString& account) {
+void DisplayAccount::ShowAccount(const QString& account) {
     EmptyFigures();
     LabelPicture picture(*ui_->Image1);
     Database().RetrevePicture(account, picture);
@@ -112,7 +121,7 @@ void DisplayAccount::ShowStored(const QString& account) {
 
 void DisplayAccount::StudentsList_Click() {
     const QString student = ReturnSelectedStudent();
-    ShowStored(student);
+    ShowAccount(student);
 
     const double needed = Val(ui_->ToyValue->text()) - Val(ui_->Pointslbl->text());
     ui_->Label5->setText(needed <= 0 ? QStringLiteral("0") : NumberText(needed));
@@ -176,6 +185,22 @@ void DisplayAccount::cmdChgPic_Click() {
     // A cancelled dialog holds no name, with which the picture stays as it is.
     const QString file =
         AskForFile(InProgramFolder(QStringLiteral("UsersPictures"))).value_or(QString());
-    Database().ChangePicture(IsAdult(CurrentState) ? ReturnSelectedStudent() : CurrentUser, file);
+    const QString account = IsAdult(CurrentState) ? ReturnSelectedStudent() : CurrentUser;
+    Database().ChangePicture(account, file);
+    if (!file.isEmpty())
+        TellStored(account, QStringLiteral("picture"));
     Activate();
+}
+
+void DisplayAccount::ShowStored(const QString& account, const QString& what) {
+    ui_->Stored->setText(QStringLiteral("%1's %2 has been stored.").arg(account, what));
+}
+
+void TellStored(const QString& account, const QString& what) {
+    if (account.isEmpty())
+        return;
+    AfterCommit([account, what] {
+        if (auto* view = dynamic_cast<DisplayAccount*>(ExistingForm(FormNames::DisplayAccount)))
+            view->ShowStored(account, what);
+    });
 }

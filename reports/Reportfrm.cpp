@@ -11,6 +11,7 @@
 #include "store/TableNames.h"
 #include "ui_Reportfrm.h"
 #include "widgets/FormViewAdapters.h"
+#include "widgets/PersonRows.h"
 
 Reportfrm::Reportfrm() : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::Reportfrm>()) {
     ui_->setupUi(this);
@@ -21,6 +22,10 @@ Reportfrm::Reportfrm() : FormWidget(Place::InMainWindow), ui_(std::make_unique<U
         list->setTextElideMode(Qt::ElideMiddle);
         list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     }
+    ui_->StudentsList->setTextElideMode(Qt::ElideRight);
+    new PersonRows(*ui_->StudentsList, [](const QString& name, PictureTarget& target) {
+        Database().RetrevePicture(name, target);
+    });
     On(&ui_->StudentsList->Clicks, &ListClicks::Clicked, this, [this] { StudentsList_Click(); });
     On(&ui_->ListView1->Clicks, &ListClicks::RightPressed, this,
        [this] { ListView1_RightPress(); });

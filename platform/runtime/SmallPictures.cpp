@@ -1,0 +1,26 @@
+#include "platform/runtime/SmallPictures.h"
+
+#include <QImageReader>
+#include <algorithm>
+
+bool IsTakenKind(const QImageReader& reader) {
+    // A drawing could lead to other files and to the net.
+    static const QList<QByteArray> kinds{"png", "jpg", "jpeg", "gif", "bmp", "ico", "wmf"};
+    return kinds.contains(reader.format());
+}
+
+QImage ReadSmallPicture(QIODevice& device, int side) {
+    constexpr qint64 mostPixels = 64'000'000;
+    if (device.size() > MostSmallPictureBytes)
+        return {};
+    QImageReader reader(&device);
+    reader.setDecideFormatFromContent(true);
+    const QSize size = reader.size();
+    if (!IsTakenKind(reader) || qint64{size.width()} * size.height() > mostPixels)
+        return {};
+    reader.setAutoTransform(true);
+    // A photo is made smaller while it is read, which takes a small part of the time.
+    if (std::min(size.width(), size.height()) > side)
+        reader.setScaledSize(size.scaled(side, side, Qt::KeepAspectRatioByExpanding));
+    return reader.read();
+}
