@@ -3,11 +3,14 @@
 #include "platform/forms/PicturesInSight.h"
 #include "platform/runtime/SmallPictures.h"
 
+#include <QDialogButtonBox>
 #include <QFile>
 #include <QFileSystemModel>
 #include <QLabel>
 #include <QListView>
+#include <QPushButton>
 #include <QSplitter>
+#include <QStyle>
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
@@ -47,6 +50,8 @@ protected:
         const QPixmap picture = pictures_->Of(index);
         if (picture.isNull())
             return;
+        // What it is called, not of what kind it is; the box below the grid tells all.
+        option->text = QFileInfo(option->text).completeBaseName();
         // The same for a chosen file: a style would tint its picture otherwise.
         option->icon = QIcon();
         for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected})
@@ -70,9 +75,19 @@ PictureDialog::PictureDialog(QWidget* parent, const QString& folder)
     setFileMode(QFileDialog::ExistingFile);
     // What one was left in elsewhere is not what is wanted here.
     setViewMode(QFileDialog::List);
-    for (const char* button : {"listModeButton", "detailModeButton"})
+    for (const char* button : {"listModeButton", "detailModeButton", "newFolderButton"})
         if (auto* other = findChild<QWidget*>(QLatin1String(button)))
             other->hide();
+    constexpr int boxHeight = 24;
+    for (const char* box : {"lookInCombo", "fileNameEdit", "fileTypeCombo"})
+        if (auto* low = findChild<QWidget*>(QLatin1String(box)))
+            low->setMinimumHeight(boxHeight);
+    if (const auto* buttons = findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"))) {
+        QPushButton* open = buttons->button(QDialogButtonBox::Open);
+        open->setProperty("role", QStringLiteral("primary"));
+        open->style()->unpolish(open);
+        open->style()->polish(open);
+    }
     grid_ = findChild<QListView*>(QStringLiteral("listView"));
     if (grid_ != nullptr)
         ShowAsGrid(*grid_);
@@ -93,14 +108,20 @@ void PictureDialog::ShowAsGrid(QListView& list) {
     list.setMovement(QListView::Static);
     list.setResizeMode(QListView::Adjust);
     list.setIconSize(QSize(ThumbnailSide, ThumbnailSide));
-    constexpr int sideRoom = 32;
+    constexpr int sideRoom = 26;
     constexpr int air = 14;
     list.setGridSize(
         QSize(ThumbnailSide + sideRoom, ThumbnailSide + list.fontMetrics().height() + air));
-    list.setTextElideMode(Qt::ElideMiddle);
+    list.setTextElideMode(Qt::ElideRight);
     list.setWordWrap(false);
     list.setUniformItemSizes(true);
     list.setItemDelegate(new Thumbnails(list));
+    // The keys begin at the first picture, whichever the disk named first.
+    connect(list.model(), &QAbstractItemModel::layoutChanged, this, [&list] {
+        if (!list.selectionModel()->hasSelection())
+            list.selectionModel()->setCurrentIndex(list.model()->index(0, 0, list.rootIndex()),
+                                                   QItemSelectionModel::NoUpdate);
+    });
 }
 
 void PictureDialog::AddPreview() {
@@ -128,5 +149,6 @@ void PictureDialog::AddPreview() {
 }
 
 void PictureDialog::ShowPreview(const QString& path) {
-    preview_->setPixmap(PictureIn(path, PreviewSide, devicePixelRatioF()));
+    const bool isChosen = grid_ != nullptr && grid_->selectionModel()->hasSelection();
+    preview_->setPixmap(isChosen ? PictureIn(path, PreviewSide, devicePixelRatioF()) : QPixmap());
 }

@@ -19,8 +19,15 @@ QImage ReadSmallPicture(QIODevice& device, int side) {
     if (!IsTakenKind(reader) || qint64{size.width()} * size.height() > mostPixels)
         return {};
     reader.setAutoTransform(true);
-    // A photo is made smaller while it is read, which takes a small part of the time.
-    if (std::min(size.width(), size.height()) > side)
-        reader.setScaledSize(size.scaled(side, side, Qt::KeepAspectRatioByExpanding));
-    return reader.read();
+    const QSize small = size.scaled(side, side, Qt::KeepAspectRatioByExpanding);
+    const bool isLarge = std::min(size.width(), size.height()) > side;
+    // A photo is made smaller while it is read, which takes a small part of the time. Of the other
+    // kinds the toolkit would leave steps on what is round.
+    const bool isPhoto = reader.format() == "jpeg";
+    if (isLarge && isPhoto)
+        reader.setScaledSize(small);
+    const QImage picture = reader.read();
+    return isLarge && !isPhoto && !picture.isNull()
+               ? picture.scaled(small, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+               : picture;
 }
