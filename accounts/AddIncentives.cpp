@@ -1,5 +1,6 @@
 #include "accounts/AddIncentives.h"
 
+#include "accounts/DisplayAccount.h"
 #include "platform/forms/DefaultForms.h"
 #include "platform/forms/EnterKey.h"
 #include "platform/forms/Handlers.h"
@@ -9,8 +10,10 @@
 #include "platform/runtime/ProgramFolder.h"
 #include "platform/runtime/Prompts.h"
 #include "session/Session.h"
+#include "store/SmallPicture.h"
 #include "ui_AddIncentives.h"
 #include "widgets/FormViewAdapters.h"
+#include "widgets/RoundPicture.h"
 
 AddIncentives::AddIncentives()
     : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::AddIncentives>()) {
@@ -30,6 +33,17 @@ void AddIncentives::Load() {
     opFileName_ = InProgramFolder(QStringLiteral("IncentivesPictures/Bike.gif"));
 }
 
+void AddIncentives::Activate() {
+    // Whose it is: the form can be asked for again, for another child, while it stands.
+    constexpr int side = 40; // pixels
+    SmallPicture picture(qRound(side * devicePixelRatioF()));
+    if (!AccountName.isEmpty())
+        Database().RetrevePicture(AccountName, picture);
+    ui_->ChildPicture->setPixmap(RoundPicture(picture.Picture(), side, devicePixelRatioF()));
+    ui_->ChildName->setText(AccountName.isEmpty() ? QStringLiteral("No Sparkit is chosen")
+                                                  : AccountName);
+}
+
 void AddIncentives::Command1_Click() {
     opFileName_ =
         AskForFile(InProgramFolder(QStringLiteral("IncentivesPictures"))).value_or(QString());
@@ -42,6 +56,7 @@ void AddIncentives::AddIncentive_Click() {
                            "want to continue?"))) {
         Database().AddToy(AccountName, ui_->ToyName->text(), opFileName_,
                           ToInteger(Val(ui_->Value->text())));
+        TellStored(AccountName, QStringLiteral("incentive"));
     } else {
         // The form goes after this, and with it the picture chosen now.
         Tell(QStringLiteral("Please select a picture"));

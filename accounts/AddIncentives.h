@@ -24,6 +24,7 @@ public:
 
 protected:
     void Load() override;
+    void Activate() override;
 
 private:
     void Command1_Click();

@@ -13,6 +13,7 @@
 #include "ui_DisplayAccount.h"
 #include "widgets/EmptyNote.h"
 #include "widgets/FormViewAdapters.h"
+#include "widgets/PersonRows.h"
 
 DisplayAccount::DisplayAccount()
     : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::DisplayAccount>()) {
@@ -23,6 +24,9 @@ DisplayAccount::DisplayAccount()
                   QStringLiteral("No Sparkit yet. The log-in's \"New User\" makes one."));
     // Nothing opens here: Enter is the form's.
     ui_->StudentsList->SetRules({.Unselecting = Qt::AllButtons, .FirstKeyTakesRow = true});
+    new PersonRows(*ui_->StudentsList, [](const QString& name, PictureTarget& target) {
+        Database().RetrevePicture(name, target);
+    });
     On(ui_->StudentsList, &ChildrenList::Pressed, this,
        [this](Qt::MouseButton button, QTreeWidgetItem* row) {
            StudentsList_MouseDown(button, row);
@@ -37,6 +41,11 @@ DisplayAccount::DisplayAccount()
        [] { DefaultForm(FormNames::WeekChartRepresentation).Show(); });
     On(ui_->cmdChgPic, &QPushButton::clicked, this, [this] { cmdChgPic_Click(); });
     On(ui_->Okbtn, &QPushButton::clicked, this, [this] { Unload(); });
+    // What has been stored is told until the next action.
+    for (const QPushButton* button : findChildren<QPushButton*>())
+        connect(button, &QPushButton::pressed, ui_->Stored, &QLabel::clear);
+    connect(ui_->StudentsList, &ChildrenList::Pressed, ui_->Stored, &QLabel::clear);
+    connect(&ui_->StudentsList->Clicks, &ListClicks::Clicked, ui_->Stored, &QLabel::clear);
 }
 
 DisplayAccount::~DisplayAccount() = default;
@@ -98,12 +107,12 @@ void DisplayAccount::ShowForChild() {
     if (seesOthers)
         return;
 
-    ShowStored(CurrentUser);
+    ShowAccount(CurrentUser);
     ui_->KidName->setText(CurrentUser);
 }
 
 /// What the store has of an account: its picture, its goal and its points.
-void DisplayAccount::ShowStored(const QString& account) {
+void DisplayAccount::ShowAccount(const QString& account) {
     EmptyFigures();
     LabelPicture picture(*ui_->Image1);
     Database().RetrevePicture(account, picture);
@@ -117,7 +126,7 @@ void DisplayAccount::ShowStored(const QString& account) {
 
 void DisplayAccount::StudentsList_Click() {
     const QString student = ReturnSelectedStudent();
-    ShowStored(student);
+    ShowAccount(student);
 
     const double needed = Val(ui_->ToyValue->text()) - Val(ui_->Pointslbl->text());
     ui_->Label5->setText(needed <= 0 ? QStringLiteral("0") : NumberText(needed));
@@ -185,6 +194,22 @@ void DisplayAccount::cmdChgPic_Click() {
     // A cancelled dialog holds no name, with which the picture stays as it is.
     const QString file =
         AskForFile(InProgramFolder(QStringLiteral("UsersPictures"))).value_or(QString());
-    Database().ChangePicture(IsAdult(CurrentState) ? ReturnSelectedStudent() : CurrentUser, file);
+    const QString account = IsAdult(CurrentState) ? ReturnSelectedStudent() : CurrentUser;
+    Database().ChangePicture(account, file);
+    if (!file.isEmpty())
+        TellStored(account, QStringLiteral("picture"));
     Activate();
+}
+
+void DisplayAccount::ShowStored(const QString& account, const QString& what) {
+    ui_->Stored->setText(QStringLiteral("%1's %2 has been stored.").arg(account, what));
+}
+
+void TellStored(const QString& account, const QString& what) {
+    if (account.isEmpty())
+        return;
+    AfterCommit([account, what] {
+        if (auto* view = dynamic_cast<DisplayAccount*>(ExistingForm(FormNames::DisplayAccount)))
+            view->ShowStored(account, what);
+    });
 }

@@ -22,6 +22,9 @@ public:
     DisplayAccount();
     ~DisplayAccount() override;
 
+    /// Tells, until the next action, what has just been stored for an account.
+    void ShowStored(const QString& account, const QString& what);
+
 protected:
     /// Also the form's refresh: each action ends in it.
     void Activate() override;
@@ -30,7 +33,7 @@ private:
     QString ReturnSelectedStudent() const;
     void FillList();
     void EmptyFigures();
-    void ShowStored(const QString& account);
+    void ShowAccount(const QString& account);
     void ShowForAdult();
     void ShowForChild();
     void ShowWay();
@@ -44,3 +47,7 @@ private:
 
     std::unique_ptr<Ui::DisplayAccount> ui_;
 };
+
+/// Lets the account view tell what has been stored, once it is: an account's "incentive" or
+/// "picture". Nothing if that view is not open, or the account is nobody's.
+void TellStored(const QString& account, const QString& what);

@@ -219,6 +219,11 @@ void ChartEditor::Load() {
     DayOfWeek[0].clear();
     Difficulty[0].clear();
     ui_->StartingFrom->setText(Title(Version::HomeName));
+    // A new chart's name stands in the title, and it is nobody's yet.
+    if (!IsNewChart)
+        ui_->Whose->setText(KidName.trimmed().isEmpty()
+                                ? ChartName
+                                : QStringLiteral("%1, for %2").arg(ChartName, KidName));
     AdultResponsable[0].setText(CurrentUser);
     FillAllDayLists();
     FillDifficultyList(0);

@@ -13,6 +13,7 @@
 #include "ui_Reportfrm.h"
 #include "widgets/EmptyNote.h"
 #include "widgets/FormViewAdapters.h"
+#include "widgets/PersonRows.h"
 
 Reportfrm::Reportfrm() : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::Reportfrm>()) {
     ui_->setupUi(this);
@@ -29,6 +30,10 @@ Reportfrm::Reportfrm() : FormWidget(Place::InMainWindow), ui_(std::make_unique<U
     // Each list of charts has a button of its own below it.
     On(new EnterKey(ui_->ListView1), &EnterKey::Pressed, this, [this] { ui_->Ok->click(); });
     On(new EnterKey(ui_->ListView2), &EnterKey::Pressed, this, [this] { ui_->Ok2->click(); });
+    ui_->StudentsList->setTextElideMode(Qt::ElideRight);
+    new PersonRows(*ui_->StudentsList, [](const QString& name, PictureTarget& target) {
+        Database().RetrevePicture(name, target);
+    });
     On(&ui_->StudentsList->Clicks, &ListClicks::Clicked, this, [this] { StudentsList_Click(); });
     On(&ui_->ListView1->Clicks, &ListClicks::RightPressed, this,
        [this] { ListView1_RightPress(); });

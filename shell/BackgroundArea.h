@@ -16,6 +16,9 @@ class BackgroundArea : public QMdiArea {
     Q_OBJECT
 
 public:
+    /// The light paper of the settings as delivered.
+    static constexpr qint32 DeliveredColor = 15267066;
+
     explicit BackgroundArea(QWidget* parent = nullptr);
 
     /// A 32-bit colour value, red in the low byte.
@@ -42,9 +45,6 @@ private:
     void BringIntoView(const QWidget& control);
     const QPixmap& FittedPicture();
     void LookAfterWelcome();
-
-    /// The light paper of the settings as delivered.
-    static constexpr qint32 DeliveredColor = 15267066;
 
     /// Until the settings have been read, the delivered one.
     qint32 backColor_ = DeliveredColor;

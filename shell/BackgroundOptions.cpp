@@ -8,6 +8,7 @@
 #include "platform/runtime/Prompts.h"
 #include "session/Session.h"
 #include "session/Settings.h"
+#include "shell/BackgroundArea.h"
 #include "shell/MainForm.h"
 #include "ui_BackgroundOptions.h"
 #include "widgets/FormViewAdapters.h"
@@ -19,6 +20,7 @@ BackgroundOptions::BackgroundOptions()
     PaintSwatch();
     On(ui_->BrowseButton, &QPushButton::clicked, this, [this] { BrowseButton_Click(); });
     On(ui_->SetColorbtn, &QPushButton::clicked, this, [this] { SetColorbtn_Click(); });
+    On(ui_->Deliveredbtn, &QPushButton::clicked, this, [this] { Deliveredbtn_Click(); });
     On(ui_->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
     On(ui_->Cancel, &QPushButton::clicked, this, [this] { Unload(); });
 }
@@ -42,6 +44,18 @@ void BackgroundOptions::BrowseButton_Click() {
 void BackgroundOptions::SetColorbtn_Click() {
     if (const auto chosen = AskForColor(dialogColor_))
         dialogColor_ = *chosen;
+    ShowSwatch();
+}
+
+void BackgroundOptions::Deliveredbtn_Click() {
+    // As if both dialogs had been left so: nothing is set before Ok.
+    browseFileName_.clear();
+    LabelPicture(*ui_->Image1).SetPicture(QImage());
+    dialogColor_ = BackgroundArea::DeliveredColor;
+    ShowSwatch();
+}
+
+void BackgroundOptions::ShowSwatch() {
     PaintSwatch();
     ui_->Picture1->show();
     ui_->Picture1->raise();

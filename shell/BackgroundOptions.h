@@ -22,8 +22,10 @@ public:
 private:
     void BrowseButton_Click();
     void SetColorbtn_Click();
+    void Deliveredbtn_Click();
     void Ok_Click();
     void PaintSwatch();
+    void ShowSwatch();
 
     std::unique_ptr<Ui::BackgroundOptions> ui_;
     /// What the two dialogs hold; cancelling one keeps what it held.

@@ -17,10 +17,12 @@
 #include "support/clsRegistry.h"
 #include "ui_LogIn.h"
 #include "widgets/FormViewAdapters.h"
+#include "widgets/PersonRows.h"
 
 #include <QCloseEvent>
 #include <QScreen>
 #include <QSignalBlocker>
+#include <QStyle>
 
 namespace {
 
@@ -41,8 +43,12 @@ const QString Welcome = QStringLiteral(
 LogIn::LogIn() : FormWidget(Place::TopLevel), ui_(std::make_unique<Ui::LogIn>()) {
     ui_->setupUi(this);
     FitToScreen();
-    ui_->TeachersList->SetHeading(ui_->TeachersList->Heading());
-    ui_->StudentsList->SetHeading(ui_->StudentsList->Heading());
+    for (HeadedList* list : {ui_->TeachersList, ui_->StudentsList}) {
+        list->SetHeading(list->Heading());
+        new PersonRows(*list, [](const QString& name, PictureTarget& target) {
+            Database().RetrevePicture(name, target);
+        });
+    }
 
     // What everybody comes for; the version above is chosen once.
     ui_->TeachersList->setFocus();
@@ -129,9 +135,29 @@ void LogIn::ClearAccounts() {
     ui_->StudentsList->Clear();
 }
 
+namespace {
+
+void MakePrimary(QPushButton& button, bool primary) {
+    const QString role = primary ? QStringLiteral("primary") : QString();
+    if (button.property("role").toString() == role)
+        return;
+    button.setProperty("role", role);
+    button.style()->unpolish(&button);
+    button.style()->polish(&button);
+}
+
+} // namespace
+
 void LogIn::ListAccounts() {
     ClearAccounts();
     Database().PopulateUserList(ui_->TeachersList, *ui_->StudentsList);
+    // The first who comes can do nothing but make an account.
+    const bool isFirst =
+        ui_->TeachersList->topLevelItemCount() + ui_->StudentsList->topLevelItemCount() == 0;
+    MakePrimary(*ui_->NewUserbtn, isFirst);
+    MakePrimary(*ui_->LogInbtn, !isFirst);
+    if (isFirst && ui_->TeachersList->hasFocus())
+        ui_->NewUserbtn->setFocus();
 }
 
 // No session can begin where one of these steps fails.

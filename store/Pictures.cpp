@@ -5,10 +5,13 @@
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Pictures.h"
 #include "platform/runtime/ProgramFolder.h"
+#include "platform/runtime/SmallPictures.h"
 #include "platform/runtime/WholeFiles.h"
 #include "store/ChartFields.h"
 #include "store/Rows.h"
+#include "store/SmallPicture.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -70,6 +73,17 @@ void WriteScratchFile(const Recordset& rows, const QString& field, const QString
     ReplaceScratchFile(scratch, content);
 }
 
+void ShowSmall(const Recordset& rows, const QString& field, SmallPicture& target) {
+    const qint64 size = rows.FieldSize(field);
+    if (size == 0)
+        return;
+    QByteArray content =
+        size > MostSmallPictureBytes ? QByteArray() : rows.GetChunk(field, 0, size);
+    QBuffer buffer(&content);
+    buffer.open(QIODevice::ReadOnly);
+    target.SetPicture(ReadSmallPicture(buffer, target.Side()));
+}
+
 } // namespace
 
 void StorePicture(Recordset& rows, const QString& field, const QString& path) {
@@ -87,6 +101,13 @@ void StorePicture(Recordset& rows, const QString& field, const QString& path) {
 
 void ShowPictures(Recordset& accounts, const QString& account, const QString& field,
                   PictureTarget& target, const std::function<void()>& beforePicture) {
+    if (auto* small = dynamic_cast<SmallPicture*>(&target)) {
+        ForEachRowOf(account, accounts, [&] {
+            beforePicture();
+            WithErrorsSkipped([&] { ShowSmall(accounts, field, *small); });
+        });
+        return;
+    }
     // The first row's name, not the wanted account's: one scratch file serves every picture.
     const QString folder = InProgramFolder(QStringLiteral("DeleteMe"));
     const QString scratch =

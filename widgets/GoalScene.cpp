@@ -1,6 +1,7 @@
 #include "widgets/GoalScene.h"
 
 #include "look/LookColors.h"
+#include "widgets/Present.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -132,7 +133,7 @@ public:
             return;
         }
         if (scene.Picture.isNull()) {
-            Present(goal);
+            PaintPresent(painter_, goal, {ink_, done_, done_.lighter(125), LookColors::Coral});
         } else {
             const QSizeF size = scene.Picture.deviceIndependentSize();
             painter_.drawPixmap(QPointF(goal.center().x() - size.width() / 2,
@@ -218,32 +219,6 @@ private:
         }
         painter_.drawEllipse(QPointF(0, 0), radius, radius);
         painter_.restore();
-    }
-
-    void Present(const QRectF& goal) {
-        const auto part = [&goal](double left, double top, double width, double height) {
-            return QRectF(goal.left() + goal.width() * left, goal.top() + goal.height() * top,
-                          goal.width() * width, goal.height() * height);
-        };
-        const QPen outline(ink_, std::max(1.2, goal.width() * 0.035), Qt::SolidLine, Qt::RoundCap,
-                           Qt::RoundJoin);
-        const QColor ribbon = LookColors::Coral;
-        painter_.setPen(outline);
-        painter_.setBrush(done_);
-        painter_.drawRoundedRect(part(0.16, 0.48, 0.68, 0.44), 2, 2);
-        painter_.setBrush(ribbon);
-        painter_.drawRect(part(0.43, 0.48, 0.14, 0.44));
-        painter_.setBrush(done_.lighter(125));
-        painter_.drawRoundedRect(part(0.1, 0.32, 0.8, 0.2), 2, 2);
-        painter_.setBrush(ribbon);
-        painter_.drawRect(part(0.43, 0.32, 0.14, 0.2));
-        for (const double side : {-1.0, 1.0}) {
-            const QPointF knot(goal.center().x(), goal.top() + goal.height() * 0.32);
-            QPainterPath bow(knot);
-            bow.cubicTo(knot + QPointF(side * goal.width() * 0.1, -goal.height() * 0.32),
-                        knot + QPointF(side * goal.width() * 0.42, -goal.height() * 0.26), knot);
-            painter_.drawPath(bow);
-        }
     }
 
     void Badge(const QPointF& middle, double radius) {

@@ -12,8 +12,6 @@ HeadedList::HeadedList(QWidget* parent)
 void HeadedList::AddItem(const QString& text) {
     auto* item = new QTreeWidgetItem(this, {text});
     item->setToolTip(0, Qt::convertFromPlainText(text));
-    // Rows of two lines' height: children aim at them.
-    item->setSizeHint(0, QSize(0, fontMetrics().height() * 2));
 }
 
 QString HeadedList::SelectedName() const {

@@ -5,8 +5,8 @@
 
 #include <QTreeWidget>
 
-/// A list of account names in one column under a heading, which tells of its clicks. Its rows are
-/// as high as children need to hit them.
+/// A list of account names in one column under a heading, which tells of its clicks. PersonRows
+/// paint it.
 class HeadedList : public ClickView<QTreeWidget>, public NameList {
     Q_OBJECT
 

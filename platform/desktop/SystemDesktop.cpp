@@ -1,6 +1,7 @@
 #include "platform/desktop/SystemDesktop.h"
 
 #include "platform/desktop/MotionSetting.h"
+#include "platform/desktop/PictureDialog.h"
 #include "platform/runtime/Colors.h"
 #include "platform/runtime/RuntimeError.h"
 #include "platform/runtime/WaveFiles.h"
@@ -10,9 +11,9 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QDesktopServices>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QLibrary>
+#include <QPointer>
 #include <QUrl>
 #include <utility>
 
@@ -20,15 +21,12 @@ SystemDesktop::SystemDesktop(OpenHelp openHelp) : openHelp_(std::move(openHelp))
 SystemDesktop::~SystemDesktop() = default;
 
 std::optional<QString> SystemDesktop::OpenFile(const QString& initialFolder) {
-    const QString filter = initialFolder.isEmpty()
-                               ? QString()
-                               : QStringLiteral("Pictures (*.png *.jpg *.jpeg *.gif *.bmp *.ico)");
-    // Who only chooses a picture, before the log-in even, is to delete and rename nothing: the
-    // dialogs of some desktops offer it, and know no way to forbid it.
-    const QFileDialog::Options options = QFileDialog::ReadOnly | QFileDialog::DontUseNativeDialog;
-    const QString file =
-        QFileDialog::getOpenFileName(QApplication::activeWindow(), QStringLiteral("Open"),
-                                     initialFolder, filter, nullptr, options);
+    // On the heap: the window beneath may be deleted while the dialog stands.
+    const QPointer<PictureDialog> dialog =
+        new PictureDialog(QApplication::activeWindow(), initialFolder);
+    const bool isChosen = dialog->exec() == QDialog::Accepted && !dialog.isNull();
+    const QString file = isChosen ? dialog->selectedFiles().value(0) : QString();
+    delete dialog.data();
     if (file.isEmpty())
         return std::nullopt;
     return file;

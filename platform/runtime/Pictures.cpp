@@ -1,6 +1,7 @@
 #include "platform/runtime/Pictures.h"
 
 #include "platform/runtime/FileFaults.h"
+#include "platform/runtime/SmallPictures.h"
 
 #include <QDir>
 #include <QFile>
@@ -38,9 +39,7 @@ QImage LoadPicture(const QString& path) {
     // By content, not by name: a scratch picture has no extension.
     QImageReader reader(&file);
     reader.setDecideFormatFromContent(true);
-    // A drawing could lead to other files and to the net.
-    static const QList<QByteArray> formats{"png", "jpg", "jpeg", "gif", "bmp", "ico", "wmf"};
-    if (!formats.contains(reader.format()))
+    if (!IsTakenKind(reader))
         throw NoPicture(path);
     reader.setAutoTransform(true);
     const QImage picture = reader.read();

@@ -281,4 +281,45 @@ TEST_F(AddIncentivesTest, FormIsFreshEachTime) {
     EXPECT_FALSE(StoredToyPicture(Lee).isNull()) << "the preset picture is back";
 }
 
+TEST_F(AddIncentivesTest, WhoseIncentiveItIsStandsAbove) {
+    const auto shown = [] {
+        return Find<QLabel>(Editor(), QStringLiteral("ChildName")).text() + QLatin1Char(' ') +
+               ColorOfLabel(Editor(), QStringLiteral("ChildPicture")).name();
+    };
+    OpenEditor();
+    EXPECT_EQ(shown(), QStringLiteral("Kim #ff0000"));
+    View().SetFocus();
+    Settle();
+    ClickRow(List(), 1);
+    PressButton("Incentivesbtn");
+    EXPECT_EQ(shown(), QStringLiteral("Lee #00ff00")) << "asked for again while it stands";
+    PressIn("Close");
+    PressButton("Incentivesbtn");
+    EXPECT_EQ(Find<QLabel>(Editor(), QStringLiteral("ChildName")).text(),
+              QStringLiteral("No Sparkit is chosen"));
+}
+
+TEST_F(AddIncentivesTest, TheAccountViewTellsThatItIsStoredUntilTheNextAction) {
+    OpenEditor();
+    EXPECT_EQ(Text("Stored"), QString());
+    PressIn("AddIncentive");
+    EXPECT_EQ(Text("Stored"), QStringLiteral("Kim's incentive has been stored."));
+    ActivateAgain();
+    EXPECT_EQ(Text("Stored"), QStringLiteral("Kim's incentive has been stored."));
+    ClickRow(List(), 0);
+    EXPECT_EQ(Text("Stored"), QString());
+}
+
+TEST_F(AddIncentivesTest, WhatIsNotStoredIsNotTold) {
+    OpenView();
+    PressButton("Incentivesbtn");
+    PressIn("AddIncentive");
+    EXPECT_EQ(Text("Stored"), QString()) << "nobody's";
+    OpenEditor();
+    Browse(Path(QStringLiteral("gone.png")));
+    Boxes.ExpectError(ErrorNumber::FileNotFound);
+    PressIn("AddIncentive");
+    EXPECT_EQ(Text("Stored"), QString());
+}
+
 } // namespace

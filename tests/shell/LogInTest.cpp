@@ -353,6 +353,21 @@ TEST_F(NoAccountsTest, EmptyListsScoldAndChangeAccountDoesNothing) {
     EXPECT_FALSE(IsShown(QStringLiteral("LoginWindow")));
 }
 
+TEST_F(NoAccountsTest, TheFirstWhoComesIsLedToMakeAnAccount) {
+    const LogIn& form = ShowLogIn();
+    const auto role = [&form](const char* button) {
+        return Find(form, QString::fromLatin1(button)).property("role").toString();
+    };
+    EXPECT_EQ(role("NewUserbtn"), QStringLiteral("primary"));
+    EXPECT_EQ(role("LogInbtn"), QString());
+    EXPECT_TRUE(Find(form, QStringLiteral("NewUserbtn")).hasFocus());
+    OpenNewUser();
+    MakeAccount(QStringLiteral("Mum"), QStringLiteral("m"), QStringLiteral("Teacher"));
+    BackFromNewUser();
+    EXPECT_EQ(role("NewUserbtn"), QString());
+    EXPECT_EQ(role("LogInbtn"), QStringLiteral("primary"));
+}
+
 TEST_F(NoAccountsTest, KeysInAnEmptyListDoNothing) {
     LogIn& form = ShowLogIn();
     Students().setFocus();

@@ -100,6 +100,20 @@ TEST_F(BackgroundOptionsTest, PictureIsPreviewedSetAndStored) {
     EXPECT_EQ(SettingsLines().value(2), QStringLiteral(" 0 "));
 }
 
+TEST_F(BackgroundOptionsTest, TheDeliveredBackgroundComesBack) {
+    Open();
+    Browse(PictureFile());
+    Click(Find(Default<BackgroundOptions>(), QStringLiteral("Deliveredbtn")));
+    EXPECT_TRUE(SwatchShows());
+    EXPECT_EQ(Swatch(), QColor(0xfa, 0xf4, 0xe8));
+    EXPECT_EQ(MainWindow().BackColor(), 4711) << "not before Ok";
+    PressOk();
+    EXPECT_TRUE(MainWindow().Picture().isNull());
+    EXPECT_EQ(MainWindow().BackColor(), 15267066);
+    EXPECT_EQ(SettingsLines().value(1), QString());
+    EXPECT_EQ(SettingsLines().value(2), QStringLiteral(" 15267066 "));
+}
+
 TEST_F(BackgroundOptionsTest, APictureThatNotAllUsersMayOpenIsWarnedOfAndTaken) {
     const auto setMode = [](const QString& path, mode_t mode) {
         ASSERT_EQ(::chmod(QFile::encodeName(path).constData(), mode), 0);

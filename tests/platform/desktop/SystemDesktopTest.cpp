@@ -63,6 +63,7 @@ TEST_F(SystemDesktopTest, AFileChosenInTheDialogIsReturnedAndACancelIsNothing) {
             EXPECT_EQ(
                 dialog.nameFilters(),
                 QStringList(QStringLiteral("Pictures (*.png *.jpg *.jpeg *.gif *.bmp *.ico)")));
+            dialog.findChild<QLineEdit*>()->setFocus();
             Type(*dialog.findChild<QLineEdit*>(), chosen);
             QTest::keyClick(dialog.findChild<QLineEdit*>(), Qt::Key_Return);
         });
