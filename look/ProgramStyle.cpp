@@ -57,6 +57,13 @@ QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 QMessageBox QPushButton { min-width: 5em; }
 QMenu::separator { height: 1px; background: @line; margin: 4px 8px; }
 QToolTip { background: @card; color: @ink; border: 1px solid @outline; padding: 3px 6px; }
+/* A month's name opens a menu; it needs no triangle beside the arrows. */
+QWidget#qt_calendar_navigationbar { background: @card; }
+QCalendarWidget QToolButton { border: 1px solid transparent; border-radius: 6px;
+    padding: 3px 8px; color: @deep; font-weight: 600; }
+QCalendarWidget QToolButton::menu-indicator { image: none; }
+QCalendarWidget QToolButton:hover { background: @honey; }
+QCalendarWidget QToolButton:focus { border-color: @teal; }
 /* Rows that are 22 pixels high, whatever the font. */
 QWidget[role="rows"] QLineEdit, QWidget[role="rows"] QComboBox { padding: 0 4px; }
 QWidget[role="rows"] QLineEdit:focus { padding: 0 3px; }
