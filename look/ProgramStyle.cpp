@@ -69,7 +69,10 @@ QWidget[role="rows"] QLineEdit, QWidget[role="rows"] QComboBox { padding: 0 4px;
 QWidget[role="rows"] QLineEdit:focus { padding: 0 3px; }
 QWidget[role="rows"] QComboBox::drop-down { border: 0; width: 18px; }
 QWidget[role="rows"] QComboBox QLineEdit { border: 0; padding: 0; }
-QWidget[role="rows"] QPushButton { padding: 0 4px; min-height: 0; border-radius: 4px; }
+/* Nobody is to be drawn to a row's only button, which deletes it. */
+QWidget[role="rows"] QPushButton { padding: 0 4px; min-height: 0; border-radius: 4px;
+    border-color: transparent; }
+QWidget[role="rows"] QPushButton:hover { border-color: @coral; }
 QWidget[role="rows"] QPushButton:focus { padding: 0 3px; }
 QToolBar { background: @card; border: 0; border-bottom: 1px solid @line; spacing: 2px;
     padding: 4px; }
@@ -97,6 +100,7 @@ QString FilledStyleSheet() {
                                  {QLatin1String("@unusable"), Unusable},
                                  {QLatin1String("@outline"), Outline},
                                  {QLatin1String("@honey"), Honey},
+                                 {QLatin1String("@coral"), Coral},
                                  {QLatin1String("@muted"), Muted},
                                  {QLatin1String("@teal"), Teal},
                                  {QLatin1String("@deep"), Deep},
