@@ -1,9 +1,11 @@
 #include "look/DutygridStyle.h"
 
+#include "look/BoxIcons.h"
 #include "look/LookColors.h"
 #include "look/TitleBar.h"
 
 #include <QAbstractItemView>
+#include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
 #include <QStyleFactory>
@@ -170,9 +172,28 @@ void DutygridStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
         QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
+QIcon DutygridStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
+                                  const QWidget* widget) const {
+    if (icon == SP_MessageBoxWarning)
+        return WarningIcon();
+    if (icon == SP_MessageBoxCritical)
+        return ErrorIcon();
+    return QProxyStyle::standardIcon(icon, option, widget);
+}
+
 int DutygridStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                                const QWidget* widget) const {
+    constexpr int BoxMargin = 18; // pixels
     switch (metric) {
+    case PM_MessageBoxIconSize:
+        return 40;
+    case PM_LayoutLeftMargin:
+    case PM_LayoutTopMargin:
+    case PM_LayoutRightMargin:
+    case PM_LayoutBottomMargin:
+        return qobject_cast<const QMessageBox*>(widget) != nullptr
+                   ? BoxMargin
+                   : QProxyStyle::pixelMetric(metric, option, widget);
     case PM_FocusFrameHMargin: // the room before and behind an entry's text
         return 6;
     case PM_IndicatorWidth:
