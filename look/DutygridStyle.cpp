@@ -1,7 +1,11 @@
 #include "look/DutygridStyle.h"
 
+#include "look/BoxIcons.h"
 #include "look/LookColors.h"
+#include "look/TitleBar.h"
 
+#include <QAbstractItemView>
+#include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
 #include <QStyleFactory>
@@ -68,6 +72,18 @@ void DrawScrollBar(const QStyleOptionSlider& option, QPainter& painter, const QS
     painter.restore();
 }
 
+/// What is before an entry with others below it: an arrow head that points down while they show.
+void DrawBranch(const QStyleOption& option, QPainter& painter) {
+    if (!option.state.testFlag(QStyle::State_Children))
+        return;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const bool isOpen = option.state.testFlag(QStyle::State_Open);
+    const bool isChosen = option.state.testFlag(QStyle::State_Selected);
+    DrawArrow(painter, option.rect, isOpen ? 0 : -90, isChosen ? Card : Ink);
+    painter.restore();
+}
+
 /// The square of a check box or the disc of an option button.
 void DrawMark(const QStyleOption& option, QPainter& painter, bool isRound) {
     const bool usable = option.state.testFlag(QStyle::State_Enabled);
@@ -110,6 +126,18 @@ void DrawButtonFocus(const QWidget& button, QPainter& painter) {
     painter.restore();
 }
 
+/// Where one entry at most is chosen, that is the one with the keyboard.
+void DrawEntryFocus(const QAbstractItemView& list, const QStyleOption& option, QPainter& painter) {
+    const bool isChosen = option.state.testFlag(QStyle::State_Selected);
+    if (isChosen && list.selectionMode() == QAbstractItemView::SingleSelection)
+        return;
+    painter.save();
+    painter.setPen(isChosen ? Card : Teal);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(QRectF(option.rect).adjusted(1.5, 1.5, -1.5, -1.5));
+    painter.restore();
+}
+
 } // namespace
 
 DutygridStyle::DutygridStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
@@ -119,23 +147,53 @@ void DutygridStyle::drawComplexControl(ComplexControl control, const QStyleOptio
     const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
     if (control == CC_ScrollBar && slider != nullptr)
         DrawScrollBar(*slider, *painter, *proxy(), widget);
+    else if (const auto* bar = qstyleoption_cast<const QStyleOptionTitleBar*>(option);
+             control == CC_TitleBar && bar != nullptr && widget != nullptr)
+        DrawTitleBar(*bar, *painter, widget);
     else
         QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 
 void DutygridStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                   QPainter* painter, const QWidget* widget) const {
-    if (element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton)
+    const bool isRow = element == PE_PanelItemViewItem || element == PE_PanelItemViewRow;
+    if (isRow && option->state.testFlag(State_Selected))
+        painter->fillRect(option->rect, Teal);
+    else if (element == PE_IndicatorBranch)
+        DrawBranch(*option, *painter);
+    else if (element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton)
         DrawMark(*option, *painter, element == PE_IndicatorRadioButton);
     else if (element == PE_FrameFocusRect && qobject_cast<const QPushButton*>(widget) != nullptr)
         DrawButtonFocus(*widget, *painter);
+    else if (const auto* list = qobject_cast<const QAbstractItemView*>(widget);
+             element == PE_FrameFocusRect && list != nullptr)
+        DrawEntryFocus(*list, *option, *painter);
     else
         QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
+QIcon DutygridStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
+                                  const QWidget* widget) const {
+    if (icon == SP_MessageBoxWarning)
+        return WarningIcon();
+    if (icon == SP_MessageBoxCritical)
+        return ErrorIcon();
+    return QProxyStyle::standardIcon(icon, option, widget);
+}
+
 int DutygridStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                                const QWidget* widget) const {
+    constexpr int BoxMargin = 18; // pixels
     switch (metric) {
+    case PM_MessageBoxIconSize:
+        return 40;
+    case PM_LayoutLeftMargin:
+    case PM_LayoutTopMargin:
+    case PM_LayoutRightMargin:
+    case PM_LayoutBottomMargin:
+        return qobject_cast<const QMessageBox*>(widget) != nullptr
+                   ? BoxMargin
+                   : QProxyStyle::pixelMetric(metric, option, widget);
     case PM_FocusFrameHMargin: // the room before and behind an entry's text
         return 6;
     case PM_IndicatorWidth:
@@ -152,6 +210,8 @@ int DutygridStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
         return 22;
     case PM_ScrollBarSliderMin:
         return 28;
+    case PM_TitleBarHeight:
+        return TitleBarHeight;
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }

@@ -2,8 +2,9 @@
 
 #include <QProxyStyle>
 
-/// What a style sheet cannot do well or would be slow at: scroll bars, the marks of check boxes
-/// and option buttons, the room at both ends of a list's entries. All else is Fusion's.
+/// What a style sheet cannot do well or would be slow at: title bars inside the main window, scroll
+/// bars, the marks of check boxes and option buttons, chosen entries of lists and the room at both
+/// of their ends. All else is Fusion's.
 class DutygridStyle : public QProxyStyle {
     Q_OBJECT
 
@@ -13,6 +14,8 @@ public:
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                             QPainter* painter, const QWidget* widget) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option,
                        const QWidget* widget) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption* option,
                     const QWidget* widget) const override;

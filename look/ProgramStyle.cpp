@@ -58,12 +58,22 @@ QMessageBox QPushButton { min-width: 5em; }
 QMenu::separator { height: 1px; background: @line; margin: 4px 8px; }
 QFrame[role="golden"] { background: @gold; border: 0; }
 QToolTip { background: @card; color: @ink; border: 1px solid @outline; padding: 3px 6px; }
+/* A month's name opens a menu; it needs no triangle beside the arrows. */
+QWidget#qt_calendar_navigationbar { background: @card; }
+QCalendarWidget QToolButton { border: 1px solid transparent; border-radius: 6px;
+    padding: 3px 8px; color: @deep; font-weight: 600; }
+QCalendarWidget QToolButton::menu-indicator { image: none; }
+QCalendarWidget QToolButton:hover { background: @honey; }
+QCalendarWidget QToolButton:focus { border-color: @teal; }
 /* Rows that are 22 pixels high, whatever the font. */
 QWidget[role="rows"] QLineEdit, QWidget[role="rows"] QComboBox { padding: 0 4px; }
 QWidget[role="rows"] QLineEdit:focus { padding: 0 3px; }
 QWidget[role="rows"] QComboBox::drop-down { border: 0; width: 18px; }
 QWidget[role="rows"] QComboBox QLineEdit { border: 0; padding: 0; }
-QWidget[role="rows"] QPushButton { padding: 0 4px; min-height: 0; border-radius: 4px; }
+/* Nobody is to be drawn to a row's only button, which deletes it. */
+QWidget[role="rows"] QPushButton { padding: 0 4px; min-height: 0; border-radius: 4px;
+    border-color: transparent; }
+QWidget[role="rows"] QPushButton:hover { border-color: @coral; }
 QWidget[role="rows"] QPushButton:focus { padding: 0 3px; }
 /* In the row of the menus. */
 QFrame[role="news"] { background: @tealpale; border: 0; border-radius: 6px; }
@@ -95,6 +105,7 @@ QString FilledStyleSheet() {
                                  {QLatin1String("@unusable"), Unusable},
                                  {QLatin1String("@outline"), Outline},
                                  {QLatin1String("@honey"), Honey},
+                                 {QLatin1String("@coral"), Coral},
                                  {QLatin1String("@muted"), Muted},
                                  {QLatin1String("@teal"), Teal},
                                  {QLatin1String("@deep"), Deep},

@@ -1,9 +1,36 @@
 #include "reports/MonthCalendar.h"
 
+#include "look/LookColors.h"
 #include "platform/runtime/Dates.h"
 
 #include <QLocale>
+#include <QIcon>
+#include <QPainter>
 #include <QTextCharFormat>
+#include <QToolButton>
+#include <algorithm>
+
+using namespace LookColors;
+
+namespace {
+
+/// An arrow head that points to the left or to the right.
+QIcon Chevron(bool toTheRight, const QWidget& widget) {
+    constexpr int Side = 16; // pixels
+    const qreal ratio = widget.devicePixelRatioF();
+    QPixmap picture(QSize(Side, Side) * ratio);
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(Side / 2.0, Side / 2.0);
+    painter.setPen(QPen(Deep, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const qreal tip = toTheRight ? 2.5 : -2.5;
+    painter.drawPolyline(QPolygonF{{-tip, -5}, {tip, 0}, {-tip, 5}});
+    return picture;
+}
+
+} // namespace
 
 MonthCalendar::MonthCalendar(QWidget* parent) : QCalendarWidget(parent), parts_(PartsOf(Today())) {
     setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
@@ -22,9 +49,38 @@ MonthCalendar::MonthCalendar(QWidget* parent) : QCalendarWidget(parent), parts_(
     name(QStringLiteral("qt_calendar_prevmonth"), QStringLiteral("Previous month"));
     name(QStringLiteral("qt_calendar_nextmonth"), QStringLiteral("Next month"));
     name(QStringLiteral("qt_calendar_calendarview"), QStringLiteral("Days of the month"));
+    for (const bool forward : {false, true}) {
+        const auto* part = forward ? "qt_calendar_nextmonth" : "qt_calendar_prevmonth";
+        if (auto* button = findChild<QToolButton*>(QLatin1String(part)))
+            button->setIcon(Chevron(forward, *this));
+    }
     connect(this, &QCalendarWidget::selectionChanged, this,
             [this] { parts_ = PartsOf(selectedDate()); });
     connect(this, &QCalendarWidget::currentPageChanged, this, &MonthCalendar::TakeDayAlong);
+}
+
+void MonthCalendar::paintCell(QPainter* painter, const QRect& cell, QDate day) const {
+    const bool isChosen = day == selectedDate();
+    const bool isOfMonth = day.month() == monthShown() && day.year() == yearShown();
+    painter->save();
+    // The toolkit has filled the whole cell of the chosen day.
+    painter->fillRect(cell, Card);
+    painter->setRenderHint(QPainter::Antialiasing);
+    QRectF disc(QPointF(), QSizeF(std::min(cell.width(), 2 * cell.height()), cell.height()));
+    disc.moveCenter(QRectF(cell).center());
+    disc.adjust(2, 1, -2, -1);
+    constexpr qreal Round = 6; // pixels
+    if (isChosen) {
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(Teal);
+        painter->drawRoundedRect(disc, Round, Round);
+    } else if (day == Today()) {
+        painter->setPen(QPen(Teal, 1));
+        painter->drawRoundedRect(disc.adjusted(0.5, 0.5, -0.5, -0.5), Round, Round);
+    }
+    painter->setPen(isChosen ? Card : isOfMonth ? Ink : Muted);
+    painter->drawText(cell, Qt::AlignCenter, QString::number(day.day()));
+    painter->restore();
 }
 
 MonthCalendar::Parts MonthCalendar::PartsOf(const QDate& date) {

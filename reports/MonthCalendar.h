@@ -18,6 +18,9 @@ public:
     void SetYear(qint16 year);
     QDate Value() const { return selectedDate(); }
 
+protected:
+    void paintCell(QPainter* painter, const QRect& cell, QDate day) const override;
+
 private:
     /// The parts as last written or chosen.
     struct Parts {

@@ -23,10 +23,9 @@ public:
         goal_ = QRectF(area.right() - goal - Rays(), area.center().y() - goal / 2, goal, goal);
         from_ = area.left() + starSize_ / 2 + 2;
         to_ = goal_.left() - Rays() - starSize_ / 2;
-        constexpr double mostStones = 20;
-        constexpr double leastStep = 24;
-        const double room = std::min(mostStones, (to_ - from_) / leastStep);
-        stones_ = std::max(1, static_cast<int>(std::min(scene.Cost, room)));
+        // As many for one goal wherever it is shown, however wide.
+        constexpr double mostStones = 10;
+        stones_ = std::max(1, static_cast<int>(std::min(scene.Cost, mostStones)));
     }
 
     /// The middle of the ground at a place from 0 to 1: a path with three gentle bends.
@@ -45,7 +44,7 @@ public:
     const QRectF& Goal() const { return goal_; }
     double Rays() const { return area_.height() * 0.08; }
     double StarSize() const { return starSize_; }
-    double StoneHeight() const { return area_.height() * 0.26; }
+    double StoneSize() const { return area_.height() * 0.26; }
     int Stones() const { return stones_; }
     double PlaceOf(int stone) const { return static_cast<double>(stone) / stones_; }
 
@@ -63,12 +62,12 @@ public:
     Brush(QPainter& painter, const QPalette& palette)
         : painter_(painter), ink_(palette.color(QPalette::WindowText)),
           paper_(palette.color(QPalette::Base)), done_(palette.color(QPalette::Highlight)),
-          ground_(palette.color(QPalette::AlternateBase).darker(106)),
+          ground_(palette.color(QPalette::AlternateBase).darker(120)),
           edge_(palette.color(QPalette::AlternateBase).darker(165)), shine_(LookColors::Gold) {}
 
     void Ground(const Way& way, const GoalScene& scene) {
         painter_.setBrush(Qt::NoBrush);
-        const double width = way.StoneHeight() * 0.5;
+        const double width = way.StoneSize() * 0.5;
         if (!scene.HasGoal) {
             painter_.setPen(QPen(edge_, width * 0.5, Qt::CustomDashLine, Qt::RoundCap));
             QPen dots = painter_.pen();
@@ -83,21 +82,20 @@ public:
         if (scene.Place > 0)
             painter_.drawPath(way.Ground(scene.Place));
         for (int stone = 1; stone <= way.Stones(); ++stone)
-            Stone(way.At(way.PlaceOf(stone)), way.StoneHeight(),
+            Stone(way.At(way.PlaceOf(stone)), way.StoneSize(),
                   scene.Place >= way.PlaceOf(stone) - 1e-9);
     }
 
     /// One that has been reached is full and marked, one ahead is hollow.
-    void Stone(const QPointF& middle, double height, bool isReached) {
-        const double across = height * 1.45;
-        const QRectF round(middle.x() - across / 2, middle.y() - height / 2, across, height);
+    void Stone(const QPointF& middle, double across, bool isReached) {
+        const QRectF round(middle.x() - across / 2, middle.y() - across / 2, across, across);
         painter_.setPen(QPen(isReached ? done_.darker(130) : edge_, 1.6));
         painter_.setBrush(isReached ? done_ : paper_);
         painter_.drawEllipse(round);
         if (isReached) {
             painter_.setPen(Qt::NoPen);
             painter_.setBrush(shine_);
-            painter_.drawEllipse(middle, across * 0.2, height * 0.2);
+            painter_.drawEllipse(middle, across * 0.2, across * 0.2);
         }
     }
 

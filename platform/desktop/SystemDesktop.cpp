@@ -32,7 +32,22 @@ std::optional<QString> SystemDesktop::OpenFile(const QString& initialFolder) {
     return file;
 }
 
+namespace {
+
+/// Pale colours, on which everything can be read, for the squares that nobody has filled yet.
+void OfferPastels() {
+    constexpr int PaleAsPaper = 40; // saturation
+    for (int square = 0; square < QColorDialog::customCount(); ++square)
+        if (QColorDialog::customColor(square) == QColor(Qt::white))
+            QColorDialog::setCustomColor(
+                square,
+                QColor::fromHsv(square * 360 / QColorDialog::customCount(), PaleAsPaper, 255));
+}
+
+} // namespace
+
 std::optional<qint32> SystemDesktop::ChooseColor(qint32 initial) {
+    OfferPastels();
     const QColor color =
         QColorDialog::getColor(ColorFromValue(initial), QApplication::activeWindow());
     if (!color.isValid())

@@ -115,6 +115,12 @@ TEST_F(SystemDesktopTest, AColourChosenInTheDialogIsReturnedAndACancelIsNothing)
         const NextBox next([](QWidget& box) {
             auto& dialog = dynamic_cast<QColorDialog&>(box);
             EXPECT_EQ(dialog.currentColor(), QColor(255, 0, 0));
+            for (int square = 0; square < QColorDialog::customCount(); ++square) {
+                const QColor pastel = QColorDialog::customColor(square);
+                EXPECT_EQ(pastel.value(), 255) << square;
+                EXPECT_EQ(pastel.saturation(), 40) << square;
+            }
+            EXPECT_NE(QColorDialog::customColor(0), QColorDialog::customColor(1));
             dialog.setCurrentColor(QColor(1, 2, 3));
             dialog.accept();
         });
