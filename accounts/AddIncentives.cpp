@@ -35,7 +35,7 @@ void AddIncentives::Load() {
 
 void AddIncentives::Activate() {
     // Whose it is: the form can be asked for again, for another child, while it stands.
-    constexpr int side = 40; // pixels
+    constexpr int side = 32; // pixels
     SmallPicture picture(qRound(side * devicePixelRatioF()));
     if (!AccountName.isEmpty())
         Database().RetrevePicture(AccountName, picture);

@@ -13,6 +13,7 @@
 #include <QStyle>
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace {
 
@@ -88,6 +89,13 @@ PictureDialog::PictureDialog(QWidget* parent, const QString& folder)
         open->style()->unpolish(open);
         open->style()->polish(open);
     }
+    // So that screen readers tell what the boxes are; the toolkit does so for one of them.
+    for (const auto& [label, box] :
+         {std::pair("lookInLabel", "lookInCombo"), std::pair("fileTypeLabel", "fileTypeCombo")})
+        if (auto* ofBox = findChild<QLabel*>(QLatin1String(label)))
+            ofBox->setBuddy(findChild<QWidget*>(QLatin1String(box)));
+    if (auto* places = findChild<QWidget*>(QStringLiteral("sidebar")))
+        places->setAccessibleName(QStringLiteral("Places"));
     grid_ = findChild<QListView*>(QStringLiteral("listView"));
     if (grid_ != nullptr)
         ShowAsGrid(*grid_);
@@ -104,6 +112,7 @@ void PictureDialog::showEvent(QShowEvent* event) {
 }
 
 void PictureDialog::ShowAsGrid(QListView& list) {
+    list.setAccessibleName(QStringLiteral("Pictures"));
     list.setViewMode(QListView::IconMode);
     list.setMovement(QListView::Static);
     list.setResizeMode(QListView::Adjust);

@@ -3,12 +3,14 @@
 #include "tests/common/FormTest.h"
 #include "tests/common/NextBox.h"
 
+#include <QAccessible>
 #include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QTest>
+#include <utility>
 
 namespace {
 
@@ -16,133 +18,135 @@ namespace {
 /// itself a picture.
 class PictureDialogTest : public FormTest {
 protected:
-  PictureDialogTest() {
-    QDir().mkpath(folder_ + QStringLiteral("/Family"));
-    Save(QStringLiteral("blue.png"), QSize(400, 200), Qt::blue);
-    Save(QStringLiteral("red.jpg"), QSize(30, 30), Qt::red);
-    QFile text(folder_ + QStringLiteral("/text.png"));
-    EXPECT_TRUE(text.open(QIODevice::WriteOnly));
-    text.write("no picture");
-  }
+    PictureDialogTest() {
+        QDir().mkpath(folder_ + QStringLiteral("/Family"));
+        Save(QStringLiteral("blue.png"), QSize(400, 200), Qt::blue);
+        Save(QStringLiteral("red.jpg"), QSize(30, 30), Qt::red);
+        QFile text(folder_ + QStringLiteral("/text.png"));
+        EXPECT_TRUE(text.open(QIODevice::WriteOnly));
+        text.write("no picture");
+    }
 
-  void Save(const QString &name, const QSize &size, const QColor &color) const {
-    QImage picture(size, QImage::Format_RGB32);
-    picture.fill(color);
-    EXPECT_TRUE(picture.save(folder_ + QLatin1Char('/') + name));
-  }
+    void Save(const QString& name, const QSize& size, const QColor& color) const {
+        QImage picture(size, QImage::Format_RGB32);
+        picture.fill(color);
+        EXPECT_TRUE(picture.save(folder_ + QLatin1Char('/') + name));
+    }
 
-  /// Asks for a picture; says what has been chosen.
-  std::optional<QString>
-  Choose(const std::function<void(PictureDialog &)> &act) {
-    const NextBox next([&](QWidget &box) {
-      auto &dialog = dynamic_cast<PictureDialog &>(box);
-      EXPECT_TRUE(
-          QTest::qWaitFor([&] { return Names(dialog).size() == 4; }, Patience));
-      act(dialog);
-      box.close();
-    });
-    return desktop_.OpenFile(folder_);
-  }
+    /// Asks for a picture; says what has been chosen.
+    std::optional<QString> Choose(const std::function<void(PictureDialog&)>& act) {
+        const NextBox next([&](QWidget& box) {
+            auto& dialog = dynamic_cast<PictureDialog&>(box);
+            EXPECT_TRUE(QTest::qWaitFor([&] { return Names(dialog).size() == 4; }, Patience));
+            act(dialog);
+            box.close();
+        });
+        return desktop_.OpenFile(folder_);
+    }
 
-  static QListView &Grid(const PictureDialog &dialog) {
-    return Find<QListView>(dialog, QStringLiteral("listView"));
-  }
-  static QModelIndex Entry(const PictureDialog &dialog, int row) {
-    return Grid(dialog).model()->index(row, 0, Grid(dialog).rootIndex());
-  }
-  static QStringList Names(const PictureDialog &dialog) {
-    QStringList names;
-    for (int row = 0;
-         row < Grid(dialog).model()->rowCount(Grid(dialog).rootIndex()); ++row)
-      names += Entry(dialog, row).data().toString();
-    return names;
-  }
-  /// The colour in the middle of an entry's picture.
-  static QColor Thumbnail(const PictureDialog &dialog, int row) {
-    const QRect place = Grid(dialog).visualRect(Entry(dialog, row));
-    const QImage seen = Grid(dialog).viewport()->grab().toImage();
-    const QPointF middle(place.center().x(), place.top() + 40);
-    return seen.pixelColor((middle * seen.devicePixelRatio()).toPoint());
-  }
-  static QPixmap Preview(const PictureDialog &dialog) {
-    for (const QLabel *label : dialog.findChildren<QLabel *>())
-      if (label->accessibleName() == QStringLiteral("Preview of the picture"))
-        return label->pixmap();
-    ADD_FAILURE() << "no preview";
-    return {};
-  }
+    static QListView& Grid(const PictureDialog& dialog) {
+        return Find<QListView>(dialog, QStringLiteral("listView"));
+    }
+    static QModelIndex Entry(const PictureDialog& dialog, int row) {
+        return Grid(dialog).model()->index(row, 0, Grid(dialog).rootIndex());
+    }
+    static QStringList Names(const PictureDialog& dialog) {
+        QStringList names;
+        for (int row = 0; row < Grid(dialog).model()->rowCount(Grid(dialog).rootIndex()); ++row)
+            names += Entry(dialog, row).data().toString();
+        return names;
+    }
+    /// The colour in the middle of an entry's picture.
+    static QColor Thumbnail(const PictureDialog& dialog, int row) {
+        const QRect place = Grid(dialog).visualRect(Entry(dialog, row));
+        const QImage seen = Grid(dialog).viewport()->grab().toImage();
+        const QPointF middle(place.center().x(), place.top() + 40);
+        return seen.pixelColor((middle * seen.devicePixelRatio()).toPoint());
+    }
+    static QPixmap Preview(const PictureDialog& dialog) {
+        for (const QLabel* label : dialog.findChildren<QLabel*>())
+            if (label->accessibleName() == QStringLiteral("Preview of the picture"))
+                return label->pixmap();
+        ADD_FAILURE() << "no preview";
+        return {};
+    }
 
-  const QString folder_ = Path(QStringLiteral("Pictures"));
-  SystemDesktop desktop_{{}};
+    const QString folder_ = Path(QStringLiteral("Pictures"));
+    SystemDesktop desktop_{{}};
 };
 
 TEST_F(PictureDialogTest, PicturesAreSeenInAGridUnderTheirNames) {
-  Choose([](const PictureDialog &dialog) {
-    EXPECT_EQ(
-        Names(dialog),
-        QStringList({QStringLiteral("Family"), QStringLiteral("blue.png"),
-                     QStringLiteral("red.jpg"), QStringLiteral("text.png")}));
-    const QListView &grid = Grid(dialog);
-    EXPECT_TRUE(grid.isVisible());
-    EXPECT_EQ(grid.viewMode(), QListView::IconMode);
-    EXPECT_EQ(grid.visualRect(Entry(dialog, 0)).top(),
-              grid.visualRect(Entry(dialog, 2)).top());
-    EXPECT_TRUE(QTest::qWaitFor(
-        [&] { return Thumbnail(dialog, 1) == QColor(Qt::blue); }, Patience));
-    EXPECT_TRUE(QTest::qWaitFor(
-        [&] {
-          return Thumbnail(dialog, 2).red() > 240 &&
-                 Thumbnail(dialog, 2).green() < 20;
-        },
-        Patience))
-        << "a small one as it is";
-    for (const char *button :
-         {"listModeButton", "detailModeButton", "newFolderButton"})
-      EXPECT_FALSE(Find(dialog, QString::fromLatin1(button)).isVisible());
-    EXPECT_FALSE(Find(dialog, QStringLiteral("treeView")).isVisible())
-        << "no sizes, no dates";
-  });
+    Choose([](const PictureDialog& dialog) {
+        EXPECT_EQ(Names(dialog),
+                  QStringList({QStringLiteral("Family"), QStringLiteral("blue.png"),
+                               QStringLiteral("red.jpg"), QStringLiteral("text.png")}));
+        const QListView& grid = Grid(dialog);
+        EXPECT_TRUE(grid.isVisible());
+        EXPECT_EQ(grid.viewMode(), QListView::IconMode);
+        EXPECT_EQ(grid.visualRect(Entry(dialog, 0)).top(), grid.visualRect(Entry(dialog, 2)).top());
+        EXPECT_TRUE(
+            QTest::qWaitFor([&] { return Thumbnail(dialog, 1) == QColor(Qt::blue); }, Patience));
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] { return Thumbnail(dialog, 2).red() > 240 && Thumbnail(dialog, 2).green() < 20; },
+            Patience))
+            << "a small one as it is";
+        for (const char* button : {"listModeButton", "detailModeButton", "newFolderButton"})
+            EXPECT_FALSE(Find(dialog, QString::fromLatin1(button)).isVisible());
+        EXPECT_FALSE(Find(dialog, QStringLiteral("treeView")).isVisible()) << "no sizes, no dates";
+    });
 }
 
 TEST_F(PictureDialogTest, TheKeyboardStartsInTheGridAndChoosesAPicture) {
-  const auto chosen = Choose([](PictureDialog &dialog) {
-    QListView &grid = Grid(dialog);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return grid.hasFocus(); }, Patience));
-    EXPECT_TRUE(Preview(dialog).isNull());
-    EXPECT_TRUE(QTest::qWaitFor(
-        [&] { return grid.currentIndex() == Entry(dialog, 0); }, Patience));
-    QTest::keyClick(&grid, Qt::Key_Right);
-    EXPECT_EQ(grid.currentIndex().data().toString(),
-              QStringLiteral("blue.png"));
-    const QPixmap preview = Preview(dialog);
-    EXPECT_EQ(preview.deviceIndependentSize(), QSizeF(96, 48));
-    EXPECT_EQ(preview.toImage().pixelColor(20, 20), QColor(Qt::blue));
-    QTest::keyClick(&grid, Qt::Key_Return);
-  });
-  EXPECT_EQ(chosen, folder_ + QStringLiteral("/blue.png"));
+    const auto chosen = Choose([](PictureDialog& dialog) {
+        QListView& grid = Grid(dialog);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return grid.hasFocus(); }, Patience));
+        EXPECT_TRUE(Preview(dialog).isNull());
+        EXPECT_TRUE(
+            QTest::qWaitFor([&] { return grid.currentIndex() == Entry(dialog, 0); }, Patience));
+        QTest::keyClick(&grid, Qt::Key_Right);
+        EXPECT_EQ(grid.currentIndex().data().toString(), QStringLiteral("blue.png"));
+        const QPixmap preview = Preview(dialog);
+        EXPECT_EQ(preview.deviceIndependentSize(), QSizeF(96, 48));
+        EXPECT_EQ(preview.toImage().pixelColor(20, 20), QColor(Qt::blue));
+        QTest::keyClick(&grid, Qt::Key_Return);
+    });
+    EXPECT_EQ(chosen, folder_ + QStringLiteral("/blue.png"));
+}
+
+TEST_F(PictureDialogTest, ScreenReadersHearTheNamesOfPicturesAndBoxes) {
+    Choose([](PictureDialog& dialog) {
+        QListView& grid = Grid(dialog);
+        grid.setCurrentIndex(Entry(dialog, 1));
+        QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&grid);
+        EXPECT_EQ(list->text(QAccessible::Name), QStringLiteral("Pictures"));
+        EXPECT_EQ(list->focusChild()->text(QAccessible::Name), QStringLiteral("blue.png"));
+        EXPECT_EQ(Find(dialog, QStringLiteral("sidebar")).accessibleName(),
+                  QStringLiteral("Places"));
+        for (const auto& [label, box] :
+             {std::pair("lookInLabel", "lookInCombo"), std::pair("fileTypeLabel", "fileTypeCombo")})
+            EXPECT_EQ(Find<QLabel>(dialog, QString::fromLatin1(label)).buddy(),
+                      &Find(dialog, QString::fromLatin1(box)));
+    });
 }
 
 TEST_F(PictureDialogTest, WhatIsNoPictureHasNeitherThumbnailNorPreview) {
-  Choose([](PictureDialog &dialog) {
-    Grid(dialog).setCurrentIndex(Entry(dialog, 1));
-    EXPECT_FALSE(Preview(dialog).isNull());
-    Grid(dialog).setCurrentIndex(Entry(dialog, 3));
-    EXPECT_TRUE(Preview(dialog).isNull());
-  });
+    Choose([](PictureDialog& dialog) {
+        Grid(dialog).setCurrentIndex(Entry(dialog, 1));
+        EXPECT_FALSE(Preview(dialog).isNull());
+        Grid(dialog).setCurrentIndex(Entry(dialog, 3));
+        EXPECT_TRUE(Preview(dialog).isNull());
+    });
 }
 
 TEST_F(PictureDialogTest, OtherFoldersAreGoneTo) {
-  Choose([this](PictureDialog &dialog) {
-    Grid(dialog).setCurrentIndex(Entry(dialog, 0));
-    QTest::keyClick(&Grid(dialog), Qt::Key_Return);
-    EXPECT_TRUE(QTest::qWaitFor(
-        [&] {
-          return dialog.directory().path() ==
-                 folder_ + QStringLiteral("/Family");
-        },
-        Patience));
-    dialog.setDirectory(folder_);
-  });
+    Choose([this](PictureDialog& dialog) {
+        Grid(dialog).setCurrentIndex(Entry(dialog, 0));
+        QTest::keyClick(&Grid(dialog), Qt::Key_Return);
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] { return dialog.directory().path() == folder_ + QStringLiteral("/Family"); },
+            Patience));
+        dialog.setDirectory(folder_);
+    });
 }
 
 } // namespace
