@@ -16,6 +16,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <iostream>
 
 namespace {
@@ -174,9 +175,16 @@ private:
         UseData();
         const Files files{BytesOf(ChartsFile(folder)), BytesOf(Settings(folder)),
                           BytesOf(Jobs(folder))};
-        const QStringList copies = CopyNames();
-        const bool hasKept =
-            copies.size() == 2 && BytesOf(DatabaseOfCopy(copies.constFirst())) == Damaged().Charts;
+        QStringList kept = QDir(folder + QStringLiteral("/Database"))
+                               .entryList({QStringLiteral("Charts.mdb until *")});
+        for (QString& name : kept)
+            name.prepend(folder + QStringLiteral("/Database/"));
+        for (const QString& copy : CopyNames())
+            kept += DatabaseOfCopy(copy);
+        // As a copy, or beside its place where it could not be read.
+        const bool hasKept = std::any_of(kept.cbegin(), kept.cend(), [](const QString& path) {
+            return QFileInfo::exists(path) && BytesOf(path) == Damaged().Charts;
+        });
         SetProgramFolder(ProgramFolder());
         const bool isBack = files == Copied();
         const bool hasJournal = QFileInfo::exists(ChartsFile(folder) + QStringLiteral("-journal"));

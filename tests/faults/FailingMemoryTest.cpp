@@ -86,6 +86,8 @@ protected:
         if (!told_->isDone)
             Act(GetParam());
         told_->isDoneByAnotherPress = SnapshotOf(Charts()) == after_ && Boxes.Errors().isEmpty();
+        if (!told_->isDoneByAnotherPress)
+            std::cout << Boxes.Shown.join(u'\n').toStdString() << std::endl;
     }
 
     void JudgeTold() {
