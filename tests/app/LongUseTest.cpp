@@ -52,7 +52,8 @@ void ExpectLevel(int rounds, const std::function<void(int round)>& use) {
     const Held after = HeldNow();
     std::cout << "memory rose by " << after.bytes - before.bytes << " bytes in " << rounds
               << " rounds\n";
-    EXPECT_EQ(after.handles, before.handles);
+    // Of what earlier tests have left open some may be closed meanwhile.
+    EXPECT_LE(after.handles, before.handles);
     EXPECT_EQ(after.widgets, before.widgets);
     constexpr qsizetype LargestOfARound = 1500; // bytes
     constexpr qsizetype Caches = 600'000;
