@@ -4,6 +4,7 @@
 #include "platform/forms/EnterKey.h"
 #include "platform/forms/Handlers.h"
 #include "platform/forms/Hourglass.h"
+#include "platform/runtime/Actions.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/Prompts.h"
 #include "reports/DateRangefrm.h"
@@ -14,6 +15,8 @@
 #include "widgets/EmptyNote.h"
 #include "widgets/FormViewAdapters.h"
 #include "widgets/PersonRows.h"
+
+#include <QPointer>
 
 Reportfrm::Reportfrm() : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::Reportfrm>()) {
     ui_->setupUi(this);
@@ -102,6 +105,17 @@ void Reportfrm::ListView1_RightPress() {
     if (!IsAdult(CurrentState) ||
         !AskBeforeLoss(QStringLiteral("Are you sure you want to delete this chart?")))
         return;
+    QStringList former;
+    for (int row = 0; row < ui_->ListView1->count(); ++row)
+        former += ui_->ListView1->item(row)->text();
+    IfUndone([form = QPointer(this), former] {
+        if (!form)
+            return;
+        ListNames charts(*form->ui_->ListView1);
+        charts.Clear();
+        for (const QString& chart : former)
+            charts.AddItem(chart);
+    });
     for (int row = 0; row < ui_->ListView1->count(); ++row) {
         if (!ui_->ListView1->item(row)->isSelected())
             continue;

@@ -161,7 +161,7 @@ void RestoreWindow::Refresh() {
     entries_.clear();
     copies_->clear();
     for (const QString& name : CopyNames()) {
-        entries_ += {name, SummaryOf(DatabaseOfCopy(name))};
+        entries_ += {name, SummaryOfCopy(name)};
         const Entry& entry = entries_.constLast();
         QTreeWidgetItem* line = Line(CopyTitle(name), entry.Holds);
         // Who hears the list does not see what changes below it.

@@ -89,6 +89,30 @@ QString PlaceOf(const QString& fileInCopy) {
     return SettingsFile();
 }
 
+/// The database of a copy as the program would have found it: a copy of what stood there may have
+/// been made of a file whose last change was interrupted. The change is taken back in a file of its
+/// own; the copy stays as it is.
+class WholeCopy {
+public:
+    explicit WholeCopy(const QString& name) : path_(DatabaseOfCopy(name)) {
+        const QString journal = QStringLiteral("-journal");
+        if (!IsThere(path_ + journal))
+            return;
+        draft_ = std::make_unique<DraftFolder>(CopiesFolder(), path_);
+        for (const QString& part : {QString(), journal})
+            draft_->Write(CopiedDatabase + part, ReadWholeFile(path_ + part, AnySize));
+        path_ = draft_->Path(CopiedDatabase);
+        // Whoever opens it for writing takes back what is half done.
+        FindDamage(path_);
+    }
+
+    const QString& Path() const { return path_; }
+
+private:
+    QString path_;
+    std::unique_ptr<DraftFolder> draft_;
+};
+
 /// Makes a copy of all that can be read, sound or not; the files that cannot.
 QStringList KeepWhatIsThere(const QString& rightsLike) {
     QStringList files = SettingsAndJobLists();
@@ -123,10 +147,11 @@ void Finish() {
     // A copy that somebody has removed meanwhile cannot be put back, and must stop no start.
     if (IsCopy(name) && QFileInfo(DatabaseOfCopy(name)).isFile()) {
         // Whatever is interrupted here begins anew: the copy stays as it is.
+        const WholeCopy whole(name);
         for (const QString& file : FilesBeside(DatabaseFile()))
             if (IsThere(file) && !QFile::remove(file))
                 throw RuntimeError(ErrorNumber::PathFileAccessError);
-        PutInPlace(DatabaseFile(), ReadWholeFile(DatabaseOfCopy(name), AnySize));
+        PutInPlace(DatabaseFile(), ReadWholeFile(whole.Path(), AnySize));
         const QDir copy(FolderOf(name));
         for (const QString& file :
              copy.entryList({QStringLiteral("*.dat"), QStringLiteral("Settings.txt")},
@@ -164,6 +189,16 @@ QString DatabaseOfCopy(const QString& name) {
     return FolderOf(name) + QLatin1Char('/') + CopiedDatabase;
 }
 
+CopySummary SummaryOfCopy(const QString& name) {
+    try {
+        return SummaryOf(WholeCopy(name).Path());
+    } catch (const RuntimeError& error) {
+        CopySummary summary;
+        summary.Fault = error.Text();
+        return summary;
+    }
+}
+
 void PutCopyBack(const QString& name) {
     QDir().mkpath(DataFolder());
     const std::unique_ptr<FolderUse> use = FolderUse::Alone(DataFolder());
@@ -172,12 +207,11 @@ void PutCopyBack(const QString& name) {
                                                  "it, on this screen and for everyone else who "
                                                  "uses this computer, and try again."));
     Finish();
-    const QString database = DatabaseOfCopy(name);
-    const QStringList damage = FindDamage(database);
+    const QStringList damage = FindDamage(WholeCopy(name).Path());
     if (!damage.isEmpty())
         throw RuntimeError(ErrorNumber::EngineFault, damage.join(QLatin1Char('\n')));
     const QStringList unreadable =
-        KeepWhatIsThere(IsPlain(DatabaseFile()) ? DatabaseFile() : database);
+        KeepWhatIsThere(IsPlain(DatabaseFile()) ? DatabaseFile() : DatabaseOfCopy(name));
     ReplaceFile(NoteFile(), name.toUtf8());
     for (const QString& file : unreadable)
         SetAside(file);

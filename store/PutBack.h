@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/runtime/FolderUse.h"
+#include "store/CopySummary.h"
 
 #include <QString>
 #include <QStringList>
@@ -17,6 +18,8 @@ QStringList CopyNames();
 QString CopyTitle(const QString& name);
 /// The database in a copy.
 QString DatabaseOfCopy(const QString& name);
+/// What a copy holds, without what was only half stored when it was made.
+CopySummary SummaryOfCopy(const QString& name);
 
 /// Puts a copy back. What stood there before is kept as a copy of its own. Raises 3000 for a copy
 /// that is not sound, 70 while the program runs, 75 if a file cannot be written; the former files

@@ -55,12 +55,16 @@ public:
 protected:
     void mousePressEvent(QMouseEvent* event) override {
         const bool isOnItem = this->indexAt(event->position().toPoint()).isValid();
+        const bool tellsRightPress = rules_.TellsRightPress && event->button() == Qt::RightButton;
         if (!isOnItem && rules_.Unselecting.testFlag(event->button()) &&
             this->selectionMode() == QAbstractItemView::SingleSelection)
             this->selectionModel()->clear();
+        // Beside all rows it means none of them, whatever was chosen before.
+        if (!isOnItem && tellsRightPress)
+            this->clearSelection();
         isPressed_ = true;
         View::mousePressEvent(event);
-        if (rules_.TellsRightPress && event->button() == Qt::RightButton)
+        if (tellsRightPress)
             emit Clicks.RightPressed();
     }
 

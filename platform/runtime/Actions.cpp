@@ -3,6 +3,7 @@
 #include "platform/runtime/Prompts.h"
 
 #include <QCoreApplication>
+#include <new>
 #include <utility>
 
 namespace {
@@ -30,6 +31,21 @@ std::optional<Detail::Fault>& CurrentFault() {
 void Run(const Steps& steps) {
     for (const std::function<void()>& step : steps)
         WithErrorsSkipped(step);
+}
+
+/// The error being handled, where it is none of the program's own: memory that has run out, or what
+/// nobody has thought of.
+std::optional<RuntimeError> UnforeseenError() {
+    constexpr int outOfMemory = 7;
+    try {
+        throw;
+    } catch (const RuntimeError&) {
+        return {};
+    } catch (const std::bad_alloc&) {
+        return RuntimeError(outOfMemory, QStringLiteral("Out of memory"));
+    } catch (const std::exception& error) {
+        return RuntimeError(ErrorNumber::EngineFault, QString::fromUtf8(error.what()));
+    }
 }
 
 /// The end of an action, or of its part before another one.
@@ -156,7 +172,12 @@ void Detail::LeaveAction() {
     action = {};
 }
 
-void Detail::ReportAtEdge(const RuntimeError& error) {
+void Detail::ReportAtEdge(const RuntimeError& met) {
+    const std::optional<RuntimeError> unforeseen = UnforeseenError();
+    // It may have come in the middle of anything.
+    if (unforeseen)
+        NoteFault(*unforeseen, FaultAt::Writing);
+    const RuntimeError& error = unforeseen ? *unforeseen : met;
     std::optional<Fault>& fault = CurrentFault();
     const bool isFault = fault && fault->Error.Text() == error.Text();
     // The handler has ended by it: what it had begun is undone, on the screen as well.

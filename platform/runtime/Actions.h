@@ -8,9 +8,9 @@
 
 /// One user action is one durable commit. Event handlers run inside RunAction; the outermost end
 /// of an action, and every moment at which the program waits for a person or runs another action,
-/// commits what has been written so far. A fault of the database undoes what has not been
-/// committed, and the action writes nothing more, however its handler goes on; the user is told
-/// once.
+/// commits what has been written so far. A fault of the database, or an exception that is no
+/// RuntimeError, undoes what has not been committed, and the action writes nothing more, however
+/// its handler goes on; the user is told once.
 
 /// What commits: set once by the owner of the database, empty while there is none.
 void SetCommitHook(std::function<void()> commit);
@@ -103,8 +103,8 @@ void ReportAtEdge(const RuntimeError& error);
 } // namespace Detail
 
 /// Runs an event handler's body. No exception leaves it: a RuntimeError is reported to the user,
-/// the operation ends there, and what it had written stands unless the error is a fault of the
-/// database.
+/// the operation ends there, and what it had written stands unless it was a fault of the database
+/// or another exception.
 template <class Body>
 void RunAction(Body&& body) {
     Detail::EnterAction();

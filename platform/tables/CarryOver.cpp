@@ -184,6 +184,15 @@ int Fill(SQLite::Database& database, const QString& copy, const CarryOverWatch& 
     return done;
 }
 
+/// False also where the file cannot say.
+bool IsOfFormat(SQLite::Database& database, int format) {
+    try {
+        return database.execAndGet("PRAGMA user_version").getInt() == format;
+    } catch (const SQLite::Exception&) {
+        return false;
+    }
+}
+
 /// Format 2 lacks nothing but the sums.
 void AddSums(SQLite::Database& database) {
     SQLite::Transaction change(database);
@@ -217,9 +226,16 @@ void CarryOver(SQLite::Database& database, const QString& path, const CarryOverW
     if (format == FormatVersion)
         return;
     SafetyCopy copy(database, path, format);
-    if (format == FormatWithoutSums)
-        AddSums(database);
-    else
-        CarryTables(database, copy.Name(), watch);
+    try {
+        if (format == FormatWithoutSums)
+            AddSums(database);
+        else
+            CarryTables(database, copy.Name(), watch);
+    } catch (...) {
+        // The disk may have kept what it said it could not.
+        if (!IsOfFormat(database, format))
+            copy.Keep();
+        throw;
+    }
     copy.Keep();
 }

@@ -65,13 +65,14 @@ void Catalogue::Make(const std::string& locale) {
 }
 
 std::shared_ptr<Table> Catalogue::Take(const Query& query, const std::string& folded) {
-    std::shared_ptr<Table>& table = tables_[folded];
-    if (!table) {
-        table = std::make_shared<Table>();
-        table->Id = query.Number(0);
-        table->Name = TextOf(query.Bytes(1));
-        table->ShapeId = query.Number(2);
-    }
+    if (const auto known = tables_.find(folded); known != tables_.end())
+        return known->second;
+    auto table = std::make_shared<Table>();
+    table->Id = query.Number(0);
+    table->Name = TextOf(query.Bytes(1));
+    table->ShapeId = query.Number(2);
+    // Only when it is whole: memory may run out before.
+    tables_[folded] = table;
     return table;
 }
 

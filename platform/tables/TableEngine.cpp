@@ -150,6 +150,11 @@ void TableEngine::BeginWrite() {
     StopReading();
     if (beforeWrite_)
         beforeWrite_();
+    // Whatever undoes the action: nothing of it is left for the next one to commit.
+    IfUndone([self = weak_from_this()] {
+        if (const std::shared_ptr<TableEngine> engine = self.lock())
+            engine->Undo();
+    });
     // Before it is so: an action that could not begin to write must not go on, either.
     inTransaction_ = true;
     Execute("BEGIN IMMEDIATE");
@@ -204,21 +209,24 @@ bool TableEngine::IsRolledBack() const {
     return sqlite3_get_autocommit(link_->database->getHandle()) != 0;
 }
 
-RuntimeError TableEngine::AfterFault(const SQLite::Exception& fault) {
-    const RuntimeError error = EngineError(fault, *link_->database);
-    const bool wasWriting = std::exchange(inTransaction_, false);
-    NoteFault(error, wasWriting ? FaultAt::Writing : FaultAt::Reading);
-    if (wasWriting && !IsRolledBack())
+void TableEngine::Undo() {
+    if (!link_ || !std::exchange(inTransaction_, false))
+        return;
+    if (!IsRolledBack())
         link_->database->tryExec("ROLLBACK");
-    if (IsRolledBack())
-        isReading_ = false;
-    if (!wasWriting)
-        return error;
     dataVersion_.reset();
     try {
         NoticeOthers();
     } catch (const SQLite::Exception&) {
         // The fault that led here is the one to report; the next look tries again.
     }
+}
+
+RuntimeError TableEngine::AfterFault(const SQLite::Exception& fault) {
+    const RuntimeError error = EngineError(fault, *link_->database);
+    NoteFault(error, inTransaction_ ? FaultAt::Writing : FaultAt::Reading);
+    Undo();
+    if (IsRolledBack())
+        isReading_ = false;
     return error;
 }

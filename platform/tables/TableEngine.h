@@ -14,8 +14,9 @@
 /// One connection to a database file: statements, the transaction under way and the catalogue.
 /// Faults of the engine leave the operations of this class as SQLite::Exception; Guard turns
 /// them into run-time errors where an operation of the store or of a cursor ends. A fault while a
-/// transaction is under way rolls it back, and the action under way is told of every fault.
-class TableEngine {
+/// transaction is under way rolls it back, and the action under way is told of every fault. What
+/// else undoes an action rolls it back as well.
+class TableEngine : public std::enable_shared_from_this<TableEngine> {
 public:
     /// Opens an existing file; one of a former format is carried over, and `watch` is told of
     /// it. Raises 3000 for one that is not ours; it is left as it is.
@@ -90,7 +91,9 @@ private:
     void Execute(const std::string& sql) { link_->statements.Execute(sql); }
     void NoticeOthers();
     void StopReading();
-    /// Rolls back what is under way; the error to raise.
+    /// Rolls back what is under way.
+    void Undo();
+    /// The same; the error to raise.
     RuntimeError AfterFault(const SQLite::Exception& fault);
     Sum SumOfCopied(const Table& source, const Table& target, qint64 next,
                     const std::vector<int>& leftOut);

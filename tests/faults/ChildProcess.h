@@ -10,9 +10,11 @@ inline const QString PlayCommand = QStringLiteral("--play");
 inline const QString HoldCommand = QStringLiteral("--hold");
 inline const QString RewriteCommand = QStringLiteral("--rewrite");
 
-/// The exit code of a child that could not write the registry; of other run-time errors it is their
-/// number.
-inline constexpr int RegistryFault = 100;
+inline const QString WorkCommand = QStringLiteral("--work");
+
+/// The exit code of a child that ended by a run-time error whose number is too large for one; of
+/// others it is their number.
+inline constexpr int LargeFault = 100;
 
 /// Another process of this executable, which reports numbers to the one that started it. It dies
 /// with its parent, and at the latest with this object.

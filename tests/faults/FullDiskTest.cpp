@@ -1,38 +1,15 @@
 #include "tests/common/FullDisk.h"
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/ProgramFolder.h"
+#include "tests/common/SmallDisk.h"
 #include "tests/faults/FaultWorld.h"
 #include "tests/faults/Household.h"
 #include "tests/faults/Snapshot.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <sys/mount.h>
 
 namespace {
-
-/// A file system in memory of a given size, where the machine allows to make one.
-class SmallDisk {
-public:
-    explicit SmallDisk(const char* size) {
-        const QByteArray options = QByteArray("size=") + size;
-        isMounted_ = ::mount("none", QFile::encodeName(folder_.path()).constData(), "tmpfs", 0,
-                             options.constData()) == 0;
-    }
-    ~SmallDisk() {
-        if (isMounted_)
-            ::umount2(QFile::encodeName(folder_.path()).constData(), MNT_DETACH);
-    }
-    SmallDisk(const SmallDisk&) = delete;
-    SmallDisk& operator=(const SmallDisk&) = delete;
-
-    bool IsMounted() const { return isMounted_; }
-    QString Folder() const { return folder_.path(); }
-
-private:
-    QTemporaryDir folder_;
-    bool isMounted_ = false;
-};
 
 void AddChildren() {
     for (const char* name : {"Anna", "Ben", "Carla"})

@@ -2,48 +2,18 @@
 #include "tests/common/MemoryFolder.h"
 #include "tests/common/Rounds.h"
 #include "tests/faults/ChildProcess.h"
+#include "tests/faults/EachCall.h"
 #include "tests/faults/FaultWorld.h"
 #include "tests/faults/Household.h"
 #include "tests/faults/SmallFiles.h"
 #include "tests/faults/Snapshot.h"
-#include "tests/faults/disk/DiskRecord.h"
-#include "tests/faults/disk/Recorded.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <iostream>
 
 /// A process is killed before and after each single call by which it changes a file.
-class KillAtCallTest : public FaultTest {
-protected:
-    /// Starts the process anew for each moment, or for one of `step` at most, until it lives to its
-    /// end. `prepare` puts everything
-    /// back before each start; `isDone` tells after it whether what the process does has been done,
-    /// and none where neither that nor its opposite is the case. The number of kills.
-    int KillAtEachCall(const QStringList& arguments, int step, const std::function<void()>& prepare,
-                       const std::function<std::optional<bool>()>& isDone) {
-        bool wasDone = false;
-        int kills = 0;
-        for (int moment = 0;; moment += 1 + static_cast<int>(chance_() % quint32(step)), ++kills) {
-            prepare();
-            const int code = ChildProcess(arguments, KilledAt(moment, Folder())).WaitForExit();
-            const std::optional<bool> done = isDone();
-            if (code == 0) {
-                EXPECT_EQ(done, true);
-                return kills;
-            }
-            EXPECT_EQ(code, KilledByRecorder) << moment;
-            EXPECT_TRUE(done.has_value()) << "half of it at " << moment;
-            EXPECT_TRUE(!wasDone || done == true) << "undone at " << moment;
-            if (HasFailure())
-                return kills;
-            wasDone = done == true;
-        }
-    }
-
-private:
-    std::mt19937 chance_{20010307};
-};
+class KillAtCallTest : public FaultTest {};
 
 TEST_F(KillAtCallTest, AnActionIsWholeOrNotThere) {
     const int least = Rounds(250, 10'000);
@@ -70,6 +40,7 @@ TEST_F(KillAtCallTest, AnActionIsWholeOrNotThere) {
                 continue;
             ++actions;
             kills += KillAtEachCall(
+                Folder(),
                 {PlayCommand, Folder(), pictures.path(), QString::number(seed),
                  QString::number(action), QString::number(action)},
                 Rounds(20, 1),
@@ -92,7 +63,7 @@ TEST_F(KillAtCallTest, AnActionIsWholeOrNotThere) {
 TEST_F(KillAtCallTest, ASmallFileIsTheFormerOrTheNew) {
     const SmallFiles files(Folder());
     const int kills = KillAtEachCall(
-        {RewriteCommand, Folder(), QStringLiteral("1")}, 1, [&] { files.WriteText(0); },
+        Folder(), {RewriteCommand, Folder(), QStringLiteral("1")}, 1, [&] { files.WriteText(0); },
         [&]() -> std::optional<bool> {
             const std::optional<int> state = files.TextState();
             return state ? std::optional(state == 1) : std::nullopt;

@@ -1,4 +1,5 @@
 #include "tests/faults/ChildProcess.h"
+#include "tests/faults/DiskWork.h"
 #include "tests/faults/FaultWorld.h"
 #include "tests/faults/Household.h"
 #include "tests/faults/SmallFiles.h"
@@ -65,8 +66,7 @@ int Rewrite(const QStringList& arguments) {
             ReportToParent(number);
         }
     } catch (const RuntimeError& error) {
-        // The registry's own numbers are too large for an exit code.
-        return error.Number() > 255 ? RegistryFault : error.Number();
+        return error.Number() > 255 ? LargeFault : error.Number();
     }
     return 0;
 }
@@ -76,13 +76,15 @@ int Rewrite(const QStringList& arguments) {
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QString command = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
-    if (command == PlayCommand || command == HoldCommand || command == RewriteCommand) {
+    if (command == PlayCommand || command == HoldCommand || command == RewriteCommand ||
+        command == WorkCommand) {
         EndWithParent();
         // No windows: a start without them takes a third of the time.
         const QCoreApplication application(argc, argv);
         const QStringList arguments = QCoreApplication::arguments().mid(2);
         return command == PlayCommand   ? Play(arguments)
                : command == HoldCommand ? Hold(arguments)
+               : command == WorkCommand ? DoDiskWork(arguments.at(0), arguments.at(1))
                                         : Rewrite(arguments);
     }
     const QGuiApplication application(argc, argv);

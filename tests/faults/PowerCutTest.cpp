@@ -3,70 +3,25 @@
 #include "tests/common/MemoryFolder.h"
 #include "tests/common/Rounds.h"
 #include "tests/faults/ChildProcess.h"
+#include "tests/faults/EachCall.h"
 #include "tests/faults/FaultWorld.h"
 #include "tests/faults/Household.h"
 #include "tests/faults/SmallFiles.h"
 #include "tests/faults/Snapshot.h"
-#include "tests/faults/disk/Recorded.h"
 
 #include <QDir>
 #include <QFile>
-#include <algorithm>
 #include <iostream>
 
 namespace {
 
-/// Cuts the power at random moments of a record, and hands on what is left together with the
-/// number that had been reported as done by then.
-class PowerCuts {
-public:
-    using Judge = std::function<bool(const QString& folder, int reported)>;
-
-    PowerCuts(const CutDisk& disk, const QList<RecordedCall>& calls) : disk_(disk), calls_(calls) {}
-
-    /// The number of cuts that the judge finds bad.
-    int Bad(int cuts, std::mt19937& chance, const Judge& isGood) {
-        QList<qsizetype> moments;
-        for (int cut = 0; cut < cuts; ++cut)
-            moments += static_cast<qsizetype>(chance() % static_cast<quint32>(calls_.size()));
-        std::sort(moments.begin(), moments.end());
-        int bad = 0;
-        int reported = 0;
-        qsizetype taken = 0;
-        for (const qsizetype moment : std::as_const(moments)) {
-            for (; taken <= moment; ++taken) {
-                const RecordedCall& call = calls_.at(taken);
-                disk_.Take(call);
-                if (call.note.call == FileCall::Report)
-                    reported = static_cast<int>(call.note.number);
-            }
-            const QTemporaryDir left(MemoryFolder());
-            disk_.CutInto(left.path(), chance);
-            bad += !isGood(left.path(), reported);
-        }
-        return bad;
-    }
-
-private:
-    CutDisk disk_;
-    const QList<RecordedCall>& calls_;
-};
-
 class PowerCutTest : public FaultTest {
 protected:
-    /// Has a process of its own do things in the program folder; what it changed there.
-    QList<RecordedCall> Record(const QStringList& arguments) {
-        const QString file = record_.filePath(QStringLiteral("record"));
-        QFile::remove(file);
-        ChildProcess child(arguments, RecordedTo(file, Folder()));
-        EXPECT_EQ(child.WaitForExit(), 0);
-        return ReadRecord(file);
+    QList<RecordedCall> Record(const QStringList& arguments) const {
+        return RecordOf(arguments, Folder());
     }
 
     std::mt19937 Chance{20010307};
-
-private:
-    QTemporaryDir record_{MemoryFolder()};
 };
 
 } // namespace

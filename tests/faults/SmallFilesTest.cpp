@@ -3,12 +3,11 @@
 #include "tests/common/Errors.h"
 #include "tests/common/FullDisk.h"
 #include "tests/faults/ChildProcess.h"
+#include "tests/faults/EachCall.h"
 #include "tests/faults/FaultWorld.h"
-#include "tests/faults/disk/Recorded.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <cerrno>
 #include <chrono>
 #include <random>
 #include <thread>
@@ -96,28 +95,24 @@ TEST_F(SmallFilesTest, AKillAtAnyMomentLeavesTheFormerContentsOrTheNew) {
 }
 
 TEST_F(SmallFilesTest, ACallThatFailsLeavesTheFormerContentsOrTheNewAndIsTold) {
-    for (const int error : {EIO, ENOSPC, EACCES})
-        for (const bool stays : {false, true})
-            for (int call = 0;; ++call) {
-                files.Write(0);
-                RemoveDrafts();
-                ChildProcess child({RewriteCommand, Folder(), QStringLiteral("1")},
-                                   FailingAt(call, error, stays, Folder()));
-                const int told = child.WaitForExit();
-                const std::optional<int> text = files.TextState();
-                const std::optional<int> registry = files.RegistryState();
-                ASSERT_TRUE(text == 0 || text == 1) << call;
-                ASSERT_TRUE(registry == 0 || registry == 1) << call;
-                if (told == 0) {
-                    EXPECT_EQ(text, 1) << call;
-                    EXPECT_EQ(registry, 1) << call;
-                    // The draft, its contents, their sync, its name, that one's sync; of both
-                    // files.
-                    EXPECT_GE(call, 10);
-                    break;
-                }
-                EXPECT_TRUE(told == 75 || told == RegistryFault) << call << ": " << told;
-            }
+    const int faults = FailEachCall(
+        Folder(), {RewriteCommand, Folder(), QStringLiteral("1")}, 1,
+        [this] {
+            files.Write(0);
+            RemoveDrafts();
+        },
+        [this](int told) {
+            const std::optional<int> text = files.TextState();
+            const std::optional<int> registry = files.RegistryState();
+            EXPECT_TRUE(text == 0 || text == 1);
+            EXPECT_TRUE(registry == 0 || registry == 1);
+            if (told == 0)
+                EXPECT_TRUE(text == 1 && registry == 1) << "not told";
+            else
+                EXPECT_TRUE(told == 75 || told == LargeFault) << told;
+        });
+    // The draft, its contents, their sync, its name, that one's sync; of both files.
+    EXPECT_GE(faults, 6 * 10);
     files.Write(2);
     EXPECT_EQ(files.TextState(), 2);
     EXPECT_EQ(files.RegistryState(), 2);

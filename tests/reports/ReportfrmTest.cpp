@@ -1,6 +1,7 @@
 #include "tests/reports/ReportTest.h"
 
 #include "platform/runtime/Dates.h"
+#include "tests/common/FullDisk.h"
 
 #include <QLabel>
 #include <QPointer>
@@ -347,6 +348,21 @@ TEST_F(ReportfrmTest, ChartThatIsGoneStopsTheDeletionWhereItStands) {
     RightClick(Charts, Chores);
     EXPECT_EQ(Entries(Charts), QStringList{Piano});
     EXPECT_FALSE(TableNames().contains(Chores)) << "what was deleted until then stays deleted";
+}
+
+TEST_F(ReportfrmTest, ADeletionThatTheDiskRefusesLeavesTheListAsTheFileIs) {
+    Pick(Kids, u"Anna"_s);
+    Pick(Charts, Chores);
+    Pick(Charts, Piano, Qt::ControlModifier);
+    Boxes.Expect(DeleteChart, PromptAnswer::Yes);
+    Boxes.ExpectError(ErrorNumber::EngineFault, u"disk I/O error"_s);
+    {
+        const FullDisk noRoom(512);
+        RightClick(Charts, Chores);
+    }
+    EXPECT_EQ(Entries(Charts), (QStringList{Chores, Piano}));
+    EXPECT_TRUE(Database().ChartExist(Chores));
+    EXPECT_TRUE(Database().ChartExist(Piano));
 }
 
 // The other buttons

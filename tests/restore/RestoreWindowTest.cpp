@@ -108,6 +108,20 @@ TEST_F(RestoreWindowTest, ACopyIsPutBackByTheKeyboardAfterAsking) {
     EXPECT_EQ(Text(window, u"Difference"_s), u"Compared with now: Anna has 5 points more."_s);
 }
 
+TEST_F(RestoreWindowTest, ADoubleClickAsksAboutTheDayThatItIsOn) {
+    MakeCopies(2);
+    RestoreWindow window;
+    window.show();
+    Settle();
+    auto& copies = Find<QTreeWidget>(window, u"Copies"_s);
+    ClickRow(copies, 0);
+    Boxes.Expect(u"Put back all accounts and Dutygrids as they were on Wednesday, 7 March "
+                 "2001?\n\nCompared with now: Anna has 10 points fewer.\n\nWhat is stored now is "
+                 "kept as a copy in this list."_s,
+                 PromptAnswer::No);
+    DoubleClickRow(copies, 1);
+}
+
 TEST_F(RestoreWindowTest, ItRefusesWhileTheProgramRuns) {
     MakeCopies(1);
     RestoreWindow window;

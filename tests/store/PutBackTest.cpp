@@ -11,6 +11,8 @@
 #include "tests/common/OrdinaryUser.h"
 #include "tests/common/TestWorld.h"
 
+#include <SQLiteCpp/SQLiteCpp.h>
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -166,6 +168,42 @@ TEST_F(PutBackTest, TheJournalOfTheFormerFileGoesWithIt) {
     EXPECT_FALSE(QFileInfo::exists(journal));
     EXPECT_EQ(BytesOf(Copied(QStringLiteral("Charts.mdb-journal"), Kept())), "not of this file");
     ExpectCopyInPlace();
+}
+
+TEST_F(PutBackTest, ACopyOfAFileWhoseLastChangeWasInterruptedComesBackWithoutThatChange) {
+    const CopySummary before = SummaryOf(DatabaseFile());
+    const QString journal = QStringLiteral("-journal");
+    const QString half = Path(QStringLiteral("half"));
+    {
+        SQLite::Database writer(DatabaseFile().toStdString(), SQLite::OPEN_READWRITE);
+        // Pages go into the file before they are committed.
+        writer.exec("PRAGMA cache_size=1");
+        writer.exec("BEGIN");
+        writer.exec("UPDATE Rows1 SET Points = 777");
+        writer.exec("CREATE TABLE Filler AS WITH RECURSIVE N(I) AS (SELECT 1 UNION ALL SELECT I + 1"
+                    " FROM N WHERE I < 500) SELECT randomblob(500) FROM N");
+        ASSERT_TRUE(QFile::copy(DatabaseFile(), half));
+        ASSERT_TRUE(QFile::copy(DatabaseFile() + journal, half + journal));
+    }
+    ASSERT_TRUE(QFile::remove(DatabaseFile()));
+    ASSERT_TRUE(QFile::rename(half, DatabaseFile()));
+    ASSERT_TRUE(QFile::rename(half + journal, DatabaseFile() + journal));
+    const QByteArray bytes = BytesOf(DatabaseFile());
+    const QByteArray journalBytes = BytesOf(DatabaseFile() + journal);
+    ASSERT_GT(journalBytes.size(), 512);
+    PutCopyBack(CopiedDay);
+
+    const QString kept = Kept();
+    EXPECT_EQ(SummaryOfCopy(kept).Fault, QString());
+    EXPECT_EQ(DifferenceOf(SummaryOfCopy(kept), before), QString());
+    PutCopyBack(kept);
+    EXPECT_EQ(DifferenceOf(SummaryOf(DatabaseFile()), before), QString());
+    EXPECT_EQ(FindDamage(DatabaseFile()), QStringList());
+    EXPECT_FALSE(QFileInfo::exists(DatabaseFile() + journal));
+    EXPECT_TRUE(BytesOf(DatabaseOfCopy(kept)) == bytes) << "the copy stays as it is";
+    EXPECT_TRUE(BytesOf(DatabaseOfCopy(kept) + journal) == journalBytes);
+    // What was taken back elsewhere is gone again.
+    EXPECT_EQ(QDir(CopiesFolder()).entryList({QStringLiteral("*.new")}, QDir::Dirs), QStringList());
 }
 
 TEST_F(PutBackTest, ACopyThatIsNotSoundIsRefusedAndChangesNothing) {

@@ -12,6 +12,7 @@ enum class FileCall : int32_t {
     Sync,     ///< of a file's contents, or of a folder's names
     Unlink,   ///< bytes: the path
     Rename,   ///< bytes: both paths, a line each
+    Other,    ///< a call that may fail, of which a power cut takes nothing back
     Report    ///< number: what the process has told its parent
 };
 

@@ -3,19 +3,22 @@
 // The environment's DUTYGRID_DISK_FOLDER names the folder, DUTYGRID_DISK_RECORD the file of notes.
 // With DUTYGRID_DISK_KILL=2 * n the process ends, as a killed one does, before the n-th of these
 // calls (0 the first), with 2 * n + 1 after it. With DUTYGRID_DISK_FAIL=n and DUTYGRID_DISK_ERROR=e
-// the n-th call fails by the error number e, and with DUTYGRID_DISK_STAYS=1 so do all after it.
+// the n-th call, those that only open and read included, fails by the error number e, and with
+// DUTYGRID_DISK_STAYS=1 so do all after it.
 
 #include "tests/faults/disk/DiskRecord.h"
 
 #include <array>
 #include <cerrno>
 #include <cstdarg>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <mutex>
 #include <string>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/uio.h>
 #include <unistd.h>
@@ -29,6 +32,7 @@ struct Recorder {
     long failAt = -1;
     long failsWith = 0;
     bool staysBad = false;
+    long changes = 0;
     long calls = 0;
     std::array<bool, 4096> isOurs{};
     std::mutex lock;
@@ -88,21 +92,52 @@ Function* Real(const char* name) {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
 }
 
-/// One changing call: it may fail, and the process may end before or after it.
+/// One call: it may fail.
 template <class Call>
-auto Counted(Call&& call) -> decltype(call()) {
+auto Failing(Call&& call) -> decltype(call()) {
     Recorder& tap = Tap();
     const long number = tap.calls++;
     if (tap.failAt >= 0 && (number == tap.failAt || (tap.staysBad && number > tap.failAt))) {
         errno = static_cast<int>(tap.failsWith);
         return -1;
     }
+    return call();
+}
+
+/// One changing call: it may fail, and the process may end before or after it.
+template <class Call>
+auto Counted(Call&& call) -> decltype(call()) {
+    Recorder& tap = Tap();
+    const long number = tap.changes++;
     if (tap.killAt == 2 * number)
         _exit(KilledByRecorder);
-    const auto result = call();
+    const auto result = Failing(call);
     if (tap.killAt == 2 * number + 1)
         _exit(KilledByRecorder);
     return result;
+}
+
+/// One changing call on a name.
+template <class Call>
+int CountedOn(const char* path, FileCall what, const std::string& noted, Call&& call) {
+    Recorder& tap = Tap();
+    if (!tap.IsInside(path))
+        return call();
+    const std::lock_guard guard(tap.lock);
+    const int result = Counted(call);
+    if (result == 0)
+        tap.Note(what, -1, 0, noted.data(), noted.size());
+    return result;
+}
+
+/// The path of a name in an open folder.
+std::string PathIn(int folder, const char* name) {
+    if (folder == AT_FDCWD || name[0] == '/')
+        return name;
+    std::array<char, 4096> path{};
+    const std::string link = "/proc/self/fd/" + std::to_string(folder);
+    const ssize_t size = readlink(link.c_str(), path.data(), path.size());
+    return size < 0 ? name : std::string(path.data(), static_cast<std::size_t>(size)) + '/' + name;
 }
 
 int Open(const char* name, int folder, const char* path, int flags, mode_t mode) {
@@ -119,7 +154,7 @@ int Open(const char* name, int folder, const char* path, int flags, mode_t mode)
     const bool makes = (flags & O_CREAT) != 0 && !isThere;
     const bool empties = (flags & O_TRUNC) != 0 && isThere;
     const auto open = [&] { return real(folder, path, flags, mode); };
-    const int fd = makes || empties ? Counted(open) : open();
+    const int fd = makes || empties ? Counted(open) : Failing(open);
     tap.SetOurs(fd, fd >= 0);
     if (fd < 0)
         return fd;
@@ -151,6 +186,16 @@ int Truncate(int fd, off64_t size) {
     const std::lock_guard guard(tap.lock);
     tap.Note(FileCall::Truncate, fd, size, nullptr, 0);
     return Counted([&] { return real(fd, size); });
+}
+
+template <class Call>
+ssize_t Read(int fd, Call&& call) {
+    Recorder& tap = Tap();
+    if (!tap.IsOurs(fd))
+        return call();
+    const std::lock_guard guard(tap.lock);
+    tap.Note(FileCall::Other, fd, 0, nullptr, 0);
+    return Failing(call);
 }
 
 int Sync(const char* name, int fd) {
@@ -246,29 +291,49 @@ int fdatasync(int fd) {
     return Sync("fdatasync", fd);
 }
 
+ssize_t read(int fd, void* bytes, size_t size) {
+    static auto* const real = Real<ssize_t(int, void*, size_t)>("read");
+    return Read(fd, [&] { return real(fd, bytes, size); });
+}
+
+ssize_t pread(int fd, void* bytes, size_t size, off_t offset) {
+    return pread64(fd, bytes, size, offset);
+}
+
+ssize_t pread64(int fd, void* bytes, size_t size, off64_t offset) {
+    static auto* const real = Real<ssize_t(int, void*, size_t, off64_t)>("pread64");
+    return Read(fd, [&] { return real(fd, bytes, size, offset); });
+}
+
 int unlink(const char* path) noexcept {
     static auto* const real = Real<int(const char*)>("unlink");
-    Recorder& tap = Tap();
-    if (!tap.IsInside(path))
-        return real(path);
-    const std::lock_guard guard(tap.lock);
-    const int result = Counted([&] { return real(path); });
-    if (result == 0)
-        tap.Note(FileCall::Unlink, -1, 0, path, std::strlen(path));
-    return result;
+    return CountedOn(path, FileCall::Unlink, path, [&] { return real(path); });
+}
+
+int unlinkat(int folder, const char* name, int flags) noexcept {
+    static auto* const real = Real<int(int, const char*, int)>("unlinkat");
+    const std::string path = PathIn(folder, name);
+    return CountedOn(path.c_str(), (flags & AT_REMOVEDIR) != 0 ? FileCall::Other : FileCall::Unlink,
+                     path, [&] { return real(folder, name, flags); });
+}
+
+int mkdir(const char* path, mode_t mode) noexcept {
+    static auto* const real = Real<int(const char*, mode_t)>("mkdir");
+    return CountedOn(path, FileCall::Other, path, [&] { return real(path, mode); });
 }
 
 int rename(const char* from, const char* to) noexcept {
     static auto* const real = Real<int(const char*, const char*)>("rename");
-    Recorder& tap = Tap();
-    if (!tap.IsInside(from))
-        return real(from, to);
-    const std::lock_guard guard(tap.lock);
-    const int result = Counted([&] { return real(from, to); });
-    const std::string both = std::string(from) + '\n' + to;
-    if (result == 0)
-        tap.Note(FileCall::Rename, -1, 0, both.data(), both.size());
-    return result;
+    return CountedOn(from, FileCall::Rename, std::string(from) + '\n' + to,
+                     [&] { return real(from, to); });
+}
+
+int renameat2(int fromFolder, const char* from, int toFolder, const char* to,
+              unsigned flags) noexcept {
+    static auto* const real = Real<int(int, const char*, int, const char*, unsigned)>("renameat2");
+    const std::string former = PathIn(fromFolder, from);
+    return CountedOn(former.c_str(), FileCall::Rename, former + '\n' + PathIn(toFolder, to),
+                     [&] { return real(fromFolder, from, toFolder, to, flags); });
 }
 
 } // extern "C"

@@ -1,10 +1,13 @@
 #include "tests/faults/disk/PowerCut.h"
 
+#include "tests/common/MemoryFolder.h"
 #include "tests/faults/FaultWorld.h"
 
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
+#include <QTemporaryDir>
+#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -75,6 +78,7 @@ void CutDisk::Take(const RecordedCall& call) {
     case FileCall::Rename:
         Rename(path.section(QLatin1Char('\n'), 0, 0), path.section(QLatin1Char('\n'), 1));
         break;
+    case FileCall::Other:
     case FileCall::Report:
         break;
     }
@@ -84,7 +88,8 @@ void CutDisk::Rename(const QString& from, const QString& to) {
     NameChange change{FolderOf(to), {}};
     for (auto name = names_.cbegin(); name != names_.cend(); ++name)
         if (name.key() == from || name.key().startsWith(from + QLatin1Char('/')))
-            change.moves += {name.key(), to + name.key().mid(from.size()), name.value()};
+            change.moves +=
+                {name.key(), to + name.key().mid(from.size()), name.value(), name.key() != from};
     ChangeNames(change);
 }
 
@@ -114,6 +119,8 @@ void CutDisk::Sync(int fd) {
 
 void CutDisk::Apply(const NameChange& change, Names& names) {
     for (const Move& move : change.moves) {
+        if (move.isInside && !names.contains(move.from))
+            continue;
         names.remove(move.from);
         if (!move.to.isEmpty())
             names[move.to] = move.file;
@@ -158,4 +165,28 @@ void CutDisk::CutInto(const QString& folder, std::mt19937& chance) const {
         QDir().mkpath(FolderOf(path));
         WriteBytes(path, content);
     }
+}
+
+int PowerCuts::Bad(int cuts, std::mt19937& chance, const Judge& isGood, qsizetype first) {
+    first = std::clamp(first, qsizetype{0}, calls_.size() - 1);
+    QList<qsizetype> moments;
+    for (int cut = 0; cut < cuts; ++cut)
+        moments +=
+            first + static_cast<qsizetype>(chance() % static_cast<quint32>(calls_.size() - first));
+    std::sort(moments.begin(), moments.end());
+    int bad = 0;
+    int reported = 0;
+    qsizetype taken = 0;
+    for (const qsizetype moment : std::as_const(moments)) {
+        for (; taken <= moment; ++taken) {
+            const RecordedCall& call = calls_.at(taken);
+            disk_.Take(call);
+            if (call.note.call == FileCall::Report)
+                reported = static_cast<int>(call.note.number);
+        }
+        const QTemporaryDir left(MemoryFolder());
+        disk_.CutInto(left.path(), chance);
+        bad += !isGood(left.path(), reported);
+    }
+    return bad;
 }

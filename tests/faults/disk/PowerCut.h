@@ -53,6 +53,8 @@ private:
         QString from; ///< none: a new name
         QString to;   ///< none: a name less
         FilePointer file;
+        /// It moves with its folder: not if the folder does not know of it.
+        bool isInside = false;
     };
     /// Happens as a whole or not at all.
     struct NameChange {
@@ -73,4 +75,20 @@ private:
     QHash<int, FilePointer> files_; ///< by descriptor
     QHash<int, QString> paths_;     ///< the same
     std::function<bool(const QString&)> ignored_ = [](const QString&) { return false; };
+};
+
+/// Cuts the power at random moments of a record, and hands on what is left together with the
+/// number that had been reported as done by then.
+class PowerCuts {
+public:
+    using Judge = std::function<bool(const QString& folder, int reported)>;
+
+    PowerCuts(const CutDisk& disk, const QList<RecordedCall>& calls) : disk_(disk), calls_(calls) {}
+
+    /// The number of cuts that the judge finds bad; none comes before the call `first`.
+    int Bad(int cuts, std::mt19937& chance, const Judge& isGood, qsizetype first = 0);
+
+private:
+    CutDisk disk_;
+    const QList<RecordedCall>& calls_;
 };

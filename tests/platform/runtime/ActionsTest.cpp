@@ -402,4 +402,26 @@ TEST_F(ActionFaultsTest, WhatIsUndoneIsPutBackBeforeTheUserIsToldAndIsNotHeard) 
     EXPECT_EQ(log.mid(6), Steps({"put back", "commit"}));
 }
 
+TEST_F(ActionFaultsTest, WhereMemoryHasRunOutTheWholeActionIsUndoneAndTheNextOneIsNot) {
+    ExpectReport(7, "Out of memory");
+    RunAction([this] {
+        IfUndone([this] { Write("put back"); });
+        Write("a");
+        throw std::bad_alloc();
+    });
+    // By then there is nothing left to commit.
+    EXPECT_EQ(log, Steps({"a", "put back", "commit"}));
+    RunAction([this] { Write("b"); });
+    EXPECT_EQ(log.mid(3), Steps({"b", "commit"}));
+}
+
+TEST_F(ActionFaultsTest, AnExceptionThatNobodyForesawUndoesTheWholeActionTheOuterOneToo) {
+    ExpectReport(3000, "out of luck");
+    RunAction([this] {
+        IfUndone([this] { Write("put back"); });
+        RunAction([] { throw std::runtime_error("out of luck"); });
+    });
+    EXPECT_EQ(log, Steps({"put back", "commit"}));
+}
+
 } // namespace
