@@ -3,8 +3,8 @@
 #include "look/LookColors.h"
 #include "platform/runtime/Dates.h"
 
-#include <QLocale>
 #include <QIcon>
+#include <QLocale>
 #include <QPainter>
 #include <QTextCharFormat>
 #include <QToolButton>
