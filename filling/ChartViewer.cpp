@@ -33,6 +33,7 @@ ChartViewer::ChartViewer()
     DesignRows();
     ShowResponsible(false);
     ui_->CleanUpList->installEventFilter(this);
+    On(&fitLater_, &QTimer::timeout, this, [this] { FitToRoom(); });
     On(ui_->NextDay, &QPushButton::clicked, this, [this] { NextDay_Click(); });
     On(ui_->PreviousDay, &QPushButton::clicked, this, [this] { PreviousDay_Click(); });
     On(ui_->Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });

@@ -11,6 +11,7 @@
 
 #include <QColor>
 #include <QLabel>
+#include <QTimer>
 #include <memory>
 
 namespace Ui {
@@ -139,6 +140,7 @@ private:
     std::unique_ptr<Ui::ChartViewer> ui_;
     int scrollValue_ = 0;
     bool hasGrown_ = false;
+    QTimer fitLater_;
     /// Rows of the page that is being made; those behind them are left from the page before.
     int filledRows_ = 1;
     /// The filled ones, and one more while it waits to be filled.

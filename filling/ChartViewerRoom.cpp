@@ -14,6 +14,7 @@ using namespace ViewerLayout;
 namespace {
 
 constexpr int ButtonsMargin = 8; // pixels
+constexpr int UsualPress = 100;  // milliseconds
 
 struct Spacing {
     QMargins margins;
@@ -28,6 +29,8 @@ constexpr Spacing Tight{{6, 4, 6, 0}, 4};
 void ChartViewer::showEvent(QShowEvent* event) {
     FormWidget::showEvent(event);
     Frame().installEventFilter(this);
+    fitLater_.setSingleShot(true);
+    fitLater_.setInterval(UsualPress);
     if (QWidget* mainWindow = Frame().parentWidget())
         mainWindow->installEventFilter(this);
     FitToRoom();
@@ -62,8 +65,10 @@ int ChartViewer::HeightOutOfView() const {
 /// has no room above them is scrolled to. Room beyond the designed height is for more rows.
 void ChartViewer::FitToRoom() {
     // Under a pressed button nothing may move away.
-    if (QGuiApplication::mouseButtons() != Qt::NoButton)
+    if (QGuiApplication::mouseButtons() != Qt::NoButton) {
+        fitLater_.start();
         return;
+    }
     const int outOfView = HeightOutOfView();
     ui_->formLayout->setContentsMargins(0, 0, 0, ButtonsMargin + outOfView);
     const int designed = PixelsOf(ui_->Shape6->isHidden() ? FormHeight : FormHeightWithResponsible);

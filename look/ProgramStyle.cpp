@@ -74,7 +74,7 @@ QWidget[role="rows"] QComboBox QLineEdit { border: 0; padding: 0; }
 QWidget[role="rows"] QPushButton { padding: 0 4px; min-height: 0; border-radius: 4px;
     border-color: transparent; }
 QWidget[role="rows"] QPushButton:hover { border-color: @coral; }
-QWidget[role="rows"] QPushButton:focus { padding: 0 3px; }
+QWidget[role="rows"] QPushButton:focus { padding: 0 3px; border-color: @teal; }
 /* In the row of the menus. */
 QFrame[role="news"] { background: @tealpale; border: 0; border-radius: 6px; }
 QFrame[role="news"] QPushButton { padding: 0 8px; min-height: 0; border-radius: 4px; }

@@ -74,6 +74,11 @@ void MonthCalendar::paintCell(QPainter* painter, const QRect& cell, QDate day) c
         painter->setPen(Qt::NoPen);
         painter->setBrush(Teal);
         painter->drawRoundedRect(disc, Round, Round);
+        const auto* days = findChild<QWidget*>(QStringLiteral("qt_calendar_calendarview"));
+        if (days != nullptr && days->hasFocus()) {
+            painter->setPen(QPen(Card, 2));
+            painter->drawRoundedRect(disc.adjusted(3, 3, -3, -3), Round - 2, Round - 2);
+        }
     } else if (day == Today()) {
         painter->setPen(QPen(Teal, 1));
         painter->drawRoundedRect(disc.adjusted(0.5, 0.5, -0.5, -0.5), Round, Round);

@@ -255,6 +255,8 @@ INSTANTIATE_TEST_SUITE_P(Hands, OneClickTest, testing::ValuesIn(OneClicks),
 TEST_P(OneClickTest, TakesAwayWhatItWasOnAndNothingElse) {
     const QStringList before = Everything();
     GetParam().Hand(*this);
+    for (const Prompt& box : Boxes.Shown())
+        EXPECT_EQ(box.BeginsOnNo, box.Buttons == PromptButtons::YesNo) << box.Text.toStdString();
     const QStringList after = Everything();
     ExpectBeginnings(Without(before, after), GetParam().Goes);
     ExpectBeginnings(Without(after, before), GetParam().Comes);

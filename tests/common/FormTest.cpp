@@ -19,6 +19,11 @@
 
 FormTest::FormTest() {
     // What an earlier test has pressed and never released is not held here.
+    QWidget anywhere;
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton})
+        if (QGuiApplication::mouseButtons().testFlag(button))
+            QTest::mouseRelease(&anywhere, button);
+    EXPECT_EQ(QGuiApplication::mouseButtons(), Qt::NoButton);
     QTestPrivate::qtestMouseButtons = Qt::NoButton;
     // A blinking cursor is in one picture of two.
     QApplication::setCursorFlashTime(0);

@@ -124,16 +124,16 @@ protected:
 TEST_F(ActivationTest, AWindowThatClosesBeforeItHasTheFocusLeavesTheKeyboardWhereItWas) {
     QWidget other;
     other.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&other, Patience));
+    ASSERT_TRUE(BecomesActive(other));
     main_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(main_.get(), Patience));
+    ASSERT_TRUE(BecomesActive(*main_));
     Settle();
     // As the toolkit hears its own wish before the window manager does.
     TellActive(other);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return other.isActiveWindow(); }, Patience));
+    ASSERT_TRUE(BecomesActive(other));
     Settle();
     other.close();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(main_.get(), Patience));
+    EXPECT_TRUE(BecomesActive(*main_));
     EXPECT_EQ(Taken(), QStringList()) << "nothing but the keyboard comes back";
 }
 
