@@ -3,6 +3,7 @@
 #include "platform/runtime/Prompts.h"
 
 #include <QCoreApplication>
+#include <exception>
 #include <new>
 #include <utility>
 
@@ -38,7 +39,7 @@ void Run(const Steps& steps) {
 std::optional<RuntimeError> UnforeseenError() {
     constexpr int outOfMemory = 7;
     try {
-        throw;
+        std::rethrow_exception(std::current_exception());
     } catch (const RuntimeError&) {
         return {};
     } catch (const std::bad_alloc&) {
