@@ -109,8 +109,8 @@ TEST(Announcements, RowChosenInTheViewerIsSelectedAndSaysItsAdult) {
               QStringLiteral("Medium, 3 points"));
     Listener selection("object:state-changed:selected");
     Program->Press(QStringLiteral("Space"));
-    EXPECT_TRUE(Reader::Again(row).Is(ATSPI_STATE_SELECTED));
     EXPECT_TRUE(selection.Heard(row.Name, 1)) << Lines(selection.Names());
+    EXPECT_TRUE(Reader::Again(row).Is(ATSPI_STATE_SELECTED));
     const Controls controls = Program->Read();
     EXPECT_TRUE(std::any_of(controls.begin(), controls.end(), [](const Control& control) {
         return control.Role == ATSPI_ROLE_LABEL && control.Name == QLatin1String("Dad");
