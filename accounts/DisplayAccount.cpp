@@ -20,13 +20,15 @@ DisplayAccount::DisplayAccount()
     ui_->setupUi(this);
     for (QLabel* picture : {ui_->Image1, ui_->Image2})
         picture->setContentsMargins(5, 5, 5, 5);
+    // The form keeps its shape where the way comes and goes.
+    QSizePolicy wayKeepsItsRoom = ui_->WayToGoal->sizePolicy();
+    wayKeepsItsRoom.setRetainSizeWhenHidden(true);
+    ui_->WayToGoal->setSizePolicy(wayKeepsItsRoom);
     new EmptyNote(*ui_->StudentsList,
                   QStringLiteral("No Sparkit yet. The log-in's \"New User\" makes one."));
     // Nothing opens here: Enter is the form's.
     ui_->StudentsList->SetRules({.Unselecting = Qt::AllButtons, .FirstKeyTakesRow = true});
-    new PersonRows(*ui_->StudentsList, [](const QString& name, PictureTarget& target) {
-        Database().RetrevePicture(name, target);
-    });
+    new PersonRows(*ui_->StudentsList, ShowPictureOf);
     On(ui_->StudentsList, &ChildrenList::Pressed, this,
        [this](Qt::MouseButton button, QTreeWidgetItem* row) {
            StudentsList_MouseDown(button, row);
@@ -138,14 +140,15 @@ void DisplayAccount::StudentsList_Click() {
     ShowWay();
 }
 
-/// The way to the goal by the figures that the labels show. Where they are nobody's the form says
-/// how they become somebody's.
+/// The way to the goal by the figures that the labels show; without any there is none. Where they
+/// are nobody's the form says how they become somebody's.
 void DisplayAccount::ShowWay() {
     const bool isSomebodys = !ui_->KidName->text().isEmpty();
     ui_->KidName->setVisible(isSomebodys);
     ui_->NobodyChosen->setVisible(!isSomebodys && ui_->StudentsList->topLevelItemCount() > 0);
     ui_->WayToGoal->Show(Val(ui_->Pointslbl->text()), Val(ui_->ToyValue->text()),
                          ui_->ToyName->text(), LabelPicture(*ui_->Image2).Picture());
+    ui_->WayToGoal->setVisible(!ui_->Pointslbl->text().isEmpty());
 }
 
 void DisplayAccount::StudentsList_MouseDown(Qt::MouseButton button, QTreeWidgetItem* row) {

@@ -28,6 +28,7 @@
 #include "shell/MainForm.h"
 #include "shell/NewUser.h"
 #include "shell/OtherOptions.h"
+#include "shell/PrintLine.h"
 #include "shell/SettingsOnForms.h"
 #include "shell/frmAboutDutygrid.h"
 #include "support/SoundFunctions.h"
@@ -39,6 +40,7 @@ void RegisterShellForms() {
     InstallFormAccess();
     InstallHelpAccess();
     InstallLinkAccess();
+    InstallPrintLineAccess();
     RegisterFormClass<LogIn>();
     RegisterFormClass<LoginWindow>();
     RegisterFormClass<MainForm>();
@@ -51,7 +53,11 @@ void RegisterShellForms() {
     static SettingsOnForms settings;
     SetSettingsForms(&settings);
     SetSoundSwitch([] { return Default<MainForm>().SoundMark(); });
-    SetPrintNews([](const PrintNews& news) { Default<MainForm>().ShowPrintNews(news); });
+    // News may come when whoever has printed has long gone.
+    SetPrintNews([](const PrintNews& news) {
+        if (auto* mainForm = dynamic_cast<MainForm*>(ExistingForm(FormNames::MainForm)))
+            mainForm->ShowPrintNews(news);
+    });
 }
 
 void RegisterAccountForms() {

@@ -73,11 +73,13 @@ int RunProgram(QApplication& application, const QString& programFolder) {
 
     SystemPrompts prompts;
     std::unique_ptr<HelpWindow> help;
-    SystemDesktop desktop([&help](const QString& helpFile) {
-        if (!help)
-            help = std::make_unique<HelpWindow>();
-        help->Open(helpFile);
-    });
+    SystemDesktop desktop(
+        [&help](const QString& helpFile) {
+            if (!help)
+                help = std::make_unique<HelpWindow>();
+            help->Open(helpFile);
+        },
+        programFolder + QStringLiteral("/Backgrounds"));
     SystemPrinter printer;
     const SystemProgress progress;
     const ProgramRun run({.Boxes = &prompts,

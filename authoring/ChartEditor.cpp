@@ -8,6 +8,7 @@
 #include "platform/runtime/RuntimeError.h"
 #include "session/Session.h"
 #include "store/DayTexts.h"
+#include "store/DifficultyTexts.h"
 #include "support/DateCls.h"
 #include "ui_ChartEditor.h"
 #include "widgets/ElidingEdit.h"
@@ -284,8 +285,7 @@ void ChartEditor::SetTextsPosition() {
 void ChartEditor::FillDifficultyList(int Index) {
     DropDownCombo& combo = Difficulty[Index];
     const KeptText kept(combo);
-    combo.addItems({QStringLiteral("Very Easy"), QStringLiteral("Easy"), QStringLiteral("Medium"),
-                    QStringLiteral("Hard"), QStringLiteral("Very Hard")});
+    combo.addItems(DifficultyTexts);
 }
 
 void ChartEditor::FillDayList(int Index, const QString& Mode) {

@@ -8,40 +8,26 @@
 #include "store/TableNames.h"
 #include "ui_DisplayAllPeople.h"
 #include "widgets/FormViewAdapters.h"
+#include "widgets/RoundPicture.h"
 
 #include <QIcon>
-#include <QPainter>
-#include <QPixmap>
 #include <QScopeGuard>
 
-/// Pictures scaled once to the size in which the list shows them.
+/// Pictures as discs, made once in the size and sharpness in which the list shows them.
 class DisplayAllPeople::PictureList : public ImageList {
 public:
-    explicit PictureList(const QSize& size) : size_(size) {}
+    explicit PictureList(const QListWidget& list) : list_(list) {}
 
     int AddPicture(const QImage& picture) override {
-        icons_.append(QIcon(QPixmap::fromImage(Fitted(picture))));
+        icons_.append(
+            QIcon(RoundPicture(picture, list_.iconSize().width(), list_.devicePixelRatioF())));
         return static_cast<int>(icons_.size());
     }
 
     const QIcon& Icon(int number) const { return icons_.at(number - 1); }
 
 private:
-    /// All pictures get one size, so that names stand in line; what is over stays transparent.
-    QImage Fitted(const QImage& picture) const {
-        QImage fitted(size_ * 2, QImage::Format_ARGB32_Premultiplied);
-        fitted.fill(Qt::transparent);
-        if (!picture.isNull()) {
-            const QImage scaled =
-                picture.scaled(fitted.size(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
-            QPainter(&fitted).drawImage(QPoint((fitted.width() - scaled.width()) / 2,
-                                               (fitted.height() - scaled.height()) / 2),
-                                        scaled);
-        }
-        return fitted;
-    }
-
-    QSize size_;
+    const QListWidget& list_;
     QList<QIcon> icons_;
 };
 
@@ -69,7 +55,7 @@ DisplayAllPeople::DisplayAllPeople()
     ui_->setupUi(this);
     ui_->ListView1->setItemDelegate(new PersonCard(ui_->ListView1));
     ui_->ListView1->installEventFilter(this);
-    Images = std::make_unique<PictureList>(ui_->ListView1->iconSize());
+    Images = std::make_unique<PictureList>(*ui_->ListView1);
     ui_->ListView1->SetRules({.Opens = true});
     On(&ui_->ListView1->Clicks, &ListClicks::Opened, this, [this](const QModelIndex& at) {
         // The first of the two clicks may just have taken the item out of the selection.

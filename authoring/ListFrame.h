@@ -2,7 +2,8 @@
 
 #include <QGroupBox>
 
-/// A frame that wants its greatest size and shrinks where there is no room for it.
+/// A frame that wants its greatest size and shrinks where there is no room for it. Behind the heads
+/// of its columns lies a band, as lists have one.
 class ListFrame : public QGroupBox {
     Q_OBJECT
 
@@ -10,4 +11,7 @@ public:
     using QGroupBox::QGroupBox;
 
     QSize sizeHint() const override { return maximumSize(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 };

@@ -10,10 +10,19 @@ using namespace LookColors;
 
 namespace {
 
-// Pixels.
-constexpr int Padding = 6;
-constexpr int SideRoom = 28;
+// Pixels. A name of one line stands in the middle of the two that there is room for, which leaves
+// as much air above the picture as above and below the name.
+constexpr int Air = 16;
+constexpr int NameAir = 6;
+constexpr int NameSide = 7;
+constexpr int SideRoom = 39;
 constexpr int NameLines = 2;
+
+QFont NameFont(QFont font) {
+    constexpr qreal size = 12.5; // points
+    font.setPointSizeF(size);
+    return font;
+}
 
 /// The name over at most two lines, the second one cut if need be.
 QStringList LinesOf(const QString& name, const QFont& font, int width) {
@@ -36,8 +45,19 @@ QStringList LinesOf(const QString& name, const QFont& font, int width) {
     return lines;
 }
 
-void DrawTick(QPainter& painter, const QPointF& middle) {
+/// Round a chosen person's disc, whose pale ground would run into that of the card.
+void DrawRing(QPainter& painter, const QRectF& picture) {
+    constexpr qreal width = 3; // pixels, one of them on the disc's edge
+    painter.setPen(QPen(Card, width));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawEllipse(picture.adjusted(-0.5, -0.5, 0.5, 0.5));
+}
+
+/// On the disc's edge, up to the right.
+void DrawTick(QPainter& painter, const QRectF& picture) {
     constexpr qreal Radius = 10;
+    const qreal aside = picture.width() * 0.38;
+    const QPointF middle = picture.center() + QPointF(aside, -aside);
     painter.setPen(QPen(Card, 2));
     painter.setBrush(Teal);
     painter.drawEllipse(middle, Radius, Radius);
@@ -49,8 +69,9 @@ void DrawTick(QPainter& painter, const QPointF& middle) {
 } // namespace
 
 QSize PersonCard::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const {
-    return {option.decorationSize.width() + 2 * (SideRoom + Padding),
-            option.decorationSize.height() + 3 * Padding + NameLines * option.fontMetrics.height()};
+    return {option.decorationSize.width() + 2 * SideRoom,
+            Air + option.decorationSize.height() + 2 * NameAir +
+                NameLines * QFontMetrics(NameFont(option.font)).height()};
 }
 
 void PersonCard::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -77,17 +98,23 @@ void PersonCard::paint(QPainter* painter, const QStyleOptionViewItem& option,
 
     QRect picture(QPoint(), option.decorationSize);
     picture.moveCenter(QPoint(option.rect.center().x(), 0));
-    picture.moveTop(option.rect.top() + Padding);
+    picture.moveTop(option.rect.top() + Air);
     index.data(Qt::DecorationRole).value<QIcon>().paint(painter, picture);
-    if (chosen)
-        DrawTick(*painter, picture.topRight() + QPoint(6, 10));
+    if (chosen) {
+        DrawRing(*painter, picture);
+        DrawTick(*painter, picture);
+    }
 
+    const QFont font = NameFont(option.font);
     painter->setPen(Ink);
-    painter->setFont(option.font);
-    QRect line(option.rect.left() + Padding, picture.bottom() + 1 + Padding,
-               option.rect.width() - 2 * Padding, option.fontMetrics.height());
-    for (const QString& text :
-         LinesOf(index.data(Qt::DisplayRole).toString(), option.font, line.width())) {
+    painter->setFont(font);
+    const int lineHeight = QFontMetrics(font).height();
+    const int width = option.rect.width() - 2 * NameSide;
+    const QStringList lines = LinesOf(index.data(Qt::DisplayRole).toString(), font, width);
+    const int unused = (NameLines - static_cast<int>(lines.size())) * lineHeight;
+    QRect line(option.rect.left() + NameSide, picture.bottom() + 1 + NameAir + unused / 2, width,
+               lineHeight);
+    for (const QString& text : lines) {
         painter->drawText(line, Qt::AlignCenter | Qt::TextSingleLine, text);
         line.translate(0, line.height());
     }

@@ -2,8 +2,9 @@
 
 #include <QStyledItemDelegate>
 
-/// Paints the entries of a list of people: the picture, and below it the name on at most two
-/// lines. A chosen person's card is coloured and bears a tick; the keyboard's place is a ring.
+/// Paints the entries of a list of people: the picture, a disc, and below it the name on at most
+/// two lines. A chosen person's card is coloured, with a white ring round the disc and a tick; the
+/// keyboard's place is a dotted line.
 class PersonCard : public QStyledItemDelegate {
     Q_OBJECT
 

@@ -1,7 +1,9 @@
 #include "filling/ChartViewer.h"
 
 #include "filling/MouseWatch.h"
+#include "filling/TickPath.h"
 #include "filling/ViewerLayout.h"
+#include "look/LookColors.h"
 #include "platform/forms/Handlers.h"
 #include "platform/forms/Twips.h"
 #include "platform/runtime/Dates.h"
@@ -15,24 +17,40 @@
 #include "widgets/FormViewAdapters.h"
 #include "widgets/HiddenWhile.h"
 
+#include <QPainter>
 #include <QScopeGuard>
 #include <QWheelEvent>
 #include <algorithm>
 #include <optional>
 
+namespace {
+
+/// The head of the boxes' column: a tick without a box, so that nobody takes it for one.
+QPixmap HeadTick(qreal scale) {
+    constexpr int side = 15; // pixels
+    QPixmap picture(QSize(side, side) * scale);
+    picture.setDevicePixelRatio(scale);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(LookColors::Ink, 2.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPath(TickPath(QRectF(1, 1, side - 2, side - 2)));
+    return picture;
+}
+
+} // namespace
+
 ChartViewer::ChartViewer()
     : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::ChartViewer>()) {
     ui_->setupUi(this);
-    ui_->Shape2->setAutoFillBackground(true);
-    ui_->Shape2->setBackgroundRole(QPalette::AlternateBase);
     QPalette softLine = palette();
-    softLine.setColor(QPalette::WindowText, softLine.color(QPalette::AlternateBase).darker(115));
-    for (QFrame* line : {ui_->Line1, ui_->Line2})
-        line->setPalette(softLine);
-    ui_->DoneColumn->setPixmap(QPixmap(QStringLiteral(":/art/Tick.png")));
+    softLine.setColor(QPalette::WindowText, LookColors::Line);
+    ui_->Line1->setPalette(softLine);
+    ui_->DoneColumn->setPixmap(HeadTick(devicePixelRatioF()));
     DesignRows();
     ShowResponsible(false);
     ui_->CleanUpList->installEventFilter(this);
+    fitLater_.setSingleShot(true);
     On(&fitLater_, &QTimer::timeout, this, [this] { FitToRoom(); });
     On(ui_->NextDay, &QPushButton::clicked, this, [this] { NextDay_Click(); });
     On(ui_->PreviousDay, &QPushButton::clicked, this, [this] { PreviousDay_Click(); });
@@ -69,6 +87,7 @@ void ChartViewer::Activate() {
     LabelCaption pointsLabel(*ui_->Label3);
 
     NextDay_Click();
+    ShowWeek();
     ui_->UsersName->setText(CurrentUser);
     Database().RetrevePicture(CurrentUser, userPicture);
     // Label3 shows the cost of the incentive for a moment, then the account's points.
@@ -89,6 +108,15 @@ void ChartViewer::Activate() {
     ui_->Label4->setText(QStringLiteral("Today is ") + WeekdayName(Today()) +
                          QStringLiteral(" - ") + DateText(Today()));
     FocusFirstOpenMark();
+}
+
+/// The days that have jobs, whichever is on display.
+void ChartViewer::ShowWeek() {
+    QSet<int> days;
+    for (int day = 1; day <= DaysOfWeek; ++day)
+        if (Database().PrintReturnNr_Articles(DayAbbreviation(day), ChartName) > 0)
+            days.insert(day);
+    ui_->Week->SetWeek(days, Today().dayOfWeek() % DaysOfWeek + 1);
 }
 
 void ChartViewer::Unloaded() {
@@ -151,6 +179,7 @@ void ChartViewer::ExchangeRows(int step) {
             DayNumber = DaysOfWeek;
         day = DayAbbreviation(DayNumber);
     }
+    ui_->Week->SetShown(DayNumber);
     if (count == Instructions.Count() && !AreRowsInUse()) {
         Database().ReadInfoFromChart(ChartName, FormIndex, true, day);
         return;
@@ -194,7 +223,6 @@ void ChartViewer::WatchMouseOn(QWidget& widget) {
     auto* watch = new MouseWatch(&widget);
     On(watch, &MouseWatch::Pressed, this, [this](int x, int y) { StoreMousePlace(x, y); });
     On(watch, &MouseWatch::Dragged, this, [this](int x, int y) { Drag(x, y); });
-    On(watch, &MouseWatch::Released, this, [this] { FitToRoom(); });
 }
 
 void ChartViewer::StoreMousePlace(int x, int y) {

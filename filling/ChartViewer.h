@@ -122,6 +122,7 @@ private:
     void StoreMarks();
     void TurnPage(int step);
     void ExchangeRows(int step);
+    void ShowWeek();
     bool AreRowsInUse() const;
     void MakeRow(int index);
 

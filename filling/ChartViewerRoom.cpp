@@ -13,9 +13,6 @@ using namespace ViewerLayout;
 
 namespace {
 
-constexpr int ButtonsMargin = 8; // pixels
-constexpr int UsualPress = 100;  // milliseconds
-
 struct Spacing {
     QMargins margins;
     int gap;
@@ -29,8 +26,6 @@ constexpr Spacing Tight{{6, 4, 6, 0}, 4};
 void ChartViewer::showEvent(QShowEvent* event) {
     FormWidget::showEvent(event);
     Frame().installEventFilter(this);
-    fitLater_.setSingleShot(true);
-    fitLater_.setInterval(UsualPress);
     if (QWidget* mainWindow = Frame().parentWidget())
         mainWindow->installEventFilter(this);
     FitToRoom();
@@ -45,9 +40,8 @@ bool ChartViewer::eventFilter(QObject* watched, QEvent* event) {
     // The wheel over the list turns its rows, also where what is round it could be scrolled.
     if (watched == ui_->CleanUpList && event->type() == QEvent::Wheel)
         return QCoreApplication::sendEvent(ui_->VScroll, event);
-    const bool mayChangeRoom = event->type() == QEvent::Move || event->type() == QEvent::Resize ||
-                               event->type() == QEvent::MouseButtonRelease;
-    if (mayChangeRoom && watched != ui_->CleanUpList)
+    const bool changesRoom = event->type() == QEvent::Move || event->type() == QEvent::Resize;
+    if (changesRoom && watched != ui_->CleanUpList)
         FitToRoom();
     return FormWidget::eventFilter(watched, event);
 }
@@ -61,21 +55,24 @@ int ChartViewer::HeightOutOfView() const {
     return std::clamp(frame.geometry().bottom() + 1 - mainWindow->height(), 0, height() / 2);
 }
 
-/// The buttons stand above the main window's lower edge, whatever the form's height is, and what
-/// has no room above them is scrolled to. Room beyond the designed height is for more rows.
+/// The buttons stand above the main window's lower edge, whatever the form's height is, with the
+/// person responsible below them, so that a row that is clicked moves none of them. What has no
+/// room above them is scrolled to. Room beyond the designed height is for more rows.
 void ChartViewer::FitToRoom() {
     // Under a pressed button nothing may move away.
     if (QGuiApplication::mouseButtons() != Qt::NoButton) {
-        fitLater_.start();
+        constexpr int shortly = 20; // milliseconds
+        fitLater_.start(shortly);
         return;
     }
     const int outOfView = HeightOutOfView();
-    ui_->formLayout->setContentsMargins(0, 0, 0, ButtonsMargin + outOfView);
     const int designed = PixelsOf(ui_->Shape6->isHidden() ? FormHeight : FormHeightWithResponsible);
     const int spare = height() - outOfView - designed;
     const Spacing& spacing = spare < 0 ? Tight : Ample;
     ui_->contentLayout->setContentsMargins(spacing.margins);
     ui_->contentLayout->setSpacing(spacing.gap);
+    ui_->formLayout->setContentsMargins(0, 0, 0, spacing.gap + outOfView);
+    ui_->formLayout->setSpacing(spacing.gap);
     SetListHeight(PixelsOf(ListHeight) + std::max(0, spare));
 }
 

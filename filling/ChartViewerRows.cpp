@@ -1,6 +1,7 @@
 #include "filling/ChartViewer.h"
 
 #include "filling/MouseWatch.h"
+#include "filling/RowFigures.h"
 #include "filling/ViewerLayout.h"
 #include "platform/forms/Handlers.h"
 #include "session/Session.h"
@@ -66,12 +67,12 @@ void ChartViewer::DesignRows() {
         return text;
     });
     design(Difficulty, QStringLiteral("Difficulty"), 5160, 1815, [this, list] {
-        FittingLabel* text = NewText(list);
+        auto* text = NewText<DifficultyText>(list);
         WatchRow(*text, Difficulty.Count());
         return text;
     });
     design(Points, QStringLiteral("Points"), 7680, 1215, [this, list] {
-        FittingLabel* text = NewText(list);
+        auto* text = NewText<PointsText>(list);
         WatchRow(*text, Points.Count());
         return text;
     });
@@ -79,9 +80,8 @@ void ChartViewer::DesignRows() {
            [list] { return new QLabel(list); });
     design(RectCheck, QStringLiteral("RectCheck"), 9480, 375,
            [list] { return new BoxOutline(list); });
-    const auto makeMark = [this, list](const QString& picture, bool isTick, int index,
-                                       void (ChartViewer::*click)(int)) {
-        auto* mark = new MarkImage(picture, isTick, PixelsOf(ListTop), list);
+    const auto makeMark = [this, list](bool isTick, int index, void (ChartViewer::*click)(int)) {
+        auto* mark = new MarkImage(isTick, PixelsOf(ListTop), list);
         On(mark, &MarkImage::clicked, this, [this, index, click] { (this->*click)(index); });
         On(mark, &MarkImage::WantsToBeSeen, this, [this, index] { BringRowIntoView(index); });
         On(mark, &MarkImage::Moved, this,
@@ -89,12 +89,10 @@ void ChartViewer::DesignRows() {
         return mark;
     };
     design(ClearImg, QStringLiteral("ClearImg"), 9480, 375, [this, makeMark] {
-        return makeMark(QStringLiteral(":/art/Box.png"), false, ClearImg.Count(),
-                        &ChartViewer::ClearImg_Click);
+        return makeMark(false, ClearImg.Count(), &ChartViewer::ClearImg_Click);
     });
     design(CheckImg, QStringLiteral("CheckImg"), 9480, 375, [this, makeMark] {
-        return makeMark(QStringLiteral(":/art/Tick.png"), true, CheckImg.Count(),
-                        &ChartViewer::CheckImg_Click);
+        return makeMark(true, CheckImg.Count(), &ChartViewer::CheckImg_Click);
     });
 
     Number[0].setText(QStringLiteral("1:"));

@@ -1,22 +1,28 @@
 #include "filling/MarkImage.h"
 
+#include "filling/TickPath.h"
+#include "look/LookColors.h"
 #include "platform/forms/ActivationTracker.h"
 #include "platform/forms/EnterKey.h"
+#include "widgets/KeptPicture.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QStyleOption>
 #include <QTimerEvent>
 #include <cmath>
 #include <numbers>
 
-MarkImage::MarkImage(const QString& picture, bool isTick, int coveredAbove, QWidget* parent)
-    : QAbstractButton(parent), picture_(picture), isTick_(isTick), coveredAbove_(coveredAbove) {
+MarkImage::MarkImage(bool isTick, int coveredAbove, QWidget* parent)
+    : QAbstractButton(parent), isTick_(isTick), coveredAbove_(coveredAbove) {
     setCursor(Qt::PointingHandCursor);
+    setAttribute(Qt::WA_Hover); // painted anew as the mouse comes and goes
 }
 
 QSize MarkImage::sizeHint() const {
-    return picture_.deviceIndependentSize().toSize();
+    constexpr int side = 25; // pixels
+    return {side, side};
 }
 
 void MarkImage::PopIn() {
@@ -72,16 +78,42 @@ void MarkImage::keyPressEvent(QKeyEvent* event) {
 void MarkImage::paintEvent(QPaintEvent*) {
     if (IsCovered())
         return;
-    QPainter painter(this);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    if (!pop_.IsRunning()) {
+        QStyleOption option;
+        option.initFrom(this);
+        option.state.setFlag(QStyle::State_Sunken, isDown());
+        PaintFromPicture(*this, isTick_ ? QStringLiteral("ticked") : QStringLiteral("open"), option,
+                         [this](QPainter& painter) { PaintBox(painter); });
+        return;
+    }
     // Springs a little: the last part goes back to the size that it has at rest.
     const double left = 1 - pop_.Progress();
     const double size = 1 - left * left * left * std::cos(left * 2 * std::numbers::pi);
-    QRectF place(QPointF(), QSizeF(rect().size()) * size);
-    place.moveCenter(QRectF(rect()).center());
-    painter.drawPixmap(place, picture_, QRectF(picture_.rect()));
+    QPainter painter(this);
+    const QPointF middle = QRectF(rect()).center();
+    painter.translate(middle);
+    painter.scale(size, size);
+    painter.translate(-middle);
+    PaintBox(painter);
+}
+
+void MarkImage::PaintBox(QPainter& painter) const {
+    using namespace LookColors;
+    const QRectF box(rect());
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(isDown() ? HoneyDark : underMouse() ? Honey : isTick_ ? Ticked : Card);
+    constexpr double round = 4; // pixels
+    painter.drawRoundedRect(box.adjusted(1, 1, -1, -1), round, round);
+    if (isTick_) {
+        constexpr double air = 4;
+        painter.setPen(QPen(Tick, 3.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawPath(TickPath(box.adjusted(air, air, -air, -air)));
+    }
     if (hasFocus()) {
         painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 5, 5);
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(box.adjusted(1, 1, -1, -1), round + 1, round + 1);
     }
 }

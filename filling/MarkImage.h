@@ -3,18 +3,18 @@
 #include "widgets/Movement.h"
 
 #include <QAbstractButton>
-#include <QPixmap>
 
-/// One of the two pictures of a mark: clicked with the mouse, or with Space or Enter when it has
-/// the keyboard. What its user has not seen is not clicked: a press that has just brought up the
-/// page does nothing, and a key at a mark out of sight only asks to have it brought into view.
+/// One of the two pictures of a mark, the inside of a box whose edge is the outline beneath:
+/// clicked with the mouse, or with Space or Enter when it has the keyboard. What its user has not
+/// seen is not clicked: a press that has just brought up the page does nothing, and a key at a mark
+/// out of sight only asks to have it brought into view.
 class MarkImage : public QAbstractButton {
     Q_OBJECT
 
 public:
-    /// `picture`: resource path. `isTick`: the picture of a job done. `coveredAbove`: pixels in the
-    /// parent; a mark that has been scrolled above that line is neither painted nor clicked.
-    MarkImage(const QString& picture, bool isTick, int coveredAbove, QWidget* parent);
+    /// `isTick`: the picture of a job done. `coveredAbove`: pixels in the parent; a mark that has
+    /// been scrolled above that line is neither painted nor clicked.
+    MarkImage(bool isTick, int coveredAbove, QWidget* parent);
 
     bool IsTick() const { return isTick_; }
 
@@ -41,8 +41,8 @@ protected:
 private:
     bool IsCovered() const { return y() < coveredAbove_; }
     bool IsOutOfSight() const;
+    void PaintBox(QPainter& painter) const;
 
-    QPixmap picture_;
     bool isTick_;
     int coveredAbove_;
     Movement pop_;

@@ -67,8 +67,9 @@ bool OpenFillfrm::CloseChartInUse() {
         return true;
     bool close = false;
     WithErrorsSkipped([&] {
-        close = Ask(QStringLiteral("You can use only one Dutygrid at a time.  Would you like to "
-                                   "close the Dutygrid you are working on?"));
+        close = AskBeforeLoss(
+            QStringLiteral("You can use only one Dutygrid at a time.  Would you like to "
+                           "close the Dutygrid you are working on?"));
     });
     if (close)
         WithErrorsSkipped([&] { inUse->Unload(); });

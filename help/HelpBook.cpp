@@ -33,7 +33,7 @@ HelpBook::HelpBook(const QString& file) : folder_(QFileInfo(file).absolutePath()
     QFile source(file);
     // A pipe would be waited for.
     if (QFileInfo(file).isFile() && source.open(QIODevice::ReadOnly))
-        ReadPages(QString::fromUtf8(source.read(LongestFile)));
+        ReadPages(QString::fromUtf8(source.read(std::min(source.size(), LongestFile))));
     if (topics_.isEmpty())
         Apologise(file);
 }

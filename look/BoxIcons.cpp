@@ -1,8 +1,8 @@
 #include "look/BoxIcons.h"
 
+#include "look/DrawnIcon.h"
 #include "look/LookColors.h"
 
-#include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -10,33 +10,7 @@ using namespace LookColors;
 
 namespace {
 
-/// Draws in a square of 40 by 40.
-using Drawing = void (*)(QPainter& painter);
-
-class DrawnIcon : public QIconEngine {
-public:
-    explicit DrawnIcon(Drawing drawing) : drawing_(drawing) {}
-
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override {
-        painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        painter->translate(rect.topLeft());
-        painter->scale(rect.width() / 40.0, rect.height() / 40.0);
-        drawing_(*painter);
-        painter->restore();
-    }
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        QPixmap picture(size);
-        picture.fill(Qt::transparent);
-        QPainter painter(&picture);
-        paint(&painter, QRect(QPoint(), size), mode, state);
-        return picture;
-    }
-    QIconEngine* clone() const override { return new DrawnIcon(drawing_); }
-
-private:
-    Drawing drawing_;
-};
+constexpr int BoxUnits = 40; // the side of the square that is drawn in
 
 void DrawExclamation(QPainter& painter, const QColor& color, double top) {
     painter.setPen(QPen(color, 4, Qt::SolidLine, Qt::RoundCap));
@@ -46,7 +20,7 @@ void DrawExclamation(QPainter& painter, const QColor& color, double top) {
     painter.drawEllipse(QPointF(20, top + 16), 2.4, 2.4);
 }
 
-void DrawWarning(QPainter& painter) {
+void DrawWarning(QPainter& painter, QIcon::Mode) {
     QPainterPath triangle;
     triangle.addPolygon(QPolygonF{{20, 6}, {35, 33}, {5, 33}});
     triangle.closeSubpath();
@@ -58,7 +32,7 @@ void DrawWarning(QPainter& painter) {
     DrawExclamation(painter, Ink, 14);
 }
 
-void DrawError(QPainter& painter) {
+void DrawError(QPainter& painter, QIcon::Mode) {
     painter.setPen(QPen(Ink, 2));
     painter.setBrush(Coral);
     painter.drawEllipse(QPointF(20, 20), 17, 17);
@@ -68,9 +42,9 @@ void DrawError(QPainter& painter) {
 } // namespace
 
 QIcon WarningIcon() {
-    return QIcon(new DrawnIcon(DrawWarning));
+    return DrawnIcon(BoxUnits, DrawWarning);
 }
 
 QIcon ErrorIcon() {
-    return QIcon(new DrawnIcon(DrawError));
+    return DrawnIcon(BoxUnits, DrawError);
 }

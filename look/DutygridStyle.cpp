@@ -1,10 +1,13 @@
 #include "look/DutygridStyle.h"
 
 #include "look/BoxIcons.h"
+#include "look/ButtonSign.h"
+#include "look/GroupBox.h"
 #include "look/LookColors.h"
 #include "look/TitleBar.h"
 
 #include <QAbstractItemView>
+#include <QDialogButtonBox>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
@@ -142,6 +145,12 @@ void DrawEntryFocus(const QAbstractItemView& list, const QStyleOption& option, Q
 
 DutygridStyle::DutygridStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
 
+void DutygridStyle::polish(QWidget* widget) {
+    QProxyStyle::polish(widget);
+    if (auto* button = qobject_cast<QPushButton*>(widget))
+        DrawSignOf(*button);
+}
+
 void DutygridStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                        QPainter* painter, const QWidget* widget) const {
     const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
@@ -150,6 +159,9 @@ void DutygridStyle::drawComplexControl(ComplexControl control, const QStyleOptio
     else if (const auto* bar = qstyleoption_cast<const QStyleOptionTitleBar*>(option);
              control == CC_TitleBar && bar != nullptr && widget != nullptr)
         DrawTitleBar(*bar, *painter, widget);
+    else if (const auto* box = qstyleoption_cast<const QStyleOptionGroupBox*>(option);
+             control == CC_GroupBox && box != nullptr)
+        DrawGroupBox(*box, *painter);
     else
         QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
@@ -181,9 +193,41 @@ QIcon DutygridStyle::standardIcon(StandardPixmap icon, const QStyleOption* optio
     return QProxyStyle::standardIcon(icon, option, widget);
 }
 
+QRect DutygridStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                    SubControl part, const QWidget* widget) const {
+    const auto* box = qstyleoption_cast<const QStyleOptionGroupBox*>(option);
+    return control == CC_GroupBox && box != nullptr
+               ? GroupBoxPart(*box, part)
+               : QProxyStyle::subControlRect(control, option, part, widget);
+}
+
+QSize DutygridStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+                                      const QSize& contents, const QWidget* widget) const {
+    const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    constexpr int leastEntry = 20; // pixels; the style sheet adds the air above and below
+    return type == CT_ItemViewItem ? size.expandedTo(QSize(0, leastEntry)) : size;
+}
+
+int DutygridStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                             QStyleHintReturn* returned) const {
+    switch (hint) {
+    case SH_UnderlineShortcut:
+        return 1;
+    case SH_DialogButtonLayout:
+        // As on the forms: at the right, the button that goes on before the one that leaves.
+        return QDialogButtonBox::WinLayout;
+    case SH_MessageBox_CenterButtons:
+    case SH_DialogButtonBox_ButtonsHaveIcons:
+        return 0;
+    default:
+        return QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+}
+
 int DutygridStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                                const QWidget* widget) const {
     constexpr int BoxMargin = 18; // pixels
+    constexpr int ButtonGap = 10;
     switch (metric) {
     case PM_MessageBoxIconSize:
         return 40;
@@ -194,6 +238,13 @@ int DutygridStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
         return qobject_cast<const QMessageBox*>(widget) != nullptr
                    ? BoxMargin
                    : QProxyStyle::pixelMetric(metric, option, widget);
+    case PM_LayoutHorizontalSpacing:
+    case PM_LayoutVerticalSpacing:
+        return qobject_cast<const QDialogButtonBox*>(widget) != nullptr
+                   ? ButtonGap
+                   : QProxyStyle::pixelMetric(metric, option, widget);
+    case PM_MenuVMargin: // above the first entry and below the last
+        return 4;
     case PM_FocusFrameHMargin: // the room before and behind an entry's text
         return 6;
     case PM_IndicatorWidth:

@@ -23,6 +23,8 @@ inline constexpr QColor HoneyDark(0xff, 0xe4, 0xa8); ///< pressed
 inline constexpr QColor Unusable(0x8d, 0x8b, 0x86);  ///< text of what cannot be used now
 inline constexpr QColor Done(0xa9, 0xdf, 0xb4);      ///< ground of a job done, in the review
 inline constexpr QColor DoneEdge(0x3f, 0x8a, 0x55);
+inline constexpr QColor Tick(0x23, 0x86, 0x36);      ///< in the box of a job done
+inline constexpr QColor Ticked(0xe6, 0xf7, 0xe3);    ///< ground of that box
 inline constexpr QColor Found(0xff, 0xec, 0xb3);     ///< ground of words found in the help
 inline constexpr QColor FoundHere(0xff, 0xb9, 0x2e); ///< of the one gone to
 

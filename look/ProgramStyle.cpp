@@ -18,20 +18,25 @@ QLabel[role="hint"] { color: @muted; }
 QLabel[role="greeting"] { font-size: 18pt; font-weight: 600; color: @deep; }
 QLabel[role="question"] { font-size: 11pt; color: @muted; }
 QFrame[role="welcome"] { background: @card; border: 1px solid @line; border-radius: 12px; }
-QFrame[role="card"], QGroupBox {
-    background: @card; border: 1px solid @line; border-radius: 8px;
-}
-QGroupBox { margin-top: 1.3em; padding-top: 4px; }
-QGroupBox::title {
-    subcontrol-origin: margin; left: 8px; padding: 0 4px; color: @deep; font-weight: 600;
-}
+QLabel[role="column"] { font-weight: 600; color: @deep; }
+QFrame[role="card"] { background: @card; border: 1px solid @line; border-radius: 8px; }
 QPushButton {
     background: @card; color: @ink; border: 1px solid @outline; border-radius: 6px;
     padding: 5px 14px; min-height: 1.3em;
 }
+/* 88 with padding and edge. A longer caption must not be squeezed to it, as the least width of all
+   buttons would let it. */
+QPushButton[text="Ok"], QPushButton[text="OK"], QPushButton[text="&OK"],
+QPushButton[text="Cancel"], QPushButton[text="&Cancel"], QPushButton[text="Exit"],
+QPushButton[text="Close"], QPushButton[text="&Close"], QPushButton[text="Yes"],
+QPushButton[text="&Yes"], QPushButton[text="No"], QPushButton[text="&No"],
+QPushButton[text="Add"], QPushButton[text="&Open"] { min-width: 58px; }
 QPushButton:hover { background: @honey; }
 QPushButton:pressed { background: @honeydark; }
 QPushButton:focus { border: 2px solid @teal; padding: 4px 13px; }
+/* As wide, with an arrow. */
+QPushButton[text="Log in"] { padding: 5px 11px; min-width: 64px; }
+QPushButton[text="Log in"]:focus { padding: 4px 10px; }
 QPushButton:disabled { color: @unusable; border-color: @line; }
 QPushButton[role="primary"] { background: @teal; border-color: @tealpressed; color: @card;
     font-weight: 600; }
@@ -52,11 +57,16 @@ QHeaderView::section {
     background: @band; color: @deep; font-weight: 600; padding: 5px 8px; border: 0;
     border-bottom: 1px solid @outline;
 }
+/* 28 high with the least height of DutygridStyle, 40 where children choose. */
 QListView::item, QTreeView::item { padding: 4px 0; }
-QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
-QMessageBox QPushButton { min-width: 5em; }
+QListView[role="large"]::item { padding: 10px 0; }
 QMenu::separator { height: 1px; background: @line; margin: 4px 8px; }
-QFrame[role="golden"] { background: @gold; border: 0; }
+/* Beside a group, as high as its frame. */
+QFrame[role="golden"] { background: @gold; border: 0; border-radius: 2px; margin-top: 1.3em; }
+QFrame[role="band"] { background: @band; border: 0; border-bottom: 1px solid @line; }
+QFrame[role="line"] { background: @line; border: 0; }
+/* What children read of a job. */
+RowText, PointsText { font-size: 12.5pt; }
 QToolTip { background: @card; color: @ink; border: 1px solid @outline; padding: 3px 6px; }
 /* A month's name opens a menu; it needs no triangle beside the arrows. */
 QWidget#qt_calendar_navigationbar { background: @card; }
@@ -65,6 +75,10 @@ QCalendarWidget QToolButton { border: 1px solid transparent; border-radius: 6px;
 QCalendarWidget QToolButton::menu-indicator { image: none; }
 QCalendarWidget QToolButton:hover { background: @honey; }
 QCalendarWidget QToolButton:focus { border-color: @teal; }
+/* Stands in the place of the year while one writes in it. */
+QCalendarWidget QSpinBox { background: @card; color: @deep; font-weight: 600; padding: 0 4px;
+    border: 2px solid @teal; border-radius: 6px; selection-background-color: @teal;
+    selection-color: @card; }
 /* Rows that are 22 pixels high, whatever the font. */
 QWidget[role="rows"] QLineEdit, QWidget[role="rows"] QComboBox { padding: 0 4px; }
 QWidget[role="rows"] QLineEdit:focus { padding: 0 3px; }
@@ -79,13 +93,14 @@ QWidget[role="rows"] QPushButton:focus { padding: 0 3px; border-color: @teal; }
 QFrame[role="news"] { background: @tealpale; border: 0; border-radius: 6px; }
 QFrame[role="news"] QPushButton { padding: 0 8px; min-height: 0; border-radius: 4px; }
 QFrame[role="news"] QPushButton:focus { padding: 0 7px; }
+/* The bar's own padding is the same for each room: the toolkit asks for it once. */
 QToolBar { background: @card; border: 0; border-bottom: 1px solid @line; spacing: 2px;
-    padding: 4px; }
-QToolBar QToolButton { border: 1px solid transparent; border-radius: 6px; padding: 4px 8px;
+    padding: 2px; }
+QToolBar QToolButton { border: 1px solid transparent; border-radius: 6px; padding: 6px 8px;
     font-size: 11pt; }
-QToolBar[room="low"], QToolBar[room="small"] { padding: 2px; }
-QToolBar[room="low"] QToolButton { padding: 2px 8px; }
-QToolBar[room="small"] QToolButton { padding: 2px; font-size: 10pt; }
+QToolBar[room="medium"] QToolButton { padding: 0 8px; }
+QToolBar[room="low"] QToolButton { padding: 4px 8px; }
+QToolBar[room="small"] QToolButton { padding: 4px 2px; font-size: 10pt; }
 QToolBar QToolBarExtension { padding: 0; min-width: 18px; }
 QToolBar QToolButton:hover { background: @honey; border-color: @line; }
 QToolBar QToolButton:pressed { background: @honeydark; }

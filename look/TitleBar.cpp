@@ -60,7 +60,8 @@ void DrawTitleBar(const QStyleOptionTitleBar& option, QPainter& painter, const Q
     painter.fillRect(option.rect, isInFront ? Teal : TealPale);
 
     painter.setPen(ink);
-    const QRect title = place(QStyle::SC_TitleBarLabel);
+    constexpr int air = 5; // pixels; a long title ends before the signs, and begins behind the icon
+    const QRect title = place(QStyle::SC_TitleBarLabel).adjusted(air, 0, -air, 0);
     painter.drawText(title, Qt::AlignCenter | Qt::TextSingleLine,
                      painter.fontMetrics().elidedText(option.text, Qt::ElideRight, title.width()));
     option.icon.paint(&painter, place(QStyle::SC_TitleBarSysMenu));

@@ -19,8 +19,11 @@ namespace {
 /// The first line's grid row; a page ends behind the line with the last number.
 constexpr qint16 FirstGridRow = 3;
 constexpr qint16 LastLineNo = 28;
-/// Jobs end before the rule of the next column.
+/// Jobs and the heading of the counts end before the rule of the next column; the last heading is
+/// on small paper as much smaller as the one beside it.
 constexpr double ReportedJobsEnd = 10.8;
+constexpr double CompletedEnd = 14.95;
+constexpr double IncompleteEnd = 19.6;
 
 /// What is read of a table to count its rows, and to find its period; the places in the lists.
 const QStringList CountedFields = {QStringLiteral("Instructions"), QStringLiteral("Completed"),
@@ -53,17 +56,17 @@ void PrintJobLine(PrinterObject& printer, qint16 lineNo, const QString& job,
 void PrintReportHeader(PrinterObject& printer, const QString& KidName,
                        const QString& DateRangeText) {
     SetUpGrid(printer);
-    const auto print = [&printer](double x, double y, const QString& text) {
+    const auto print = [&printer](double x, double y, const QString& text, double end = 0) {
         printer.SetCurrentX(x);
         printer.SetCurrentY(y);
-        printer.Print(text);
+        printer.Print(text, {.End = end});
     };
     printer.SetFontSize(18);
     print(8, 0, KidName + QStringLiteral(" - Job Report"));
     print(5, 1, DateRangeText);
     print(1.2, 2, QStringLiteral("         Jobs"));
-    print(11.5, 2, QStringLiteral("Completed"));
-    print(15.5, 2, QStringLiteral("   Incomplete"));
+    print(11.5, 2, QStringLiteral("Completed"), CompletedEnd);
+    print(15.5, 2, QStringLiteral("   Incomplete"), IncompleteEnd);
     printer.Line(3, 3, 21, 3, ColorValue::Black);
     printer.Line(11, 3, 11, 29, ColorValue::Black);
     printer.Line(15, 3, 15, 29, ColorValue::Black);

@@ -11,6 +11,7 @@
 #include "store/Rows.h"
 
 #include <QRandomGenerator>
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <utility>
@@ -26,6 +27,13 @@ constexpr int BlanksBehindNumber = 29;
 /// Jobs and points end before the rules of their columns.
 constexpr double JobsEnd = 12.8;
 constexpr double PointsEnd = 17.8;
+
+/// The size of a row's mark: 18 points, or less where the rows of small paper are lower than that.
+/// `lineHeight`: of a text of 10 points, in grid units.
+int MarkPoints(double lineHeight) {
+    constexpr double room = 0.9;
+    return std::min(18, static_cast<int>(10 * room / lineHeight));
+}
 
 /// The title in the words of the three kinds of page; the recordset stands on its first row.
 QString Title(const Recordset& rows, const QString& chartName, Mode blankBoxes,
@@ -102,6 +110,7 @@ void ChartSheet::PrintRow(const Recordset& row, qint16 itemNo) {
         QString::number(itemNo) + QLatin1Char('.') + QString(BlanksBehindNumber, QLatin1Char(' '));
     printer_.Print(number + TextOf(row.Value(ChartField::Instructions)),
                    {.End = JobsEnd, .Lead = number.size()});
+    const double lineHeight = printer_.CurrentY() - (LineNo + 2 + 0.2);
     printer_.SetCurrentX(14);
     printer_.SetCurrentY(LineNo + 2 + 0.2);
     printer_.SetForeColor(ColorValue::Blue);
@@ -110,7 +119,7 @@ void ChartSheet::PrintRow(const Recordset& row, qint16 itemNo) {
     printer_.SetForeColor(ColorValue::Black);
     printer_.SetCurrentX(19);
     printer_.SetCurrentY(LineNo + 2 + 0.1);
-    printer_.SetFontSize(18);
+    printer_.SetFontSize(MarkPoints(lineHeight));
     // Nothing stored counts as not completed.
     PrintMark(row.Value(ChartField::Completed).toBool());
     if (itemNo > 1)

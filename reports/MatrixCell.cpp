@@ -24,6 +24,13 @@ QFont MatrixCell::Face() {
 }
 
 void MatrixCell::paintEvent(QPaintEvent* event) {
+    // Most cells are without, and all are painted with each line that is scrolled.
+    if (backStyle_ != Transparent || outlinedWhenOpen_)
+        PaintBack();
+    FittingLabel::paintEvent(event);
+}
+
+void MatrixCell::PaintBack() {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF place = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
@@ -31,13 +38,11 @@ void MatrixCell::paintEvent(QPaintEvent* event) {
         painter.setPen(LookColors::DoneEdge);
         painter.setBrush(LookColors::Done);
         painter.drawRoundedRect(place, 4, 4);
-    } else if (outlinedWhenOpen_) {
+    } else {
         // A square box, as on paper.
         QRectF box(0, 0, place.height() - 2, place.height() - 2);
         box.moveCenter(place.center());
         painter.setPen(LookColors::Outline);
         painter.drawRect(box);
     }
-    painter.end();
-    FittingLabel::paintEvent(event);
 }

@@ -25,6 +25,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void PaintBack();
+
     int backStyle_ = Transparent;
     bool outlinedWhenOpen_ = false;
 };

@@ -6,6 +6,7 @@
 #include <QIcon>
 #include <QLocale>
 #include <QPainter>
+#include <QSpinBox>
 #include <QTextCharFormat>
 #include <QToolButton>
 #include <algorithm>
@@ -40,6 +41,11 @@ MonthCalendar::MonthCalendar(QWidget* parent) : QCalendarWidget(parent), parts_(
     setFirstDayOfWeek(Qt::Sunday);
     for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
         setWeekdayTextFormat(day, QTextCharFormat());
+    // As the heads of all columns.
+    QTextCharFormat head;
+    head.setForeground(Deep);
+    head.setFontWeight(QFont::DemiBold);
+    setHeaderTextFormat(head);
     setSelectedDate(Today());
     // The toolkit leaves these to their pictures.
     const auto name = [this](const QString& part, const QString& text) {
@@ -54,6 +60,9 @@ MonthCalendar::MonthCalendar(QWidget* parent) : QCalendarWidget(parent), parts_(
         if (auto* button = findChild<QToolButton*>(QLatin1String(part)))
             button->setIcon(Chevron(forward, *this));
     }
+    // The keys and the wheel turn the years; two triangles of the toolkit's would be squeezed in.
+    if (auto* year = findChild<QSpinBox*>(QStringLiteral("qt_calendar_yearedit")))
+        year->setButtonSymbols(QAbstractSpinBox::NoButtons);
     connect(this, &QCalendarWidget::selectionChanged, this,
             [this] { parts_ = PartsOf(selectedDate()); });
     connect(this, &QCalendarWidget::currentPageChanged, this, &MonthCalendar::TakeDayAlong);

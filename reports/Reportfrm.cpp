@@ -34,9 +34,7 @@ Reportfrm::Reportfrm() : FormWidget(Place::InMainWindow), ui_(std::make_unique<U
     On(new EnterKey(ui_->ListView1), &EnterKey::Pressed, this, [this] { ui_->Ok->click(); });
     On(new EnterKey(ui_->ListView2), &EnterKey::Pressed, this, [this] { ui_->Ok2->click(); });
     ui_->StudentsList->setTextElideMode(Qt::ElideRight);
-    new PersonRows(*ui_->StudentsList, [](const QString& name, PictureTarget& target) {
-        Database().RetrevePicture(name, target);
-    });
+    new PersonRows(*ui_->StudentsList, ShowPictureOf);
     On(&ui_->StudentsList->Clicks, &ListClicks::Clicked, this, [this] { StudentsList_Click(); });
     On(&ui_->ListView1->Clicks, &ListClicks::RightPressed, this,
        [this] { ListView1_RightPress(); });

@@ -52,10 +52,11 @@ void WeekChartRepresentation::DesignHeader() {
 
 /// Line 0, as it stands until it is first filled.
 void WeekChartRepresentation::DesignLines() {
-    lines_ = new QWidget(ui_->Surface);
+    lines_ = new MatrixGround(ui_->Surface);
     lines_->setGeometry(ui_->Surface->rect());
     ui_->HeaderBack->raise();
     ui_->Picture1->raise();
+    ui_->Edge->raise();
     ui_->VScroll->raise();
 
     const auto makeOutline = [this] { return new LineOutline(lines_); };

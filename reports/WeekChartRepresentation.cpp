@@ -80,6 +80,8 @@ void WeekChartRepresentation::VScroll_Change() {
     }
     for (int day = 0; day < DaysOfWeek; ++day)
         DayTotal.SetTop(day, Job.Top(LastLine()));
+    // Also between its lines, which are painted as one.
+    lines_->update();
 }
 
 /// A form higher than it was made shows more of what it lists.
@@ -88,7 +90,8 @@ void WeekChartRepresentation::resizeEvent(QResizeEvent* event) {
     const int spare = std::max(0, height() - minimumHeight());
     const int more = spare - spare_;
     spare_ = spare;
-    QList<QWidget*> high = {ui_->ChartList, ui_->Surface, ui_->ChooseFirst, ui_->VScroll, lines_};
+    QList<QWidget*> high = {ui_->ChartList,   ui_->Surface, ui_->Edge,
+                            ui_->ChooseFirst, ui_->VScroll, lines_};
     high += ui_->Surface->findChildren<QWidget*>(QRegularExpression(QStringLiteral("^Line[2-9]$")));
     for (QWidget* part : high)
         part->resize(part->width(), part->height() + more);

@@ -2,8 +2,8 @@
 
 #include "platform/forms/ControlRows.h"
 #include "platform/forms/Form.h"
-#include "reports/LineOutline.h"
 #include "reports/MatrixArrays.h"
+#include "reports/MatrixGround.h"
 #include "session/FormNames.h"
 #include "store/FormViews.h"
 
@@ -81,7 +81,7 @@ private:
 
     std::unique_ptr<Ui::WeekChartRepresentation> ui_;
     /// Carries the lines, behind Picture1.
-    QWidget* lines_ = nullptr;
+    MatrixGround* lines_ = nullptr;
     /// The first line, which is never removed, holds a job of the present chart.
     bool hasJobs_ = false;
     /// Pixels beyond the designed height.

@@ -136,11 +136,12 @@ void RestoreWindow::MakeControls() {
     putBack_->setProperty("role", QStringLiteral("primary"));
     close_ = new QPushButton(QStringLiteral("&Close"));
     close_->setObjectName(QStringLiteral("Close"));
+    close_->setProperty("leaves", true);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(10);
     buttons->addStretch();
-    buttons->addWidget(close_);
     buttons->addWidget(putBack_);
+    buttons->addWidget(close_);
 
     today_ = MakeLabel(QStringLiteral("Today"), "hint");
     auto* room = new QVBoxLayout(this);
@@ -152,7 +153,6 @@ void RestoreWindow::MakeControls() {
     room->addWidget(middle_, 1);
     room->addWidget(card);
     room->addLayout(buttons);
-    setTabOrder(copies_, close_);
     resize(QSize(560, 480).boundedTo(screen()->availableSize()));
 }
 

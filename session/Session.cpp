@@ -47,6 +47,10 @@ DatabaseCls& Database() {
     return *Store();
 }
 
+void ShowPictureOf(const QString& name, PictureTarget& target) {
+    Database().RetrevePicture(name, target);
+}
+
 void ResetSession() {
     SetCommitHook({});
     Store().reset();

@@ -14,6 +14,9 @@
 /// The one store object, made on first use.
 DatabaseCls& Database();
 
+/// Shows the picture of the account of that name, none if it has none.
+void ShowPictureOf(const QString& name, PictureTarget& target);
+
 /// Name of the account logged in, exactly as typed at the log-in.
 extern QString CurrentUser;
 /// Its kind (AccountKind).

@@ -65,9 +65,13 @@ void BackgroundArea::SetGreeting(const Greeting& greeting) {
     LookAfterWelcome();
 }
 
+bool BackgroundArea::IsAsDelivered() const {
+    return backColor_ == DeliveredColor || backColor_ == FormerDeliveredColor;
+}
+
 bool BackgroundArea::ShowsWelcome() const {
     const QList<QMdiSubWindow*> frames = subWindowList();
-    return !welcome_->IsEmpty() &&
+    return !welcome_->IsEmpty() && picture_.isNull() &&
            std::all_of(frames.begin(), frames.end(),
                        [](const QMdiSubWindow* frame) { return frame->isHidden(); });
 }
@@ -80,8 +84,7 @@ void BackgroundArea::LookAfterWelcome() {
     // Over the area, not inside it: of what an area holds screen readers are told the forms alone.
     if (welcome_->parentWidget() != window())
         welcome_->setParent(window());
-    const bool isOwnBack = !picture_.isNull() || backColor_ != DeliveredColor;
-    welcome_->ShowIn({viewport()->mapTo(window(), QPoint()), viewport()->size()}, !isOwnBack);
+    welcome_->ShowIn({viewport()->mapTo(window(), QPoint()), viewport()->size()}, IsAsDelivered());
     welcome_->raise();
 }
 
@@ -99,7 +102,7 @@ void BackgroundArea::resizeEvent(QResizeEvent* event) {
 
 void BackgroundArea::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
-    painter.fillRect(event->rect(), ColorFromValue(backColor_));
+    painter.fillRect(event->rect(), ColorFromValue(IsAsDelivered() ? DeliveredColor : backColor_));
     if (picture_.isNull())
         return;
     const QPixmap& pixmap = FittedPicture();

@@ -10,14 +10,18 @@
 /// picture stands in the middle in its own size; one larger than the area is made smaller until
 /// it just covers it. The colour is seen around it and through it.
 ///
-/// While no sub-window is open, and neither a picture nor a colour of somebody's own has been
-/// chosen, the area greets its user.
+/// While no sub-window is open, and no picture of somebody's own is to be seen, the area greets its
+/// user; on a colour of somebody's own without the logo.
 class BackgroundArea : public QMdiArea {
     Q_OBJECT
 
 public:
-    /// The light paper of the settings as delivered.
-    static constexpr qint32 DeliveredColor = 15267066;
+    /// The ground of the settings as delivered: a pale green, on which the paper of the forms
+    /// stands out.
+    static constexpr qint32 DeliveredColor = 14409673;
+    /// The one that versions before delivered, nearly the forms' own. Settings that hold it look
+    /// as those of today.
+    static constexpr qint32 FormerDeliveredColor = 15267066;
 
     explicit BackgroundArea(QWidget* parent = nullptr);
 
@@ -44,6 +48,7 @@ private:
     /// Scrolls to a control that the keyboard has come to.
     void BringIntoView(const QWidget& control);
     const QPixmap& FittedPicture();
+    bool IsAsDelivered() const;
     void LookAfterWelcome();
 
     /// Until the settings have been read, the delivered one.

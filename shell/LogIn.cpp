@@ -2,6 +2,7 @@
 
 #include "platform/forms/DefaultForms.h"
 #include "platform/forms/Handlers.h"
+#include "platform/forms/WidgetRole.h"
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/Desktop.h"
 #include "platform/runtime/Numbers.h"
@@ -22,7 +23,6 @@
 #include <QCloseEvent>
 #include <QScreen>
 #include <QSignalBlocker>
-#include <QStyle>
 
 namespace {
 
@@ -45,9 +45,7 @@ LogIn::LogIn() : FormWidget(Place::TopLevel), ui_(std::make_unique<Ui::LogIn>())
     FitToScreen();
     for (HeadedList* list : {ui_->TeachersList, ui_->StudentsList}) {
         list->SetHeading(list->Heading());
-        new PersonRows(*list, [](const QString& name, PictureTarget& target) {
-            Database().RetrevePicture(name, target);
-        });
+        new PersonRows(*list, ShowPictureOf);
     }
 
     // What everybody comes for; the version above is chosen once.
@@ -135,27 +133,15 @@ void LogIn::ClearAccounts() {
     ui_->StudentsList->Clear();
 }
 
-namespace {
-
-void MakePrimary(QPushButton& button, bool primary) {
-    const QString role = primary ? QStringLiteral("primary") : QString();
-    if (button.property("role").toString() == role)
-        return;
-    button.setProperty("role", role);
-    button.style()->unpolish(&button);
-    button.style()->polish(&button);
-}
-
-} // namespace
-
 void LogIn::ListAccounts() {
     ClearAccounts();
     Database().PopulateUserList(ui_->TeachersList, *ui_->StudentsList);
     // The first who comes can do nothing but make an account.
     const bool isFirst =
         ui_->TeachersList->topLevelItemCount() + ui_->StudentsList->topLevelItemCount() == 0;
-    MakePrimary(*ui_->NewUserbtn, isFirst);
-    MakePrimary(*ui_->LogInbtn, !isFirst);
+    const QString primary = QStringLiteral("primary");
+    SetRole(*ui_->NewUserbtn, isFirst ? primary : QString());
+    SetRole(*ui_->LogInbtn, isFirst ? QString() : primary);
     if (isFirst && ui_->TeachersList->hasFocus())
         ui_->NewUserbtn->setFocus();
 }

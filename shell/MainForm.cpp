@@ -11,6 +11,7 @@
 #include "shell/InitValues.h"
 #include "shell/LogIn.h"
 #include "shell/PrintLine.h"
+#include "shell/ToolbarIcon.h"
 #include "shell/WebPage.h"
 #include "shell/WelcomePage.h"
 #include "ui_MainForm.h"
@@ -86,8 +87,7 @@ MainForm::~MainForm() = default;
 
 void MainForm::BuildToolbar() {
     for (const ToolbarEntry& entry : ToolbarEntries) {
-        const QString picture = QStringLiteral(":/art/toolbar/%1.png").arg(entry.key);
-        QAction* button = ui_->KidToolbar->addAction(QIcon(picture), entry.caption);
+        QAction* button = ui_->KidToolbar->addAction(ToolbarIcon(entry.key), entry.caption);
         button->setObjectName(ButtonName(entry.key));
         button->setToolTip(entry.tip);
         button->setData(QString(entry.key));
@@ -100,11 +100,16 @@ void MainForm::BuildToolbar() {
 /// On a small screen, or at a large scale, the room is the forms'.
 void MainForm::FitToolbar(const QSize& room) {
     constexpr QSize Ample(800, 800); // pixels
+    constexpr int Medium = 620;
     if (room.height() >= Ample.height())
         return;
-    ui_->KidToolbar->setIconSize(QSize(24, 24));
-    ui_->KidToolbar->setProperty("room", room.width() < Ample.width() ? QStringLiteral("small")
-                                                                      : QStringLiteral("low"));
+    const bool isNarrow = room.width() < Ample.width();
+    const bool isMedium = room.height() >= Medium && !isNarrow;
+    if (!isMedium)
+        ui_->KidToolbar->setIconSize(QSize(24, 24));
+    ui_->KidToolbar->setProperty("room", isMedium   ? QStringLiteral("medium")
+                                         : isNarrow ? QStringLiteral("small")
+                                                    : QStringLiteral("low"));
 }
 
 /// To and fro between the toolbar and the form in front, or the greeting, by way of the line about
@@ -225,9 +230,14 @@ Greeting MainForm::MakeGreeting() const {
         QLatin1String("Hi ") + CurrentUser, QStringLiteral("What would you like to do?"), {}};
     for (const Hint& hint : hints) {
         QAction& button = ToolbarButton(hint.key);
-        if (button.isVisible())
-            greeting.steps += {&button, button.text(), QString(hint.text),
-                               MenuEntry(hint.menuEntry).shortcut().toString()};
+        if (!button.isVisible())
+            continue;
+        Greeting::Step step{&button, button.text(), QString(hint.text), {}, false};
+        if (IsAdult(CurrentState))
+            step.key = MenuEntry(hint.menuEntry).shortcut().toString();
+        else
+            step.isLarge = true;
+        greeting.steps += step;
     }
     return greeting;
 }

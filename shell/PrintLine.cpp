@@ -5,6 +5,7 @@
 #include "platform/runtime/Desktop.h"
 #include "widgets/FittingLabel.h"
 
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -29,6 +30,13 @@ QString TextOf(const PrintNews& news) {
     if (news.IsWaiting)
         return QStringLiteral("%1 has stopped, and the pages wait there").arg(news.Printer);
     return QStringLiteral("Printed on ") + news.Printer;
+}
+
+/// What comes into view is read out at once, as the news of a desktop are.
+QAccessibleInterface* MakeNewsAccess(const QString& key, QObject* object) {
+    return key == QLatin1String("PrintLine")
+               ? new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Notification)
+               : nullptr;
 }
 
 /// Keys by which one comes to the button.
@@ -63,15 +71,22 @@ PrintLine::PrintLine(QMenuBar& menus)
 }
 
 void PrintLine::Tell(const PrintNews& news) {
+    const bool wasInView = isVisible();
     // First: of what is not shown nothing is said aloud, and it does not know its size.
     show();
     raise();
     file_ = news.File;
     text_->setText(TextOf(news));
+    setAccessibleName(text_->text());
     text_->setToolTip(file_);
     open_->setVisible(!file_.isEmpty());
     layout()->setContentsMargins(LineEdge, 0, file_.isEmpty() ? LineEdge : RowMargin, 0);
     Place();
+    if (!wasInView)
+        return;
+    // One that takes the place of another is read out as well.
+    QAccessibleEvent shown(this, QAccessible::ObjectShow);
+    QAccessible::updateAccessibility(&shown);
 }
 
 void PrintLine::Place() {
@@ -114,4 +129,8 @@ bool PrintLine::eventFilter(QObject* watched, QEvent* event) {
     if (watched->isWidgetType() && IsNextAction(*static_cast<QWidget*>(watched), *event))
         hide();
     return QFrame::eventFilter(watched, event);
+}
+
+void InstallPrintLineAccess() {
+    QAccessible::installFactory(MakeNewsAccess);
 }

@@ -36,3 +36,6 @@ private:
     /// What the button opens.
     QString file_;
 };
+
+/// Makes the line known to screen readers as news.
+void InstallPrintLineAccess();

@@ -17,6 +17,8 @@ struct Greeting {
         QString text;
         /// The key that does it; "" for none.
         QString key;
+        /// For children: a large icon beside a large name.
+        bool isLarge = false;
 
         bool operator==(const Step&) const = default;
     };

@@ -14,23 +14,31 @@ namespace {
 
 // Pixels.
 constexpr int Edge = 10;
-constexpr int IconSide = 32;
+constexpr int SmallSide = 32;
+constexpr int LargeSide = 48;
 constexpr int Gap = 14;
 constexpr int KeyEdge = 8;
 constexpr int KeyRound = 5;
 constexpr int NarrowestText = 120;
+constexpr int ArrowWidth = 7;
+constexpr double LargeName = 15; // points
 
 } // namespace
 
 WelcomeStep::WelcomeStep(const Greeting::Step& step, QWidget* parent)
-    : QPushButton(step.command->icon(), step.name, parent), hint_(step.text), key_(step.key) {
+    : QPushButton(step.command->icon(), step.name, parent), hint_(step.text), key_(step.key),
+      isLarge_(step.isLarge) {
     setAutoDefault(true); // Enter presses it, as it does all buttons
     setAccessibleDescription(key_.isEmpty() ? hint_ : hint_ + QLatin1Char(' ') + key_);
 }
 
+int WelcomeStep::IconSide() const {
+    return isLarge_ ? LargeSide : SmallSide;
+}
+
 QFont WelcomeStep::NameFont() const {
     QFont larger = font();
-    larger.setPointSizeF(larger.pointSizeF() * 1.15);
+    larger.setPointSizeF(isLarge_ ? LargeName : larger.pointSizeF() * 1.15);
     larger.setWeight(QFont::DemiBold);
     return larger;
 }
@@ -44,8 +52,8 @@ int WelcomeStep::KeyWidth() const {
 }
 
 QRect WelcomeStep::TextPlace() const {
-    const int right = key_.isEmpty() ? Edge : Edge + KeyWidth() + Gap;
-    QRect place = rect().adjusted(Edge + IconSide + Gap, 0, -right, 0);
+    const int right = Edge + ArrowWidth + Gap + (key_.isEmpty() ? 0 : KeyWidth() + Gap);
+    QRect place = rect().adjusted(Edge + IconSide() + Gap, 0, -right, 0);
     place.setTop((height() - TextHeight()) / 2);
     place.setHeight(TextHeight());
     return place;
@@ -61,7 +69,7 @@ QSize WelcomeStep::sizeHint() const {
 
 QSize WelcomeStep::minimumSizeHint() const {
     return {width() - TextPlace().width() + NarrowestText,
-            std::max(IconSide, TextHeight()) + 2 * Edge};
+            std::max(IconSide(), TextHeight()) + 2 * Edge};
 }
 
 bool WelcomeStep::event(QEvent* event) {
@@ -83,17 +91,10 @@ void WelcomeStep::paintEvent(QPaintEvent*) {
     style()->drawControl(QStyle::CE_PushButton, &option, &painter, this);
 
     painter.setRenderHint(QPainter::Antialiasing);
-    icon().paint(&painter, QRect(Edge, (height() - IconSide) / 2, IconSide, IconSide));
-    if (!key_.isEmpty()) {
-        const int keyHeight = fontMetrics().height() + 4;
-        const QRect key(width() - Edge - KeyWidth(), (height() - keyHeight) / 2, KeyWidth(),
-                        keyHeight);
-        painter.setPen(LookColors::Line);
-        painter.setBrush(LookColors::Band);
-        painter.drawRoundedRect(QRectF(key).adjusted(0.5, 0.5, -0.5, -0.5), KeyRound, KeyRound);
-        painter.setPen(LookColors::Muted);
-        painter.drawText(key, Qt::AlignCenter, key_);
-    }
+    icon().paint(&painter, Edge, (height() - IconSide()) / 2, IconSide(), IconSide());
+    if (!key_.isEmpty())
+        PaintKey(painter);
+    PaintArrow(painter);
     QRect line = TextPlace();
     const auto write = [&](const QFont& lineFont, const QColor& color, const QString& text) {
         const QFontMetrics metrics(lineFont);
@@ -106,4 +107,25 @@ void WelcomeStep::paintEvent(QPaintEvent*) {
     };
     write(NameFont(), LookColors::Ink, text());
     write(font(), LookColors::Muted, hint_);
+}
+
+void WelcomeStep::PaintKey(QPainter& painter) const {
+    const int keyHeight = fontMetrics().height() + 4;
+    const QRect key(width() - Edge - ArrowWidth - Gap - KeyWidth(), (height() - keyHeight) / 2,
+                    KeyWidth(), keyHeight);
+    painter.setPen(LookColors::Line);
+    painter.setBrush(LookColors::Band);
+    painter.drawRoundedRect(QRectF(key).adjusted(0.5, 0.5, -0.5, -0.5), KeyRound, KeyRound);
+    painter.setPen(LookColors::Muted);
+    painter.drawText(key, Qt::AlignCenter, key_);
+}
+
+void WelcomeStep::PaintArrow(QPainter& painter) const {
+    const double right = width() - Edge - 1;
+    const double middle = height() / 2.0;
+    painter.setPen(QPen(underMouse() ? LookColors::Teal : LookColors::Muted, 2, Qt::SolidLine,
+                        Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(QPolygonF{{right - ArrowWidth + 2, middle - ArrowWidth + 2},
+                                   {right, middle},
+                                   {right - ArrowWidth + 2, middle + ArrowWidth - 2}});
 }

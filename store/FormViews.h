@@ -19,6 +19,9 @@ public:
     virtual ~PictureTarget() = default;
     virtual QImage Picture() const = 0;
     virtual void SetPicture(const QImage& picture) = 0;
+    /// In device pixels: about how many the shorter side of a larger picture needs. 0 where the
+    /// picture is shown as it is.
+    virtual int SmallSide() const { return 0; }
 };
 
 /// A list, combo box or one-column list view that names are added to.

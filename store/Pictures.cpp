@@ -9,7 +9,6 @@
 #include "platform/runtime/WholeFiles.h"
 #include "store/ChartFields.h"
 #include "store/Rows.h"
-#include "store/SmallPicture.h"
 
 #include <QBuffer>
 #include <QDir>
@@ -73,7 +72,7 @@ void WriteScratchFile(const Recordset& rows, const QString& field, const QString
     ReplaceScratchFile(scratch, content);
 }
 
-void ShowSmall(const Recordset& rows, const QString& field, SmallPicture& target) {
+void ShowSmall(const Recordset& rows, const QString& field, PictureTarget& target) {
     const qint64 size = rows.FieldSize(field);
     if (size == 0)
         return;
@@ -81,7 +80,7 @@ void ShowSmall(const Recordset& rows, const QString& field, SmallPicture& target
         size > MostSmallPictureBytes ? QByteArray() : rows.GetChunk(field, 0, size);
     QBuffer buffer(&content);
     buffer.open(QIODevice::ReadOnly);
-    target.SetPicture(ReadSmallPicture(buffer, target.Side()));
+    target.SetPicture(ReadSmallPicture(buffer, target.SmallSide()));
 }
 
 } // namespace
@@ -101,10 +100,10 @@ void StorePicture(Recordset& rows, const QString& field, const QString& path) {
 
 void ShowPictures(Recordset& accounts, const QString& account, const QString& field,
                   PictureTarget& target, const std::function<void()>& beforePicture) {
-    if (auto* small = dynamic_cast<SmallPicture*>(&target)) {
+    if (target.SmallSide() > 0) {
         ForEachRowOf(account, accounts, [&] {
             beforePicture();
-            WithErrorsSkipped([&] { ShowSmall(accounts, field, *small); });
+            WithErrorsSkipped([&] { ShowSmall(accounts, field, target); });
         });
         return;
     }

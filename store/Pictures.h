@@ -16,8 +16,8 @@ void StorePicture(Recordset& rows, const QString& field, const QString& path);
 
 /// Shows the picture in a field of each row of the account, the last one's in the end; none where
 /// the scratch file cannot be written. `beforePicture` runs on such a row first. `accounts` stands
-/// on its first row; raises 3021 if there is none. All other errors are skipped. A SmallPicture
-/// needs neither the scratch file nor a row.
+/// on its first row; raises 3021 if there is none. All other errors are skipped. A small
+/// picture needs neither the scratch file nor a row.
 void ShowPictures(
     Recordset& accounts, const QString& account, const QString& field, PictureTarget& target,
     const std::function<void()>& beforePicture = [] {});

@@ -7,10 +7,10 @@
 /// store: nothing is written for it, and another copy of the program can mix up none.
 class SmallPicture : public PictureTarget {
 public:
-    /// `side`: in device pixels; the shorter side of a larger picture gets about as many.
+    /// `side`: in device pixels, more than 0.
     explicit SmallPicture(int side) : side_(side) {}
 
-    int Side() const { return side_; }
+    int SmallSide() const override { return side_; }
     QImage Picture() const override { return picture_; }
     void SetPicture(const QImage& picture) override { picture_ = picture; }
 

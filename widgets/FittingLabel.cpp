@@ -1,5 +1,7 @@
 #include "widgets/FittingLabel.h"
 
+#include "widgets/KeptUnits.h"
+
 #include <QHelpEvent>
 #include <QPainter>
 #include <QTextLayout>
@@ -73,8 +75,10 @@ void FittingLabel::paintEvent(QPaintEvent*) {
 
 FittingLabel::Lines FittingLabel::LinesWithin(const QSize& size) const {
     Lines result;
-    const QString whole = QString(text()).replace(QLatin1Char('\n'), QLatin1Char(' '));
+    QString whole = QString(text()).replace(QLatin1Char('\n'), QLatin1Char(' '));
     const int maxLines = std::max(1, size.height() / std::max(1, fontMetrics().height()));
+    if (maxLines > 1)
+        whole = WithUnitsKept(whole);
     QTextLayout layout(whole, font());
     QTextOption option;
     option.setWrapMode(maxLines > 1 ? QTextOption::WrapAtWordBoundaryOrAnywhere

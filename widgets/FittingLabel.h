@@ -5,9 +5,9 @@
 #include <QStringList>
 
 /// A label that never asks for more room than it is given: its text runs over as many lines as
-/// fit, the last one ends in an ellipsis where the text is cut, and the whole text is then its
-/// tool tip in the place of another. `text()` is always the whole text, shown letter by letter as
-/// it is.
+/// fit, a number on one with the word behind it; the last one ends in an ellipsis where the text
+/// is cut, and the whole text is then its tool tip in the place of another. `text()` is always the
+/// whole text, shown letter by letter as it is.
 class FittingLabel : public QLabel {
     Q_OBJECT
 

@@ -2,6 +2,7 @@
 
 #include "platform/runtime/Numbers.h"
 #include "widgets/GoalScene.h"
+#include "widgets/KeptUnits.h"
 
 #include <QPainter>
 #include <QTextDocument>
@@ -14,7 +15,7 @@ namespace {
 
 constexpr double WalkDuration = 550; // milliseconds
 constexpr double LeastHeight = 30;   // pixels
-constexpr double GoodHeight = 48;
+constexpr double GoodHeight = 56;    // with a goal of 48
 
 QString Words(double points, double cost, const QString& name) {
     if (cost <= 0)
@@ -73,7 +74,7 @@ void GoalPath::Tell() {
     setUpdatesEnabled(true);
     const QString words = Words(points_, cost_, name_);
     setAccessibleDescription(words);
-    setToolTip(Qt::convertFromPlainText(words));
+    setToolTip(Qt::convertFromPlainText(WithUnitsKept(words)));
     atRest_ = QPixmap();
     update();
 }

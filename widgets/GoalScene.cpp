@@ -2,6 +2,7 @@
 
 #include "look/LookColors.h"
 #include "widgets/Present.h"
+#include "widgets/StarPath.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -20,9 +21,11 @@ class Way {
 public:
     Way(const QRectF& area, const GoalScene& scene) : area_(area), starSize_(area.height() * 0.7) {
         const double goal = GoalPictureSize(area.height());
-        goal_ = QRectF(area.right() - goal - Rays(), area.center().y() - goal / 2, goal, goal);
+        // Whole pixels keep the picture sharp.
+        rays_ = std::floor((area.height() - goal) / 2);
+        goal_ = QRectF(area.right() - goal - rays_, area.top() + rays_, goal, goal);
         from_ = area.left() + starSize_ / 2 + 2;
-        to_ = goal_.left() - Rays() - starSize_ / 2;
+        to_ = goal_.left() - rays_ - starSize_ / 2;
         // As many for one goal wherever it is shown, however wide.
         constexpr double mostStones = 10;
         stones_ = std::max(1, static_cast<int>(std::min(scene.Cost, mostStones)));
@@ -42,7 +45,8 @@ public:
         return path;
     }
     const QRectF& Goal() const { return goal_; }
-    double Rays() const { return area_.height() * 0.08; }
+    /// How far the joy shines beyond the goal, on all sides.
+    double Rays() const { return rays_; }
     double StarSize() const { return starSize_; }
     double StoneSize() const { return area_.height() * 0.26; }
     int Stones() const { return stones_; }
@@ -52,6 +56,7 @@ private:
     QRectF area_;
     double starSize_;
     QRectF goal_;
+    double rays_ = 0;
     double from_ = 0;
     double to_ = 0;
     int stones_ = 1;
@@ -118,7 +123,7 @@ public:
     void Goal(const Way& way, const GoalScene& scene) {
         const QRectF& goal = way.Goal();
         if (scene.IsReached)
-            Sunburst(goal, way.Rays() * (0.6 + 1.4 * scene.Joy));
+            Sunburst(goal, way.Rays() * (0.3 + 0.7 * scene.Joy));
         if (!scene.HasGoal) {
             painter_.setPen(QPen(edge_, 2, Qt::DashLine, Qt::RoundCap));
             painter_.setBrush(paper_);
@@ -172,19 +177,6 @@ public:
     }
 
 private:
-    static QPainterPath StarPath(double radius) {
-        constexpr int corners = 10;
-        QPainterPath path;
-        for (int corner = 0; corner < corners; ++corner) {
-            const double reach = corner % 2 == 0 ? radius : radius * 0.56;
-            const double angle = -Pi / 2 + corner * 2 * Pi / corners;
-            const QPointF at(reach * std::cos(angle), reach * std::sin(angle));
-            corner == 0 ? path.moveTo(at) : path.lineTo(at);
-        }
-        path.closeSubpath();
-        return path;
-    }
-
     /// Round a middle at 0, 0. A glad one laughs.
     void Face(double size, bool isGlad) {
         painter_.setPen(Qt::NoPen);
@@ -215,7 +207,8 @@ private:
                            QPointF(radius * 0.15, -radius * 0.9)}));
             painter_.rotate(360.0 / rays);
         }
-        painter_.drawEllipse(QPointF(0, 0), radius, radius);
+        const double rim = radius + reach * 0.4;
+        painter_.drawEllipse(QPointF(0, 0), rim, rim);
         painter_.restore();
     }
 
@@ -242,7 +235,7 @@ private:
 } // namespace
 
 int GoalPictureSize(double height) {
-    return static_cast<int>(height * 0.84);
+    return static_cast<int>(height * 6 / 7);
 }
 
 void PaintGoalScene(QPainter& painter, const QRectF& area, const QPalette& palette,

@@ -58,8 +58,10 @@ void LinkLabel::paintEvent(QPaintEvent* event) {
     if (!hasFocus())
         return;
     QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    constexpr int Round = 4; // pixels
+    painter.drawRoundedRect(rect().adjusted(1, 1, -1, -1), Round, Round);
 }
 
 void InstallLinkAccess() {

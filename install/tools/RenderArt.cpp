@@ -1,7 +1,8 @@
 // Renders the drawings in install/art into the pictures the program and its users see.
 //
-//   RenderArt pictures  ART_FOLDER OUTPUT_FOLDER   users', incentive and chart pictures
-//   RenderArt resources ART_FOLDER OUTPUT_FOLDER   toolbar, boxes, logo and program icon
+//   RenderArt pictures  ART_FOLDER OUTPUT_FOLDER   users', incentive and chart pictures,
+//   backgrounds RenderArt resources ART_FOLDER OUTPUT_FOLDER   toolbar, boxes, logo and program
+//   icon
 //
 // A drawing of a user or an incentive fills its square; the round cut is made here, so that all
 // pictures have the same outline.
@@ -32,7 +33,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int PictureSide = 256;
+// A GIF's pixels are there or not. Three times as fine, its edge has no steps where it is shown.
+constexpr int GifSide = 3 * PictureSide;
 constexpr int TransparentIndex = 255;
+constexpr QSize BackgroundSize(1920, 1080);
 
 [[noreturn]] void Fail(const QString& what) {
     throw std::runtime_error(what.toStdString());
@@ -140,18 +144,42 @@ GifByteType NearestIndex(const std::vector<QRgb>& palette, QRgb pixel) {
     return static_cast<GifByteType>(best);
 }
 
+/// The picture in the commonest of its colours; where nothing is to be seen, TransparentIndex.
+QImage InFewColours(const QImage& image) {
+    const std::vector<QRgb> palette = MakePalette(image);
+    QImage few(image.size(), QImage::Format_Indexed8);
+    few.setColorTable(QList<QRgb>(palette.begin(), palette.end()));
+    QHash<QRgb, GifByteType> known;
+    for (int y = 0; y < image.height(); ++y) {
+        uchar* line = few.scanLine(y);
+        for (int x = 0; x < image.width(); ++x) {
+            const QRgb pixel = image.pixel(x, y);
+            if (qAlpha(pixel) < 128) {
+                line[x] = TransparentIndex;
+                continue;
+            }
+            const QRgb solid = pixel | 0xff000000U;
+            auto found = known.find(solid);
+            if (found == known.end())
+                found = known.insert(solid, NearestIndex(palette, solid));
+            line[x] = *found;
+        }
+    }
+    return few;
+}
+
 void Check(int result, const QString& path) {
     if (result != GIF_OK)
         Fail(u"cannot write "_s + path);
 }
 
 void SaveGif(const QImage& image, const QString& path) {
-    const std::vector<QRgb> palette = MakePalette(image);
+    QImage few = InFewColours(image);
     std::array<GifColorType, 256> colours{};
-    for (std::size_t i = 0; i < palette.size(); ++i)
-        colours[i] = {static_cast<GifByteType>(qRed(palette[i])),
-                      static_cast<GifByteType>(qGreen(palette[i])),
-                      static_cast<GifByteType>(qBlue(palette[i]))};
+    for (int i = 0; i < few.colorCount(); ++i)
+        colours[static_cast<std::size_t>(i)] = {static_cast<GifByteType>(qRed(few.color(i))),
+                                                static_cast<GifByteType>(qGreen(few.color(i))),
+                                                static_cast<GifByteType>(qBlue(few.color(i)))};
 
     int error = 0;
     GifFileType* gif = EGifOpenFileName(path.toLocal8Bit().constData(), false, &error);
@@ -159,32 +187,15 @@ void SaveGif(const QImage& image, const QString& path) {
         Fail(u"cannot write "_s + path);
     EGifSetGifVersion(gif, true);
     ColorMapObject* map = GifMakeMapObject(256, colours.data());
-    Check(EGifPutScreenDesc(gif, image.width(), image.height(), 8, 0, map), path);
+    Check(EGifPutScreenDesc(gif, few.width(), few.height(), 8, 0, map), path);
     GraphicsControlBlock control{};
     control.TransparentColor = TransparentIndex;
     std::array<GifByteType, 4> extension{};
     EGifGCBToExtension(&control, extension.data());
     Check(EGifPutExtension(gif, GRAPHICS_EXT_FUNC_CODE, 4, extension.data()), path);
-    Check(EGifPutImageDesc(gif, 0, 0, image.width(), image.height(), false, nullptr), path);
-
-    QHash<QRgb, GifByteType> known;
-    std::vector<GifPixelType> line(static_cast<std::size_t>(image.width()));
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            const QRgb pixel = image.pixel(x, y);
-            GifPixelType& index = line[static_cast<std::size_t>(x)];
-            if (qAlpha(pixel) < 128) {
-                index = TransparentIndex;
-                continue;
-            }
-            const QRgb solid = pixel | 0xff000000U;
-            auto found = known.find(solid);
-            if (found == known.end())
-                found = known.insert(solid, NearestIndex(palette, solid));
-            index = *found;
-        }
-        Check(EGifPutLine(gif, line.data(), image.width()), path);
-    }
+    Check(EGifPutImageDesc(gif, 0, 0, few.width(), few.height(), false, nullptr), path);
+    for (int y = 0; y < few.height(); ++y)
+        Check(EGifPutLine(gif, few.scanLine(y), few.width()), path);
     GifFreeMapObject(map);
     Check(EGifCloseFile(gif, &error), path);
     // The library makes its files for the owner's eyes only.
@@ -193,23 +204,35 @@ void SaveGif(const QImage& image, const QString& path) {
         Fail(u"cannot open to all "_s + path);
 }
 
+QFileInfoList Drawings(const QString& folder) {
+    return QDir(folder).entryInfoList({u"*.svg"_s}, QDir::Files, QDir::Name);
+}
+
 void RenderPictureFolder(const QString& from, const QString& to, const QStringList& gifNames) {
     MakeFolder(to);
-    const QFileInfoList drawings = QDir(from).entryInfoList({u"*.svg"_s}, QDir::Files, QDir::Name);
-    for (const QFileInfo& drawing : drawings) {
-        const QImage image =
-            CutRound(Render(drawing.filePath(), QSize(PictureSide, PictureSide), Qt::white));
+    for (const QFileInfo& drawing : Drawings(from)) {
+        const bool asGif = gifNames.contains(drawing.completeBaseName());
+        const int side = asGif ? GifSide : PictureSide;
+        const QImage image = CutRound(Render(drawing.filePath(), QSize(side, side), Qt::white));
         const QString base = to + u'/' + drawing.completeBaseName();
-        if (gifNames.contains(drawing.completeBaseName()))
+        if (asGif)
             SaveGif(image, base + u".gif"_s);
         else
             Save(image, base + u".png"_s);
     }
 }
 
+void RenderBackgrounds(const QString& from, const QString& to) {
+    MakeFolder(to);
+    for (const QFileInfo& drawing : Drawings(from))
+        Save(InFewColours(Render(drawing.filePath(), BackgroundSize, Qt::white)),
+             to + u'/' + drawing.completeBaseName() + u".png"_s);
+}
+
 void RenderPictures(const QString& art, const QString& output) {
     RenderPictureFolder(art + u"/users"_s, output + u"/UsersPictures"_s, {});
     RenderPictureFolder(art + u"/incentives"_s, output + u"/IncentivesPictures"_s, {u"Bike"_s});
+    RenderBackgrounds(art + u"/backgrounds"_s, output + u"/Backgrounds"_s);
     MakeFolder(output + u"/Images"_s);
     const QImage check = Render(art + u"/CheckWhite.svg"_s, QSize(200, 200), Qt::white);
     Save(check.convertToFormat(QImage::Format_RGB32), output + u"/Images/CheckWhite.jpg"_s, 95);
@@ -227,12 +250,14 @@ void RenderForScreensWithRim(const QString& svgPath, const QString& base, QSize 
 
 void RenderResources(const QString& art, const QString& output) {
     MakeFolder(output + u"/toolbar"_s);
-    const QFileInfoList drawings =
-        QDir(art + u"/toolbar"_s).entryInfoList({u"*.svg"_s}, QDir::Files, QDir::Name);
-    for (const QFileInfo& drawing : drawings)
-        RenderForScreensWithRim(drawing.filePath(),
-                                output + u"/toolbar/"_s + drawing.completeBaseName(),
-                                QSize(32, 32));
+    for (const QFileInfo& drawing : Drawings(art + u"/toolbar"_s)) {
+        const QString base = output + u"/toolbar/"_s + drawing.completeBaseName();
+        RenderForScreensWithRim(drawing.filePath(), base, QSize(32, 32));
+        // What those two are at other scales; scaled, their lines would blur.
+        for (const int side : {24, 30, 36, 40, 48, 60, 72, 96})
+            Save(RenderWithRim(drawing.filePath(), QSize(side, side), side / 32.0),
+                 base + u'-' + QString::number(side) + u".png"_s);
+    }
     RenderForScreens(art + u"/Box.svg"_s, output + u"/Box"_s, QSize(25, 25));
     RenderForScreens(art + u"/Tick.svg"_s, output + u"/Tick"_s, QSize(25, 25));
     RenderForScreensWithRim(art + u"/Logo.svg"_s, output + u"/Logo"_s, QSize(360, 120));

@@ -1,8 +1,11 @@
 #include "platform/desktop/PictureDialog.h"
 
+#include "platform/desktop/PictureListAccess.h"
 #include "platform/forms/PicturesInSight.h"
+#include "platform/forms/WidgetRole.h"
 #include "platform/runtime/SmallPictures.h"
 
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFile>
 #include <QFileSystemModel>
@@ -10,9 +13,9 @@
 #include <QListView>
 #include <QPushButton>
 #include <QSplitter>
-#include <QStyle>
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -63,10 +66,16 @@ private:
     PicturesInSight* pictures_;
 };
 
+/// The toolkit's part of the dialog asks as soon as it is made what speaks for its list.
+QWidget* WithListAccess(QWidget* parent) {
+    InstallPictureListAccess();
+    return parent;
+}
+
 } // namespace
 
-PictureDialog::PictureDialog(QWidget* parent, const QString& folder)
-    : QFileDialog(parent, QStringLiteral("Open"), folder,
+PictureDialog::PictureDialog(QWidget* parent, const QString& folder, const QString& place)
+    : QFileDialog(WithListAccess(parent), QStringLiteral("Open"), folder,
                   folder.isEmpty()
                       ? QString()
                       : QStringLiteral("Pictures (*.png *.jpg *.jpeg *.gif *.bmp *.ico)")) {
@@ -83,29 +92,48 @@ PictureDialog::PictureDialog(QWidget* parent, const QString& folder)
     for (const char* box : {"lookInCombo", "fileNameEdit", "fileTypeCombo"})
         if (auto* low = findChild<QWidget*>(QLatin1String(box)))
             low->setMinimumHeight(boxHeight);
-    if (const auto* buttons = findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"))) {
-        QPushButton* open = buttons->button(QDialogButtonBox::Open);
-        open->setProperty("role", QStringLiteral("primary"));
-        open->style()->unpolish(open);
-        open->style()->polish(open);
-    }
+    if (const auto* buttons = findChild<QDialogButtonBox*>(QStringLiteral("buttonBox")))
+        SetRole(*buttons->button(QDialogButtonBox::Open), QStringLiteral("primary"));
     // So that screen readers tell what the boxes are; the toolkit does so for one of them.
     for (const auto& [label, box] :
          {std::pair("lookInLabel", "lookInCombo"), std::pair("fileTypeLabel", "fileTypeCombo")})
         if (auto* ofBox = findChild<QLabel*>(QLatin1String(label)))
             ofBox->setBuddy(findChild<QWidget*>(QLatin1String(box)));
-    if (auto* places = findChild<QWidget*>(QStringLiteral("sidebar")))
+    constexpr QSize symbol(16, 16);
+    if (auto* places = findChild<QListView*>(QStringLiteral("sidebar"))) {
         places->setAccessibleName(QStringLiteral("Places"));
+        places->setIconSize(symbol);
+    }
+    if (auto* folders = findChild<QComboBox*>(QStringLiteral("lookInCombo"))) {
+        folders->setItemDelegate(new QStyledItemDelegate(folders));
+        folders->setIconSize(symbol);
+    }
     grid_ = findChild<QListView*>(QStringLiteral("listView"));
     if (grid_ != nullptr)
         ShowAsGrid(*grid_);
     AddPreview();
+    if (folder.isEmpty() && QFileInfo(place).isDir()) {
+        place_ = QUrl::fromLocalFile(place);
+        setSidebarUrls(sidebarUrls() << place_);
+    }
     constexpr QSize enough(780, 500);
     resize(enough);
 }
 
+PictureDialog::~PictureDialog() {
+    // The toolkit keeps the places for its dialogs in all programs.
+    QList<QUrl> places = sidebarUrls();
+    places.removeAll(place_);
+    setSidebarUrls(places);
+}
+
 void PictureDialog::showEvent(QShowEvent* event) {
     QFileDialog::showEvent(event);
+    if (auto* places = findChild<QListView*>(QStringLiteral("sidebar"))) {
+        constexpr int Widest = 200;
+        const int wanted = places->sizeHintForColumn(0) + 2 * places->frameWidth();
+        places->setMinimumWidth(std::min(wanted, Widest));
+    }
     // Not in the box for a name: the arrow keys choose, and letters go to a name as well.
     if (grid_ != nullptr)
         grid_->setFocus();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFileDialog>
+#include <QUrl>
 
 class QLabel;
 class QListView;
@@ -12,8 +13,10 @@ class PictureDialog : public QFileDialog {
     Q_OBJECT
 
 public:
-    /// `folder` "": the one where the dialog was last, and with files of every kind.
-    PictureDialog(QWidget* parent, const QString& folder);
+    /// `folder` "": the one where the dialog was last, and with files of every kind; `place` is
+    /// then among the places to go to.
+    PictureDialog(QWidget* parent, const QString& folder, const QString& place = QString());
+    ~PictureDialog() override;
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -25,4 +28,5 @@ private:
 
     QListView* grid_;
     QLabel* preview_ = nullptr;
+    QUrl place_;
 };

@@ -2,6 +2,7 @@
 
 #include "platform/desktop/MotionSetting.h"
 #include "platform/desktop/PictureDialog.h"
+#include "platform/forms/WidgetRole.h"
 #include "platform/runtime/Colors.h"
 #include "platform/runtime/RuntimeError.h"
 #include "platform/runtime/WaveFiles.h"
@@ -11,19 +12,22 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QDesktopServices>
+#include <QDialogButtonBox>
 #include <QFileInfo>
 #include <QLibrary>
 #include <QPointer>
+#include <QPushButton>
 #include <QUrl>
 #include <utility>
 
-SystemDesktop::SystemDesktop(OpenHelp openHelp) : openHelp_(std::move(openHelp)) {}
+SystemDesktop::SystemDesktop(OpenHelp openHelp, QString pictures)
+    : openHelp_(std::move(openHelp)), pictures_(std::move(pictures)) {}
 SystemDesktop::~SystemDesktop() = default;
 
 std::optional<QString> SystemDesktop::OpenFile(const QString& initialFolder) {
     // On the heap: the window beneath may be deleted while the dialog stands.
     const QPointer<PictureDialog> dialog =
-        new PictureDialog(QApplication::activeWindow(), initialFolder);
+        new PictureDialog(QApplication::activeWindow(), initialFolder, pictures_);
     const bool isChosen = dialog->exec() == QDialog::Accepted && !dialog.isNull();
     const QString file = isChosen ? dialog->selectedFiles().value(0) : QString();
     delete dialog.data();
@@ -48,8 +52,15 @@ void OfferPastels() {
 
 std::optional<qint32> SystemDesktop::ChooseColor(qint32 initial) {
     OfferPastels();
-    const QColor color =
-        QColorDialog::getColor(ColorFromValue(initial), QApplication::activeWindow());
+    // On the heap, as the dialog for files.
+    const QPointer<QColorDialog> dialog =
+        new QColorDialog(ColorFromValue(initial), QApplication::activeWindow());
+    // A desktop's own dialog has none of the toolkit's buttons.
+    if (const auto* buttons = dialog->findChild<QDialogButtonBox*>())
+        SetRole(*buttons->button(QDialogButtonBox::Ok), QStringLiteral("primary"));
+    const bool isChosen = dialog->exec() == QDialog::Accepted && !dialog.isNull();
+    const QColor color = isChosen ? dialog->selectedColor() : QColor();
+    delete dialog.data();
     if (!color.isValid())
         return std::nullopt;
     return ValueFromColor(color);

@@ -16,7 +16,8 @@ public:
     /// What shows a file of help.
     using OpenHelp = std::function<void(const QString& helpFile)>;
 
-    explicit SystemDesktop(OpenHelp openHelp);
+    /// `pictures`: a folder that the open-file dialog offers where it is told none.
+    explicit SystemDesktop(OpenHelp openHelp, QString pictures = QString());
     ~SystemDesktop() override;
 
     std::optional<QString> OpenFile(const QString& initialFolder) override;
@@ -28,6 +29,7 @@ public:
 
 private:
     OpenHelp openHelp_;
+    QString pictures_;
     std::unique_ptr<WavePlayer> sound_;
     std::unique_ptr<MotionSetting> motion_;
 };

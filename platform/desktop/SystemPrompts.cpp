@@ -2,16 +2,18 @@
 
 #include "platform/forms/ActivationTracker.h"
 #include "platform/forms/MainWindowArea.h"
+#include "platform/forms/WidgetRole.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QEventLoop>
+#include <QGridLayout>
+#include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMessageBox>
 #include <QPointer>
 #include <QScreen>
-#include <QStyle>
 #include <algorithm>
 
 namespace {
@@ -38,6 +40,17 @@ void PlaceBesideFormInFront(QMessageBox& box) {
              fitsBelow || above < room.top() + TitleBar ? below : above);
 }
 
+/// Where there is no icon, the toolkit keeps room for half of one before the text.
+void BeginTextAtMargin(QMessageBox& box) {
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    auto* text = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    if (grid == nullptr || text == nullptr || box.icon() != QMessageBox::NoIcon)
+        return;
+    grid->removeWidget(text);
+    constexpr int allColumns = -1;
+    grid->addWidget(text, 0, 0, 1, allColumns);
+}
+
 } // namespace
 
 PromptAnswer SystemPrompts::Show(const Prompt& prompt) {
@@ -61,16 +74,15 @@ PromptAnswer SystemPrompts::Show(const Prompt& prompt) {
     } else {
         box->setStandardButtons(QMessageBox::Ok);
         box->button(QMessageBox::Ok)->setText(QStringLiteral("Ok"));
+        box->button(QMessageBox::Ok)->setProperty("sign", QStringLiteral("tick"));
     }
     // The button that Enter presses looks as it does on the forms.
     const auto other = prompt.BeginsOnNo ? QMessageBox::Yes : QMessageBox::No;
     for (QAbstractButton* button : box->buttons())
-        if (box->standardButton(button) != other) {
-            button->setProperty("role", QStringLiteral("primary"));
-            button->style()->unpolish(button);
-            button->style()->polish(button);
-        }
+        if (box->standardButton(button) != other)
+            SetRole(*button, QStringLiteral("primary"));
 
+    BeginTextAtMargin(*box);
     if (prompt.LeavesFormsReachable) {
         PlaceBesideFormInFront(*box);
         box->setModal(false);

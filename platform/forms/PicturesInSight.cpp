@@ -1,5 +1,6 @@
 #include "platform/forms/PicturesInSight.h"
 
+#include "platform/forms/Handlers.h"
 #include "platform/runtime/RuntimeError.h"
 
 #include <QAbstractItemView>
@@ -8,8 +9,7 @@
 PicturesInSight::PicturesInSight(QAbstractItemView& view, int keyRole, Fetch fetch)
     : QObject(&view), view_(view), keyRole_(keyRole), fetch_(std::move(fetch)) {
     nothingElse_.setSingleShot(true);
-    // No action of a user: it stores nothing, and tells of no errors.
-    connect(&nothingElse_, &QTimer::timeout, this, [this] { FetchNext(); });
+    On(&nothingElse_, &QTimer::timeout, this, [this] { FetchNext(); });
     connect(view.model(), &QAbstractItemModel::modelReset, this, [this] {
         for (Kept& kept : kept_)
             kept.IsFresh = false;

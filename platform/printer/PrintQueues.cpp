@@ -33,8 +33,13 @@ struct PrintQueues::Library {
         Resolve(FinishDocument, "cupsFinishDocument");
         Resolve(CancelJob, "cupsCancelJob");
         Resolve(LastErrorString, "cupsLastErrorString");
-        Resolve(GetJobs, "cupsGetJobs2");
-        Resolve(FreeJobs, "cupsFreeJobs");
+        Resolve(DoRequest, "cupsDoRequest");
+        Resolve(User, "cupsUser");
+        Resolve(NewRequest, "ippNewRequest");
+        Resolve(AddString, "ippAddString");
+        Resolve(FindAttribute, "ippFindAttribute");
+        Resolve(GetInteger, "ippGetInteger");
+        Resolve(Delete, "ippDelete");
         Resolve(SetPasswordCallback, "cupsSetPasswordCB2");
         if (isWhole)
             // Nobody sits at the terminal in which the library would ask.
@@ -59,8 +64,13 @@ struct PrintQueues::Library {
     decltype(&::cupsFinishDocument) FinishDocument;
     decltype(&::cupsCancelJob) CancelJob;
     decltype(&::cupsLastErrorString) LastErrorString;
-    decltype(&::cupsGetJobs2) GetJobs;
-    decltype(&::cupsFreeJobs) FreeJobs;
+    decltype(&::cupsDoRequest) DoRequest;
+    decltype(&::cupsUser) User;
+    decltype(&::ippNewRequest) NewRequest;
+    decltype(&::ippAddString) AddString;
+    decltype(&::ippFindAttribute) FindAttribute;
+    decltype(&::ippGetInteger) GetInteger;
+    decltype(&::ippDelete) Delete;
     decltype(&::cupsSetPasswordCB2) SetPasswordCallback;
 };
 
@@ -110,15 +120,19 @@ PrintQueues::Answer PrintQueues::Send(const QString& printer, const QString& tit
 }
 
 PrintQueues::JobState PrintQueues::StateOf(const QString& printer, int job) const {
-    cups_job_t* jobs = nullptr;
-    const int count = library_->GetJobs(CUPS_HTTP_DEFAULT, &jobs, QueueOf(printer).constData(), 0,
-                                        CUPS_WHICHJOBS_ALL);
+    // The library's own list of jobs would bring all that the server knows.
+    ipp_t* question = library_->NewRequest(IPP_OP_GET_JOB_ATTRIBUTES);
+    const auto add = [&](ipp_tag_t kind, const char* name, const QByteArray& value) {
+        library_->AddString(question, IPP_TAG_OPERATION, kind, name, nullptr, value.constData());
+    };
+    add(IPP_TAG_URI, "job-uri", "ipp://localhost/jobs/" + QByteArray::number(job));
+    add(IPP_TAG_NAME, "requesting-user-name", library_->User());
+    add(IPP_TAG_KEYWORD, "requested-attributes", "job-state");
+    ipp_t* answer = library_->DoRequest(CUPS_HTTP_DEFAULT, question, "/");
+    const auto freeAnswer = qScopeGuard([&] { library_->Delete(answer); });
+    ipp_attribute_t* told = library_->FindAttribute(answer, "job-state", IPP_TAG_ENUM);
     // Of a job that nobody knows any more, nobody can say more either.
-    ipp_jstate_t state = IPP_JSTATE_COMPLETED;
-    for (int index = 0; index < count; ++index)
-        if (jobs[index].id == job)
-            state = jobs[index].state;
-    library_->FreeJobs(count, jobs);
+    const int state = told == nullptr ? IPP_JSTATE_COMPLETED : library_->GetInteger(told, 0);
     switch (state) {
     case IPP_JSTATE_PENDING:
         return QPrinterInfo::printerInfo(printer).state() == QPrinter::Error ? JobState::Waiting

@@ -11,6 +11,7 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QScopeGuard>
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -41,8 +42,7 @@ std::unique_ptr<QPrinter> DeviceOf(const QPrinterInfo& printer) {
 } // namespace
 
 SystemPrinter::SystemPrinter() {
-    using namespace std::chrono_literals;
-    looking_.setInterval(1s);
+    looking_.setSingleShot(true);
     QObject::connect(&looking_, &QTimer::timeout, &looking_,
                      [this] { RunAction([this] { LookAfterJobs(); }); });
 }
@@ -93,8 +93,14 @@ void SystemPrinter::Sent(const QString& name) {
     Job job{.printer = printer_, .number = answer.Job, .pdf = pdf, .name = name};
     if (LookAfter(job)) {
         jobs_ += job;
-        looking_.start();
+        pause_ = PauseAfter({});
+        looking_.start(pause_);
     }
+}
+
+std::chrono::seconds SystemPrinter::PauseAfter(std::chrono::seconds pause) {
+    using namespace std::chrono_literals;
+    return std::clamp(2 * pause, 1s, 30s);
 }
 
 void SystemPrinter::Keep(const QByteArray& pdf, const QString& name, const QString& what) {
@@ -108,11 +114,11 @@ void SystemPrinter::Keep(const QByteArray& pdf, const QString& name, const QStri
 void SystemPrinter::LookAfterJobs() {
     // While a box stands, events go on, and a job that cannot be kept ends this with an error.
     QList<Job> jobs = std::exchange(jobs_, {});
-    looking_.stop();
+    pause_ = PauseAfter(pause_);
     const auto goOn = qScopeGuard([&] {
         jobs_ += jobs;
         if (!jobs_.isEmpty())
-            looking_.start();
+            looking_.start(pause_);
     });
     while (!jobs.isEmpty()) {
         Job job = jobs.takeFirst();
@@ -122,8 +128,6 @@ void SystemPrinter::LookAfterJobs() {
 }
 
 bool SystemPrinter::LookAfter(Job& job) {
-    // What stands in a queue for so long is known there.
-    constexpr int MostLooks = 600;
     switch (queues_->StateOf(job.printer, job.number)) {
     case PrintQueues::JobState::Lost:
         Keep(job.pdf, job.name,
@@ -139,5 +143,5 @@ bool SystemPrinter::LookAfter(Job& job) {
     case PrintQueues::JobState::Gone:
         return false;
     }
-    return ++job.looks < MostLooks;
+    return !job.latest.hasExpired();
 }

@@ -3,8 +3,10 @@
 #include "platform/printer/PrintQueues.h"
 #include "platform/printing/PrintoutFolder.h"
 
+#include <QDeadlineTimer>
 #include <QList>
 #include <QTimer>
+#include <chrono>
 #include <memory>
 
 /// The printer of the program: the system's default printer with its own settings, or the folder
@@ -20,6 +22,10 @@ public:
     void Sent(const QString& name) override;
     bool UsesBothSides() const override { return usesBothSides_; }
 
+    /// How long to wait from one look after the jobs to the next: from a second on twice as long
+    /// each time, up to half a minute, for each asks the printing system.
+    static std::chrono::seconds PauseAfter(std::chrono::seconds pause);
+
 private:
     /// A job that a printer has taken.
     struct Job {
@@ -28,7 +34,8 @@ private:
         QByteArray pdf{};
         QString name{};
         bool isWaiting = false;
-        int looks = 0;
+        /// What stands in a queue for so long is known there.
+        QDeadlineTimer latest{std::chrono::minutes(10)};
     };
 
     /// Keeps a job that will not be printed, and tells of it. `what`: a sentence with %1 for the
@@ -48,4 +55,5 @@ private:
     QByteArray pdf_;
     QList<Job> jobs_;
     QTimer looking_;
+    std::chrono::seconds pause_{};
 };

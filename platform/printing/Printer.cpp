@@ -33,6 +33,15 @@ QRectF EmptyBoxOutline(const QFontMetricsF& metrics, const QPointF& baseLine, do
             side};
 }
 
+/// The font in a size of which a whole line stands in `room` device dots down to the page's edge:
+/// the rows of small paper are lower than a large text.
+QFont FontWithin(double room, QFont font, const QPaintDevice& device) {
+    const double needed = QFontMetricsF(font, &device).height();
+    if (room > 0 && room < needed)
+        font.setPointSizeF(font.pointSizeF() * room / needed);
+    return font;
+}
+
 } // namespace
 
 QFont PaperFont(double points) {
@@ -144,7 +153,8 @@ void PrinterObject::Print(const QString& text, const TextRoom& room) {
     Job& job = JobUnderWay();
     const QFont font = PaperFont(fontSize_);
     const QFontMetricsF metrics(font, &job.Device());
-    const QPointF baseLine = ToDots(currentX_, currentY_) + QPointF(0, metrics.ascent());
+    const QPointF corner = ToDots(currentX_, currentY_);
+    const QPointF baseLine = corner + QPointF(0, metrics.ascent());
     if (text == EmptyBoxText) {
         const double thickness = metrics.lineWidth();
         job.Add([pen = PenOf(foreColor_, thickness),
@@ -154,8 +164,10 @@ void PrinterObject::Print(const QString& text, const TextRoom& room) {
         });
     } else if (!text.isEmpty()) {
         const double end = ToDots(room.End > 0 ? room.End : scaleWidth_, 0).x();
+        const QFont whole = FontWithin(job.Dots().height() - corner.y(), font, job.Device());
+        const QPointF itsBase = corner + QPointF(0, QFontMetricsF(whole, &job.Device()).ascent());
         for (const FittedText& part :
-             Fitted({text, font, baseLine}, end - baseLine.x(), room.Lead, job.Device()))
+             Fitted({text, whole, itsBase}, end - corner.x(), room.Lead, job.Device()))
             job.Add([part, color = ColorOf(foreColor_)](QPainter& painter) {
                 painter.setFont(part.Font);
                 painter.setPen(color);

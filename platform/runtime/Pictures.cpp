@@ -42,7 +42,7 @@ QImage LoadPicture(const QString& path) {
     if (!IsTakenKind(reader))
         throw NoPicture(path);
     reader.setAutoTransform(true);
-    const QImage picture = reader.read();
+    const QImage picture = ReadInFullColour(reader);
     if (picture.isNull())
         throw NoPicture(path);
     return picture;

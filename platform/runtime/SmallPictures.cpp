@@ -9,6 +9,14 @@ bool IsTakenKind(const QImageReader& reader) {
     return kinds.contains(reader.format());
 }
 
+QImage ReadInFullColour(QImageReader& reader) {
+    const QImage picture = reader.read();
+    if (picture.colorCount() == 0)
+        return picture;
+    return picture.convertToFormat(picture.hasAlphaChannel() ? QImage::Format_ARGB32
+                                                             : QImage::Format_RGB32);
+}
+
 QImage ReadSmallPicture(QIODevice& device, int side) {
     constexpr qint64 mostPixels = 64'000'000;
     if (device.size() > MostSmallPictureBytes)
@@ -26,7 +34,7 @@ QImage ReadSmallPicture(QIODevice& device, int side) {
     const bool isPhoto = reader.format() == "jpeg";
     if (isLarge && isPhoto)
         reader.setScaledSize(small);
-    const QImage picture = reader.read();
+    const QImage picture = ReadInFullColour(reader);
     return isLarge && !isPhoto && !picture.isNull()
                ? picture.scaled(small, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
                : picture;

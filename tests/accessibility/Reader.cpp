@@ -190,6 +190,12 @@ QString Reader::DescriptionOf(const Control& control) {
     return Taken(atspi_accessible_get_description(control.Ref.get(), nullptr));
 }
 
+std::pair<int, int> Reader::NumberOf(const Control& entry) {
+    const auto list = Owned(atspi_accessible_get_parent(entry.Ref.get(), nullptr));
+    return {atspi_accessible_get_index_in_parent(entry.Ref.get(), nullptr),
+            atspi_accessible_get_child_count(list.get(), nullptr)};
+}
+
 Control Reader::Again(const Control& control) {
     WaitFor([] { return true; });
     return ReadControl(control.Ref, control.Parent, StatesOf(control.Ref.get()));

@@ -6,6 +6,7 @@
 #include <QStringList>
 #include <functional>
 #include <memory>
+#include <utility>
 
 #include <atspi/atspi.h>
 
@@ -47,6 +48,8 @@ public:
     static bool HasKeyboard(const Control& control);
     /// What is said of a control besides its name.
     static QString DescriptionOf(const Control& control);
+    /// The place of an entry in its list, 0 the first, and how many there are.
+    static std::pair<int, int> NumberOf(const Control& entry);
     /// A control's present state.
     static Control Again(const Control& control);
 

@@ -1,5 +1,6 @@
 #include "look/ProgramStyle.h"
 #include "platform/desktop/SystemPrompts.h"
+#include "platform/printing/PrintNews.h"
 #include "tests/accessibility/Stage.h"
 
 #include <QAbstractButton>
@@ -29,6 +30,8 @@ namespace {
 ///     look                  takes a picture of the window
 ///     changed X Y W H       how many pixels differ between the last two pictures in there, by the
 ///                           screen's coordinates
+///     print PRINTER         tells that a printer has pages
+///     pictures              how many pictures of incentives there are
 ///     told                  the message boxes shown and web pages opened since the form was shown
 ///
 /// Each is answered with one line that begins with "> " when the program has come to rest.
@@ -82,6 +85,11 @@ private:
             const QStringList n = argument.split(u' ');
             Answer(
                 QString::number(Changed({n[0].toInt(), n[1].toInt(), n[2].toInt(), n[3].toInt()})));
+        } else if (command == u"print"_s) {
+            TellPrintNews({.Printer = argument});
+            Answer(u"done"_s);
+        } else if (command == u"pictures"_s) {
+            Answer(QString::number(Stage::PictureFiles().size()));
         } else if (command == u"told"_s) {
             Answer(stage_->Told().join(u'|'));
         } else {

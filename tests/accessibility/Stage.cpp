@@ -15,6 +15,8 @@
 #include "store/DailyCopies.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QListView>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTest>
@@ -46,6 +48,7 @@ Stage::Stage() {
 Stage::~Stage() {
     help_.reset();
     restore_.reset();
+    pictures_.reset();
 }
 
 void Stage::FillStore() {
@@ -98,6 +101,7 @@ QStringList Stage::Names() {
             u"OtherOptions"_s,
             u"frmAboutDutygrid"_s,
             u"HelpWindow"_s,
+            u"PictureDialog"_s,
             u"RestoreWindow"_s};
 }
 
@@ -115,6 +119,8 @@ QWidget& Stage::Show(const QString& name) {
         WaitForKeyboard(*restore_);
         return *restore_;
     }
+    if (name == u"PictureDialog"_s)
+        return ShowPictures();
     static const QStringList beforeLogIn = {u"LogIn"_s, u"LoginWindow"_s, u"NewUser"_s,
                                             u"ChangePasswordfrm"_s};
     static const QStringList ofChild = {u"OpenFillfrm"_s, u"ChartViewer"_s,
@@ -132,6 +138,23 @@ QWidget& Stage::Show(const QString& name) {
         Find<QPushButton>(form, u"Command1"_s).click();
     WaitForKeyboard(form);
     return form;
+}
+
+QStringList Stage::PictureFiles() {
+    return QDir(Path(u"IncentivesPictures"_s)).entryList(QDir::Files);
+}
+
+QWidget& Stage::ShowPictures() {
+    pictures_ = std::make_unique<PictureDialog>(nullptr, Path(u"IncentivesPictures"_s));
+    pictures_->show();
+    WaitForKeyboard(*pictures_);
+    // They come from the disk by and by.
+    const auto& grid = Find<QListView>(*pictures_, u"listView"_s);
+    const auto count = PictureFiles().size();
+    if (!QTest::qWaitFor([&] { return grid.model()->rowCount(grid.rootIndex()) == count; }, 10000))
+        throw std::runtime_error("not all pictures are listed");
+    Settle();
+    return *pictures_;
 }
 
 /// On a slow machine the window manager takes its time.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "help/HelpWindow.h"
+#include "platform/desktop/PictureDialog.h"
 #include "platform/runtime/Desktop.h"
 #include "restore/RestoreWindow.h"
 #include "tests/common/Charts.h"
@@ -33,6 +34,9 @@ public:
     /// Shows a form and waits until it is in front. Returns its window or sub-window's inside.
     QWidget& Show(const QString& name);
 
+    /// The files among which the dialog for pictures lets choose.
+    static QStringList PictureFiles();
+
     /// Lets events run until the windows have come to rest.
     static void WaitForRest() { Settle(); }
 
@@ -44,6 +48,7 @@ private:
     void FillStore();
     static void MakeCopies();
     QWidget& ShowForm(const QString& name);
+    QWidget& ShowPictures();
     static void WaitForKeyboard(const QWidget& form);
     QWidget& OpenEditor();
     QWidget& OpenViewer();
@@ -53,4 +58,5 @@ private:
     SilentDesktop desktop_;
     std::unique_ptr<HelpWindow> help_;
     std::unique_ptr<RestoreWindow> restore_;
+    std::unique_ptr<PictureDialog> pictures_;
 };

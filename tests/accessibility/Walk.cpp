@@ -102,6 +102,40 @@ TEST(Announcements, TurnedPageSaysItsDay) {
     EXPECT_TRUE(names.Heard(QStringLiteral("Thursday 3/8/2001"))) << Lines(names.Names());
 }
 
+TEST(Announcements, NewsOfAPrintAreReadOut) {
+    const QString news = QStringLiteral("Kept in Printouts: Anna - Chores - 2001-03-04.pdf");
+    Listener shown("object:state-changed:showing");
+    Program->Show(QStringLiteral("MainForm after a print"));
+    EXPECT_TRUE(shown.Heard(news, 1)) << Lines(shown.Names());
+    const Controls controls = Program->Read();
+    EXPECT_TRUE(std::any_of(controls.begin(), controls.end(), [&](const Control& control) {
+        return control.Role == ATSPI_ROLE_NOTIFICATION && control.Name == news;
+    }));
+    // Those that take the place of others as well.
+    Program->Do(QStringLiteral("print Brother HL"));
+    EXPECT_TRUE(shown.Heard(QStringLiteral("Printed on Brother HL"), 1)) << Lines(shown.Names());
+}
+
+TEST(Announcements, PicturesAreSaidByNameAndPlaceAsTheKeyboardComesToThem) {
+    Program->Show(QStringLiteral("PictureDialog"));
+    Controls pictures;
+    for (const Control& control : Program->Read())
+        if (control.Role == ATSPI_ROLE_LIST_ITEM && control.Name.contains(QLatin1Char('.')))
+            pictures += control;
+    ASSERT_GT(pictures.size(), 3);
+    const int count = Reader::NumberOf(pictures.first()).second;
+    Listener focus("object:state-changed:focused");
+    for (int number = 1; number <= 3; ++number) {
+        Program->Press(QStringLiteral("Right"));
+        const Control& picture = pictures.at(number);
+        EXPECT_TRUE(focus.Heard(picture.Name, 1)) << Lines(focus.Names());
+        EXPECT_TRUE(Reader::HasKeyboard(picture));
+        EXPECT_EQ(Reader::NumberOf(picture), std::pair(number, count));
+    }
+    // All pictures of the folder, also those that are out of sight.
+    EXPECT_EQ(count, Program->Do(QStringLiteral("pictures")).toInt());
+}
+
 TEST(Announcements, RowChosenInTheViewerIsSelectedAndSaysItsAdult) {
     Program->Show(QStringLiteral("ChartViewer"));
     const Control row = GoTo(ATSPI_ROLE_LIST_ITEM, QStringLiteral("Job 2: Make the bed"));

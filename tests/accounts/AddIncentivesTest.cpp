@@ -220,6 +220,7 @@ TEST_F(AddIncentivesTest, CancelledBrowseEmptiesTheNameAndAYesStoresNoPicture) {
     PressIn("AddIncentive");
     EXPECT_EQ(Boxes.Last().Title, QStringLiteral("Sparkit Dutygrid"));
     EXPECT_EQ(Boxes.Last().Buttons, PromptButtons::YesNo);
+    EXPECT_FALSE(Boxes.Last().BeginsOnNo) << "nothing is lost";
     EXPECT_EQ(StoredToy(Kim), QStringLiteral("Ball|9"));
     EXPECT_TRUE(StoredToyPicture(Kim).isNull());
     EXPECT_FALSE(IsOpen());

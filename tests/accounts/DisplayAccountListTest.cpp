@@ -122,7 +122,7 @@ TEST_F(DisplayAccountListTest, RightPressAsksAboutTheRowBeneathTheMouseAndYesDel
         EXPECT_EQ(Text("KidName"), Lee);
     });
     MousePress(1, Qt::RightButton);
-    ExpectQuestion();
+    ExpectQuestion(true);
     EXPECT_EQ(Names(List()), QStringList(Kim));
     EXPECT_EQ(Database().RetreveState(Lee), QString());
     EXPECT_EQ(Database().RetreveState(Kim), QStringLiteral("Student"));
@@ -142,7 +142,7 @@ TEST_F(DisplayAccountListTest, RightPressOnAnEmptyPlaceDeletesNobody) {
     ASSERT_EQ(List().itemAt(below), nullptr);
     QTest::mouseClick(List().viewport(), Qt::RightButton, {}, below);
     Settle();
-    ExpectQuestion();
+    ExpectQuestion(true);
     EXPECT_EQ(Rows(UsersTable), accounts);
     EXPECT_EQ(TableNames(), tables);
 }
@@ -163,6 +163,7 @@ TEST_F(DisplayAccountListTest, TheMenuKeyAsksAsTheRightButtonDoes) {
     Boxes.Expect(DeleteQuestion, PromptAnswer::Yes);
     Press(List(), Qt::Key_Menu);
     Settle();
+    ExpectQuestion(true);
     EXPECT_EQ(Names(List()), QStringList(Lee));
 }
 

@@ -43,6 +43,15 @@ TEST_F(DisplayAccountTest, AdultSeesEveryChildAndAllActionsWithNothingSelected) 
         EXPECT_TRUE(Shown(control)) << control;
 }
 
+TEST_F(DisplayAccountTest, WhileNobodyIsChosenItSaysHowToChoose) {
+    OpenView();
+    EXPECT_EQ(Text("NobodyChosen"),
+              QStringLiteral("Choose a Sparkit in the list to see points and goal."));
+    EXPECT_TRUE(Shown("NobodyChosen"));
+    ClickRow(List(), 0);
+    EXPECT_FALSE(Shown("NobodyChosen"));
+}
+
 TEST_F(DisplayAccountTest, WithoutAnIncentiveNothingIsNeededAndCashOutTakesNothing) {
     OpenView();
     ClickRow(List(), 1);
@@ -77,7 +86,7 @@ TEST_F(DisplayAccountTest, CashOutTakesTheCostOffThePointsAndRefreshes) {
     ClickRow(List(), 0);
     Boxes.Expect(CashOutQuestion, PromptAnswer::Yes);
     PressButton("Command1");
-    ExpectQuestion();
+    ExpectQuestion(true);
     EXPECT_EQ(StoredPoints(Kim), QStringLiteral("80"));
     EXPECT_EQ(List().SelectedName(), QString());
     EXPECT_EQ(Figures(), NoFigures);
@@ -119,7 +128,7 @@ TEST_F(DisplayAccountTest, ResetSetsThePointsTo0AndKeepsTheIncentive) {
     ClickRow(List(), 0);
     Boxes.Expect(ResetQuestion, PromptAnswer::Yes);
     PressButton("cmdReset");
-    ExpectQuestion();
+    ExpectQuestion(true);
     EXPECT_EQ(StoredPoints(Kim), QStringLiteral("0"));
     EXPECT_EQ(StoredToy(Kim), QStringLiteral("Red bike|500"));
     EXPECT_EQ(StoredPoints(Lee), QStringLiteral("30"));
@@ -140,7 +149,7 @@ TEST_F(DisplayAccountTest, PrintPutsAllAccountsOnPaperAfterAYes) {
     ClickRow(List(), 0);
     Boxes.Expect(PrintQuestion, PromptAnswer::No);
     PressButton("Infobtn");
-    ExpectQuestion();
+    ExpectQuestion(false);
     EXPECT_TRUE(Paper.Files().isEmpty());
     EXPECT_EQ(List().SelectedName(), QString());
     Boxes.Expect(PrintQuestion, PromptAnswer::Yes);

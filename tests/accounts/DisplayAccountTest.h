@@ -14,9 +14,11 @@ inline const QString KimsFigures = QStringLiteral("80|Red bike|500");
 /// Tests of the account view.
 class DisplayAccountTest : public AccountsTest {
 protected:
-    /// The last box was a question with Yes and No under the program's title.
-    void ExpectQuestion() const {
+    /// The last box was a question with Yes and No under the program's title; the keyboard began on
+    /// No where a Yes cannot be taken back.
+    void ExpectQuestion(bool beforeLoss) const {
         EXPECT_EQ(Boxes.Last().Title, QStringLiteral("Sparkit Dutygrid"));
         EXPECT_EQ(Boxes.Last().Buttons, PromptButtons::YesNo);
+        EXPECT_EQ(Boxes.Last().BeginsOnNo, beforeLoss);
     }
 };

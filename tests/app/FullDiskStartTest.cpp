@@ -70,7 +70,7 @@ protected:
         disk_.Empty();
         Start();
         EXPECT_EQ(boxes_.Shown, QStringList());
-        EXPECT_EQ(Ends, QList<int>());
+        EXPECT_TRUE(Ends.isEmpty());
         EXPECT_EQ(Names(Students()), QStringList(QStringLiteral("Kim")));
         EXPECT_EQ(SettingsLines().size(), 5);
     }

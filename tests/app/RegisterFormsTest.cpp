@@ -1,6 +1,8 @@
 #include "app/RegisterForms.h"
 
+#include "authoring/ChartEditor.h"
 #include "authoring/DropDownCombo.h"
+#include "filling/ChartViewer.h"
 #include "filling/MarkImage.h"
 #include "filling/RowText.h"
 #include "help/HelpWindow.h"
@@ -56,13 +58,15 @@ TEST_F(RegisteredMakersTest, AFormOfTheMainWindowBringsItAlong) {
 TEST_F(RegisteredMakersTest, SlotsAreFilledWithFormsOfTheirClass) {
     ChartEditors.RedimPreserve(0);
     ChartViewers.RedimPreserve(0);
-    EXPECT_STREQ(dynamic_cast<QObject&>(ChartEditors.At(0)).metaObject()->className(),
-                 "ChartEditor");
-    EXPECT_STREQ(dynamic_cast<QObject&>(ChartViewers.At(0)).metaObject()->className(),
-                 "ChartViewer");
+    auto* editor = dynamic_cast<ChartEditor*>(&ChartEditors.At(0));
+    auto* viewer = dynamic_cast<ChartViewer*>(&ChartViewers.At(0));
+    ASSERT_NE(editor, nullptr);
+    ASSERT_NE(viewer, nullptr);
     ASSERT_TRUE(WeeklyReview);
     EXPECT_EQ(dynamic_cast<QWidget*>(&WeeklyReview()),
               &DefaultForm(FormNames::WeekChartRepresentation).Widget());
+    editor->Abandon();
+    viewer->Abandon();
     ChartEditors.Clear();
     ChartViewers.Clear();
 }
@@ -71,7 +75,7 @@ TEST_F(RegisteredMakersTest, ScreenReadersAreToldWhatControlsOfOurOwnAre) {
     QWidget form;
     LinkLabel link(&form);
     DropDownCombo combo(&form);
-    MarkImage mark(QString(), true, 0, &form);
+    MarkImage mark(true, 0, &form);
     RowText row(&form);
     HelpWindow help;
     const std::pair<QWidget*, QAccessible::Role> roles[] = {{&link, QAccessible::Link},

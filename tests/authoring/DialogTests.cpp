@@ -1,6 +1,7 @@
 #include "tests/authoring/AuthoringTest.h"
 #include "tests/common/ReadLock.h"
 
+#include <QApplication>
 #include <QLineEdit>
 #include <limits>
 
@@ -398,6 +399,21 @@ TEST_F(DeleteDialog, ControlsBearTheirCaptions) {
     EXPECT_EQ(CaptionOf(Dialog(), u"Yes"_s), u"Yes"_s);
     EXPECT_EQ(CaptionOf(Dialog(), u"No"_s), u"No"_s);
     Find(Dialog(), u"Shape1"_s);
+}
+
+TEST_F(DeleteDialog, TheKeyboardBeginsOnNoEachTime) {
+    OpenConfirmation();
+    EXPECT_EQ(QApplication::focusWidget(), &Find(Dialog(), u"No"_s));
+    Find(Dialog(), u"Yes"_s).setFocus();
+    DefaultForm(u"frmAboutDutygrid"_s).Show();
+    Settle();
+    Dialog().SetFocus();
+    Settle();
+    EXPECT_EQ(QApplication::focusWidget(), &Find(Dialog(), u"No"_s)) << "also on the way back";
+    Press(Find(Dialog(), u"No"_s), Qt::Key_Return);
+    Settle();
+    EXPECT_TRUE(Database().ChartExist(u"Chores Anna"_s));
+    EXPECT_EQ(ExistingForm(u"DeleteChartForm"_s), nullptr);
 }
 
 TEST_F(DeleteDialog, YesDropsTheChartAndHidesItsEditorWithoutAQuestion) {

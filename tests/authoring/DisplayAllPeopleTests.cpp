@@ -1,5 +1,6 @@
 #include "tests/authoring/AuthoringTest.h"
 
+#include "look/LookColors.h"
 #include "widgets/FormViewAdapters.h"
 
 #include "platform/printing/Printer.h"
@@ -79,17 +80,23 @@ TEST_F(SaveForPeople, ListsTheChildrenWithTheirPictures) {
     HandOn(NewChart());
     EXPECT_EQ(Entries(List()), (QStringList{u"Anna"_s, u"Ben"_s, u"Mary Ann"_s, u"Blue"_s}));
     const auto middle = [](int row) {
-        const QImage icon = List().item(row)->icon().pixmap(64, 64).toImage();
+        const QImage icon = List().item(row)->icon().pixmap(72, 72).toImage();
         return icon.pixelColor(icon.width() / 2, icon.height() / 2).rgb();
     };
     EXPECT_EQ(middle(0), 0xff2266aa);
     EXPECT_EQ(middle(3), 0xff0000ff);
+    EXPECT_EQ(List().iconSize(), QSize(72, 72));
+    const QPixmap icon = List().item(3)->icon().pixmap(72, 72);
+    EXPECT_EQ(icon.deviceIndependentSize(), QSizeF(72, 72));
+    EXPECT_EQ(icon.toImage().pixelColor(2, 2).alpha(), 0) << "a disc";
 }
 
 TEST_F(SaveForPeople, ChildWithoutAPictureIsListedAllTheSame) {
     Database().AddUser(u"Plain"_s, u"x"_s, u"Student"_s, QString());
     HandOn(NewChart());
     EXPECT_TRUE(Entries(List()).endsWith(u"Plain"_s));
+    EXPECT_EQ(List().item(3)->icon().pixmap(72, 72).toImage().pixelColor(4, 36), LookColors::Band)
+        << "nobody's disc";
 }
 
 TEST_F(SaveForPeople, SelectionIsCounted) {

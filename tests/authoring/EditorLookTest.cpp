@@ -1,9 +1,13 @@
 #include "tests/authoring/AuthoringTest.h"
 
+#include "look/LookColors.h"
 #include "widgets/ElidingEdit.h"
 
 #include <QHelpEvent>
 #include <QImage>
+#include <QPainter>
+#include <QPushButton>
+#include <QStyleOptionButton>
 #include <QTextDocumentFragment>
 #include <QToolTip>
 
@@ -210,6 +214,40 @@ TEST_F(EditorLookTest, NobodyLooksChosenBeforeAPersonIs) {
     EXPECT_EQ(edge(0), edge(1));
     ClickRow(list, 1);
     EXPECT_NE(edge(0), edge(1));
+}
+
+TEST_F(EditorLookTest, ARowsDeleteHasAnEdgeUnderTheMouseOnly) {
+    ChartEditor& editor = NewChart();
+    Settle();
+    QPushButton& button = editor.JobDelete[0];
+    const auto edge = [&button](QStyle::State state) {
+        QStyleOptionButton option;
+        option.initFrom(&button);
+        option.rect = QRect(QPoint(), button.size());
+        option.state = state;
+        QImage picture(button.size(), QImage::Format_RGB32);
+        picture.fill(LookColors::Card);
+        QPainter painter(&picture);
+        button.style()->drawControl(QStyle::CE_PushButton, &option, &painter, &button);
+        return picture.pixelColor(0, button.height() / 2);
+    };
+    EXPECT_EQ(edge(QStyle::State_Enabled), LookColors::Card);
+    EXPECT_EQ(edge(QStyle::State_Enabled | QStyle::State_MouseOver), LookColors::Coral);
+    EXPECT_EQ(edge(QStyle::State_Enabled | QStyle::State_HasFocus), LookColors::Teal);
+}
+
+TEST_F(EditorLookTest, ABandLiesBehindTheHeadsOfTheColumns) {
+    ChartEditor& editor = NewChart();
+    Settle();
+    auto& frame = Find(editor, u"EditChartFrame"_s);
+    const QImage picture = frame.grab().toImage();
+    const qreal scale = picture.devicePixelRatio();
+    const auto colorAt = [&](int x, int y) { return picture.pixelColor(QPoint(x, y) * scale); };
+    for (const int x : {20, frame.width() - 20}) {
+        EXPECT_EQ(colorAt(x, 30), LookColors::Band) << x;
+        EXPECT_EQ(colorAt(x, 39), LookColors::Outline) << x;
+        EXPECT_EQ(colorAt(x, 41), LookColors::Card) << x;
+    }
 }
 
 } // namespace

@@ -103,7 +103,9 @@ void ScriptedDesktop::PlaySoundA(const QString& waveFile, quint32 flags) {
 
 std::unique_ptr<QPagedPaintDevice> PdfPrintTarget::Open() {
     pending_ = QStringLiteral("%1/Job%2.pdf").arg(folder_).arg(files_.size() + 1);
-    return std::make_unique<QPdfWriter>(pending_);
+    auto device = std::make_unique<QPdfWriter>(pending_);
+    device->setPageSize(Size);
+    return device;
 }
 
 const QString& PdfPrintTarget::LastFile() const {

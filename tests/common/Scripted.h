@@ -6,6 +6,7 @@
 #include "platform/runtime/RuntimeError.h"
 
 #include <QList>
+#include <QPageSize>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -94,6 +95,7 @@ public:
 
     /// Whether the paper is printed on both sides.
     bool BothSides = false;
+    QPageSize Size{QPageSize::A4};
 
     /// The files of the jobs sent so far.
     const QStringList& Files() const { return files_; }

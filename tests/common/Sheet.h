@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 #include <functional>
@@ -9,7 +10,9 @@ class Sheet {
 public:
     Sheet(QSize cell, int columns, int rows)
         : cell_(cell), columns_(columns),
-          image_(cell.width() * columns, cell.height() * rows, QImage::Format_RGB32) {
+          image_(QSize(cell.width() * columns, cell.height() * rows) * qApp->devicePixelRatio(),
+                 QImage::Format_RGB32) {
+        image_.setDevicePixelRatio(qApp->devicePixelRatio());
         image_.fill(Qt::white);
     }
 

@@ -286,6 +286,7 @@ TEST_F(OpenFillfrmTest, OnYesTheChartInUseIsClosedWithoutItsTicksAndANewViewerOp
     const ChartViewer& second = OpenChart(QStringLiteral("Chores Anna"));
     EXPECT_TRUE(old.isNull());
     EXPECT_EQ(Boxes.Last().Buttons, PromptButtons::YesNo);
+    EXPECT_TRUE(Boxes.Last().BeginsOnNo) << "the last ticks are lost";
     EXPECT_EQ(ViewerAt(0), nullptr);
     EXPECT_EQ(second.FormIndex, 1);
     EXPECT_FALSE(second.CheckVisible(0));

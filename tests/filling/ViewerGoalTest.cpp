@@ -1,6 +1,7 @@
 #include "tests/common/Repaint.h"
 #include "tests/filling/FillingTest.h"
 #include "widgets/GoalPath.h"
+#include "widgets/GoalScene.h"
 
 #include <QPointer>
 #include <QTest>
@@ -152,6 +153,16 @@ TEST_F(ViewerGoalTest, TheWholeWayIsSeenOnASmallScreenAndCoversNothing) {
         EXPECT_LE(way.mapTo(viewer.window(), QPoint(0, way.height())).y(),
                   viewer.window()->height());
     }
+}
+
+TEST_F(ViewerGoalTest, ThePictureAtTheEndIs48PixelsLarge) {
+    SetGoal(QStringLiteral("Bicycle"), 20, Path(QStringLiteral("IncentivesPictures/Bike.gif")));
+    const ChartViewer& viewer = OpenWithJobsOf({QStringLiteral("5")});
+    EXPECT_EQ(viewer.height(), 8700 / 15);
+    EXPECT_EQ(GoalPictureSize(Way(viewer).height()), 48);
+    Click(viewer.Instructions[0]);
+    EXPECT_EQ(viewer.height(), 9800 / 15);
+    EXPECT_EQ(GoalPictureSize(Way(viewer).height()), 48);
 }
 
 TEST_F(ViewerGoalTest, ATickPopsInAndTheStarHopsWhereMotionIsWelcome) {

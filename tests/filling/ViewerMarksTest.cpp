@@ -322,6 +322,7 @@ TEST_F(ViewerMarksTest, PrintingOnYesPrintsTheStoredChecks) {
     Click(Button(viewer, QStringLiteral("Command1")));
     ASSERT_EQ(Boxes.Shown().size(), 1);
     EXPECT_EQ(Boxes.Shown().value(0).Buttons, PromptButtons::YesNo);
+    EXPECT_FALSE(Boxes.Shown().value(0).BeginsOnNo) << "nothing is lost";
     EXPECT_EQ(Boxes.Shown().value(0).Title, QStringLiteral("Sparkit Dutygrid"));
     ASSERT_EQ(Paper.Files().size(), 1);
     const QString page = PdfPrintTarget::TextOf(Paper.Files().value(0));

@@ -7,6 +7,7 @@
 #include <QImageReader>
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -28,13 +29,14 @@ const QStringList UserNames = {u"Astronaut"_s,     u"Bear"_s,        u"Bee"_s,
                                u"GirlHeadscarf"_s, u"GirlPlaits"_s,  u"GirlWheelchair"_s,
                                u"Grandma"_s,       u"Grandpa"_s,     u"House"_s,
                                u"Knight"_s,        u"Ladybird"_s,    u"Lion"_s,
-                               u"Man"_s,           u"Monkey"_s,      u"Octopus"_s,
-                               u"Owl"_s,           u"Panda"_s,       u"Penguin"_s,
-                               u"Pirate"_s,        u"Princess"_s,    u"Rabbit"_s,
-                               u"Rainbow"_s,       u"Robot"_s,       u"Rocket"_s,
-                               u"Star"_s,          u"Sun"_s,         u"Superhero"_s,
-                               u"Train"_s,         u"Turtle"_s,      u"Unicorn"_s,
-                               u"Wizard"_s,        u"Woman"_s};
+                               u"Man"_s,           u"ManBeard"_s,    u"ManGlasses"_s,
+                               u"Monkey"_s,        u"Octopus"_s,     u"Owl"_s,
+                               u"Panda"_s,         u"Penguin"_s,     u"Pirate"_s,
+                               u"Princess"_s,      u"Rabbit"_s,      u"Rainbow"_s,
+                               u"Robot"_s,         u"Rocket"_s,      u"Star"_s,
+                               u"Sun"_s,           u"Superhero"_s,   u"Train"_s,
+                               u"Turtle"_s,        u"Unicorn"_s,     u"Wizard"_s,
+                               u"Woman"_s,         u"WomanCurls"_s,  u"WomanHeadscarf"_s};
 
 const QStringList IncentiveNames = {
     u"BoardGame"_s,  u"Books"_s,     u"Bricks"_s,    u"Cake"_s,   u"Camping"_s,  u"Cinema"_s,
@@ -45,6 +47,8 @@ const QStringList IncentiveNames = {
 const QStringList ToolbarKeys = {u"New"_s,   u"Open"_s, u"OpenKid"_s, u"Review"_s,
                                  u"Print"_s, u"View"_s, u"Options"_s, u"Website"_s,
                                  u"About"_s, u"Help"_s, u"LogOff"_s,  u"Exit"_s};
+
+const QStringList BackgroundNames = {u"Evening"_s, u"Hills"_s, u"Sea"_s, u"Wood"_s};
 
 /// Paths of the pictures that users and adults choose from.
 QStringList StockPictures() {
@@ -111,19 +115,111 @@ int PixelsThatStandOut(const QImage& image, const QColor& ground) {
     return count;
 }
 
+/// The pixels on the edge of a disc that fills a square of so many, and how much of each, 0 to 1,
+/// lies within it.
+QHash<QPoint, double> EdgeOfDisc(int side) {
+    constexpr int Fineness = 8;
+    const double radius = side / 2.0;
+    const auto distance = [radius](double x, double y) {
+        return std::hypot(x - radius, y - radius);
+    };
+    QHash<QPoint, double> edge;
+    for (int y = 0; y < side; ++y)
+        for (int x = 0; x < side; ++x) {
+            if (std::abs(distance(x + 0.5, y + 0.5) - radius) > 2)
+                continue;
+            int within = 0;
+            for (int part = 0; part < Fineness * Fineness; ++part)
+                within += distance(x + (part % Fineness + 0.5) / Fineness,
+                                   y + (part / Fineness + 0.5) / Fineness) <= radius
+                              ? 1
+                              : 0;
+            edge.insert(QPoint(x, y), static_cast<double>(within) / (Fineness * Fineness));
+        }
+    return edge;
+}
+
+/// The most by which a part of a channel differs, 0 to 255.
+int Difference(QRgb left, QRgb right) {
+    return std::max({std::abs(qRed(left) - qRed(right)), std::abs(qGreen(left) - qGreen(right)),
+                     std::abs(qBlue(left) - qBlue(right))});
+}
+
+/// The least difference of a pixel from those near it that hide what is behind them.
+int DifferenceFromTheInside(const QImage& image, QPoint place) {
+    constexpr int Near = 3; // pixels
+    int least = 255;
+    const QRect near = QRect(place - QPoint(Near, Near), place + QPoint(Near, Near)) & image.rect();
+    for (int y = near.top(); y <= near.bottom(); ++y)
+        for (int x = near.left(); x <= near.right(); ++x)
+            if (qAlpha(image.pixel(x, y)) == 255)
+                least = std::min(least, Difference(image.pixel(place), image.pixel(x, y)));
+    return least;
+}
+
 TEST(DeliveredArtTest, EveryStockPictureIsARoundOneThatShowsSomething) {
     for (const QString& path : StockPictures()) {
         SCOPED_TRACE(path.toStdString());
-        const QImage image = Read(path, QSize(256, 256));
+        const int fineness = path.endsWith(u".gif"_s) ? 3 : 1;
+        const QImage image = Read(path, QSize(256, 256) * fineness);
         ASSERT_FALSE(image.isNull());
         for (const QPoint corner : {QPoint(0, 0), QPoint(255, 0), QPoint(0, 255), QPoint(255, 255),
                                     QPoint(30, 30), QPoint(225, 225)})
-            EXPECT_EQ(qAlpha(image.pixel(corner)), 0);
+            EXPECT_EQ(qAlpha(image.pixel(corner * fineness)), 0);
         for (const QPoint inside : {QPoint(128, 128), QPoint(45, 45), QPoint(210, 45),
                                     QPoint(2, 128), QPoint(253, 128), QPoint(128, 253)})
-            EXPECT_EQ(qAlpha(image.pixel(inside)), 255);
+            EXPECT_EQ(qAlpha(image.pixel(inside * fineness)), 255);
         EXPECT_LT(LargestPartOfOneColour(image), 0.8);
     }
+}
+
+TEST(DeliveredArtTest, NoStockPictureHasARaggedOrPaleEdgeWhereItIsShown) {
+    // As in lists, in the grid to choose from, and in the log-in at 100 and 200 percent.
+    for (const int side : {32, 72, 170, 340}) {
+        const QHash<QPoint, double> edge = EdgeOfDisc(side);
+        for (const QString& path : StockPictures()) {
+            const QImage shown =
+                QImage(path)
+                    .scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation)
+                    .convertToFormat(QImage::Format_ARGB32);
+            int ragged = 0;
+            int pale = 0;
+            for (auto pixel = edge.cbegin(); pixel != edge.cend(); ++pixel) {
+                const int alpha = qAlpha(shown.pixel(pixel.key()));
+                ragged += std::abs(alpha / 255.0 - pixel.value()) > 0.35 ? 1 : 0;
+                const bool isHalf = alpha > 40 && alpha < 255;
+                pale += isHalf && DifferenceFromTheInside(shown, pixel.key()) > 48 ? 1 : 0;
+            }
+            EXPECT_EQ(ragged, 0) << path.toStdString() << ' ' << side;
+            // What is drawn there may end there; the ground of another picture would be all round.
+            EXPECT_LT(pale, edge.size() / 20) << path.toStdString() << ' ' << side;
+        }
+    }
+}
+
+TEST(DeliveredArtTest, BackgroundsFillAScreenAndLeaveTextReadable) {
+    const QColor ink(0x26, 0x32, 0x38);
+    QStringList found;
+    for (const QFileInfo& file : QDir(Delivered(u"Backgrounds"_s)).entryInfoList(QDir::Files)) {
+        SCOPED_TRACE(file.fileName().toStdString());
+        found += file.completeBaseName();
+        EXPECT_LT(file.size(), 60000) << "every start reads it";
+        EXPECT_TRUE(file.permission(QFile::ReadOther));
+        const QImage image = Read(file.filePath(), QSize(1920, 1080));
+        ASSERT_EQ(image.format(), QImage::Format_Indexed8);
+        EXPECT_FALSE(image.hasAlphaChannel());
+        QList<int> counts(image.colorCount());
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                ++counts[image.pixelIndex(x, y)];
+        EXPECT_LT(*std::max_element(counts.cbegin(), counts.cend()), 1920 * 1080 / 2);
+        // The eyes of small animals are less than a letter.
+        int dark = 0;
+        for (int index = 0; index < image.colorCount(); ++index)
+            dark += Contrast(QColor(image.color(index)), ink) < 4.5 ? counts[index] : 0;
+        EXPECT_LT(dark, 800);
+    }
+    EXPECT_EQ(found, BackgroundNames);
 }
 
 TEST(DeliveredArtTest, NoTwoStockPicturesAreAlike) {
@@ -179,6 +275,16 @@ TEST(DeliveredArtTest, ToolbarPicturesStandOutOnLightAndDarkGrounds) {
         }
 }
 
+TEST(DeliveredArtTest, ToolbarPicturesAreDrawnForEachScale) {
+    for (const QString& key : ToolbarKeys)
+        for (const int side : {24, 30, 36, 40, 48, 60, 72, 96}) {
+            const QImage image =
+                Read(u":/art/toolbar/%1-%2.png"_s.arg(key).arg(side), QSize(side, side));
+            ASSERT_FALSE(image.isNull());
+            EXPECT_GT(PixelsThatStandOut(image, QColor(0xfb, 0xf6, 0xec)), side * side / 8);
+        }
+}
+
 TEST(DeliveredArtTest, BoxAndTickAreOfOneSizeAndCannotBeMistaken) {
     for (const int side : {25, 50}) {
         const QString tail = side == 50 ? u"@2x.png"_s : u".png"_s;
@@ -188,9 +294,9 @@ TEST(DeliveredArtTest, BoxAndTickAreOfOneSizeAndCannotBeMistaken) {
         const QPoint middle(side / 2, side / 2);
         EXPECT_EQ(box.pixelColor(middle), QColor(Qt::white));
         EXPECT_GT(Contrast(tick.pixelColor(11 * side / 25, 16 * side / 25), Qt::white), 4);
-        // The frame lies on whole pixels.
-        EXPECT_EQ(qAlpha(box.pixel(side / 2, 2 * side / 25)), 255);
-        EXPECT_EQ(qAlpha(box.pixel(side / 2, 2 * side / 25 - 1)), 0);
+        // The edge is the outermost pixel, whole.
+        EXPECT_EQ(box.pixelColor(side / 2, 0), QColor(Qt::black));
+        EXPECT_EQ(box.pixelColor(side / 2, side / 25), QColor(Qt::white));
     }
 }
 

@@ -1,4 +1,6 @@
 #include "look/DutygridStyle.h"
+#include "look/ProgramIcon.h"
+#include "look/TitleBar.h"
 #include "tests/common/Pictures.h"
 #include "tests/common/Sheet.h"
 #include "tests/look/LookTest.h"
@@ -112,6 +114,48 @@ TEST_F(ControlsLookTest, ScrollBars) {
                     });
         ExpectPicture(sheet.Image(), name);
     }
+}
+
+TEST_F(ControlsLookTest, TitleBars) {
+    constexpr auto smaller = QStyle::SC_TitleBarMinButton;
+    constexpr auto larger = QStyle::SC_TitleBarMaxButton;
+    constexpr auto back = QStyle::SC_TitleBarNormalButton;
+    constexpr auto close = QStyle::SC_TitleBarCloseButton;
+    // A form's state and the signs that its bar has then.
+    const QList<std::pair<Qt::WindowState, QList<QStyle::SubControl>>> states = {
+        {Qt::WindowNoState, {smaller, larger, close}},
+        {Qt::WindowMinimized, {back, larger, close}},
+        {Qt::WindowMaximized, {smaller, back, close}}};
+    constexpr int columns = 7;
+    Sheet sheet(QSize(276, TitleBarHeight + 6), columns, 6);
+    QWidget form;
+    form.ensurePolished();
+    for (const bool isInFront : {true, false})
+        for (const auto& [state, signs] : states) {
+            const auto add = [&, state = state](QStyle::SubControl touched, bool isHeld) {
+                sheet.Add([&](QPainter& painter, const QRect& room) {
+                    QStyleOptionTitleBar option;
+                    option.initFrom(&form);
+                    option.rect = room;
+                    option.text = u"Editing Chores chart"_s;
+                    option.icon = ProgramIcon();
+                    option.titleBarFlags = Qt::SubWindow | Qt::WindowTitleHint |
+                                           Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint |
+                                           Qt::WindowCloseButtonHint;
+                    option.titleBarState =
+                        static_cast<int>(state) |
+                        static_cast<int>(isInFront ? QStyle::State_Active : QStyle::State_None);
+                    option.activeSubControls = touched;
+                    option.state.setFlag(QStyle::State_Sunken, isHeld);
+                    form.style()->drawComplexControl(QStyle::CC_TitleBar, &option, &painter, &form);
+                });
+            };
+            add(QStyle::SC_None, false);
+            for (const bool isHeld : {false, true})
+                for (const QStyle::SubControl sign : signs)
+                    add(sign, isHeld);
+        }
+    ExpectPicture(sheet.Image(), u"title-bars"_s);
 }
 
 TEST_F(ControlsLookTest, ThePainterIsLeftAsItWas) {

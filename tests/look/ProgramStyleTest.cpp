@@ -1,4 +1,6 @@
 #include "look/LookColors.h"
+#include "platform/runtime/Colors.h"
+#include "shell/BackgroundArea.h"
 #include "tests/common/FormTest.h"
 
 #include <QApplication>
@@ -128,6 +130,18 @@ TEST_F(ProgramStyleTest, TextsStandOutOnEveryGroundThatAControlTakesUnderTheMous
     for (const QColor& ground : {LookColors::TealHover, LookColors::TealPressed})
         EXPECT_GE(Contrast(LookColors::Card, ground), ForText);
     EXPECT_GE(Contrast(LookColors::Muted, LookColors::Band), ForText);
+}
+
+TEST_F(ProgramStyleTest, TheGroundOfTheMainWindowStandsApartFromTheFormsOnIt) {
+    const QColor ground = ColorFromValue(BackgroundArea::DeliveredColor);
+    EXPECT_GE(Contrast(ground, LookColors::Paper), 1.25);
+    EXPECT_GE(Contrast(ground, LookColors::Teal), ForControls) << "title bars";
+    EXPECT_GE(Contrast(ground, LookColors::Ink), ForText);
+}
+
+TEST_F(ProgramStyleTest, TicksStandOutFromTheirBoxes) {
+    for (const QColor& ground : {LookColors::Ticked, LookColors::Honey, LookColors::HoneyDark})
+        EXPECT_GE(Contrast(LookColors::Tick, ground), ForControls);
 }
 
 TEST_F(ProgramStyleTest, TextsStandOutOnJobsDoneAndOnWordsFound) {

@@ -249,30 +249,13 @@ TEST_F(PrintChartTest, JobStands29BlanksBehindItsNumber) {
 }
 
 TEST_F(PrintChartTest, NothingOfUsualLengthIsCutOnAnyPaper) {
-    class OtherPaper : public PrintTarget {
-    public:
-        OtherPaper(QString path, QPageSize::PageSizeId size)
-            : path_(std::move(path)), size_(size) {}
-        std::unique_ptr<QPagedPaintDevice> Open() override {
-            auto device = std::make_unique<QPdfWriter>(path_);
-            device->setPageSize(QPageSize(size_));
-            return device;
-        }
-        void Sent(const QString&) override {}
-
-    private:
-        QString path_;
-        QPageSize::PageSizeId size_;
-    };
     const QString kid = QString::fromUtf8("Zo\u00eb O'Neil");
     const QString job = QStringLiteral("Take the recycling out and rinse the bins");
     MakeChart({{job, QStringLiteral("Sun"), 12345}}, QStringLiteral("Printed"));
     for (const auto size : {QPageSize::A4, QPageSize::Letter, QPageSize::A5}) {
-        OtherPaper paper(Path(QStringLiteral("paper.pdf")), size);
-        SetPrintTarget(&paper);
+        Paper.Size = QPageSize(size);
         Database().PrintChart(QStringLiteral("Printed"), true, kid, QString());
-        SetPrintTarget(&Paper);
-        const PrintedPages pages(Path(QStringLiteral("paper.pdf")));
+        const PrintedPages pages(Paper.LastFile());
         EXPECT_EQ(pages.LineAt(1, 1),
                   kid + QStringLiteral("'s Printed Dutygrid from 3/4/2001 to 3/10/2001"));
         EXPECT_LE(pages.Find(1, QStringLiteral("3/10/2001")).Place.right(), 21);

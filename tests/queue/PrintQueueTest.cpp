@@ -4,6 +4,7 @@
 #include "tests/common/TestWorld.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QRegularExpression>
 #include <QTest>
@@ -63,7 +64,8 @@ protected:
     QList<PrintNews> News;
 
 private:
-    static constexpr int Patience = 10000;
+    // Longer than the first four looks after a job take.
+    static constexpr int Patience = 30000;
     SystemPrinter target_;
 };
 
@@ -159,6 +161,24 @@ TEST_F(PrintQueueTest, PagesThatWaitAtAPrinterStandingStillAreToldToWait) {
     EXPECT_EQ(News.value(1).Printer, u"Stopped"_s);
     EXPECT_TRUE(News.value(1).IsWaiting);
     EXPECT_EQ(Printouts(), QStringList());
+}
+
+TEST_F(PrintQueueTest, AJobThatWaitsIsAskedForAloneAndEverMoreSeldom) {
+    const auto log = [] {
+        return Text(qEnvironmentVariable("DUTYGRID_QUEUES") + u"/log/access"_s);
+    };
+    const qsizetype before = log().size();
+    const auto asked = [&] {
+        return log().mid(before).count(u" Get-Job-Attributes successful-ok"_s);
+    };
+    QElapsedTimer since;
+    since.start();
+    PrintOn(u"Stopped"_s);
+    EXPECT_EQ(asked(), 1);
+    EXPECT_TRUE(WaitFor([&] { return asked() == 3; })) << log().mid(before).toStdString();
+    // At once, a second later, and two seconds after that; timers may be a twentieth early.
+    EXPECT_GE(since.elapsed(), 2850);
+    EXPECT_FALSE(log().mid(before).contains(u"Get-Jobs"_s)) << log().mid(before).toStdString();
 }
 
 TEST_F(PrintQueueTest, OnAPrinterOfBothSidesEachChildBeginsOnASheetOfItsOwn) {

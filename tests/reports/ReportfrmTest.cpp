@@ -243,6 +243,8 @@ TEST_F(ReportfrmTest, WholeHistoryCoversTheChildAndSpansTheDatabase) {
                  [] { EXPECT_EQ(Report().cursor().shape(), Qt::WaitCursor); });
     Boxes.Expect(WholeHistory, PromptAnswer::Yes);
     Push(u"Command2"_s);
+    for (const Prompt& question : Boxes.Shown())
+        EXPECT_FALSE(question.BeginsOnNo) << "nothing is lost: " << question.Text.toStdString();
     EXPECT_EQ(Report().SelectedCharts, QStringList{u"All"_s});
     const PrintedPages pages = LastPages();
     EXPECT_EQ(pages.LineAt(1, 0), u"Anna - Job Report"_s);
@@ -273,6 +275,7 @@ TEST_F(ReportfrmTest, RightButtonDeletesTheChartBeneathItOnYes) {
     Boxes.Expect(DeleteChart, PromptAnswer::Yes,
                  [] { EXPECT_EQ(Selected(Charts), QStringList{Piano}); });
     RightClick(Charts, Piano);
+    EXPECT_TRUE(Boxes.Last().BeginsOnNo);
     EXPECT_EQ(Entries(Charts), QStringList{Chores});
     EXPECT_FALSE(Database().ChartExist(Piano));
     EXPECT_TRUE(Database().ChartExist(Chores));

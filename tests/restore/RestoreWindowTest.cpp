@@ -79,9 +79,9 @@ TEST_F(RestoreWindowTest, TheCopiesAreListedByDayAndSayWhatIsOtherwise) {
     LookAt(window, u"Restore"_s);
 
     QTest::keyClick(&copies, Qt::Key_Tab);
-    EXPECT_TRUE(Find(window, u"Close"_s).hasFocus());
-    QTest::keyClick(&Find(window, u"Close"_s), Qt::Key_Tab);
     EXPECT_TRUE(Find(window, u"PutBack"_s).hasFocus());
+    QTest::keyClick(&Find(window, u"PutBack"_s), Qt::Key_Tab);
+    EXPECT_TRUE(Find(window, u"Close"_s).hasFocus());
 }
 
 TEST_F(RestoreWindowTest, ACopyIsPutBackByTheKeyboardAfterAsking) {

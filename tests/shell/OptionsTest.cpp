@@ -105,13 +105,13 @@ TEST_F(BackgroundOptionsTest, TheDeliveredBackgroundComesBack) {
     Browse(PictureFile());
     Click(Find(Default<BackgroundOptions>(), QStringLiteral("Deliveredbtn")));
     EXPECT_TRUE(SwatchShows());
-    EXPECT_EQ(Swatch(), QColor(0xfa, 0xf4, 0xe8));
+    EXPECT_EQ(Swatch(), QColor(0xc9, 0xdf, 0xdb));
     EXPECT_EQ(MainWindow().BackColor(), 4711) << "not before Ok";
     PressOk();
     EXPECT_TRUE(MainWindow().Picture().isNull());
-    EXPECT_EQ(MainWindow().BackColor(), 15267066);
+    EXPECT_EQ(MainWindow().BackColor(), 14409673);
     EXPECT_EQ(SettingsLines().value(1), QString());
-    EXPECT_EQ(SettingsLines().value(2), QStringLiteral(" 15267066 "));
+    EXPECT_EQ(SettingsLines().value(2), QStringLiteral(" 14409673 "));
 }
 
 TEST_F(BackgroundOptionsTest, APictureThatNotAllUsersMayOpenIsWarnedOfAndTaken) {

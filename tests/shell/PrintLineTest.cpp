@@ -119,6 +119,15 @@ TEST_F(PrintLineTest, TheKeyboardComesToItsButtonAndOn) {
     EXPECT_TRUE(Line().isVisible());
 }
 
+TEST_F(PrintLineTest, ToScreenReadersItIsNewsByItsText) {
+    for (const PrintNews& news : {Kept(), PrintNews{.Printer = u"Brother HL"_s}}) {
+        Hear(news);
+        const QAccessibleInterface* line = QAccessible::queryAccessibleInterface(&Line());
+        EXPECT_EQ(line->role(), QAccessible::Notification);
+        EXPECT_EQ(line->text(QAccessible::Name), Text());
+    }
+}
+
 TEST_F(PrintLineTest, TheButtonSaysWhatItOpens) {
     Hear(Kept());
     const QAccessibleInterface* button = QAccessible::queryAccessibleInterface(&Open());

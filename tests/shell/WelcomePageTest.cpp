@@ -1,5 +1,7 @@
 #include "shell/WelcomePage.h"
 #include "authoring/Newfrm.h"
+#include "look/LookColors.h"
+#include "session/Settings.h"
 #include "shell/BackgroundArea.h"
 #include "shell/WelcomeStep.h"
 #include "tests/shell/ShellTest.h"
@@ -61,6 +63,22 @@ protected:
             if (label->isVisible() && !label->text().isEmpty())
                 texts += label->text();
         return texts;
+    }
+
+    static bool HasLogo() {
+        for (const QLabel* label : MainWindow().findChild<WelcomePage*>()->findChildren<QLabel*>())
+            if (label->isVisible() && label->text().isEmpty())
+                return true;
+        return false;
+    }
+    /// The pixels of a colour in what is seen of a button.
+    static int PixelsOf(QWidget& button, const QColor& color, int fromX) {
+        const QImage seen = button.grab().toImage();
+        int count = 0;
+        for (int y = 4; y < seen.height() - 4; ++y)
+            for (int x = fromX; x < seen.width() - 4; ++x)
+                count += seen.pixelColor(x, y) == color ? 1 : 0;
+        return count;
     }
 
     static void LogInAnother(const QString& user, const QString& state) {
@@ -153,8 +171,7 @@ TEST_F(WelcomePageTest, SpaceAndEnterPressAButton) {
 
 TEST_F(WelcomePageTest, AButtonTooNarrowForItsHintTellsIt) {
     QAction command;
-    WelcomeStep step({&command, u"New"_s, u"Write a <b>chart</b> for a child"_s, QString()},
-                     nullptr);
+    WelcomeStep step({&command, u"New"_s, u"Write a <b>chart</b> for a child"_s, {}, {}}, nullptr);
     const auto tip = [&step] {
         QToolTip::hideText();
         QHelpEvent ask(QEvent::ToolTip, QPoint(5, 5), step.mapToGlobal(QPoint(5, 5)));
@@ -238,26 +255,99 @@ TEST_F(WelcomePageTest, TheGreetingGoesWhileAFormIsOpen) {
     EXPECT_EQ(Steps(), steps);
 }
 
-TEST_F(WelcomePageTest, TheButtonsStandOnABackOfSomebodysOwnWithoutTheLogo) {
+TEST_F(WelcomePageTest, TheButtonsStandOnAColourOfSomebodysOwnWithoutTheLogo) {
     StartSession(u"Mum"_s, u"Teacher"_s);
-    const auto hasLogo = [] {
-        for (const QLabel* label : MainWindow().findChild<WelcomePage*>()->findChildren<QLabel*>())
-            if (label->isVisible() && label->text().isEmpty())
-                return true;
-        return false;
-    };
-    ASSERT_TRUE(hasLogo());
+    ASSERT_TRUE(HasLogo());
     MainWindow().SetBackColor(0xff0000);
     EXPECT_EQ(StepNames(), NamesOf(OfAdult));
-    EXPECT_FALSE(hasLogo());
+    EXPECT_FALSE(HasLogo());
     EXPECT_EQ(Picture().pixelColor(5, 5), QColor(0, 0, 255));
+    Click(*Steps().first());
+    EXPECT_EQ(Front(), u"Newfrm"_s);
+}
+
+TEST_F(WelcomePageTest, APictureOfSomebodysOwnIsSeenWholeAndTheToolbarIsTheWay) {
+    StartSession(u"Mum"_s, u"Teacher"_s);
     QImage picture(40, 40, QImage::Format_RGB32);
     picture.fill(Qt::red);
     MainWindow().SetPicture(picture);
+    EXPECT_FALSE(Area().ShowsWelcome());
+    EXPECT_EQ(Steps().size(), 0);
+    const QImage seen = Picture();
+    EXPECT_EQ(seen.pixelColor(seen.rect().center()), QColor(Qt::red));
+    auto& toolbar = Find<QToolBar>(MainWindow(), u"KidToolbar"_s);
+    QTest::keyClick(MainWindow().windowHandle(), Qt::Key_F6);
+    EXPECT_TRUE(toolbar.isAncestorOf(QApplication::focusWidget()));
+    QTest::keyClick(MainWindow().windowHandle(), Qt::Key_F6);
+    EXPECT_TRUE(toolbar.isAncestorOf(QApplication::focusWidget())) << "there is nowhere else";
+    MainWindow().SetPicture(QImage());
     EXPECT_EQ(StepNames(), NamesOf(OfAdult));
-    EXPECT_FALSE(hasLogo());
-    Click(*Steps().first());
-    EXPECT_EQ(Front(), u"Newfrm"_s);
+}
+
+TEST_F(WelcomePageTest, TheGroundOfFormerSettingsIsThatOfToday) {
+    StartSession(u"Mum"_s, u"Teacher"_s);
+    const QColor ground(0xc9, 0xdf, 0xdb);
+    EXPECT_EQ(Picture().pixelColor(5, 5), ground);
+    constexpr qint32 former = 15267066;
+    PutSettings(false, former);
+    ReadSettings();
+    EXPECT_EQ(Picture().pixelColor(5, 5), ground);
+    EXPECT_TRUE(HasLogo());
+    EXPECT_EQ(MainWindow().BackColor(), former) << "as it is stored";
+    const QByteArray before = SettingsBytes();
+    WriteSettings();
+    EXPECT_EQ(SettingsBytes(), before);
+    MainWindow().SetBackColor(former - 1);
+    EXPECT_EQ(Picture().pixelColor(5, 5), QColor(0xf9, 0xf4, 0xe8));
+    EXPECT_FALSE(HasLogo());
+}
+
+TEST_F(WelcomePageTest, ForAChildTheButtonsAreLargeAndNameNoKeys) {
+    StartSession(u"Mum"_s, u"Teacher"_s);
+    ASSERT_EQ(Steps().size(), OfAdult.size());
+    for (const WelcomeStep* step : Steps())
+        EXPECT_EQ(step->NameFont().pointSizeF(), step->font().pointSizeF() * 1.15);
+    const int adults = Steps().first()->height();
+    constexpr int keys = 200; // where icon and name end, in pixels
+    EXPECT_GT(PixelsOf(*Steps().first(), LookColors::Band, keys), 100);
+    LogInAnother(u"Anna"_s, u"Student"_s);
+    ASSERT_EQ(Steps().size(), OfChild.size());
+    for (WelcomeStep* step : Steps()) {
+        EXPECT_EQ(step->NameFont().pointSizeF(), 15);
+        EXPECT_EQ(step->height(), 48 + 2 * 10);
+        EXPECT_GT(step->height(), adults);
+        EXPECT_EQ(PixelsOf(*step, LookColors::Band, keys), 0);
+        EXPECT_FALSE(step->accessibleDescription().contains(u"F4"_s));
+        EXPECT_FALSE(step->accessibleDescription().contains(u"F8"_s));
+        // The picture fills its square, not a part of it.
+        const QImage seen = step->grab().toImage();
+        const qreal scale = seen.devicePixelRatio();
+        int left = 10'000;
+        int right = 0;
+        for (int y = 0; y < seen.height(); ++y)
+            for (int x = qRound(8 * scale); x < qRound(60 * scale); ++x)
+                if (seen.pixelColor(x, y).lightness() < 100) {
+                    left = std::min(left, x);
+                    right = std::max(right, x);
+                }
+        EXPECT_GT((right - left) / scale, 34) << step->text().toStdString();
+    }
+    LookAt(MainWindow(), u"Welcome-child"_s);
+}
+
+TEST_F(WelcomePageTest, AButtonEndsInAnArrowHeadAndIsOfHoneyUnderTheMouse) {
+    StartSession(u"Mum"_s, u"Teacher"_s);
+    WelcomeStep& step = *Steps().at(1);
+    const int end = step.width() - 20;
+    QCursor::setPos(QPoint(0, 0));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !step.underMouse(); }, Patience));
+    EXPECT_GE(PixelsOf(step, LookColors::Muted, end), 4);
+    EXPECT_EQ(PixelsOf(step, LookColors::Honey, 0), 0);
+    QCursor::setPos(step.mapToGlobal(step.rect().center()));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return step.underMouse(); }, Patience));
+    EXPECT_GE(PixelsOf(step, LookColors::Teal, end), 4);
+    EXPECT_GT(PixelsOf(step, LookColors::Honey, 0), 1000);
+    LookAt(MainWindow(), u"Welcome-mouse"_s);
 }
 
 TEST_F(WelcomePageTest, ItIsLeftOutWhereThereIsNoRoomForIt) {

@@ -57,7 +57,7 @@ void ClassWeek::FirstStartAtSchool() {
     HeadingIs("TeachersList", "Teachers");
     HeadingIs("StudentsList", "Sparkits");
     EXPECT_EQ(SchoolMode, -1);
-    FileHolds("Settings/Settings.txt", {" 0 ", "", " 15267066 ", " 1 ", " 1 "});
+    FileHolds("Settings/Settings.txt", {" 0 ", "", " 14409673 ", " 1 ", " 1 "});
     Shoot("login-school-version");
 }
 

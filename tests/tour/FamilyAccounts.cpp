@@ -40,6 +40,8 @@ void FamilyWeek::MumPrintsTheAccounts() {
     AdultLogsIn("Mum", "secret");
     OpenAccounts();
     PrintAccounts();
+    TellsOfPrint("Printed on Home_Printer");
+    Shoot("account-list-printed");
     Printed({"List of Sparkit Dutygrid users and passwords",
              "User Name Is: Mum Password Is: secret", "User Name Is: Dad Password Is: hush",
              "User Name Is: Anna Password Is: kite", "User Name Is: Ben Password Is: comet"});
@@ -47,6 +49,7 @@ void FamilyWeek::MumPrintsTheAccounts() {
 
 void FamilyWeek::MumPaysAnna() {
     Pick("StudentsList", "Anna");
+    TellsOfPrint("");
     ShowsPicture("Image1", true);
     ShowsPicture("Image2", true);
     Figures("Anna", "125", "Bike", "60", "0");
@@ -80,6 +83,8 @@ void FamilyWeek::MumPromisesMore() {
     Pick("StudentsList", "Anna");
     Promise("Day at the zoo", "40", "Zoo.png", "incentive-with-picture");
     Stored(AccountOf("Anna"), {"5|Day at the zoo|40|1"});
+    Shows("Stored", "Anna's incentive has been stored.");
+    Shoot("account-incentive-stored");
 
     const Text withoutPicture = "You haven't selected a picture for this incentive, are you sure "
                                 "you want to continue?";
@@ -102,6 +107,7 @@ void FamilyWeek::MumPromisesMore() {
     Click("AddIncentive");
     IsGone("AddIncentives");
     NobodyIsSelected();
+    Shows("Stored", "");
     EXPECT_TRUE(DesktopCalls.FileAnswers.isEmpty());
     Stored(AccountOf("Ben"), {"0|<null>|500|<null>"});
 
@@ -111,7 +117,9 @@ void FamilyWeek::MumPromisesMore() {
     IsGone("AddIncentives");
     NobodyIsSelected();
     Stored(AccountOf("Ben"), {"0|Cinema|30|<null>"});
+    Shows("Stored", "Ben's incentive has been stored.");
     Pick("StudentsList", "Ben");
+    Shows("Stored", "");
     Figures("Ben", "0", "Cinema", "30", "30");
     ShowsPicture("Image2", false);
     Shoot("account-goal-without-picture");
@@ -178,6 +186,8 @@ void FamilyWeek::AnnaLooksAtAllAccounts() {
     DesktopCalls.FileAnswers += InFolder("UsersPictures/GirlGlasses.png");
     Click("cmdChgPic");
     Stored(pictures, {stored("GirlGlasses.png"), stored("Rocket.png")});
+    Shows("Stored", "Anna's picture has been stored.");
+    Shoot("account-picture-stored");
     Click("Okbtn");
     Front("MainForm");
 }

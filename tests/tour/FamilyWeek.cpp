@@ -1,6 +1,7 @@
 #include "tests/tour/FamilyWeek.h"
 
 #include "session/Session.h"
+#include "shell/BackgroundArea.h"
 #include "shell/WebPage.h"
 #include "tests/common/Readable.h"
 
@@ -292,7 +293,7 @@ void FamilyWeek::DadSetsOptions() {
     Click("Option2");
     Click("Ok");
     Front("MainForm");
-    FileHolds("Settings/Settings.txt", {" 1 ", "", " 15267066 ", " 0 ", " 1 "});
+    FileHolds("Settings/Settings.txt", {" 1 ", "", " 14409673 ", " 0 ", " 1 "});
 
     Toolbar("Options");
     Front("BackgroundOptions");
@@ -328,9 +329,24 @@ void FamilyWeek::DadSetsOptions() {
     FileHolds("Settings/Settings.txt",
               {" 1 ", "", QStringLiteral(" %1 ").arg(softGreen), " 0 ", " 1 "});
 
+    // Back to what came with the program, also from a picture just chosen.
+    Menu("Optinos", "BackOptions");
+    Front("BackgroundOptions");
+    DesktopCalls.FileAnswers += camping;
+    Click("BrowseButton");
+    ShowsPicture("Image1", true);
+    Click("Deliveredbtn");
+    ShowsPicture("Image1", false);
+    CanSee("Picture1", true);
+    Shoot("background-options-delivered");
+    Click("Ok");
+    Front("MainForm");
+    Shoot("main-window-delivered");
+    const Text delivered = QStringLiteral(" %1 ").arg(BackgroundArea::DeliveredColor);
+    FileHolds("Settings/Settings.txt", {" 1 ", "", delivered, " 0 ", " 1 "});
+
     Menu("Optinos", "SoundOnOff");
-    FileHolds("Settings/Settings.txt",
-              {" 1 ", "", QStringLiteral(" %1 ").arg(softGreen), " 0 ", " 0 "});
+    FileHolds("Settings/Settings.txt", {" 1 ", "", delivered, " 0 ", " 0 "});
 }
 
 void FamilyWeek::DadLooksAround() {

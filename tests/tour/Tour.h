@@ -91,6 +91,8 @@ protected:
     void ShowsPicture(const Text& label, bool picture, Here here = Here::current());
     /// The captions of the toolbar's buttons, from left to right.
     void ToolbarShows(const QList<Text>& captions, Here here = Here::current());
+    /// The line beside the menus about what has become of a print; "" where none is seen.
+    void TellsOfPrint(const Text& line, Here here = Here::current());
     void MenuShows(const Text& menu, const QList<Text>& captions, Here here = Here::current());
     /// No form of that name is shown.
     void IsGone(const Text& form, Here here = Here::current());

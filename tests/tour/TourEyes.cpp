@@ -140,6 +140,12 @@ void Tour::ToolbarShows(const QList<Text>& captions, Here here) {
     ExpectSame(VisibleCaptions(*bar), captions, "the toolbar", here);
 }
 
+void Tour::TellsOfPrint(const Text& line, Here here) {
+    const auto* label = MainWindow().findChild<QLabel*>(QStringLiteral("PrintText"));
+    const QString told = label->isVisible() ? label->text() : QString();
+    Expect(told == line, "the main window tells \"" + told.toStdString() + '"', here);
+}
+
 void Tour::MenuShows(const Text& menu, const QList<Text>& captions, Here here) {
     const auto* entries = MainWindow().findChild<QMenu*>(menu);
     ExpectSame(VisibleCaptions(*entries), captions, "the menu " + menu.toStdString(), here);

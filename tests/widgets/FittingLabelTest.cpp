@@ -3,6 +3,7 @@
 #include "tests/common/Pictures.h"
 #include "tests/common/Repaint.h"
 #include "tests/common/Sheet.h"
+#include "widgets/KeptUnits.h"
 
 #include <QHelpEvent>
 #include <QToolTip>
@@ -67,6 +68,24 @@ TEST_F(FittingLabelTest, ATextFitsAsLongAsNothingOfItIsCut) {
     EXPECT_EQ(label.minimumSizeHint(), QSize(font.averageCharWidth() * 8, line + 10));
     label.setText(u"a"_s);
     EXPECT_EQ(label.minimumSizeHint(), QSize(font.horizontalAdvance(u'a') + 5, line + 10));
+}
+
+TEST_F(FittingLabelTest, ANumberStandsOnOneLineWithItsUnit) {
+    FittingLabel label;
+    const auto seen = [&label](const QString& text) {
+        label.setText(text);
+        EXPECT_EQ(label.text(), text);
+        return label.grab().toImage();
+    };
+    const QString start = u"New bicycle 300"_s;
+    const QFontMetrics font = label.fontMetrics();
+    label.resize(font.horizontalAdvance(start) + 5, font.height() * 2);
+    const QString kept = u"New bicycle 300%1Points"_s.arg(QChar(QChar::Nbsp));
+    EXPECT_EQ(seen(u"New bicycle 300 Points"_s), seen(kept));
+    EXPECT_EQ(WithUnitsKept(u"New bicycle 300 Points"_s), kept);
+    EXPECT_EQ(WithUnitsKept(u"Job 2 3 4: a b, 5 - 6"_s), u"Job 2 3 4: a b, 5 - 6"_s);
+    EXPECT_EQ(WithUnitsKept(u" 7 "_s), u" 7 "_s);
+    EXPECT_EQ(WithUnitsKept(QString()), QString());
 }
 
 TEST_F(FittingLabelTest, TheTipIsTheWholeTextWhereItIsCutAndElseTheLabelsOwn) {

@@ -130,6 +130,8 @@ TEST_F(GoalPathTest, NamesAreShownLetterByLetter) {
         const QString words = QStringLiteral("1 of 2 points towards ") + QString::fromLatin1(name);
         EXPECT_EQ(path.accessibleDescription(), words);
         EXPECT_EQ(ShownTip(path.toolTip()), words);
+        EXPECT_TRUE(path.toolTip().contains(QStringLiteral("2%1points").arg(QChar(QChar::Nbsp))) ||
+                    path.toolTip().contains(QStringLiteral("2&nbsp;points")));
     }
 }
 
@@ -175,6 +177,56 @@ TEST_F(GoalPathTest, ThePictureOfTheIncentiveStandsAtTheEndOfTheWay) {
     EXPECT_EQ(end(), QColor(Qt::red));
     path.Show(0, 20, Kite, {});
     EXPECT_NE(end(), QColor(Qt::red));
+}
+
+TEST_F(GoalPathTest, ThePictureIs48PixelsLargeInTheHeightThatThePathAsksFor) {
+    QImage red(64, 64, QImage::Format_RGB32);
+    red.fill(Qt::red);
+    EXPECT_EQ(path.sizeHint().height(), 56);
+    path.resize(640, path.sizeHint().height());
+    path.Show(0, 20, Kite, red);
+    const QImage seen = Look();
+    const int scale = qRound(seen.devicePixelRatio());
+    EXPECT_EQ(PlaceOf(Qt::red, seen), QRect(588 * scale, 4 * scale, 48 * scale, 48 * scale));
+}
+
+TEST_F(GoalPathTest, AllTheJoyIsInSight) {
+    path.resize(640, 56);
+    path.Show(20, 20, Kite, {});
+    const QImage seen = Look();
+    const QRect goal(580, 0, 60, 56);
+    const QRect shine = PlaceOf(LookColors::Gold, seen.copy(goal));
+    EXPECT_GT(shine.height(), 48);
+    EXPECT_GT(shine.top(), 0) << "cut";
+    EXPECT_LT(shine.bottom(), goal.height() - 1) << "cut";
+    EXPECT_LT(shine.right(), goal.width() - 1) << "cut";
+}
+
+TEST_F(GoalPathTest, AGoalHasAsManyStonesHoweverWideItsWayIs) {
+    QPalette colors = path.palette();
+    colors.setColor(QPalette::Base, Qt::magenta);
+    path.setPalette(colors);
+    // Stretches of columns in which a stone ahead is seen.
+    const auto stones = [this] {
+        const QImage seen = Look();
+        int count = 0;
+        bool wasStone = false;
+        for (int x = 0; x < seen.width(); ++x) {
+            const bool isStone = !PlaceOf(Qt::magenta, seen.copy(x, 0, 1, seen.height())).isEmpty();
+            count += isStone && !wasStone ? 1 : 0;
+            wasStone = isStone;
+        }
+        return count;
+    };
+    // As wide as in the account view and in the viewer, designed and maximised.
+    for (const int width : {366, 706, 1338}) {
+        path.resize(width, 56);
+        for (const auto& [cost, count] : {std::pair(1, 1), std::pair(5, 5), std::pair(10, 10),
+                                          std::pair(11, 10), std::pair(32767, 10)}) {
+            path.Show(0, cost, Kite, {});
+            EXPECT_EQ(stones(), count) << cost << " points, " << width << " pixels";
+        }
+    }
 }
 
 TEST_F(GoalPathTest, TheStarHopsStretchedAndSquatsWhenItLands) {

@@ -57,16 +57,16 @@ protected:
 
 TEST_F(SharpPictureTest, TheGoalOfAWay) {
     GoalPath path;
-    path.resize(640, 48);
+    path.resize(640, 56);
     path.Show(0, 20, u"Kite"_s, Red(QSize(64, 64)));
     Expose(path);
-    // A square of 40 pixels, and what surrounds the goal to its right.
-    for (const int x : {600, 620, 630})
-        EXPECT_TRUE(IsRed(path, x, 24)) << x;
-    for (const int x : {300, 570, 590, 639})
-        EXPECT_FALSE(IsRed(path, x, 24)) << x;
+    // A square of 48 pixels, and what surrounds the goal to its right.
+    for (const int x : {589, 610, 635})
+        EXPECT_TRUE(IsRed(path, x, 28)) << x;
+    for (const int x : {300, 570, 587, 637})
+        EXPECT_FALSE(IsRed(path, x, 28)) << x;
     path.Show(0, 20, u"Kite"_s, Red(QSize(64, 32)));
-    EXPECT_TRUE(IsRed(path, 600, 24));
+    EXPECT_TRUE(IsRed(path, 600, 28));
     EXPECT_FALSE(IsRed(path, 600, 8)) << "in its own shape";
 }
 

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QScrollBar>
 #include <QTest>
 #include <utility>
 
@@ -119,13 +120,45 @@ TEST_F(PictureDialogTest, ScreenReadersHearTheNamesOfPicturesAndBoxes) {
         grid.setCurrentIndex(Entry(dialog, 1));
         QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&grid);
         EXPECT_EQ(list->text(QAccessible::Name), QStringLiteral("Pictures"));
+        EXPECT_EQ(list->role(), QAccessible::List);
         EXPECT_EQ(list->focusChild()->text(QAccessible::Name), QStringLiteral("blue.png"));
+        ASSERT_EQ(list->childCount(), 4);
+        for (int row = 0; row < 4; ++row) {
+            QAccessibleInterface* entry = list->child(row);
+            EXPECT_EQ(entry, list->child(row)) << "one for each";
+            EXPECT_EQ(entry->role(), QAccessible::ListItem);
+            EXPECT_EQ(entry->text(QAccessible::Name), Names(dialog).value(row));
+            EXPECT_EQ(entry->parent(), list);
+            EXPECT_EQ(list->indexOfChild(entry), row);
+            const QRect place = grid.visualRect(Entry(dialog, row));
+            EXPECT_EQ(entry->rect(),
+                      QRect(grid.viewport()->mapToGlobal(place.topLeft()), place.size()));
+            EXPECT_EQ(list->childAt(entry->rect().center().x(), entry->rect().center().y()), entry);
+            EXPECT_EQ(entry->state().selected, row == 1);
+            EXPECT_EQ(entry->state().focused, row == 1);
+            EXPECT_FALSE(entry->state().invisible);
+        }
         EXPECT_EQ(Find(dialog, QStringLiteral("sidebar")).accessibleName(),
                   QStringLiteral("Places"));
         for (const auto& [label, box] :
              {std::pair("lookInLabel", "lookInCombo"), std::pair("fileTypeLabel", "fileTypeCombo")})
             EXPECT_EQ(Find<QLabel>(dialog, QString::fromLatin1(label)).buddy(),
                       &Find(dialog, QString::fromLatin1(box)));
+    });
+}
+
+TEST_F(PictureDialogTest, AnotherFolderHasEntriesOfItsOwnForScreenReaders) {
+    Choose([this](PictureDialog& dialog) {
+        const QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&Grid(dialog));
+        const QAccessible::Id former = QAccessible::uniqueId(list->child(0));
+        dialog.setDirectory(folder_ + QStringLiteral("/Family"));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return list->childCount() == 0; }, Patience));
+        EXPECT_EQ(list->child(0), nullptr);
+        dialog.setDirectory(folder_ + QStringLiteral("/.."));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return list->childCount() > 0; }, Patience));
+        EXPECT_EQ(list->child(0)->text(QAccessible::Name), Names(dialog).value(0));
+        EXPECT_NE(QAccessible::uniqueId(list->child(0)), former);
+        dialog.setDirectory(folder_);
     });
 }
 
@@ -147,6 +180,46 @@ TEST_F(PictureDialogTest, OtherFoldersAreGoneTo) {
             Patience));
         dialog.setDirectory(folder_);
     });
+}
+
+TEST_F(PictureDialogTest, AFolderOfPicturesIsAmongThePlacesWhereNoneIsAskedFor) {
+    const QString folder = Path(QStringLiteral("Backgrounds"));
+    SystemDesktop desktop({}, folder);
+    const QUrl place = QUrl::fromLocalFile(folder);
+    const auto places = [&](const QString& initialFolder) {
+        QList<QUrl> seen;
+        const NextBox next([&](QWidget& box) {
+            auto& dialog = dynamic_cast<QFileDialog&>(box);
+            seen = dialog.sidebarUrls();
+            if (initialFolder.isEmpty()) {
+                auto& list = Find<QListView>(dialog, QStringLiteral("sidebar"));
+                const int last = list.model()->rowCount() - 1;
+                EXPECT_EQ(list.model()->index(last, 0).data().toString(),
+                          QStringLiteral("Backgrounds"));
+                EXPECT_EQ(list.horizontalScrollBar()->maximum(), 0) << "its name is whole";
+                ClickRow(list, last);
+                EXPECT_TRUE(
+                    QTest::qWaitFor([&] { return dialog.directory().path() == folder; }, Patience));
+            }
+            box.close();
+        });
+        EXPECT_EQ(desktop.OpenFile(initialFolder), std::nullopt);
+        return seen;
+    };
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_EQ(places(QString()).count(place), 1) << "and once only";
+        EXPECT_EQ(places(folder_).count(place), 0);
+    }
+}
+
+TEST_F(PictureDialogTest, AFolderThatIsNotThereIsNoPlace) {
+    SystemDesktop desktop({}, folder_ + QStringLiteral("/Gone"));
+    const NextBox next([](QWidget& box) {
+        for (const QUrl& place : dynamic_cast<QFileDialog&>(box).sidebarUrls())
+            EXPECT_FALSE(place.path().endsWith(QStringLiteral("/Gone")));
+        box.close();
+    });
+    EXPECT_EQ(desktop.OpenFile(QString()), std::nullopt);
 }
 
 } // namespace

@@ -74,6 +74,15 @@ TEST_F(SystemPrinterTest, TheSystemsPrintingKeepsPlacesBreaksAndColours) {
     EXPECT_NEAR(pages.Find(2, QStringLiteral("below")).Place.top(), 29, 0.1);
 }
 
+TEST_F(SystemPrinterTest, LooksAfterJobsComeEverMoreSeldomUpToHalfAMinute) {
+    QList<int> pauses;
+    for (std::chrono::seconds pause{}; pauses.size() < 8;) {
+        pause = SystemPrinter::PauseAfter(pause);
+        pauses += static_cast<int>(pause.count());
+    }
+    EXPECT_EQ(pauses, QList<int>({1, 2, 4, 8, 16, 30, 30, 30}));
+}
+
 TEST_F(SystemPrinterTest, PrinterThatDoesNotBeginRaises482) {
     PrinterOnFile target(Path(QStringLiteral("no-such-folder/system.pdf")));
     SetPrintTarget(&target);

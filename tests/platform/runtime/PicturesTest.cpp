@@ -88,4 +88,18 @@ TEST_F(PicturesTest, FilesThatCannotBeReadRaiseTheirNumbers) {
     EXPECT_ERROR(75, LoadPicture(ProgramFolder()));
 }
 
+TEST_F(PicturesTest, APaletteIsLeftBehindForItWouldSpotWhatIsScaled) {
+    QImage picture(20, 10, QImage::Format_Indexed8);
+    picture.setColorTable({qRgb(0, 0, 255), qRgb(255, 255, 0)});
+    picture.fill(1);
+    const QString path = Path(QStringLiteral("few.png"));
+    ASSERT_TRUE(picture.save(path));
+    EXPECT_EQ(LoadPicture(path).format(), QImage::Format_RGB32);
+    EXPECT_EQ(LoadPicture(path).pixel(5, 5), qRgb(255, 255, 0));
+    picture.setColorTable({qRgb(0, 0, 255), qRgba(255, 255, 0, 0)});
+    ASSERT_TRUE(picture.save(path));
+    EXPECT_EQ(LoadPicture(path).format(), QImage::Format_ARGB32);
+    EXPECT_EQ(qAlpha(LoadPicture(path).pixel(5, 5)), 0);
+}
+
 } // namespace

@@ -8,8 +8,9 @@ namespace {
 
 class SmallPicturesTest : public RuntimeTest {
 protected:
-    static QByteArray Picture(const QSize& size, const char* format) {
-        QImage picture(size, QImage::Format_RGB32);
+    static QByteArray Picture(const QSize& size, const char* format,
+                              QImage::Format pixels = QImage::Format_RGB32) {
+        QImage picture(size, pixels);
         picture.fill(qRgb(255, 0, 0));
         QBuffer buffer;
         buffer.open(QIODevice::WriteOnly);
@@ -46,12 +47,28 @@ TEST_F(SmallPicturesTest, WhatIsNoPictureOfATakenKindIsNone) {
 }
 
 TEST_F(SmallPicturesTest, AHugePictureIsNotRead) {
-    // Some kilobytes that would fill 400 megabytes.
-    EXPECT_TRUE(Small(Picture(QSize(10000, 10000), "PNG"), 32).isNull());
+    // Some kilobytes that would fill many megabytes; of one bit a pixel, which is soon written.
+    EXPECT_FALSE(Small(Picture(QSize(8000, 1000), "PNG", QImage::Format_Mono), 32).isNull());
+    EXPECT_TRUE(Small(Picture(QSize(8000, 8001), "PNG", QImage::Format_Mono), 32).isNull());
     const QByteArray picture = Picture(QSize(40, 40), "PNG");
     EXPECT_FALSE(
         Small(picture + QByteArray(MostSmallPictureBytes - picture.size(), '\0'), 32).isNull());
     EXPECT_TRUE(Small(picture + QByteArray(MostSmallPictureBytes, '\0'), 32).isNull());
+}
+
+TEST_F(SmallPicturesTest, FewColoursAreMixedAsManyAreWhereAPictureIsMadeSmall) {
+    QImage picture(400, 400, QImage::Format_Indexed8);
+    picture.setColorTable({qRgb(0, 0, 0), qRgb(200, 200, 200)});
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            picture.setPixel(x, y, static_cast<uint>((x + y) % 2));
+    QByteArray content;
+    QBuffer buffer(&content);
+    buffer.open(QIODevice::WriteOnly);
+    ASSERT_TRUE(picture.save(&buffer, "PNG"));
+    const QImage small = Small(content, 40);
+    for (int x = 0; x < 40; ++x)
+        EXPECT_NEAR(qRed(small.pixel(x, 20)), 100, 3) << x;
 }
 
 } // namespace
