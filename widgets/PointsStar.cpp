@@ -39,5 +39,5 @@ void PointsLabel::paintEvent(QPaintEvent* event) {
         return;
     QPainter painter(this);
     PaintPointsStar(painter,
-                    QRectF(0, (height() - PointsStarSide) / 2, PointsStarSide, PointsStarSide));
+                    QRect(0, (height() - PointsStarSide) / 2, PointsStarSide, PointsStarSide));
 }
