@@ -179,7 +179,7 @@ void ChartViewer::ExchangeRows(int step) {
             DayNumber = DaysOfWeek;
         day = DayAbbreviation(DayNumber);
     }
-    ui_->Week->SetShown(DayNumber);
+    TellDay();
     if (count == Instructions.Count() && !AreRowsInUse()) {
         Database().ReadInfoFromChart(ChartName, FormIndex, true, day);
         return;
@@ -187,6 +187,15 @@ void ChartViewer::ExchangeRows(int step) {
     const HiddenWhile rowsChange(*ui_->CleanUpList);
     RemoveRows();
     Database().ReadInfoFromChart(ChartName, FormIndex, true, day);
+}
+
+/// The week's bar stands below the day on display. Who hears the page has the keyboard on the
+/// button that turned it, where a change is read out.
+void ChartViewer::TellDay() {
+    ui_->Week->SetShown(DayNumber);
+    const QString seen = QStringLiteral("You see %1.").arg(FullDayName(DayAbbreviation(DayNumber)));
+    for (QPushButton* button : {ui_->PreviousDay, ui_->NextDay})
+        button->setAccessibleDescription(seen);
 }
 
 /// The keyboard is in one of them, a mark is held down or is still popping in.

@@ -121,6 +121,7 @@ private:
 
     void StoreMarks();
     void TurnPage(int step);
+    void TellDay();
     void ExchangeRows(int step);
     void ShowWeek();
     bool AreRowsInUse() const;

@@ -13,13 +13,12 @@ using namespace ViewerLayout;
 
 namespace {
 
-struct Spacing {
-    QMargins margins;
-    int gap;
-};
-/// Pixels. The tight one leaves its room for a scroll bar at the side.
-constexpr Spacing Ample{{14, 8, 14, 0}, 8};
-constexpr Spacing Tight{{6, 4, 6, 0}, 4};
+// Pixels between the parts, and above the first.
+constexpr int Ample = 8;
+constexpr int Tight = 4;
+// Pixels at the sides. A scroll bar takes the difference of both.
+constexpr int Sides = 14;
+constexpr int SidesWithScrollBar = 6;
 
 } // namespace
 
@@ -56,8 +55,10 @@ int ChartViewer::HeightOutOfView() const {
 }
 
 /// The buttons stand above the main window's lower edge, whatever the form's height is, with the
-/// person responsible below them, so that a row that is clicked moves none of them. What has no
-/// room above them is scrolled to. Room beyond the designed height is for more rows.
+/// person responsible below them: the form grows by that, so that a row that is clicked moves none
+/// of them. A maximised form cannot grow; once somebody has been shown there it keeps the place
+/// free, and a button pressed again is where it was. What has no room above the buttons is scrolled
+/// to. Room beyond the designed height is for more rows.
 void ChartViewer::FitToRoom() {
     // Under a pressed button nothing may move away.
     if (QGuiApplication::mouseButtons() != Qt::NoButton) {
@@ -65,15 +66,25 @@ void ChartViewer::FitToRoom() {
         fitLater_.start(shortly);
         return;
     }
+    const int withResponsible = PixelsOf(FormHeightWithResponsible);
+    const bool keepsItsPlace =
+        Frame().isMaximized() && height() >= withResponsible && !ui_->Namelbl->text().isEmpty();
+    QSizePolicy policy = ui_->Shape6->sizePolicy();
+    policy.setRetainSizeWhenHidden(keepsItsPlace);
+    ui_->Shape6->setSizePolicy(policy);
     const int outOfView = HeightOutOfView();
-    const int designed = PixelsOf(ui_->Shape6->isHidden() ? FormHeight : FormHeightWithResponsible);
+    const int designed =
+        ui_->Shape6->isHidden() && !keepsItsPlace ? PixelsOf(FormHeight) : withResponsible;
     const int spare = height() - outOfView - designed;
-    const Spacing& spacing = spare < 0 ? Tight : Ample;
-    ui_->contentLayout->setContentsMargins(spacing.margins);
-    ui_->contentLayout->setSpacing(spacing.gap);
-    ui_->formLayout->setContentsMargins(0, 0, 0, spacing.gap + outOfView);
-    ui_->formLayout->setSpacing(spacing.gap);
+    const int gap = spare < 0 ? Tight : Ample;
+    ui_->contentLayout->setSpacing(gap);
+    ui_->formLayout->setContentsMargins(0, 0, 0, gap + outOfView);
+    ui_->formLayout->setSpacing(gap);
     SetListHeight(PixelsOf(ListHeight) + std::max(0, spare));
+    ui_->contentLayout->setContentsMargins(Sides, gap, Sides, 0);
+    ui_->formLayout->activate();
+    if (ui_->contentLayout->minimumSize().height() > ui_->ContentScroll->height())
+        ui_->contentLayout->setContentsMargins(SidesWithScrollBar, gap, SidesWithScrollBar, 0);
 }
 
 void ChartViewer::SetListHeight(int pixels) {

@@ -55,13 +55,15 @@ void WeekDots::Tell() {
     for (int day = 1; day <= DaysOfWeek; ++day)
         if (daysWithJobs_.contains(day))
             days += DayName(day);
-    QString words = QStringLiteral("Jobs on %1.").arg(days.join(QStringLiteral(", ")));
+    QStringList words;
+    if (!days.isEmpty())
+        words += QStringLiteral("Jobs on %1.").arg(days.join(QStringLiteral(", ")));
     if (today_ > 0)
-        words += QStringLiteral(" Today is %1.").arg(DayName(today_));
+        words += QStringLiteral("Today is %1.").arg(DayName(today_));
     if (shown_ > 0)
-        words += QStringLiteral(" You see %1.").arg(DayName(shown_));
-    setAccessibleDescription(words);
-    setToolTip(words);
+        words += QStringLiteral("You see %1.").arg(DayName(shown_));
+    setAccessibleDescription(words.join(QLatin1Char(' ')));
+    setToolTip(accessibleDescription());
 }
 
 int WeekDots::BarsTop() const {

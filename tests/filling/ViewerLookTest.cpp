@@ -6,6 +6,8 @@
 
 #include <QApplication>
 #include <QGroupBox>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 
 namespace {
@@ -178,8 +180,14 @@ TEST_F(ViewerLookTest, SevenDotsShowTheWeek) {
     const QString words = u"Jobs on Monday, Wednesday, Friday. Today is Wednesday. You see %1."_s;
     EXPECT_EQ(week.accessibleDescription(), words.arg(u"Wednesday"_s));
     EXPECT_EQ(week.toolTip(), words.arg(u"Wednesday"_s));
+    const auto heard = [&viewer](const QString& button) {
+        return Button(viewer, button).accessibleDescription();
+    };
+    EXPECT_EQ(heard(u"NextDay"_s), u"You see Wednesday."_s);
 
     Click(Button(viewer, u"NextDay"_s));
+    EXPECT_EQ(heard(u"NextDay"_s), u"You see Friday."_s);
+    EXPECT_EQ(heard(u"PreviousDay"_s), u"You see Friday."_s);
     EXPECT_EQ(week.ShownDay(), 6);
     EXPECT_EQ(look(ring, LookColors::Deep), Days{4});
     EXPECT_EQ(look(bar, LookColors::Deep), Days{6});
@@ -257,6 +265,57 @@ TEST_F(ViewerLookTest, ThePersonResponsibleMovesNoButton) {
     EXPECT_LT(card.bottom(), viewer.height());
     EXPECT_EQ(person.visibleRegion().boundingRect(), person.rect());
     LookAt(viewer.Frame(), u"person"_s);
+}
+
+TEST_F(ViewerLookTest, MaximisedThePersonResponsibleMovesTheButtonsOnce) {
+    ChartViewer& viewer = Open();
+    QWidget& mainWindow = DefaultForm(u"MainForm"_s).Widget();
+    mainWindow.showNormal();
+    mainWindow.resize(1366, 740);
+    viewer.Frame().showMaximized();
+    Settle();
+    const auto lowest = [&viewer] {
+        const QWidget& button = Button(viewer, u"NextDay"_s);
+        return button.mapTo(&viewer, button.rect().bottomLeft()).y();
+    };
+    const auto& person = Find<QWidget>(viewer, u"Shape6"_s);
+    EXPECT_GT(lowest(), viewer.height() - person.height());
+    Click(viewer.Instructions[0]);
+    ASSERT_TRUE(person.isVisible());
+    const int below = lowest();
+    EXPECT_LT(below, viewer.height() - person.height());
+    Click(Button(viewer, u"NextDay"_s));
+    ASSERT_FALSE(person.isVisible());
+    EXPECT_EQ(lowest(), below);
+    Click(viewer.Instructions[0]);
+    EXPECT_EQ(lowest(), below);
+    viewer.Frame().showNormal();
+    Settle();
+    Click(Button(viewer, u"NextDay"_s));
+    EXPECT_GT(lowest(), viewer.height() - person.height());
+}
+
+TEST_F(ViewerLookTest, ThePersonResponsibleMovesNothingSideways) {
+    ChartViewer& viewer = Open();
+    QWidget& mainWindow = DefaultForm(u"MainForm"_s).Widget();
+    mainWindow.showNormal();
+    mainWindow.resize(1366, 730);
+    Settle();
+    const auto left = [&viewer](const char* name) {
+        return Find<QWidget>(viewer, QString::fromLatin1(name)).mapTo(&viewer, QPoint()).x();
+    };
+    const int before = left("Shape7");
+    Click(viewer.Instructions[1]);
+    for (const char* card : {"Shape1", "Shape6", "Shape7"})
+        EXPECT_EQ(left(card), before) << card;
+
+    // With a scroll bar at their side all parts are still in view.
+    auto& scroll = Find<QScrollArea>(viewer, u"ContentScroll"_s);
+    mainWindow.resize(1366, 560);
+    Settle();
+    EXPECT_TRUE(scroll.verticalScrollBar()->isVisible());
+    EXPECT_EQ(scroll.widget()->width(), scroll.viewport()->width());
+    EXPECT_LT(left("Shape7"), before);
 }
 
 } // namespace

@@ -185,9 +185,9 @@ void FamilyWeek::MumLogsInForTheFirstTime() {
 void FamilyWeek::MumWritesChores() {
     Toolbar("New");
     Front("Newfrm");
+    Shoot("new-chart-name");
     Click("Ok");
     Front("Newfrm"); // no name, no word
-    Shoot("new-chart-name");
     Type("NameOfNewChart", "Chores");
     Press("NameOfNewChart", Qt::Key_Return);
     Front("ChartEditor");
