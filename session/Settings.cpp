@@ -2,6 +2,7 @@
 
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Pictures.h"
+#include "platform/runtime/ProgramFolder.h"
 #include "platform/runtime/RuntimeError.h"
 #include "platform/runtime/SharedFiles.h"
 #include "platform/runtime/TextFiles.h"
@@ -9,6 +10,7 @@
 #include "store/ProgramFiles.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 namespace {
 
@@ -29,10 +31,21 @@ void ReadVariables() {
     SoundOn = ToInteger(file.InputNumber());
 }
 
+/// A delivered background stays what it is in a program folder that has been moved, or replaced by
+/// a newer one beside it.
+QString BackgroundFile() {
+    const QFileInfo chosen(BackgroundPicture);
+    const QString folder = QStringLiteral("Backgrounds");
+    if (chosen.exists() || chosen.dir().dirName() != folder)
+        return BackgroundPicture;
+    const QString own = InProgramFolder(folder + QLatin1Char('/') + chosen.fileName());
+    return QFileInfo(own).isFile() ? own : BackgroundPicture;
+}
+
 /// One child's choice is everybody's at the next start: whoever cannot start any more is told why.
 QImage LoadBackgroundPicture() {
     try {
-        return LoadPicture(BackgroundPicture);
+        return LoadPicture(BackgroundFile());
     } catch (RuntimeError& error) {
         error.SetAdvice(
             QStringLiteral("The background picture cannot be shown: %1\n\nTo start without it, "
