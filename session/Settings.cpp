@@ -9,7 +9,9 @@
 #include "session/Session.h"
 #include "store/ProgramFiles.h"
 
+#include <QDateTime>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 namespace {
@@ -42,10 +44,30 @@ QString BackgroundFile() {
     return QFileInfo(own).isFile() ? own : BackgroundPicture;
 }
 
+/// Reads the file afresh only where it is another one than last time: the account view reads the
+/// settings at each click.
+QImage LoadKept(const QString& path) {
+    struct Kept {
+        QString path;
+        qint64 size = 0;
+        QDateTime changed;
+        QImage picture;
+    };
+    static Kept kept;
+    if (path.isEmpty())
+        return {};
+    QFile file(path);
+    OpenPicture(file);
+    const QDateTime changed = file.fileTime(QFileDevice::FileModificationTime);
+    if (kept.path != path || kept.size != file.size() || kept.changed != changed)
+        kept = {path, file.size(), changed, LoadPicture(path)};
+    return kept.picture;
+}
+
 /// One child's choice is everybody's at the next start: whoever cannot start any more is told why.
 QImage LoadBackgroundPicture() {
     try {
-        return LoadPicture(BackgroundFile());
+        return LoadKept(BackgroundFile());
     } catch (RuntimeError& error) {
         error.SetAdvice(
             QStringLiteral("The background picture cannot be shown: %1\n\nTo start without it, "

@@ -307,6 +307,37 @@ TEST_F(SettingsTest, NoOtherPictureThatIsGoneIsLookedForElsewhere) {
     }
 }
 
+TEST_F(SettingsTest, ThePictureIsReadAgainOnlyWhereItsFileIsAnother) {
+    const QString one = Path(QStringLiteral("one.png"));
+    const QString other = Path(QStringLiteral("other.png"));
+    Paint(one, QSize(24, 24));
+    Paint(other, QSize(24, 24));
+    const auto read = [](const QString& path) {
+        PutPicture(path);
+        ReadSettings();
+        return MainWindow().Picture().cacheKey();
+    };
+    const qint64 first = read(one);
+    EXPECT_EQ(read(one), first);
+    const qint64 ofOtherFile = read(other);
+    EXPECT_NE(ofOtherFile, first);
+    SetTime(other, 1);
+    const qint64 ofOtherTime = read(other);
+    EXPECT_NE(ofOtherTime, ofOtherFile);
+    Paint(other, QSize(48, 36));
+    SetTime(other, 1);
+    EXPECT_NE(read(other), ofOtherTime);
+    EXPECT_EQ(MainWindow().Picture().size(), QSize(48, 36));
+    EXPECT_EQ(read(QString()), QImage().cacheKey());
+    EXPECT_EQ(MainWindow().Picture(), QImage());
+
+    read(other);
+    ASSERT_TRUE(QFile::remove(other));
+    EXPECT_END_OF_RUN(53, read(other));
+    ASSERT_TRUE(QDir().mkpath(other));
+    EXPECT_END_OF_RUN(75, read(other));
+}
+
 TEST_F(SettingsTest, BackgroundPictureThatIsNoneEndsTheRun) {
     PutSettings({QStringLiteral("0"), Path(QStringLiteral("Settings/Settings.txt")),
                  QStringLiteral("0"), QStringLiteral("0"), QStringLiteral("0")});

@@ -39,4 +39,29 @@ TEST_F(BackgroundPicturesTest, EachIsChosenAndFillsTheMainWindow) {
     }
 }
 
+TEST_F(BackgroundPicturesTest, ThePictureThatIsShownAlreadyIsNotPaintedAgain) {
+    class Painted : public QObject {
+    public:
+        int Times = 0;
+        bool eventFilter(QObject*, QEvent* event) override {
+            Times += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+    };
+    StartSession(u"Mum"_s, u"Teacher"_s);
+    const QImage picture = LoadPicture(PictureFile());
+    MainWindow().SetPicture(picture);
+    Settle();
+    Painted painted;
+    Find<QMdiArea>(MainWindow(), u"Area"_s).viewport()->installEventFilter(&painted);
+    MainWindow().SetPicture(picture);
+    Settle();
+    EXPECT_EQ(painted.Times, 0);
+    MainWindow().SetPicture(LoadPicture(PictureFile(u"other.png"_s, 0xffaa2266)));
+    Settle();
+    EXPECT_EQ(painted.Times, 1);
+    const QImage seen = Seen();
+    EXPECT_EQ(seen.pixelColor(seen.rect().center()).rgb(), 0xffaa2266);
+}
+
 } // namespace
