@@ -36,7 +36,8 @@ constexpr int PictureSide = 256;
 // A GIF's pixels are there or not. Three times as fine, its edge has no steps where it is shown.
 constexpr int GifSide = 3 * PictureSide;
 constexpr int TransparentIndex = 255;
-constexpr QSize BackgroundSize(1920, 1080);
+// Most screens are no larger; in the middle of one that is, there would be a rim around it.
+constexpr QSize BackgroundSize(2560, 1440);
 
 [[noreturn]] void Fail(const QString& what) {
     throw std::runtime_error(what.toStdString());

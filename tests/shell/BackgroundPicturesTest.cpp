@@ -1,4 +1,5 @@
 #include "platform/runtime/Pictures.h"
+#include "shell/BackgroundArea.h"
 #include "shell/BackgroundOptions.h"
 #include "tests/shell/ShellTest.h"
 
@@ -30,12 +31,27 @@ TEST_F(BackgroundPicturesTest, EachIsChosenAndFillsTheMainWindow) {
         Settle();
         Click(Find(form, u"BrowseButton"_s));
         Click(Find(form, u"Ok"_s));
-        EXPECT_EQ(MainWindow().Picture().size(), QSize(1920, 1080));
+        EXPECT_EQ(MainWindow().Picture().size(), QSize(2560, 1440));
         LookAt(MainWindow(), u"Main-"_s + file.completeBaseName());
         const QImage seen = Seen();
         for (const QPoint corner : {seen.rect().topLeft(), seen.rect().topRight(),
                                     seen.rect().bottomLeft(), seen.rect().bottomRight()})
             EXPECT_GT(seen.pixelColor(corner).green(), 100) << "not the red behind it";
+    }
+}
+
+TEST_F(BackgroundPicturesTest, EachFillsALargeScreenToo) {
+    const QFileInfoList files = QDir(Path(u"Backgrounds"_s)).entryInfoList(QDir::Files);
+    ASSERT_EQ(files.size(), 4);
+    BackgroundArea area;
+    area.resize(2560, 1440);
+    area.SetBackColor(255);
+    for (const QFileInfo& file : files) {
+        area.SetPicture(LoadPicture(file.filePath()));
+        const QImage seen = area.grab().toImage();
+        for (const QPoint corner : {seen.rect().topLeft(), seen.rect().topRight(),
+                                    seen.rect().bottomLeft(), seen.rect().bottomRight()})
+            EXPECT_GT(seen.pixelColor(corner).green(), 100) << file.fileName().toStdString();
     }
 }
 
