@@ -13,6 +13,7 @@
 #include "filling/OpenFillfrm.h"
 #include "filling/ViewerAccess.h"
 #include "help/HelpWindow.h"
+#include "platform/desktop/PictureListAccess.h"
 #include "platform/forms/DefaultForms.h"
 #include "platform/forms/FormAccess.h"
 #include "platform/forms/MainWindowArea.h"
@@ -40,6 +41,7 @@ void RegisterShellForms() {
     InstallFormAccess();
     InstallHelpAccess();
     InstallLinkAccess();
+    InstallPictureListAccess();
     InstallPrintLineAccess();
     RegisterFormClass<LogIn>();
     RegisterFormClass<LoginWindow>();

@@ -112,11 +112,7 @@ void ChartViewer::Activate() {
 
 /// The days that have jobs, whichever is on display.
 void ChartViewer::ShowWeek() {
-    QSet<int> days;
-    for (int day = 1; day <= DaysOfWeek; ++day)
-        if (Database().PrintReturnNr_Articles(DayAbbreviation(day), ChartName) > 0)
-            days.insert(day);
-    ui_->Week->SetWeek(days, Today().dayOfWeek() % DaysOfWeek + 1);
+    ui_->Week->SetWeek(Database().DaysWithJobs(ChartName), Today().dayOfWeek() % DaysOfWeek + 1);
 }
 
 void ChartViewer::Unloaded() {

@@ -2,13 +2,17 @@
 
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Pictures.h"
+#include "platform/runtime/ProgramFolder.h"
 #include "platform/runtime/RuntimeError.h"
 #include "platform/runtime/SharedFiles.h"
 #include "platform/runtime/TextFiles.h"
 #include "session/Session.h"
 #include "store/ProgramFiles.h"
 
+#include <QDateTime>
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 
 namespace {
 
@@ -29,10 +33,41 @@ void ReadVariables() {
     SoundOn = ToInteger(file.InputNumber());
 }
 
+/// A delivered background stays what it is in a program folder that has been moved, or replaced by
+/// a newer one beside it.
+QString BackgroundFile() {
+    const QFileInfo chosen(BackgroundPicture);
+    const QString folder = QStringLiteral("Backgrounds");
+    if (chosen.exists() || chosen.dir().dirName() != folder)
+        return BackgroundPicture;
+    const QString own = InProgramFolder(folder + QLatin1Char('/') + chosen.fileName());
+    return QFileInfo(own).isFile() ? own : BackgroundPicture;
+}
+
+/// Reads the file afresh only where it is another one than last time: the account view reads the
+/// settings at each click.
+QImage LoadKept(const QString& path) {
+    struct Kept {
+        QString path;
+        qint64 size = 0;
+        QDateTime changed;
+        QImage picture;
+    };
+    static Kept kept;
+    if (path.isEmpty())
+        return {};
+    QFile file(path);
+    OpenPicture(file);
+    const QDateTime changed = file.fileTime(QFileDevice::FileModificationTime);
+    if (kept.path != path || kept.size != file.size() || kept.changed != changed)
+        kept = {path, file.size(), changed, LoadPicture(path)};
+    return kept.picture;
+}
+
 /// One child's choice is everybody's at the next start: whoever cannot start any more is told why.
 QImage LoadBackgroundPicture() {
     try {
-        return LoadPicture(BackgroundPicture);
+        return LoadKept(BackgroundFile());
     } catch (RuntimeError& error) {
         error.SetAdvice(
             QStringLiteral("The background picture cannot be shown: %1\n\nTo start without it, "

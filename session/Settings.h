@@ -26,7 +26,9 @@ void SetSettingsForms(SettingsForms* forms);
 
 /// Reads the file into the session's variables and applies it to the log-in form and the main
 /// window, which come into being, hidden, where they do not exist yet. A file that is missing,
-/// short or malformed, or a background picture that cannot be loaded, ends the run.
+/// short or malformed, or a background picture that cannot be loaded, ends the run. A picture of a
+/// folder "Backgrounds" that is not there any more is taken from the program folder's own, if that
+/// has one of the name; BackgroundPicture keeps the path that was read.
 ///
 /// Selecting the school version in a log-in form just loaded runs that option's handler, and so
 /// WriteSettings, before the main window takes the colour read.

@@ -54,6 +54,9 @@ void BackgroundArea::SetBackColor(qint32 color) {
 }
 
 void BackgroundArea::SetPicture(const QImage& picture) {
+    // The settings are read anew far more often than they change.
+    if (picture.cacheKey() == picture_.cacheKey())
+        return;
     picture_ = picture;
     fittedFor_ = QSize();
     LookAfterWelcome();

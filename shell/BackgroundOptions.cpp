@@ -37,7 +37,7 @@ void BackgroundOptions::BrowseButton_Click() {
     if (!file.isEmpty() && !IsSeenByAllUsers(file))
         Tell(QStringLiteral("Not everyone who uses Sparkit Dutygrid on this computer may open this "
                             "picture, and for them the program could not start with it. Choose a "
-                            "picture that all may open, such as one of the folder UsersPictures."),
+                            "picture that all may open, such as one of the folder Backgrounds."),
              PromptIcon::Exclamation);
 }
 

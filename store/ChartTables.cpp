@@ -98,6 +98,14 @@ void EmptyRecordset(Recordset* Rows) {
     }
 }
 
+/// From the first row on, the texts of the rows' days. Raises 3021 if there is no row.
+TableWalk WalkThroughDays(TableStore& tables, const QString& chart) {
+    TableWalk rows = tables.WalkThrough(chart, {QStringLiteral("DayOfWeek")});
+    if (rows.Eof())
+        throw RuntimeError(ErrorNumber::NoCurrentRecord);
+    return rows;
+}
+
 /// What the viewer's DayLbl says for the current row, read for `Day`; "" for a day outside the
 /// chart's week, whose dates are read into the store's members.
 QString DayCaption(DatabaseCls& store, const Recordset& Rows, const QString& Day) {
@@ -200,9 +208,7 @@ void DatabaseCls::KeepDates(const QVariant& first, const QVariant& last) {
 
 qint16 DatabaseCls::PrintReturnNr_Articles(const QString& DayAbbreviation,
                                            const QString& ChartName) {
-    TableWalk rows = Tables().WalkThrough(ChartName, {QStringLiteral("DayOfWeek")});
-    if (rows.Eof())
-        throw RuntimeError(ErrorNumber::NoCurrentRecord);
+    TableWalk rows = WalkThroughDays(Tables(), ChartName);
     qint16 count = 0;
     if (DayAbbreviation.isEmpty())
         return count;
@@ -211,4 +217,16 @@ qint16 DatabaseCls::PrintReturnNr_Articles(const QString& DayAbbreviation,
             count = AddIntegers(count, 1);
     });
     return count;
+}
+
+QSet<int> DatabaseCls::DaysWithJobs(const QString& ChartName) {
+    TableWalk rows = WalkThroughDays(Tables(), ChartName);
+    QSet<int> days;
+    ForEachRow(rows, [&] {
+        const QString text = TextOf(rows.Value(0));
+        for (int day = 1; day <= DaysOfWeek; ++day)
+            if (FallsOn(text, DayAbbreviation(day)))
+                days.insert(day);
+    });
+    return days;
 }

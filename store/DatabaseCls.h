@@ -5,6 +5,7 @@
 #include "store/Mode.h"
 
 #include <QDate>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -67,6 +68,9 @@ public:
     /// The number of the chart's rows that fall on the day; 0 for "". Raises 3021 for an empty
     /// chart.
     qint16 PrintReturnNr_Articles(const QString& DayAbbreviation, const QString& ChartName);
+    /// The days of the week, 1 for Sunday to 7, on which rows of the chart fall. Raises 3021 for an
+    /// empty chart.
+    QSet<int> DaysWithJobs(const QString& ChartName);
 
     // Account records
 

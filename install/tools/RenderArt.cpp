@@ -1,8 +1,10 @@
 // Renders the drawings in install/art into the pictures the program and its users see.
 //
-//   RenderArt pictures  ART_FOLDER OUTPUT_FOLDER   users', incentive and chart pictures,
-//   backgrounds RenderArt resources ART_FOLDER OUTPUT_FOLDER   toolbar, boxes, logo and program
-//   icon
+//   RenderArt pictures ART_FOLDER OUTPUT_FOLDER
+//       users', incentive and chart pictures, backgrounds
+//
+//   RenderArt resources ART_FOLDER OUTPUT_FOLDER SIDE...
+//       toolbar, boxes, logo and program icon; SIDE: pixels of a toolbar picture, beside 32 and 64
 //
 // A drawing of a user or an incentive fills its square; the round cut is made here, so that all
 // pictures have the same outline.
@@ -36,7 +38,8 @@ constexpr int PictureSide = 256;
 // A GIF's pixels are there or not. Three times as fine, its edge has no steps where it is shown.
 constexpr int GifSide = 3 * PictureSide;
 constexpr int TransparentIndex = 255;
-constexpr QSize BackgroundSize(1920, 1080);
+// Most screens are no larger; in the middle of one that is, there would be a rim around it.
+constexpr QSize BackgroundSize(2560, 1440);
 
 [[noreturn]] void Fail(const QString& what) {
     throw std::runtime_error(what.toStdString());
@@ -248,15 +251,17 @@ void RenderForScreensWithRim(const QString& svgPath, const QString& base, QSize 
     Save(RenderWithRim(svgPath, size * 2, 2.0), base + u"@2x.png"_s);
 }
 
-void RenderResources(const QString& art, const QString& output) {
+void RenderResources(const QString& art, const QString& output, const QStringList& toolbarSides) {
     MakeFolder(output + u"/toolbar"_s);
     for (const QFileInfo& drawing : Drawings(art + u"/toolbar"_s)) {
         const QString base = output + u"/toolbar/"_s + drawing.completeBaseName();
         RenderForScreensWithRim(drawing.filePath(), base, QSize(32, 32));
         // What those two are at other scales; scaled, their lines would blur.
-        for (const int side : {24, 30, 36, 40, 48, 60, 72, 96})
+        for (const QString& pixels : toolbarSides) {
+            const int side = pixels.toInt();
             Save(RenderWithRim(drawing.filePath(), QSize(side, side), side / 32.0),
-                 base + u'-' + QString::number(side) + u".png"_s);
+                 base + u'-' + pixels + u".png"_s);
+        }
     }
     RenderForScreens(art + u"/Box.svg"_s, output + u"/Box"_s, QSize(25, 25));
     RenderForScreens(art + u"/Tick.svg"_s, output + u"/Tick"_s, QSize(25, 25));
@@ -281,11 +286,12 @@ int main(int argc, char** argv) {
             RenderPictures(arguments[2], arguments[3]);
             return EXIT_SUCCESS;
         }
-        if (arguments.size() == 4 && arguments[1] == u"resources"_s) {
-            RenderResources(arguments[2], arguments[3]);
+        if (arguments.size() > 4 && arguments[1] == u"resources"_s) {
+            RenderResources(arguments[2], arguments[3], arguments.mid(4));
             return EXIT_SUCCESS;
         }
-        errors << u"usage: RenderArt pictures|resources ART_FOLDER OUTPUT_FOLDER\n"_s;
+        errors << u"usage: RenderArt pictures ART_FOLDER OUTPUT_FOLDER\n"_s
+               << u"       RenderArt resources ART_FOLDER OUTPUT_FOLDER SIDE...\n"_s;
     } catch (const std::exception& problem) {
         errors << u"RenderArt: "_s << QString::fromLocal8Bit(problem.what()) << u'\n';
     }

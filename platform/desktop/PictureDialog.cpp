@@ -1,6 +1,5 @@
 #include "platform/desktop/PictureDialog.h"
 
-#include "platform/desktop/PictureListAccess.h"
 #include "platform/forms/PicturesInSight.h"
 #include "platform/forms/WidgetRole.h"
 #include "platform/runtime/SmallPictures.h"
@@ -66,16 +65,10 @@ private:
     PicturesInSight* pictures_;
 };
 
-/// The toolkit's part of the dialog asks as soon as it is made what speaks for its list.
-QWidget* WithListAccess(QWidget* parent) {
-    InstallPictureListAccess();
-    return parent;
-}
-
 } // namespace
 
 PictureDialog::PictureDialog(QWidget* parent, const QString& folder, const QString& place)
-    : QFileDialog(WithListAccess(parent), QStringLiteral("Open"), folder,
+    : QFileDialog(parent, QStringLiteral("Open"), folder,
                   folder.isEmpty()
                       ? QString()
                       : QStringLiteral("Pictures (*.png *.jpg *.jpeg *.gif *.bmp *.ico)")) {

@@ -37,6 +37,7 @@ struct PrintQueues::Library {
         Resolve(User, "cupsUser");
         Resolve(NewRequest, "ippNewRequest");
         Resolve(AddString, "ippAddString");
+        Resolve(GetStatusCode, "ippGetStatusCode");
         Resolve(FindAttribute, "ippFindAttribute");
         Resolve(GetInteger, "ippGetInteger");
         Resolve(Delete, "ippDelete");
@@ -68,6 +69,7 @@ struct PrintQueues::Library {
     decltype(&::cupsUser) User;
     decltype(&::ippNewRequest) NewRequest;
     decltype(&::ippAddString) AddString;
+    decltype(&::ippGetStatusCode) GetStatusCode;
     decltype(&::ippFindAttribute) FindAttribute;
     decltype(&::ippGetInteger) GetInteger;
     decltype(&::ippDelete) Delete;
@@ -131,9 +133,11 @@ PrintQueues::JobState PrintQueues::StateOf(const QString& printer, int job) cons
     ipp_t* answer = library_->DoRequest(CUPS_HTTP_DEFAULT, question, "/");
     const auto freeAnswer = qScopeGuard([&] { library_->Delete(answer); });
     ipp_attribute_t* told = library_->FindAttribute(answer, "job-state", IPP_TAG_ENUM);
-    // Of a job that nobody knows any more, nobody can say more either.
-    const int state = told == nullptr ? IPP_JSTATE_COMPLETED : library_->GetInteger(told, 0);
-    switch (state) {
+    if (told == nullptr)
+        // A server that does not answer, or not now, may have the pages still.
+        return library_->GetStatusCode(answer) == IPP_STATUS_ERROR_NOT_FOUND ? JobState::Gone
+                                                                             : JobState::UnderWay;
+    switch (library_->GetInteger(told, 0)) {
     case IPP_JSTATE_PENDING:
         return QPrinterInfo::printerInfo(printer).state() == QPrinter::Error ? JobState::Waiting
                                                                              : JobState::UnderWay;

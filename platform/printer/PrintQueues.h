@@ -27,10 +27,10 @@ public:
     Answer Send(const QString& printer, const QString& title, const QByteArray& pdf) const;
 
     enum class JobState {
-        UnderWay,
-        Waiting, ///< until somebody has looked after the printer or lets the job go on
-        Gone,    ///< printed, or taken out of the queue by somebody
-        Lost     ///< given up by the printing system
+        UnderWay, ///< as far as is known: also while the printing system does not answer
+        Waiting,  ///< until somebody has looked after the printer or lets the job go on
+        Gone,     ///< printed, taken out of the queue by somebody, or not known any more
+        Lost      ///< given up by the printing system
     };
     JobState StateOf(const QString& printer, int job) const;
 

@@ -203,16 +203,16 @@ TEST(DeliveredArtTest, BackgroundsFillAScreenAndLeaveTextReadable) {
     for (const QFileInfo& file : QDir(Delivered(u"Backgrounds"_s)).entryInfoList(QDir::Files)) {
         SCOPED_TRACE(file.fileName().toStdString());
         found += file.completeBaseName();
-        EXPECT_LT(file.size(), 60000) << "every start reads it";
+        EXPECT_LT(file.size(), 120'000) << "every start reads it";
         EXPECT_TRUE(file.permission(QFile::ReadOther));
-        const QImage image = Read(file.filePath(), QSize(1920, 1080));
+        const QImage image = Read(file.filePath(), QSize(2560, 1440));
         ASSERT_EQ(image.format(), QImage::Format_Indexed8);
         EXPECT_FALSE(image.hasAlphaChannel());
         QList<int> counts(image.colorCount());
         for (int y = 0; y < image.height(); ++y)
             for (int x = 0; x < image.width(); ++x)
                 ++counts[image.pixelIndex(x, y)];
-        EXPECT_LT(*std::max_element(counts.cbegin(), counts.cend()), 1920 * 1080 / 2);
+        EXPECT_LT(*std::max_element(counts.cbegin(), counts.cend()), 2560 * 1440 / 2);
         // The eyes of small animals are less than a letter.
         int dark = 0;
         for (int index = 0; index < image.colorCount(); ++index)

@@ -1,14 +1,21 @@
 #include "platform/desktop/SystemDesktop.h"
 #include "platform/desktop/SystemPrompts.h"
 #include "shell/MainForm.h"
+#include "tests/common/NextBox.h"
+#include "tests/common/Pictures.h"
 #include "tests/look/LookTest.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFile>
 #include <QFileDialog>
 #include <QLabel>
+#include <QListView>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QTest>
 #include <QTimer>
+#include <algorithm>
 
 namespace {
 
@@ -75,6 +82,35 @@ TEST_F(DialogsLookTest, DialogsForFilesAndColours) {
     EXPECT_FALSE(desktop.OpenFile(Path(u"UsersPictures"_s)).has_value());
     LookAtNext(u"Dialog-colour"_s);
     EXPECT_FALSE(desktop.ChooseColor(255).has_value());
+}
+
+TEST_F(DialogsLookTest, PicturesToChooseFrom) {
+    QDir().mkpath(Path(u"Few"_s));
+    for (const QString& name : {u"Bee.png"_s, u"Fox.png"_s, u"Owl.png"_s, u"Rocket.png"_s})
+        ASSERT_TRUE(QFile::copy(Path(u"UsersPictures/"_s + name), Path(u"Few/"_s + name)));
+    SystemDesktop desktop({});
+    const NextBox next([](QWidget& box) {
+        auto& grid = Find<QListView>(box, u"listView"_s);
+        const auto count = [&grid] { return grid.model()->rowCount(grid.rootIndex()); };
+        EXPECT_TRUE(QTest::qWaitFor([&] { return count() == 4; }, Patience));
+        grid.setCurrentIndex(grid.model()->index(1, 0, grid.rootIndex()));
+        EXPECT_EQ(grid.iconSize(), QSize(72, 72));
+        for (const QString& low : {u"lookInCombo"_s, u"fileNameEdit"_s, u"fileTypeCombo"_s})
+            EXPECT_NEAR(Find(box, low).height(), 24, 1) << low.toStdString();
+        // All around them stand folders of this machine.
+        const QList<QLabel*> labels = box.findChildren<QLabel*>();
+        const auto preview = std::find_if(labels.begin(), labels.end(), [](const QLabel* label) {
+            return label->accessibleName() == u"Preview of the picture"_s;
+        });
+        ASSERT_NE(preview, labels.end());
+        const auto placeOf = [&box](const QWidget& part) {
+            return QRect(part.mapTo(&box, QPoint()), part.size());
+        };
+        const QRect both = placeOf(grid) | placeOf(**preview);
+        ExpectPicture([&] { return box.grab(both).toImage(); }, u"Dialog-pictures"_s);
+        box.close();
+    });
+    EXPECT_FALSE(desktop.OpenFile(Path(u"Few"_s)).has_value());
 }
 
 TEST_F(DialogsLookTest, Menus) {

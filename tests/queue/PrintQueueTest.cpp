@@ -1,3 +1,4 @@
+#include "platform/printer/PrintQueues.h"
 #include "platform/printer/SystemPrinter.h"
 #include "platform/printing/PrintNews.h"
 #include "tests/common/PrintedPages.h"
@@ -7,8 +8,12 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QRegularExpression>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QTest>
+#include <chrono>
 #include <functional>
+#include <future>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -18,6 +23,8 @@ namespace {
 /// Printing on the queues of tests/queue/with-queues.
 class PrintQueueTest : public ProgramTest {
 protected:
+    using JobState = PrintQueues::JobState;
+
     PrintQueueTest() {
         for (const QString& name : QDir(Out()).entryList(QDir::Files))
             QFile::remove(Out() + name);
@@ -55,6 +62,17 @@ protected:
     }
     static bool WaitFor(const std::function<bool()>& condition) {
         return QTest::qWaitFor(condition, Patience);
+    }
+    /// What becomes of a job by what another server says, which another thread alone asks.
+    static JobState StateByServer(const QString& server) {
+        const QByteArray former = qgetenv("CUPS_SERVER");
+        qputenv("CUPS_SERVER", server.toUtf8());
+        auto state = std::async(std::launch::async, [] { return PrintQueues().StateOf({}, 1); });
+        EXPECT_TRUE(WaitFor([&state] {
+            return state.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+        }));
+        qputenv("CUPS_SERVER", former);
+        return state.get();
     }
     static QStringList Printouts() { return QDir(Path(u"Printouts"_s)).entryList(QDir::Files); }
     static QString KeptAt(const QString& file) {
@@ -179,6 +197,44 @@ TEST_F(PrintQueueTest, AJobThatWaitsIsAskedForAloneAndEverMoreSeldom) {
     // At once, a second later, and two seconds after that; timers may be a twentieth early.
     EXPECT_GE(since.elapsed(), 2850);
     EXPECT_FALSE(log().mid(before).contains(u"Get-Jobs"_s)) << log().mid(before).toStdString();
+}
+
+TEST_F(PrintQueueTest, AJobIsGoneWhenItIsPrintedOrNobodyKnowsIt) {
+    const PrintQueues queues;
+    const PrintQueues::Answer answer = queues.Send(u"A4"_s, u"List"_s, "%PDF-1.4\n%%EOF\n");
+    ASSERT_NE(answer.Job, 0) << answer.Refusal.toStdString();
+    EXPECT_TRUE(WaitFor([&] { return queues.StateOf(u"A4"_s, answer.Job) == JobState::Gone; }));
+    EXPECT_EQ(queues.StateOf(u"A4"_s, answer.Job + 1000), JobState::Gone);
+}
+
+TEST_F(PrintQueueTest, AJobIsUnderWayWhileTheServerIsNotThere) {
+    EXPECT_EQ(StateByServer(Out() + u"nowhere"_s), JobState::UnderWay);
+}
+
+TEST_F(PrintQueueTest, AJobIsUnderWayWhileTheServerHasNoTimeForTheQuestion) {
+    // Version 2.0, server-error-busy, the number of the question, the end.
+    const QByteArray busy("\x02\x00\x05\x07\x00\x00\x00\x01\x03", 9);
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    int answers = 0;
+    QObject::connect(&server, &QTcpServer::newConnection, &server, [&] {
+        QTcpSocket* asking = server.nextPendingConnection();
+        QObject::connect(asking, &QTcpSocket::readyRead, asking, [&answers, &busy, asking] {
+            const QByteArray question = asking->peek(asking->bytesAvailable());
+            if (!question.contains("job-state\x03")) {
+                // The rest comes when it is asked for.
+                asking->write("HTTP/1.1 100 Continue\r\n\r\n");
+                return;
+            }
+            asking->readAll();
+            asking->write("HTTP/1.1 200 OK\r\nContent-Type: application/ipp\r\n"
+                          "Content-Length: 9\r\n\r\n" +
+                          busy);
+            ++answers;
+        });
+    });
+    EXPECT_EQ(StateByServer(u"127.0.0.1:%1"_s.arg(server.serverPort())), JobState::UnderWay);
+    EXPECT_EQ(answers, 1);
 }
 
 TEST_F(PrintQueueTest, OnAPrinterOfBothSidesEachChildBeginsOnASheetOfItsOwn) {

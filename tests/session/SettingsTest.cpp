@@ -1,7 +1,9 @@
 #include "session/Settings.h"
 
+#include "platform/runtime/Pictures.h"
 #include "tests/shell/ShellTest.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QRadioButton>
@@ -12,6 +14,25 @@ class SettingsTest : public ShellTest {
 protected:
     static bool Selected(const QString& option) {
         return Find<QRadioButton>(Default<LogIn>(), option).isChecked();
+    }
+
+    /// A settings file with that background picture.
+    static void PutPicture(const QString& path) {
+        PutSettings({QStringLiteral("0"), path, QStringLiteral("123"), QStringLiteral("0"),
+                     QStringLiteral("0")});
+    }
+    /// Saves a picture of one colour in a file that then seems to be as old as all others.
+    static void Paint(const QString& path, const QSize& size) {
+        QImage picture(size, QImage::Format_RGB32);
+        picture.fill(Qt::red);
+        ASSERT_TRUE(picture.save(path));
+        SetTime(path, 0);
+    }
+    static void SetTime(const QString& path, int seconds) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(file.setFileTime(QDateTime(QDate(2001, 3, 4), QTime(12, 0, seconds)),
+                                     QFileDevice::FileModificationTime));
     }
 
     static constexpr qint32 Color = 255 + 256 * 128;
@@ -258,6 +279,63 @@ TEST_F(SettingsTest, MissingBackgroundPictureEndsTheRunAfterTheColorHasBeenSet) 
     EXPECT_END_OF_RUN(53, ReadSettings());
     EXPECT_EQ(MainWindow().BackColor(), 123);
     EXPECT_TRUE(MainWindow().SoundMark()) << "the sound's mark comes after the picture";
+}
+
+TEST_F(SettingsTest, ADeliveredBackgroundIsFoundInAProgramFolderThatHasMoved) {
+    const QString former = Path(QStringLiteral("former/Backgrounds/Sea.png"));
+    PutPicture(former);
+    const QByteArray before = SettingsBytes();
+    ReadSettings();
+    EXPECT_EQ(MainWindow().Picture(), LoadPicture(Path(QStringLiteral("Backgrounds/Sea.png"))));
+    EXPECT_EQ(BackgroundPicture, former);
+    EXPECT_EQ(SettingsBytes(), before);
+    WriteSettings();
+    EXPECT_EQ(SettingsLines().value(1), former) << "and stays so";
+
+    ASSERT_TRUE(QDir().mkpath(Path(QStringLiteral("former/Backgrounds"))));
+    Paint(former, QSize(24, 24));
+    ReadSettings();
+    EXPECT_EQ(MainWindow().Picture().size(), QSize(24, 24)) << "the one named, where it is there";
+}
+
+TEST_F(SettingsTest, NoOtherPictureThatIsGoneIsLookedForElsewhere) {
+    for (const char* gone : {"former/Sea.png", "former/Backgrounds/Own.png", "former/Backgrounds/",
+                             "former/Backgrounds/more/Sea.png"}) {
+        SCOPED_TRACE(gone);
+        PutPicture(Path(QString::fromLatin1(gone)));
+        EXPECT_END_OF_RUN(53, ReadSettings());
+    }
+}
+
+TEST_F(SettingsTest, ThePictureIsReadAgainOnlyWhereItsFileIsAnother) {
+    const QString one = Path(QStringLiteral("one.png"));
+    const QString other = Path(QStringLiteral("other.png"));
+    Paint(one, QSize(24, 24));
+    Paint(other, QSize(24, 24));
+    const auto read = [](const QString& path) {
+        PutPicture(path);
+        ReadSettings();
+        return MainWindow().Picture().cacheKey();
+    };
+    const qint64 first = read(one);
+    EXPECT_EQ(read(one), first);
+    const qint64 ofOtherFile = read(other);
+    EXPECT_NE(ofOtherFile, first);
+    SetTime(other, 1);
+    const qint64 ofOtherTime = read(other);
+    EXPECT_NE(ofOtherTime, ofOtherFile);
+    Paint(other, QSize(48, 36));
+    SetTime(other, 1);
+    EXPECT_NE(read(other), ofOtherTime);
+    EXPECT_EQ(MainWindow().Picture().size(), QSize(48, 36));
+    EXPECT_EQ(read(QString()), QImage().cacheKey());
+    EXPECT_EQ(MainWindow().Picture(), QImage());
+
+    read(other);
+    ASSERT_TRUE(QFile::remove(other));
+    EXPECT_END_OF_RUN(53, read(other));
+    ASSERT_TRUE(QDir().mkpath(other));
+    EXPECT_END_OF_RUN(75, read(other));
 }
 
 TEST_F(SettingsTest, BackgroundPictureThatIsNoneEndsTheRun) {

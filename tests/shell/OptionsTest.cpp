@@ -122,7 +122,7 @@ TEST_F(BackgroundOptionsTest, APictureThatNotAllUsersMayOpenIsWarnedOfAndTaken) 
                                            "computer may open this picture, and for them "
                                            "the program could not start with it. Choose a picture "
                                            "that all may open, such as one of the "
-                                           "folder UsersPictures.");
+                                           "folder Backgrounds.");
     setMode(Path(QString()), 0755);
     setMode(Path(QStringLiteral("Settings")), 0777);
     setMode(Path(QStringLiteral("Settings/Settings.txt")), 0666);

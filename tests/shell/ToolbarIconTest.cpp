@@ -2,6 +2,8 @@
 
 #include "tests/shell/ShellTest.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QScreen>
 #include <QTest>
 #include <QToolBar>
@@ -44,6 +46,20 @@ TEST_F(ToolbarIconTest, APictureIsShownAsItWasDrawnForTheScale) {
                       AsPixels(QImage(u":/art/toolbar/New%1.png"_s.arg(tail))))
                 << side << " at " << scale;
         }
+}
+
+TEST_F(ToolbarIconTest, EverySizeThatIsDrawnIsShownAndNoneIsMissing) {
+    const QIcon icon = ToolbarIcon(u"New"_s);
+    const QFileInfoList drawn = QDir(u":/art/toolbar"_s).entryInfoList({u"New*.png"_s});
+    EXPECT_EQ(drawn.size(), 10);
+    for (const QFileInfo& file : drawn) {
+        const QImage picture(file.filePath());
+        EXPECT_EQ(AsPixels(icon.pixmap(picture.size(), 1.0).toImage()), AsPixels(picture))
+            << file.fileName().toStdString();
+    }
+    constexpr int largest = 96;
+    for (int side = 1; side <= largest; ++side)
+        EXPECT_EQ(icon.pixmap(QSize(side, side), 1.0).size(), QSize(side, side));
 }
 
 TEST_F(ToolbarIconTest, OtherSizesAreMadeFromTheNextLargerOne) {

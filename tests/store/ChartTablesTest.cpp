@@ -239,6 +239,20 @@ TEST_F(ChartTablesTest, RowsWithARangeTextCountForAllSevenDays) {
     for (const char* day : {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"})
         EXPECT_EQ(Database().PrintReturnNr_Articles(QLatin1String(day), Chores), 2) << day;
     EXPECT_EQ(Database().PrintReturnNr_Articles(QString(), Chores), 0);
+    EXPECT_EQ(Database().DaysWithJobs(Chores), QSet<int>({1, 2, 3, 4, 5, 6, 7}));
+}
+
+TEST_F(ChartTablesTest, DaysWithJobsAreThoseOfTheRows) {
+    SaveChart(Chores, {Job(QStringLiteral("Rake"), QStringLiteral("Sat")),
+                       Job(QStringLiteral("Sometime"), QString()),
+                       Job(QStringLiteral("Feed"), QStringLiteral("Sun")),
+                       Job(QStringLiteral("Cook"), QStringLiteral("Wed")),
+                       Job(QStringLiteral("Sweep"), QStringLiteral("Wed"))});
+    EXPECT_EQ(Database().DaysWithJobs(Chores), QSet<int>({1, 4, 7}));
+    SaveChart(Chores, {Job(QStringLiteral("Sometime"), QString())});
+    EXPECT_EQ(Database().DaysWithJobs(Chores), QSet<int>());
+    MakeEmptyChart(Chores);
+    EXPECT_ERROR(3021, Database().DaysWithJobs(Chores));
 }
 
 TEST_F(ChartTablesTest, RowsWithARangeTextAreShownAndTickedUnderTheDayAskedFor) {
