@@ -161,9 +161,10 @@ void ReadRegistry(const QByteArray& bytes) {
                 "a value that was stored is there");
     }
     // Whatever was put aside as damaged is in the way of no other input.
-    QDir folder = QFileInfo(path).dir();
-    for (const QString& file : folder.entryList(QDir::Files | QDir::Hidden))
-        folder.remove(file);
+    QFile::remove(path);
+    int aside = 1;
+    while (QFile::remove(path + QStringLiteral(".damaged%1").arg(aside)))
+        ++aside;
 }
 
 void ReadRegion(const QByteArray& bytes) {
