@@ -18,6 +18,8 @@
 DisplayAccount::DisplayAccount()
     : FormWidget(Place::InMainWindow), ui_(std::make_unique<Ui::DisplayAccount>()) {
     ui_->setupUi(this);
+    // A wider form holds it in the middle.
+    ui_->Content->setMaximumWidth(ui_->Content->sizeHint().width());
     for (QLabel* picture : {ui_->Image1, ui_->Image2})
         picture->setContentsMargins(5, 5, 5, 5);
     // The form keeps its shape where the way comes and goes.
@@ -141,14 +143,16 @@ void DisplayAccount::StudentsList_Click() {
 }
 
 /// The way to the goal by the figures that the labels show; without any there is none. Where they
-/// are nobody's the form says how they become somebody's.
+/// are nobody's the form says in the place of the points how they become somebody's.
 void DisplayAccount::ShowWay() {
-    const bool isSomebodys = !ui_->KidName->text().isEmpty();
-    ui_->KidName->setVisible(isSomebodys);
-    ui_->NobodyChosen->setVisible(!isSomebodys && ui_->StudentsList->topLevelItemCount() > 0);
+    const bool isNobodys = ui_->Pointslbl->text().isEmpty();
+    const ChildrenList& list = *ui_->StudentsList;
+    const bool canChoose = !list.isHidden() && list.topLevelItemCount() > 0;
+    ui_->NobodyChosen->setVisible(isNobodys && canChoose);
+    ui_->Pointslbl->setHidden(isNobodys && canChoose);
     ui_->WayToGoal->Show(Val(ui_->Pointslbl->text()), Val(ui_->ToyValue->text()),
                          ui_->ToyName->text(), LabelPicture(*ui_->Image2).Picture());
-    ui_->WayToGoal->setVisible(!ui_->Pointslbl->text().isEmpty());
+    ui_->WayToGoal->setVisible(!isNobodys);
 }
 
 void DisplayAccount::StudentsList_MouseDown(Qt::MouseButton button, QTreeWidgetItem* row) {

@@ -1,6 +1,7 @@
 #include "authoring/ChartEditor.h"
 
 #include "authoring/ComboLists.h"
+#include "authoring/ListFrame.h"
 #include "platform/forms/EnterKey.h"
 #include "platform/forms/Handlers.h"
 #include "platform/runtime/Dates.h"
@@ -25,7 +26,7 @@ namespace {
 // Geometry of the rows within the frame, in twips.
 constexpr int RowHeight = 330;
 constexpr int RowGap = 50;
-constexpr int ListTop = 600;
+constexpr int ListTop = TwipsOf(ListFrame::BandBottom);
 constexpr int FrameHeight = 5055;
 
 TwipRect Column(int left, int width) {

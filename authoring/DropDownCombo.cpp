@@ -149,7 +149,7 @@ void DropDownCombo::paintEvent(QPaintEvent*) {
     QStyleOptionComboBox option;
     initStyleOption(&option);
     const QString kind = QStringLiteral("DropDownCombo %1").arg(int(option.activeSubControls));
-    PaintFromPicture(*this, kind, option, [&](QPainter& painter) {
+    PaintFromPicture(*this, rect(), kind, option, [&](QPainter& painter) {
         style()->drawComplexControl(QStyle::CC_ComboBox, &option, &painter, this);
         // The program's style sheet takes the toolkit's button away, which is too big for a row.
         const QRectF button =

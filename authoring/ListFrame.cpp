@@ -1,5 +1,6 @@
 #include "authoring/ListFrame.h"
 
+#include "look/CrispLine.h"
 #include "look/LookColors.h"
 
 #include <QPaintEvent>
@@ -10,8 +11,7 @@
 
 void ListFrame::paintEvent(QPaintEvent* event) {
     QGroupBox::paintEvent(event);
-    constexpr int bandBottom = 40; // pixels: 600 twips, where the rows begin
-    if (event->rect().top() >= bandBottom)
+    if (event->rect().top() >= BandBottom)
         return;
     QStyleOptionGroupBox option;
     initStyleOption(&option);
@@ -23,7 +23,8 @@ void ListFrame::paintEvent(QPaintEvent* event) {
     card.addRoundedRect(inside, corner, corner);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setClipRect(QRectF(inside.topLeft(), QPointF(inside.right(), bandBottom)));
+    painter.setClipRect(QRectF(inside.topLeft(), QPointF(inside.right(), BandBottom)));
     painter.fillPath(card, LookColors::Band);
-    painter.fillRect(QRectF(inside.left(), bandBottom - 1, inside.width(), 1), LookColors::Outline);
+    FillCrispLine(painter, QRectF(inside.left(), BandBottom - 1, inside.width(), 1),
+                  LookColors::Outline);
 }

@@ -8,6 +8,9 @@ class ListFrame : public QGroupBox {
     Q_OBJECT
 
 public:
+    /// Where the band ends and the rows begin, in pixels.
+    static constexpr int BandBottom = 40;
+
     using QGroupBox::QGroupBox;
 
     QSize sizeHint() const override { return maximumSize(); }

@@ -1,6 +1,7 @@
 #include "authoring/PersonCard.h"
 
 #include "look/LookColors.h"
+#include "look/TickPath.h"
 
 #include <QIcon>
 #include <QPainter>
@@ -62,8 +63,8 @@ void DrawTick(QPainter& painter, const QRectF& picture) {
     painter.setBrush(Teal);
     painter.drawEllipse(middle, Radius, Radius);
     painter.setPen(QPen(Card, 2.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.drawPolyline(
-        QPolygonF{middle + QPointF(-4.5, 0), middle + QPointF(-1, 3.5), middle + QPointF(5, -4)});
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPath(TickPath(QRectF(middle - QPointF(5.7, 5.9), QSizeF(11.6, 11))));
 }
 
 } // namespace

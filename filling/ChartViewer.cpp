@@ -1,9 +1,9 @@
 #include "filling/ChartViewer.h"
 
 #include "filling/MouseWatch.h"
-#include "filling/TickPath.h"
 #include "filling/ViewerLayout.h"
 #include "look/LookColors.h"
+#include "look/TickPath.h"
 #include "platform/forms/Handlers.h"
 #include "platform/forms/Twips.h"
 #include "platform/runtime/Dates.h"

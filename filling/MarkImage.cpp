@@ -1,6 +1,5 @@
 #include "filling/MarkImage.h"
 
-#include "filling/TickPath.h"
 #include "look/LookColors.h"
 #include "platform/forms/ActivationTracker.h"
 #include "platform/forms/EnterKey.h"
@@ -82,8 +81,8 @@ void MarkImage::paintEvent(QPaintEvent*) {
         QStyleOption option;
         option.initFrom(this);
         option.state.setFlag(QStyle::State_Sunken, isDown());
-        PaintFromPicture(*this, isTick_ ? QStringLiteral("ticked") : QStringLiteral("open"), option,
-                         [this](QPainter& painter) { PaintBox(painter); });
+        PaintFromPicture(*this, rect(), isTick_ ? QStringLiteral("ticked") : QStringLiteral("open"),
+                         option, [this](QPainter& painter) { PaintBox(painter); });
         return;
     }
     // Springs a little: the last part goes back to the size that it has at rest.

@@ -19,8 +19,8 @@ OpenFillfrm::OpenFillfrm()
     QFont large = ui_->ChartList->font();
     large.setPointSizeF(large.pointSizeF() * 1.25);
     ui_->ChartList->setFont(large);
-    new EmptyNote(*ui_->ChartList, QStringLiteral("Nothing to do this week. Ask the grown-up who "
-                                                  "writes your Dutygrid."));
+    new EmptyNote(*ui_->ChartList, QStringLiteral("Nothing to do this week.\nAsk the grown-up\n"
+                                                  "who writes your Dutygrid."));
     On(ui_->Ok, &QPushButton::clicked, this, [this] { Ok_Click(); });
     ui_->ChartList->SetRules({.Opens = true, .FirstKeyTakesRow = true});
     On(&ui_->ChartList->Clicks, &ListClicks::Opened, this, [this] { Ok_Click(); });

@@ -2,6 +2,7 @@
 
 #include "look/DrawnIcon.h"
 #include "look/LookColors.h"
+#include "look/TickPath.h"
 
 #include <QPainter>
 #include <QPointer>
@@ -22,29 +23,33 @@ QColor SignColor(const QWidget* button, QIcon::Mode mode) {
 }
 
 /// Away from the caption, to which the toolkit leaves two pixels alone.
-QList<QPolygonF> StrokesOf(const QString& sign) {
-    if (sign == QLatin1String("back"))
-        return {{{11.5, 8}, {1.5, 8}}, {{5.5, 4}, {1.5, 8}, {5.5, 12}}};
-    if (sign == QLatin1String("next"))
-        return {{{4.5, 8}, {14.5, 8}}, {{10.5, 4}, {14.5, 8}, {10.5, 12}}};
-    if (sign == QLatin1String("tick"))
-        return {{{1.5, 8.5}, {5, 12}, {11.5, 4.5}}};
-    return {};
+QPainterPath StrokeOf(const QString& sign) {
+    QPainterPath stroke;
+    if (sign == QLatin1String("tick")) {
+        stroke = TickPath(QRectF(0.3, 2.6, 12.2, 11));
+    } else if (sign == QLatin1String("back")) {
+        stroke.addPolygon(QPolygonF{{11.5, 8}, {1.5, 8}});
+        stroke.addPolygon(QPolygonF{{5.5, 4}, {1.5, 8}, {5.5, 12}});
+    } else if (sign == QLatin1String("next")) {
+        stroke.addPolygon(QPolygonF{{4.5, 8}, {14.5, 8}});
+        stroke.addPolygon(QPolygonF{{10.5, 4}, {14.5, 8}, {10.5, 12}});
+    }
+    return stroke;
 }
 
 } // namespace
 
 void DrawSignOf(QPushButton& button) {
     const QString sign = button.property("sign").toString();
-    const QList<QPolygonF> strokes = StrokesOf(sign);
+    const QPainterPath stroke = StrokeOf(sign);
     // A button is polished again whenever its role changes.
-    if (strokes.isEmpty() || !button.icon().isNull())
+    if (stroke.isEmpty() || !button.icon().isNull())
         return;
     const QPointer<QPushButton> on = &button;
-    button.setIcon(DrawnIcon(SignUnits, [on, strokes](QPainter& painter, QIcon::Mode mode) {
+    button.setIcon(DrawnIcon(SignUnits, [on, stroke](QPainter& painter, QIcon::Mode mode) {
         painter.setPen(QPen(SignColor(on, mode), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        for (const QPolygonF& stroke : strokes)
-            painter.drawPolyline(stroke);
+        painter.setBrush(Qt::NoBrush);
+        painter.drawPath(stroke);
     }));
     // Even, so that a level stroke lies on whole pixels.
     const int side = button.fontMetrics().height() / 2 * 2;

@@ -4,6 +4,7 @@
 #include "look/ButtonSign.h"
 #include "look/GroupBox.h"
 #include "look/LookColors.h"
+#include "look/TickPath.h"
 #include "look/TitleBar.h"
 
 #include <QAbstractItemView>
@@ -109,10 +110,10 @@ void DrawMark(const QStyleOption& option, QPainter& painter, bool isRound) {
     } else if (on) {
         painter.setPen(
             QPen(usable ? Card : Unusable, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.setBrush(Qt::NoBrush);
         const qreal side = box.width();
-        painter.drawPolyline(QPolygonF{box.topLeft() + QPointF(side * 0.24, side * 0.52),
-                                       box.topLeft() + QPointF(side * 0.43, side * 0.72),
-                                       box.topLeft() + QPointF(side * 0.77, side * 0.30)});
+        painter.drawPath(TickPath(QRectF(box.topLeft() + QPointF(side * 0.175, side * 0.195),
+                                         QSizeF(side * 0.646, side * 0.618))));
     }
     painter.restore();
 }

@@ -25,12 +25,10 @@ QPushButton {
     padding: 5px 14px; min-height: 1.3em;
 }
 /* 88 with padding and edge. A longer caption must not be squeezed to it, as the least width of all
-   buttons would let it. */
-QPushButton[text="Ok"], QPushButton[text="OK"], QPushButton[text="&OK"],
-QPushButton[text="Cancel"], QPushButton[text="&Cancel"], QPushButton[text="Exit"],
-QPushButton[text="Close"], QPushButton[text="&Close"], QPushButton[text="Yes"],
-QPushButton[text="&Yes"], QPushButton[text="No"], QPushButton[text="&No"],
-QPushButton[text="Add"], QPushButton[text="&Open"] { min-width: 58px; }
+   buttons would let it; the toolkit's boxes have none. By the caption, which no form can forget. */
+QDialogButtonBox QPushButton, QPushButton[text="Ok"], QPushButton[text="Cancel"],
+QPushButton[text="Exit"], QPushButton[text="Close"], QPushButton[text="&Close"],
+QPushButton[text="Yes"], QPushButton[text="No"], QPushButton[text="Add"] { min-width: 58px; }
 QPushButton:hover { background: @honey; }
 QPushButton:pressed { background: @honeydark; }
 QPushButton:focus { border: 2px solid @teal; padding: 4px 13px; }

@@ -1,9 +1,9 @@
 #include "reports/FaintTable.h"
 
+#include "look/CrispLine.h"
 #include "look/LookColors.h"
 #include "platform/forms/Twips.h"
 #include "reports/CardEdge.h"
-#include "reports/CrispLine.h"
 #include "reports/ReviewLayout.h"
 
 #include <QPainter>
@@ -43,8 +43,9 @@ void FaintTable::paintEvent(QPaintEvent* event) {
     painter.setRenderHint(QPainter::Antialiasing);
     PaintTable(painter);
     const QRectF plate = Plate();
+    constexpr int tip = 6; // pixels; its stroke ends 4 from the edge, towards the list
     PaintArrow(painter, QPointF(plate.left(), plate.center().y()),
-               QPointF(18, PixelsOf(OutlineTop + OutlineHeight)));
+               QPointF(tip, PixelsOf(OutlineTop + OutlineHeight)));
     painter.setPen(LookColors::Line);
     painter.setBrush(LookColors::Card);
     painter.drawRoundedRect(plate, CardEdge::Round, CardEdge::Round);

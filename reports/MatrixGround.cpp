@@ -1,6 +1,6 @@
 #include "reports/MatrixGround.h"
 
-#include "reports/CrispLine.h"
+#include "look/CrispLine.h"
 
 #include <QPainter>
 

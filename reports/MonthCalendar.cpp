@@ -1,5 +1,6 @@
 #include "reports/MonthCalendar.h"
 
+#include "look/DrawnIcon.h"
 #include "look/LookColors.h"
 #include "platform/runtime/Dates.h"
 
@@ -16,19 +17,14 @@ using namespace LookColors;
 namespace {
 
 /// An arrow head that points to the left or to the right.
-QIcon Chevron(bool toTheRight, const QWidget& widget) {
-    constexpr int Side = 16; // pixels
-    const qreal ratio = widget.devicePixelRatioF();
-    QPixmap picture(QSize(Side, Side) * ratio);
-    picture.setDevicePixelRatio(ratio);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(Side / 2.0, Side / 2.0);
-    painter.setPen(QPen(Deep, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+QIcon Chevron(bool toTheRight) {
+    constexpr int Units = 16; // the side of the square that is drawn in
     const qreal tip = toTheRight ? 2.5 : -2.5;
-    painter.drawPolyline(QPolygonF{{-tip, -5}, {tip, 0}, {-tip, 5}});
-    return picture;
+    return DrawnIcon(Units, [tip](QPainter& painter, QIcon::Mode) {
+        painter.translate(Units / 2.0, Units / 2.0);
+        painter.setPen(QPen(Deep, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPolyline(QPolygonF{{-tip, -5}, {tip, 0}, {-tip, 5}});
+    });
 }
 
 } // namespace
@@ -58,7 +54,7 @@ MonthCalendar::MonthCalendar(QWidget* parent) : QCalendarWidget(parent), parts_(
     for (const bool forward : {false, true}) {
         const auto* part = forward ? "qt_calendar_nextmonth" : "qt_calendar_prevmonth";
         if (auto* button = findChild<QToolButton*>(QLatin1String(part)))
-            button->setIcon(Chevron(forward, *this));
+            button->setIcon(Chevron(forward));
     }
     // The keys and the wheel turn the years; two triangles of the toolkit's would be squeezed in.
     if (auto* year = findChild<QSpinBox*>(QStringLiteral("qt_calendar_yearedit")))

@@ -14,6 +14,8 @@
 #include <QScopeGuard>
 #include <QWheelEvent>
 #include <algorithm>
+#include <initializer_list>
+#include <utility>
 
 using namespace ReviewLayout;
 
@@ -84,7 +86,7 @@ void WeekChartRepresentation::VScroll_Change() {
     lines_->update();
 }
 
-/// A form higher than it was made shows more of what it lists.
+/// A form higher than it was made shows more of what it lists, a wider one holds it in its middle.
 void WeekChartRepresentation::resizeEvent(QResizeEvent* event) {
     FormWidget::resizeEvent(event);
     const int spare = std::max(0, height() - minimumHeight());
@@ -96,6 +98,12 @@ void WeekChartRepresentation::resizeEvent(QResizeEvent* event) {
     for (QWidget* part : high)
         part->resize(part->width(), part->height() + more);
     ui_->Buttons->move(ui_->Buttons->x(), ui_->Buttons->y() + more);
+    const int air = std::max(0, (width() - minimumWidth()) / 2);
+    const int aside = air - std::exchange(air_, air);
+    for (QWidget* part :
+         std::initializer_list<QWidget*>{ui_->Label2, ui_->ChartList, ui_->ChooseFirst,
+                                         ui_->Surface, ui_->VScroll, ui_->Buttons})
+        part->move(part->x() + aside, part->y());
     const int linesInView = (TwipsOf(ui_->Surface->height()) - OutlineTop) / LinePitch(0);
     ui_->VScroll->setPageStep(linesInView);
 }

@@ -84,6 +84,7 @@ private:
     MatrixGround* lines_ = nullptr;
     /// The first line, which is never removed, holds a job of the present chart.
     bool hasJobs_ = false;
-    /// Pixels beyond the designed height.
+    /// Pixels beyond the designed height, and at each side beyond the designed width.
     int spare_ = 0;
+    int air_ = 0;
 };

@@ -1,5 +1,6 @@
 #include "restore/RestoreWindow.h"
 
+#include "platform/forms/FormKeys.h"
 #include "platform/forms/Handlers.h"
 #include "platform/runtime/Prompts.h"
 #include "store/ProgramFiles.h"
@@ -9,6 +10,7 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
@@ -85,7 +87,10 @@ RestoreWindow::RestoreWindow() {
     On(putBack_, &QPushButton::clicked, this, [this] { PutBack_Click(); });
     On(copies_, &QTreeWidget::itemActivated, this, [this] { PutBack_Click(); });
     On(close_, &QPushButton::clicked, this, [this] { close(); });
-    On(new QShortcut(QKeySequence::Cancel, this), &QShortcut::activated, this, [this] { close(); });
+    // Not by the event itself: the list would look for a row that begins with Escape.
+    On(new QShortcut(QKeySequence::Cancel, this), &QShortcut::activated, this, [this] {
+        PressFormButton(*this, QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
+    });
 }
 
 void RestoreWindow::MakeControls() {

@@ -153,6 +153,7 @@ void LogIn::Activate() {
         ClearAccounts();
         ReadSettings();
         ListAccounts();
+        ShowPictureAgain();
         SelectVersion(Version::CountsAsSchool(SchoolMode));
         WelcomeOnFirstRun();
     });
@@ -196,8 +197,19 @@ void LogIn::List_Click(qint16 list) {
         Tell(PleaseSelect);
         return;
     }
+    pictured_ = user.Name;
     LabelPicture picture(*ui_->Image1);
     Database().RetrevePicture(user.Name, picture);
+}
+
+/// It may have been changed meanwhile. Of an account that has gone the picture stays.
+void LogIn::ShowPictureAgain() {
+    for (const HeadedList* list : {ui_->TeachersList, ui_->StudentsList})
+        if (!list->findItems(pictured_, Qt::MatchExactly).isEmpty())
+            WithErrorsSkipped([this] {
+                LabelPicture picture(*ui_->Image1);
+                Database().RetrevePicture(pictured_, picture);
+            });
 }
 
 void LogIn::LogInbtn_Click() {

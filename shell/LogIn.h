@@ -42,6 +42,7 @@ private:
     void FitToScreen();
     void ClearAccounts();
     void ListAccounts();
+    void ShowPictureAgain();
     void SetListHeaders();
     SelectedUser ReturnSelectedUser() const;
     void List_Click(qint16 list);
@@ -51,4 +52,6 @@ private:
     void WelcomeOnFirstRun();
 
     std::unique_ptr<Ui::LogIn> ui_;
+    /// Whose picture Image1 shows; "" before the first click.
+    QString pictured_;
 };

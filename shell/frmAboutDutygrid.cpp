@@ -23,3 +23,8 @@ frmAboutDutygrid::frmAboutDutygrid()
 }
 
 frmAboutDutygrid::~frmAboutDutygrid() = default;
+
+void frmAboutDutygrid::Activate() {
+    // Not the first link, round which a box would stand.
+    ui_->cmdExit->setFocus();
+}

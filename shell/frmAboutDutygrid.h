@@ -19,6 +19,9 @@ public:
     frmAboutDutygrid();
     ~frmAboutDutygrid() override;
 
+protected:
+    void Activate() override;
+
 private:
     std::unique_ptr<Ui::frmAboutDutygrid> ui_;
 };

@@ -42,7 +42,7 @@ void ElidingEdit::paintEvent(QPaintEvent* event) {
     initStyleOption(&option);
     const QString kind = QStringLiteral("ElidingEdit in ") +
                          QLatin1String(parentWidget()->metaObject()->className());
-    PaintFromPicture(*this, kind, option, [&](QPainter& painter) {
+    PaintFromPicture(*this, rect(), kind, option, [&](QPainter& painter) {
         style()->drawPrimitive(QStyle::PE_PanelLineEdit, &option, &painter, this);
     });
     const QRect place = TextPlace();

@@ -6,6 +6,7 @@
 EmptyNote::EmptyNote(QAbstractItemView& list, const QString& text)
     : QLabel(list.viewport()), list_(list) {
     setProperty("role", QStringLiteral("hint"));
+    setFont(list.font());
     setTextFormat(Qt::PlainText);
     setAlignment(Qt::AlignCenter);
     setWordWrap(true);
@@ -27,7 +28,8 @@ void EmptyNote::Say(const QString& text) {
 void EmptyNote::Look() {
     const bool isEmpty = list_.model()->rowCount() == 0;
     setVisible(isEmpty);
-    list_.setAccessibleDescription(isEmpty ? text() : QString());
+    list_.setAccessibleDescription(isEmpty ? text().replace(QLatin1Char('\n'), QLatin1Char(' '))
+                                           : QString());
     setGeometry(list_.viewport()->rect());
 }
 

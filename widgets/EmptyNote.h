@@ -4,7 +4,8 @@
 
 class QAbstractItemView;
 
-/// What a list says in its middle while it has no rows, also to screen readers.
+/// What a list says in its middle, in its font, while it has no rows; also to screen readers, for
+/// whom the lines that the text is given in are one.
 class EmptyNote : public QLabel {
     Q_OBJECT
 

@@ -1,6 +1,7 @@
 #include "widgets/GoalScene.h"
 
 #include "look/LookColors.h"
+#include "look/TickPath.h"
 #include "widgets/Present.h"
 #include "widgets/StarPath.h"
 
@@ -218,9 +219,8 @@ private:
         painter_.drawEllipse(middle, radius, radius);
         painter_.setBrush(Qt::NoBrush);
         painter_.setPen(QPen(paper_, radius * 0.3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        painter_.drawPolyline(QPolygonF({middle + QPointF(-radius * 0.42, radius * 0.02),
-                                         middle + QPointF(-radius * 0.1, radius * 0.36),
-                                         middle + QPointF(radius * 0.46, -radius * 0.34)}));
+        painter_.drawPath(TickPath(QRectF(middle - QPointF(radius * 0.53, radius * 0.52),
+                                          QSizeF(radius * 1.07, radius * 1.03))));
     }
 
     QPainter& painter_;

@@ -5,19 +5,19 @@
 #include <QStyleOption>
 #include <QWidget>
 
-void PaintFromPicture(QWidget& control, const QString& kind, const QStyleOption& option,
-                      const std::function<void(QPainter&)>& paint) {
+void PaintFromPicture(QWidget& control, const QRect& place, const QString& kind,
+                      const QStyleOption& option, const std::function<void(QPainter&)>& paint) {
     const qreal scale = control.devicePixelRatioF();
     const QString key = QStringLiteral("%1 %2 %3 %4 %5 %6")
                             .arg(kind)
-                            .arg(control.width())
-                            .arg(control.height())
+                            .arg(place.width())
+                            .arg(place.height())
                             .arg(scale)
                             .arg(int(option.state))
                             .arg(option.palette.cacheKey());
     QPixmap picture;
     if (!QPixmapCache::find(key, &picture)) {
-        picture = QPixmap(control.size() * scale);
+        picture = QPixmap(place.size() * scale);
         picture.setDevicePixelRatio(scale);
         picture.fill(Qt::transparent);
         QPainter painter(&picture);
@@ -25,5 +25,5 @@ void PaintFromPicture(QWidget& control, const QString& kind, const QStyleOption&
         painter.end();
         QPixmapCache::insert(key, picture);
     }
-    QPainter(&control).drawPixmap(0, 0, picture);
+    QPainter(&control).drawPixmap(place.topLeft(), picture);
 }

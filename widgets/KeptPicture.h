@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QRect>
 #include <QString>
 #include <functional>
 
@@ -11,7 +12,8 @@ class QWidget;
 /// on: a rounded border of a style sheet takes longer than all else of a small control, and a list
 /// that is scrolled has dozens of them.
 ///
-/// What the part looks like may depend on the control's size, on `option`'s state and palette and
-/// on `kind`, and on nothing else.
-void PaintFromPicture(QWidget& control, const QString& kind, const QStyleOption& option,
-                      const std::function<void(QPainter&)>& paint);
+/// `place` is where the part stands in the control; `paint` paints it from 0, 0. What it looks like
+/// may depend on the size of its place, on `option`'s state and palette and on `kind`, and on
+/// nothing else.
+void PaintFromPicture(QWidget& control, const QRect& place, const QString& kind,
+                      const QStyleOption& option, const std::function<void(QPainter&)>& paint);

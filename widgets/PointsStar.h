@@ -2,10 +2,11 @@
 
 #include <QLabel>
 
-class QPainter;
+/// The room that the small star before points takes of a label at its left, in pixels.
+inline constexpr int PointsStarRoom = 22;
 
-/// The small star that stands for points, in a square.
-void PaintPointsStar(QPainter& painter, const QRectF& place);
+/// Paints the star that stands for points into that room; nothing where the label is empty.
+void PaintPointsStar(QLabel& label);
 
 /// A number of points with its star before it; nothing where it is empty.
 class PointsLabel : public QLabel {

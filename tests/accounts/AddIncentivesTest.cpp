@@ -117,6 +117,16 @@ TEST_F(AddIncentivesTest, CostIsTheNumberAtTheStartOfTheText) {
     EXPECT_EQ(StoredToy(Kim), QStringLiteral("Ball|12"));
 }
 
+TEST_F(AddIncentivesTest, EnterInTheBoxOfThePointsAddsThemAndNoIncentive) {
+    OpenEditor();
+    Type(Box("ToyName"), QStringLiteral("Kite"));
+    Type(Box("Points"), QStringLiteral("7"));
+    Press(Box("Points"), Qt::Key_Return);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(StoredPoints(Kim), QStringLiteral("87"));
+    EXPECT_EQ(StoredToy(Kim), QStringLiteral("Red bike|500"));
+}
+
 TEST_F(AddIncentivesTest, AddPointsWithAnEmptyBoxAddsNothing) {
     OpenEditor();
     PressIn("AddPoints");

@@ -1,6 +1,7 @@
 #include "tests/accounts/DisplayAccountTest.h"
 #include "platform/forms/DefaultForms.h"
 #include "tests/common/ReadLock.h"
+#include "widgets/FittingLabel.h"
 
 #include <QLabel>
 #include <QPointer>
@@ -50,6 +51,64 @@ TEST_F(DisplayAccountTest, WhileNobodyIsChosenItSaysHowToChoose) {
     EXPECT_TRUE(Shown("NobodyChosen"));
     ClickRow(List(), 0);
     EXPECT_FALSE(Shown("NobodyChosen"));
+}
+
+TEST_F(DisplayAccountTest, AChildThatSeesTheOthersIsToldToChooseUntilFiguresStand) {
+    LetChildrenSeeOthers(true);
+    OpenView(Kim, QStringLiteral("Student"));
+    EXPECT_EQ(Text("KidName"), Kim);
+    EXPECT_EQ(Figures(), NoFigures);
+    EXPECT_TRUE(Shown("NobodyChosen"));
+    ClickRow(List(), 0);
+    EXPECT_FALSE(Shown("NobodyChosen"));
+    EXPECT_TRUE(Shown("Pointslbl"));
+    LetChildrenSeeOthers(false);
+    ActivateAgain();
+    EXPECT_FALSE(Shown("NobodyChosen")) << "there is no list to choose from";
+}
+
+TEST_F(DisplayAccountTest, TheHintIsWholeInThePlaceOfThePoints) {
+    LetChildrenSeeOthers(true);
+    OpenView(Kim, QStringLiteral("Student"));
+    const auto place = [](const char* part) {
+        return Find(View(), QString::fromLatin1(part)).geometry();
+    };
+    const auto& hint = Find<QLabel>(View(), QStringLiteral("NobodyChosen"));
+    EXPECT_LE(hint.heightForWidth(hint.width()), hint.height());
+    for (const char* other : {"Image1", "KidName", "Label1"})
+        EXPECT_FALSE(hint.geometry().intersects(place(other))) << other;
+    EXPECT_TRUE(Find(View(), QStringLiteral("AccountCard")).rect().contains(hint.geometry()));
+    const QRect card = place("AccountCard");
+    const QRect before = hint.geometry();
+    ClickRow(List(), 0);
+    EXPECT_EQ(place("Pointslbl").topLeft(), before.topLeft());
+    EXPECT_EQ(place("AccountCard"), card) << "nothing moves";
+}
+
+TEST_F(DisplayAccountTest, ListCardsAndOkEndOnOneLine) {
+    OpenView();
+    for (const int row : {0, 1}) {
+        ClickRow(List(), row);
+        for (const char* part : {"StudentsList", "GoalCard", "Okbtn"}) {
+            const QWidget& shown = Find(View(), QString::fromLatin1(part));
+            EXPECT_EQ(shown.mapTo(&View(), shown.rect().bottomLeft()).y(), View().height() - 1 - 8)
+                << part;
+        }
+    }
+}
+
+TEST_F(DisplayAccountTest, WhatHasBeenStoredIsToldAboveOk) {
+    OpenView();
+    const QRect before = View().geometry();
+    View().ShowStored(QStringLiteral("Maximiliana-Theresia"), QStringLiteral("incentive"));
+    Settle();
+    const auto& told = Find<FittingLabel>(View(), QStringLiteral("Stored"));
+    EXPECT_TRUE(told.TextFits());
+    const QRect ok = Find(View(), QStringLiteral("Okbtn")).geometry();
+    EXPECT_EQ(told.geometry().bottom() + 1 + 8, ok.top());
+    EXPECT_EQ(told.geometry().right(), ok.right());
+    EXPECT_EQ(View().geometry(), before);
+    LookAt(View(), QStringLiteral("DisplayAccount-stored"));
 }
 
 TEST_F(DisplayAccountTest, WithoutAnIncentiveNothingIsNeededAndCashOutTakesNothing) {

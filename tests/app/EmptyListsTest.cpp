@@ -64,7 +64,16 @@ protected:
         EXPECT_EQ(list.model()->rowCount(), 0);
         EXPECT_TRUE(note.isVisible());
         EXPECT_EQ(note.text(), text);
-        EXPECT_EQ(list.accessibleDescription(), text) << "also to screen readers";
+        EXPECT_EQ(list.accessibleDescription(), QString(text).replace(u'\n', u' '))
+            << "also to screen readers";
+        EXPECT_EQ(note.font().pointSizeF(), list.font().pointSizeF());
+        const QStringList lines = text.split(u'\n');
+        for (const QString& line : lines)
+            if (lines.size() > 1) {
+                EXPECT_LE(note.fontMetrics().horizontalAdvance(line),
+                          note.contentsRect().width() - 2 * note.margin())
+                    << "broken where it is meant to be";
+            }
         EXPECT_EQ(PlaceOf(note), PlaceOf(*list.viewport()));
         EXPECT_LE(note.heightForWidth(note.width()), note.height());
         EXPECT_LE(note.minimumSizeHint().width(), note.width()) << "no word is cut";
@@ -96,7 +105,7 @@ TEST_P(EmptyListsTest, SaysSoUntilItIsFilled) {
 const QList<SpeakingList> SpeakingLists = {
     {"Open", FormNames::Openfrm, u"ChartList"_s, u"No Dutygrid yet. F2 begins one."_s},
     {"OpenByAChild", FormNames::OpenFillfrm, u"ChartList"_s,
-     u"Nothing to do this week. Ask the grown-up who writes your Dutygrid."_s, true},
+     u"Nothing to do this week.\nAsk the grown-up\nwho writes your Dutygrid."_s, true},
     {"Accounts", FormNames::DisplayAccount, u"StudentsList"_s,
      u"No Sparkit yet. The log-in's \"New User\" makes one."_s},
     {"Review", FormNames::WeekChartRepresentation, u"ChartList"_s, u"No Dutygrid yet."_s},
@@ -106,6 +115,11 @@ const QList<SpeakingList> SpeakingLists = {
 
 INSTANTIATE_TEST_SUITE_P(Lists, EmptyListsTest, testing::ValuesIn(SpeakingLists),
                          [](const auto& list) { return std::string(list.param.Name); });
+
+TEST_F(EmptyListsTest, AChildReadsLargeWordsInLinesOfTheirSense) {
+    StartSession(u"Anna"_s, u"Student"_s);
+    LookAt(Open(FormNames::OpenFillfrm), u"OpenFillfrm"_s);
+}
 
 TEST_F(EmptyListsTest, AChildWithoutChartsHasNoneToReport) {
     MakeAccount(u"Zoe"_s, u"z"_s, u"Student"_s);

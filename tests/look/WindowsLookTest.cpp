@@ -13,6 +13,7 @@
 #include "reports/DateRangefrm.h"
 #include "reports/Reportfrm.h"
 #include "reports/WeekChartRepresentation.h"
+#include "session/Settings.h"
 #include "shell/BackgroundOptions.h"
 #include "shell/ChangePasswordfrm.h"
 #include "shell/LogIn.h"
@@ -236,6 +237,14 @@ TEST_F(WindowsLookTest, Accounts) {
     Look(view, u"DisplayAccount"_s);
     Click(Find(view, u"Incentivesbtn"_s));
     Look(Default<AddIncentives>(), u"AddIncentives"_s);
+}
+
+TEST_F(WindowsLookTest, AccountsForAChildThatSeesTheOthers) {
+    MakeFamily();
+    StartFor(u"Anna"_s, u"Student"_s);
+    SeeOtherAccounts = 1;
+    WriteSettings();
+    Look(ShowForm<DisplayAccount>(), u"DisplayAccount-others"_s);
 }
 
 } // namespace

@@ -62,6 +62,13 @@ TEST_F(CalendarLookTest, WhatTurnsThePageHasHoneyUnderTheMouse) {
     }
 }
 
+TEST_F(CalendarLookTest, ArrowsAreSharpAtEveryScale) {
+    for (const QString& name : {u"qt_calendar_prevmonth"_s, u"qt_calendar_nextmonth"_s})
+        for (const double scale : {1.0, 1.5, 2.0})
+            EXPECT_EQ(Part(name).icon().pixmap(QSize(16, 16), scale).size(), QSize(16, 16) * scale)
+                << name.toStdString();
+}
+
 TEST_F(CalendarLookTest, TheMonthThatOpensAMenuHasNoTriangle) {
     QToolButton& month = Part(u"qt_calendar_monthbutton"_s);
     const QImage picture = month.grab().toImage();

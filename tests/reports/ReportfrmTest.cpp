@@ -93,6 +93,13 @@ TEST_F(ReportfrmTest, KeysChooseAChild) {
     EXPECT_EQ(Entries(Charts), QStringList{u"Chores Ben"_s});
 }
 
+TEST_F(ReportfrmTest, EnterPressesTheButtonOfItsList) {
+    Boxes.Expect(NoChart);
+    Press(List(Charts), Qt::Key_Return);
+    Boxes.Expect(NoHistory);
+    Press(List(Histories), Qt::Key_Enter);
+}
+
 TEST_F(ReportfrmTest, RightButtonChoosesAChildAsTheLeftDoes) {
     Pick(Kids, u"Anna"_s);
     RightClick(Kids, u"Ben"_s);

@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QMdiArea>
 #include <QTest>
+#include <algorithm>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +19,32 @@ protected:
     static QImage Seen() {
         return Find<QMdiArea>(MainWindow(), u"Area"_s).viewport()->grab().toImage();
     }
+    static int Difference(const QColor& one, const QColor& other) {
+        return std::max({std::abs(one.red() - other.red()), std::abs(one.green() - other.green()),
+                         std::abs(one.blue() - other.blue())});
+    }
+    /// Where a place of a picture is seen: it fills the area from its middle.
+    static QPoint PlaceOf(const QPoint& inPicture, const QSize& area) {
+        const QSize drawn(1920, 1080);
+        const double scale =
+            std::max(double(area.width()) / drawn.width(), double(area.height()) / drawn.height());
+        const QPointF fromMiddle = inPicture - QPointF(drawn.width(), drawn.height()) / 2;
+        return (fromMiddle * scale + QPointF(area.width(), area.height()) / 2).toPoint();
+    }
+    /// Colours of little things, at their lowest, by picture.
+    struct Thing {
+        QPoint Place;
+        QColor Color;
+    };
+    inline static const QHash<QString, QList<Thing>> LittleThings = {
+        {u"Wood"_s,
+         {{{420, 929}, QColor(0xfff6e4)},    // the foot of a mushroom
+          {{500, 944}, QColor(0xfff6e4)},    // and of the small one
+          {{1340, 946}, QColor(0xbf9d7c)},   // the hedgehog's belly
+          {{1510, 938}, QColor(0x4a3a34)}}}, // and its nose
+        {u"Sea"_s,
+         {{{310, 972}, QColor(0xf7d3c9)},     // the shell
+          {{1562, 982}, QColor(0xf4b183)}}}}; // an arm of the starfish
 };
 
 TEST_F(BackgroundPicturesTest, EachIsChosenAndFillsTheMainWindow) {
@@ -37,6 +65,12 @@ TEST_F(BackgroundPicturesTest, EachIsChosenAndFillsTheMainWindow) {
         for (const QPoint corner : {seen.rect().topLeft(), seen.rect().topRight(),
                                     seen.rect().bottomLeft(), seen.rect().bottomRight()})
             EXPECT_GT(seen.pixelColor(corner).green(), 100) << "not the red behind it";
+        for (const Thing& thing : LittleThings.value(file.completeBaseName())) {
+            const QPoint place = PlaceOf(thing.Place, seen.size());
+            ASSERT_TRUE(seen.rect().contains(place + QPoint(0, 4))) << thing.Place.x();
+            EXPECT_LT(Difference(seen.pixelColor(place), thing.Color), 24)
+                << file.fileName().toStdString() << " " << thing.Place.x();
+        }
     }
 }
 

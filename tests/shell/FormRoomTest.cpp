@@ -1,3 +1,4 @@
+#include "accounts/DisplayAccount.h"
 #include "filling/ChartViewer.h"
 #include "filling/OpenFillfrm.h"
 #include "reports/WeekChartRepresentation.h"
@@ -56,6 +57,23 @@ protected:
                     ? 1
                     : 0;
         return count;
+    }
+    static QRect PlaceIn(const QWidget& form, const QString& name) {
+        const QWidget& part = Find(form, name);
+        return {part.mapTo(&form, QPoint()), part.size()};
+    }
+    /// What a form holds has as much air at its left as at its right, within a pixel, and the
+    /// first parts begin, the last ones end on one line.
+    static void ExpectAirBeside(const QWidget& form, int air, const QStringList& first,
+                                const QStringList& last) {
+        const int begin = PlaceIn(form, first.first()).left();
+        EXPECT_NEAR(begin, air, 1);
+        for (const QString& name : first)
+            EXPECT_EQ(PlaceIn(form, name).left(), begin) << name.toStdString();
+        const int end = PlaceIn(form, last.first()).right();
+        EXPECT_NEAR(form.width() - 1 - end, air, 1);
+        for (const QString& name : last)
+            EXPECT_EQ(PlaceIn(form, name).right(), end) << name.toStdString();
     }
     static QScrollBar& RowsBar(const ChartViewer& viewer) {
         return Find<QScrollBar>(viewer, u"VScroll"_s);
@@ -160,10 +178,15 @@ TEST_F(FormRoomTest, AMaximisedEditorShowsMoreRows) {
     EXPECT_EQ(box.visibleRegion().boundingRect(), box.rect());
     EXPECT_EQ(ButtonsOutOfView(editor).filter(QRegularExpression(u"^(?!JobDelete)"_s)),
               QStringList());
+    const QStringList begin = {u"StartingFrom"_s, u"EditChartFrame"_s, u"NewTask"_s, u"Print"_s};
+    const QStringList end = {u"EditChartFrame"_s, u"Whose"_s, u"AutoCreatechk"_s, u"Close"_s};
+    ExpectAirBeside(editor, (editor.width() - 825) / 2, begin, end);
     LookAt(editor, u"editor-maximised"_s);
     editor.Frame().showNormal();
     Settle();
     EXPECT_EQ(frame.height(), 5055 / 15);
+    EXPECT_EQ(editor.width(), 14 + 825 + 14);
+    ExpectAirBeside(editor, 14, begin, end);
 }
 
 TEST_F(FormRoomTest, AMaximisedReviewShowsMoreLines) {
@@ -187,10 +210,41 @@ TEST_F(FormRoomTest, AMaximisedReviewShowsMoreLines) {
     EXPECT_EQ(ButtonsOutOfView(form.Widget()), QStringList());
     const auto& line = dynamic_cast<WeekChartRepresentation&>(form).Job[9];
     EXPECT_EQ(line.visibleRegion().boundingRect(), line.rect());
+    const QStringList begin = {u"Label2"_s, u"ChartList"_s};
+    const QStringList end = {u"VScroll"_s, u"Ok"_s};
+    ExpectAirBeside(form.Widget(), (form.Widget().width() - 945) / 2, begin, end);
+    EXPECT_EQ(PlaceIn(form.Widget(), u"Surface"_s).left(),
+              PlaceIn(form.Widget(), u"ChartList"_s).left() + 232);
     LookAt(form.Widget(), u"review-maximised"_s);
     form.Frame().showNormal();
     Settle();
     EXPECT_EQ(surface.size(), designed);
+    EXPECT_EQ(surface.pos(), QPoint(240, 56));
+    ExpectAirBeside(form.Widget(), 8, begin, end);
+}
+
+TEST_F(FormRoomTest, AMaximisedAccountViewHoldsItsCardsInTheMiddle) {
+    MakeAccount(u"Anna"_s, u"a"_s, u"Student"_s);
+    Arrange([] { Database().AddPoints(u"Anna"_s, 12, false); });
+    Form& form = DefaultForm(DisplayAccount::FormName);
+    form.Show();
+    Settle();
+    const QWidget& view = form.Widget();
+    const int designed = view.width() - 2 * 16;
+    const QStringList begin = {u"Label2"_s, u"StudentsList"_s};
+    const QStringList end = {u"Incentivesbtn"_s, u"Infobtn"_s, u"Okbtn"_s};
+    ExpectAirBeside(view, 16, begin, end);
+    SizeMainWindow({1366, 740});
+    form.Frame().showMaximized();
+    Settle();
+    ClickRow(Find(view, u"StudentsList"_s), 0);
+    ExpectAirBeside(view, (view.width() - designed) / 2, begin, end);
+    for (const char* part : {"StudentsList", "GoalCard", "Okbtn"})
+        EXPECT_EQ(PlaceIn(view, QString::fromLatin1(part)).bottom(), view.height() - 1 - 8) << part;
+    LookAt(form.Widget(), u"accounts-maximised"_s);
+    form.Frame().showNormal();
+    Settle();
+    ExpectAirBeside(view, 16, begin, end);
 }
 
 } // namespace

@@ -93,6 +93,24 @@ TEST_F(LogInTest, ClickShowsThePictureAndSetsTheActiveList) {
     EXPECT_TRUE(QDir(Path(QStringLiteral("DeleteMe"))).exists());
 }
 
+TEST_F(LogInTest, APictureChangedMeanwhileIsShownWhenTheFormComesBack) {
+    LogIn& form = ShowLogIn();
+    ClickRow(Students(), 0);
+    const auto comeBack = [&form] {
+        OpenNewUser();
+        BackFromNewUser();
+        return ColorOfLabel(form, QStringLiteral("Image1"));
+    };
+    QImage red(40, 40, QImage::Format_RGB32);
+    red.fill(0xffcc2211);
+    ASSERT_TRUE(red.save(Path(QStringLiteral("red.png"))));
+    Arrange(
+        [] { Database().ChangePicture(QStringLiteral("Kim"), Path(QStringLiteral("red.png"))); });
+    EXPECT_EQ(comeBack(), QColor(0xcc, 0x22, 0x11));
+    Arrange([] { Database().DeleteAccount(QStringLiteral("Kim")); });
+    EXPECT_EQ(comeBack(), QColor(0xcc, 0x22, 0x11)) << "what is shown of one that has gone stays";
+}
+
 TEST_F(LogInTest, ListingTheAccountsTakesNoPictureOutOfTheStore) {
     ShowLogIn();
     EXPECT_FALSE(QDir(Path(QStringLiteral("DeleteMe"))).exists());

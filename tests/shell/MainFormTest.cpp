@@ -474,6 +474,7 @@ TEST_F(MainFormTest, AboutFormTellsAndOpensTheWebPageEverywhere) {
     EXPECT_EQ(Find<QLabel>(form, QStringLiteral("Label8")).text(), QStringLiteral("Larkfen Press"));
     EXPECT_FALSE(Find<QLabel>(form, QStringLiteral("Label7")).text().isEmpty());
     EXPECT_FALSE(Find<QLabel>(form, QStringLiteral("Picture1")).pixmap().isNull());
+    EXPECT_TRUE(Find(form, QStringLiteral("cmdExit")).hasFocus());
     for (const char* control : {"cmdContact", "cmdWeb", "Label7", "Label8"})
         Click(Find(form, QString::fromLatin1(control)));
     EXPECT_EQ(DesktopCalls.Opened,

@@ -1,7 +1,6 @@
+#include "filling/RowFigures.h"
 #include "look/LookColors.h"
 #include "tests/common/FormTest.h"
-#include "tests/common/Pictures.h"
-#include "tests/common/Sheet.h"
 #include "widgets/PointsStar.h"
 
 #include <gtest/gtest.h>
@@ -50,13 +49,16 @@ TEST_F(PointsLabelTest, WithoutANumberThereIsNoStar) {
     EXPECT_EQ(ColumnsOf(LookColors::Gold, label.grab().toImage()), std::pair(-1, -1));
 }
 
-TEST_F(PointsLabelTest, TheStarInItsSizes) {
-    Sheet sheet(QSize(46, 46), 4, 1);
-    for (const int side : {12, 16, 24, 32})
-        sheet.Add([side](QPainter& painter, const QRect& room) {
-            PaintPointsStar(painter, QRectF(room.topLeft(), QSizeF(side, side)));
-        });
-    ExpectPicture(sheet.Image(), u"star"_s);
+TEST_F(PointsLabelTest, AJobsPointsHaveTheSameStar) {
+    const auto star = [](QLabel&& label) {
+        label.setText(u"5"_s);
+        label.resize(80, 22);
+        const QImage seen = label.grab().toImage();
+        return seen.copy(QRect(QPoint(), QSize(16, 22) * seen.devicePixelRatio()));
+    };
+    const QImage one = star(PointsLabel());
+    EXPECT_GE(ColumnsOf(LookColors::Gold, one).first, 0);
+    EXPECT_EQ(star(PointsText(nullptr)), one);
 }
 
 } // namespace

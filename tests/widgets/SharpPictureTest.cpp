@@ -48,7 +48,7 @@ protected:
         QStyleOption option;
         option.initFrom(this);
         option.state = State;
-        PaintFromPicture(*this, Kind, option, [this](QPainter& painter) {
+        PaintFromPicture(*this, rect(), Kind, option, [this](QPainter& painter) {
             ++Paints;
             painter.fillRect(QRectF(width() / 2 + 0.5, 0, width(), height()), Qt::red);
         });

@@ -1,4 +1,4 @@
-#include "reports/CrispLine.h"
+#include "look/CrispLine.h"
 
 #include <QPainter>
 #include <algorithm>
