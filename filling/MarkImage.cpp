@@ -1,6 +1,7 @@
 #include "filling/MarkImage.h"
 
 #include "look/LookColors.h"
+#include "look/TickPath.h"
 #include "platform/forms/ActivationTracker.h"
 #include "platform/forms/EnterKey.h"
 #include "widgets/KeptPicture.h"

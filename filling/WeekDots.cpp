@@ -4,6 +4,7 @@
 #include "platform/runtime/Dates.h"
 #include "store/DayTexts.h"
 
+#include <QPaintEvent>
 #include <QPainter>
 #include <QStringList>
 

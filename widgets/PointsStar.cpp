@@ -7,10 +7,15 @@
 #include <QPainter>
 #include <QStyleOption>
 
+namespace {
+
+constexpr int Side = 16; // pixels
+
+}
+
 void PaintPointsStar(QLabel& label) {
     if (label.text().isEmpty())
         return;
-    constexpr int Side = 16; // pixels
     const QRect place(0, (label.height() - Side) / 2, Side, Side);
     PaintFromPicture(label, place, QStringLiteral("star"), {}, [](QPainter& painter) {
         painter.setRenderHint(QPainter::Antialiasing);
