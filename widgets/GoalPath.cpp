@@ -32,7 +32,6 @@ GoalPath::GoalPath(QWidget* parent) : QProgressBar(parent) {
     setTextVisible(false);
     setAccessibleName(QStringLiteral("Way to the goal"));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    Tell();
 }
 
 QSize GoalPath::sizeHint() const {

@@ -124,6 +124,7 @@ TEST_F(DisplayAccountListTest, RightPressAsksAboutTheRowBeneathTheMouseAndYesDel
     MousePress(1, Qt::RightButton);
     ExpectQuestion(true);
     EXPECT_EQ(Names(List()), QStringList(Kim));
+    EXPECT_EQ(List().currentItem(), List().topLevelItem(0)) << "the keyboard is on who is left";
     EXPECT_EQ(Database().RetreveState(Lee), QString());
     EXPECT_EQ(Database().RetreveState(Kim), QStringLiteral("Student"));
     EXPECT_EQ(List().SelectedName(), QString());

@@ -116,6 +116,13 @@ const QList<SpeakingList> SpeakingLists = {
 INSTANTIATE_TEST_SUITE_P(Lists, EmptyListsTest, testing::ValuesIn(SpeakingLists),
                          [](const auto& list) { return std::string(list.param.Name); });
 
+TEST_F(EmptyListsTest, NobodyIsToldToChooseWhereThereIsNobody) {
+    StartSession(u"Mum"_s, u"Teacher"_s);
+    const QWidget& view = Open(FormNames::DisplayAccount);
+    EXPECT_FALSE(Find(view, u"NobodyChosen"_s).isVisible());
+    EXPECT_TRUE(Find(view, u"Pointslbl"_s).isVisible());
+}
+
 TEST_F(EmptyListsTest, AChildReadsLargeWordsInLinesOfTheirSense) {
     StartSession(u"Anna"_s, u"Student"_s);
     LookAt(Open(FormNames::OpenFillfrm), u"OpenFillfrm"_s);

@@ -1,12 +1,15 @@
 #include "platform/printer/PrintQueues.h"
 #include "platform/printer/SystemPrinter.h"
 #include "platform/printing/PrintNews.h"
+#include "platform/runtime/Actions.h"
 #include "tests/common/PrintedPages.h"
 #include "tests/common/TestWorld.h"
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QPagedPaintDevice>
+#include <QPainter>
 #include <QRegularExpression>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -171,6 +174,35 @@ TEST_F(PrintQueueTest, PagesThatAPrinterLosesAreKeptAndTold) {
     EXPECT_TRUE(WaitFor([this] { return News.size() == 2; }));
     EXPECT_EQ(News.value(0).Printer, u"Losing"_s);
     EXPECT_EQ(News.value(1).File, Path(u"Printouts/"_s + SheetName + u".pdf"_s));
+}
+
+TEST_F(PrintQueueTest, WhereLostPagesCannotBeKeptThoseOfLaterJobsAreStillLookedAfter) {
+    QFile inTheWay(Path(u"Printouts"_s));
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    const QString text = u"The folder %1 cannot be made"_s.arg(Path(u"Printouts"_s));
+    Boxes.ExpectError(ErrorNumber::PrinterError, text);
+    Boxes.ExpectError(ErrorNumber::PrinterError, text);
+    // The printer may have lost them when it is asked for the first time.
+    RunAction([] { PrintOn(u"Losing"_s); });
+    RunAction([] { PrintOn(u"Losing"_s); });
+    EXPECT_TRUE(WaitFor([this] { return Boxes.Shown().size() == 2; }));
+    Boxes.VerifyAllShown();
+}
+
+TEST_F(PrintQueueTest, PagesBegunAndGivenUpAreOnNoOtherPaper) {
+    qputenv("LPDEST", "A4");
+    SystemPrinter printer;
+    const auto linesTo = [](const std::unique_ptr<QPagedPaintDevice>& pages, int count) {
+        QPainter painter(pages.get());
+        for (int line = 0; line < count; ++line)
+            painter.drawText(100, 100 + 30 * line, u"Line %1"_s.arg(line));
+    };
+    linesTo(printer.Open(), 200);
+    linesTo(printer.Open(), 1);
+    printer.Sent(u"List"_s);
+    QFile file(PaperOf(u"A4"_s));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll().count("%%EOF"), 1);
 }
 
 TEST_F(PrintQueueTest, PagesThatWaitAtAPrinterStandingStillAreToldToWait) {

@@ -1,12 +1,14 @@
 #include "session/Settings.h"
 
 #include "platform/runtime/Pictures.h"
+#include "tests/common/OrdinaryUser.h"
 #include "tests/shell/ShellTest.h"
 
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QRadioButton>
+#include <sys/stat.h>
 
 namespace {
 
@@ -332,6 +334,12 @@ TEST_F(SettingsTest, ThePictureIsReadAgainOnlyWhereItsFileIsAnother) {
     EXPECT_EQ(MainWindow().Picture(), QImage());
 
     read(other);
+    ASSERT_EQ(::chmod(QFile::encodeName(Path(QString())).constData(), 0755), 0);
+    ASSERT_EQ(::chmod(QFile::encodeName(other).constData(), 0), 0);
+    {
+        const OrdinaryUser user;
+        EXPECT_END_OF_RUN(75, ReadSettings());
+    }
     ASSERT_TRUE(QFile::remove(other));
     EXPECT_END_OF_RUN(53, read(other));
     ASSERT_TRUE(QDir().mkpath(other));
