@@ -6,7 +6,7 @@
 
 #include <QDate>
 #include <QDateTime>
-#include <QRegularExpression>
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -123,11 +123,18 @@ std::optional<FieldDefinition> DeclaredField(const QString& name, const QString&
         if (declaredType == QLatin1String(DeclaredType(field).c_str()))
             return field;
     }
-    static const QRegularExpression text(QStringLiteral("^TEXT\\(([0-9]{1,9})\\)$"));
-    const QRegularExpressionMatch match = text.match(declaredType);
-    if (match.hasMatch())
-        return FieldDefinition{name, FieldType::Text, match.captured(1).toInt()};
-    return std::nullopt;
+    // A regular expression that finds no memory matches nothing, as if the table were damaged.
+    constexpr QLatin1String before("TEXT(");
+    constexpr QLatin1String behind(")");
+    constexpr qsizetype mostDigits = 9;
+    if (!declaredType.startsWith(before) || !declaredType.endsWith(behind))
+        return std::nullopt;
+    const QStringView size = QStringView(declaredType).mid(before.size()).chopped(behind.size());
+    const bool isNumber = !size.isEmpty() && size.size() <= mostDigits &&
+                          std::all_of(size.begin(), size.end(),
+                                      [](QChar digit) { return digit >= u'0' && digit <= u'9'; });
+    return isNumber ? std::optional(FieldDefinition{name, FieldType::Text, size.toInt()})
+                    : std::nullopt;
 }
 
 Cell InitialCell(const FieldDefinition& field) {
