@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <new>
 
 namespace {
 
@@ -52,6 +53,9 @@ double Val(const QString& text) {
     static const QRegularExpression number(
         QStringLiteral(R"(^[ \t\n]*([+-]?(?:[0-9]+\.?[0-9]*|\.[0-9]+)(?:[eEdD][+-]?[0-9]+)?))"));
     const QRegularExpressionMatch match = number.match(text);
+    // Without memory nothing matches, which must not be read as 0.
+    if (!match.isValid())
+        throw std::bad_alloc();
     if (!match.hasMatch())
         return 0;
     QString digits = match.captured(1);

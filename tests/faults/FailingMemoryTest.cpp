@@ -1,4 +1,6 @@
 #include "tests/faults/FailingMemory.h"
+
+#include "platform/runtime/Numbers.h"
 #include "tests/common/Rounds.h"
 #include "tests/faults/BusyFamily.h"
 #include "tests/faults/Snapshot.h"
@@ -6,6 +8,7 @@
 #include <algorithm>
 #include <fcntl.h>
 #include <iostream>
+#include <new>
 #include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -150,4 +153,30 @@ TEST_P(FailingMemoryTest, LeavesTheActionWholeOrUndoneAndTold) {
               << " allocations: " << undone_ << " undone and told, " << done_ << " done, " << ended_
               << " ended the process; none half\n";
     EXPECT_GT(undone_, 0);
+}
+
+TEST(FailingMemoryOfNumbersTest, ANumberIsReadAsItIsOrNotAtAll) {
+    const QString text = QStringLiteral("-5.5");
+    ASSERT_EQ(Val(text), -5.5);
+    enum Outcome { Read, Refused, Wrong };
+    int refused = 0;
+    for (qint64 failing = 1; failing <= 20; ++failing) {
+        const pid_t child = ::fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            FailingMemory::FailAt(failing, false);
+            Outcome outcome = Refused;
+            try {
+                outcome = Val(text) == -5.5 ? Read : Wrong;
+            } catch (const std::bad_alloc&) {
+                outcome = Refused;
+            }
+            ::_exit(outcome);
+        }
+        int status = 0;
+        ASSERT_EQ(::waitpid(child, &status, 0), child);
+        EXPECT_FALSE(WIFEXITED(status) && WEXITSTATUS(status) == Wrong) << failing;
+        refused += WIFEXITED(status) && WEXITSTATUS(status) == Refused ? 1 : 0;
+    }
+    EXPECT_GT(refused, 0);
 }

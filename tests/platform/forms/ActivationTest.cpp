@@ -362,6 +362,17 @@ TEST_F(DefaultFormsTest, NamingMakesLoadsAndHidesOnceAndAnewAfterAnUnload) {
     EXPECT_EQ(made, 2);
 }
 
+TEST_F(DefaultFormsTest, AWindowThatRefusesToCloseStays) {
+    PlainForm form(QStringLiteral("plain"), Form::Place::TopLevel);
+    form.Show();
+    form.refuses = true;
+    form.close();
+    EXPECT_TRUE(form.isVisible());
+    form.refuses = false;
+    form.close();
+    EXPECT_FALSE(form.isVisible());
+}
+
 TEST_F(DefaultFormsTest, AFormThatHasEndedEndsAgainWithoutAsking) {
     PlainForm form(QStringLiteral("plain"), Form::Place::TopLevel);
     EXPECT_TRUE(form.Unload());
