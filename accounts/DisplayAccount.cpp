@@ -22,6 +22,10 @@ DisplayAccount::DisplayAccount()
     ui_->Content->setMaximumWidth(ui_->Content->sizeHint().width());
     for (QLabel* picture : {ui_->Image1, ui_->Image2})
         picture->setContentsMargins(5, 5, 5, 5);
+    // Where the cards are only as high as they must be nothing moves as the way comes and goes.
+    QSizePolicy wayKeepsItsRoom = ui_->WayToGoal->sizePolicy();
+    wayKeepsItsRoom.setRetainSizeWhenHidden(true);
+    ui_->WayToGoal->setSizePolicy(wayKeepsItsRoom);
     new EmptyNote(*ui_->StudentsList,
                   QStringLiteral("No Sparkit yet. The log-in's \"New User\" makes one."));
     // Nothing opens here: Enter is the form's.
