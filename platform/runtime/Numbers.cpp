@@ -52,7 +52,12 @@ double Val(const QString& text) {
         return text.toInt();
     static const QRegularExpression number(
         QStringLiteral(R"(^[ \t\n]*([+-]?(?:[0-9]+\.?[0-9]*|\.[0-9]+)(?:[eEdD][+-]?[0-9]+)?))"));
-    const QRegularExpressionMatch match = number.match(text);
+    // Half an emoji behind the number would make all of it a text that nothing matches.
+    const auto isOther = [](QChar letter) {
+        return !QStringView(u" \t\n0123456789+-.eEdD").contains(letter);
+    };
+    const auto end = std::find_if(text.begin(), text.end(), isOther);
+    const QRegularExpressionMatch match = number.match(text.left(end - text.begin()));
     // Without memory nothing matches, which must not be read as 0.
     if (!match.isValid())
         throw std::bad_alloc();

@@ -33,6 +33,13 @@ TEST_F(NumbersTest, ValOfRubbishIsZero) {
         EXPECT_EQ(ValOf(text), 0) << text;
 }
 
+TEST_F(NumbersTest, ValReadsWhatStandsBeforeHalfAnEmoji) {
+    const QString half(QChar(0xD83D));
+    EXPECT_EQ(::Val(half), 0);
+    EXPECT_EQ(::Val(QStringLiteral("-12") + half), -12);
+    EXPECT_EQ(::Val(QStringLiteral("7") + half + QStringLiteral("5")), 7);
+}
+
 TEST_F(NumbersTest, ValReadsAPointInEveryLocale) {
     QLocale::setDefault(QLocale(QStringLiteral("de_DE")));
     EXPECT_EQ(ValOf("1.5"), 1.5);
