@@ -9,6 +9,7 @@
 #include <QStyleHints>
 #include <QTest>
 #include <QWidget>
+#include <QWindow>
 #include <algorithm>
 #include <gtest/gtest.h>
 
@@ -69,6 +70,17 @@ void SendClickAt(const QWidget& widget, const QPoint& place, const RealPress& pr
     Former().at = at;
 }
 
+/// True if keys go to the window that the toolkit takes for the active one. It does so as soon as
+/// it has asked for it.
+bool DisplayAgreesOnTheFocus() {
+    QProcess xdotool;
+    xdotool.start(QStringLiteral("xdotool"),
+                  {QStringLiteral("getwindowfocus"), QStringLiteral("-f")});
+    const QWindow* focus = QGuiApplication::focusWindow();
+    return xdotool.waitForFinished() && focus != nullptr &&
+           xdotool.readAllStandardOutput().trimmed().toULongLong() == focus->winId();
+}
+
 } // namespace
 
 RealInput::RealInput() {
@@ -97,6 +109,7 @@ void RealInput::WheelDown(const QWidget& widget) {
 }
 
 void RealInput::Key(const QString& name) {
+    EXPECT_TRUE(QTest::qWaitFor(DisplayAgreesOnTheFocus, Patience));
     keyReleases_ = 0;
     Run({QStringLiteral("key"), name});
     EXPECT_TRUE(QTest::qWaitFor([&] { return keyReleases_ > 0; }, Patience));

@@ -174,15 +174,18 @@ TEST_F(HelpWindowTest, ItOpensBesideTheWindowThatAsksOrInTheLowerRightCorner) {
     EXPECT_TRUE(screen.contains(second.frameGeometry()));
     EXPECT_LE(screen.right() - second.frameGeometry().right(), 40);
     EXPECT_LE(screen.bottom() - second.frameGeometry().bottom(), 80);
-    // Where it has been put it comes again.
+    // Where it has been put it comes again. The frame's own place may be told too late.
+    const QPoint firstPlace = second.geometry().topLeft();
+    second.move(screen.topLeft() + QPoint(30, 40));
+    Settle();
+    const QPoint place = second.geometry().topLeft();
+    EXPECT_NE(place, firstPlace);
     second.close();
-    const QPoint place = screen.topLeft() + QPoint(30, 40);
-    second.move(place);
     program.activateWindow();
     second.Open(bookFile);
     ASSERT_TRUE(QTest::qWaitForWindowActive(&second, Patience));
     Settle();
-    EXPECT_EQ(second.frameGeometry().topLeft(), place);
+    EXPECT_EQ(second.geometry().topLeft(), place);
 }
 
 TEST_F(HelpWindowTest, LinksGoToPagesAndSectionsAndUnknownOnesNowhere) {
