@@ -72,11 +72,12 @@ void SendOneClick(const QWidget& widget, const QPoint& place, const RealPress& p
 /// However late the second press comes on a busy machine, it is that of a double click.
 class SlowDoubleClicks {
 public:
-    SlowDoubleClicks() { QApplication::setDoubleClickInterval(Patience); }
+    SlowDoubleClicks() { QApplication::setDoubleClickInterval(slow); }
     ~SlowDoubleClicks() { QApplication::setDoubleClickInterval(usual_); }
     Q_DISABLE_COPY_MOVE(SlowDoubleClicks)
 
 private:
+    static constexpr int slow = 2000; // milliseconds
     int usual_ = QApplication::doubleClickInterval();
 };
 
@@ -102,10 +103,10 @@ void RealInput::Click(const QWidget& widget, const RealPress& press) {
 }
 
 void RealInput::ClickAt(const QWidget& widget, const QPoint& place, const RealPress& press) {
-    LetTheFormerClickRest(widget.mapToGlobal(place));
     std::optional<SlowDoubleClicks> slow;
     if (press.count > 1)
         slow.emplace();
+    LetTheFormerClickRest(widget.mapToGlobal(place));
     buttonReleases_ = 0;
     // A window manager may lose a press that comes while it still holds the one before.
     for (int click = 1; click <= press.count; ++click) {
