@@ -9,11 +9,16 @@
 namespace {
 
 // All in milliseconds.
-constexpr int Longest = 5000;
 constexpr int Felt = 500;
 constexpr int LongestPause = 50;
 
 } // namespace
+
+int LockWait::longest_ = UsualLongest;
+
+void LockWait::SetLongest(int milliseconds) {
+    longest_ = milliseconds;
+}
 
 void LockWait::Watch(SQLite::Database& connection) {
     sqlite3_busy_handler(connection.getHandle(), &LockWait::TryAgain, this);
@@ -24,7 +29,7 @@ int LockWait::TryAgain(void* self, int tries) {
     // Once in an operation, however many locks it meets.
     if (!wait.waited_.isValid())
         wait.waited_.start();
-    if (wait.waited_.hasExpired(Longest))
+    if (wait.waited_.hasExpired(longest_))
         return 0;
     if (wait.waited_.hasExpired(Felt) && !std::exchange(wait.isShown_, true))
         ReportWaiting(true);

@@ -15,12 +15,17 @@ public:
     /// Waits from now on in all operations of a connection, which this must outlive.
     void Watch(SQLite::Database& connection);
 
+    /// How long an operation of any connection waits at most. For tests that have no time.
+    static void SetLongest(int milliseconds);
+    static constexpr int UsualLongest = 5000; // milliseconds
+
     /// Told when the operation that may have waited is over.
     void End();
 
 private:
     static int TryAgain(void* self, int tries);
 
+    static int longest_; // milliseconds
     QElapsedTimer waited_;
     bool isShown_ = false;
 };

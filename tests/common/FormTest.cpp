@@ -5,6 +5,7 @@
 #include "support/clsRegistry.h"
 #include "tests/common/ActiveWindow.h"
 #include "tests/common/Pictures.h"
+#include "tests/common/TestRun.h"
 #include "tests/common/WindowsAtRest.h"
 
 #include <QAbstractItemView>
@@ -63,6 +64,15 @@ void FormTest::StartSession(const QString& user, const QString& state) {
 
 void FormTest::Click(QWidget& control) {
     QTest::mouseClick(&control, Qt::LeftButton);
+    Settle();
+}
+
+void FormTest::MouseTo(const QWidget& control) {
+    const QPoint middle = control.mapToGlobal(control.rect().center());
+    QCursor::setPos(middle);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return control.underMouse(); }, Patience));
+    // No hand lies still: a button is told of the mouse only as it moves on it.
+    QCursor::setPos(middle + QPoint(1, 0));
     Settle();
 }
 

@@ -36,6 +36,8 @@ protected:
     /// A click in the middle of a control by the mouse, then Settle.
     static void Click(QWidget& control);
     static void DoubleClick(QWidget& control);
+    /// Lays the mouse on the middle of a control, then Settle.
+    static void MouseTo(const QWidget& control);
     /// A click or double click in the middle of a list's row.
     static void ClickRow(QWidget& list, int row);
     static void DoubleClickRow(QWidget& list, int row);

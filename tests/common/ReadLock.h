@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/common/ShortLockWait.h"
+
 #include <QString>
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
@@ -16,6 +18,7 @@ public:
 private:
     SQLite::Database reader_;
     SQLite::Statement reading_;
+    ShortLockWait shortWait_;
 };
 
 /// What the user is told of a lock that does not go away.

@@ -162,7 +162,7 @@ void LetWindowsRest() {
     const QDeadlineTimer latest(2000);
     // A window manager may put off what it is asked, and a window that goes within a few
     // milliseconds of its coming may leave the focus to nobody.
-    constexpr int calm = 20; // milliseconds
+    constexpr int calm = 10; // milliseconds
     constexpr int calmRounds = 2;
     static const WindowUnrest unrest;
     for (int rounds = 0; rounds < calmRounds && !latest.hasExpired();) {

@@ -1,5 +1,6 @@
 #include "tests/common/FullDisk.h"
 #include "tests/common/ReadLock.h"
+#include "tests/common/ShortLockWait.h"
 #include "tests/filling/FillingTest.h"
 
 #include <QListWidget>
@@ -127,6 +128,7 @@ TEST_F(UnreadableChartTest, AChartThatCannotBeReadIsNotOpenedAndKeepsItsTicks) {
     SQLite::Database other(Path(QStringLiteral("Database/Charts.mdb")).toStdString(),
                            SQLite::OPEN_READWRITE);
     other.exec("BEGIN EXCLUSIVE");
+    const ShortLockWait shortWait;
     bool isTold = false;
     Boxes.Expect(RuntimeError(ErrorNumber::EngineFault, OtherCopyWrites).Report(), PromptAnswer::Ok,
                  [&] {

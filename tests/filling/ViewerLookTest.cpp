@@ -37,10 +37,6 @@ protected:
         return Find<QWidget>(viewer, u"CleanUpList"_s);
     }
     static WeekDots& Week(const ChartViewer& viewer) { return Find<WeekDots>(viewer, u"Week"_s); }
-    static void MouseTo(const QWidget& control) {
-        QCursor::setPos(control.mapToGlobal(control.rect().center()));
-        EXPECT_TRUE(QTest::qWaitFor([&] { return control.underMouse(); }, Patience));
-    }
 };
 
 TEST_F(ViewerLookTest, JobsAndPointsAreLargerThanTheRest) {

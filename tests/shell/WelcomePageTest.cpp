@@ -343,8 +343,7 @@ TEST_F(WelcomePageTest, AButtonEndsInAnArrowHeadAndIsOfHoneyUnderTheMouse) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return !step.underMouse(); }, Patience));
     EXPECT_GE(PixelsOf(step, LookColors::Muted, end), 4);
     EXPECT_EQ(PixelsOf(step, LookColors::Honey, 0), 0);
-    QCursor::setPos(step.mapToGlobal(step.rect().center()));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return step.underMouse(); }, Patience));
+    MouseTo(step);
     EXPECT_GE(PixelsOf(step, LookColors::Teal, end), 4);
     EXPECT_GT(PixelsOf(step, LookColors::Honey, 0), 1000);
     LookAt(MainWindow(), u"Welcome-mouse"_s);

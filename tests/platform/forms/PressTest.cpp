@@ -234,6 +234,7 @@ TEST_P(PressTest, BehindABoxNothingIsActivated) {
     box.show();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&box, Patience));
     box.move(800, 500);
+    Settle();
     RealInput::SendClick(*first.pad, GetParam());
     EXPECT_EQ(Taken(), S());
     box.close();

@@ -3,6 +3,7 @@
 #include "tests/common/FullDisk.h"
 #include "tests/common/ReadLock.h"
 #include "tests/common/Rounds.h"
+#include "tests/common/ShortLockWait.h"
 #include "tests/platform/tables/TablesTest.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -335,6 +336,7 @@ TEST_F(CarryOver, WhileAnotherProgramWritesNothingIsCarriedOver) {
     const QByteArray before = ReadFile(Former);
     SQLite::Database other(Former.toStdString(), SQLite::OPEN_READWRITE);
     other.exec("BEGIN IMMEDIATE");
+    const ShortLockWait shortWait;
     EXPECT_EQ(ErrorText([&] { TableStore::OpenDatabase(Former); }), OtherCopyWrites);
     other.exec("COMMIT");
     EXPECT_EQ(ReadFile(Former), before);
