@@ -67,6 +67,20 @@ void FormTest::Click(QWidget& control) {
     Settle();
 }
 
+void FormTest::SizeMainWindow(const QSize& size) {
+    QWidget& window = DefaultForm(QStringLiteral("MainForm")).Widget();
+    window.setWindowState(Qt::WindowNoState);
+    Settle();
+    // A window manager that is behind may give it the size before once more.
+    const auto holds = [&] {
+        window.resize(size);
+        Settle();
+        Settle();
+        return window.size() == size;
+    };
+    EXPECT_TRUE(QTest::qWaitFor(holds, Patience));
+}
+
 void FormTest::MouseTo(const QWidget& control) {
     const QPoint middle = control.mapToGlobal(control.rect().center());
     QCursor::setPos(middle);

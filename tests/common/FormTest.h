@@ -36,6 +36,8 @@ protected:
     /// A click in the middle of a control by the mouse, then Settle.
     static void Click(QWidget& control);
     static void DoubleClick(QWidget& control);
+    /// Makes the main window, no longer maximised, so large, then Settle.
+    static void SizeMainWindow(const QSize& size);
     /// Lays the mouse on the middle of a control, then Settle.
     static void MouseTo(const QWidget& control);
     /// A click or double click in the middle of a list's row.

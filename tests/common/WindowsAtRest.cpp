@@ -1,7 +1,5 @@
 #include "tests/common/WindowsAtRest.h"
 
-#include "platform/forms/Form.h"
-
 #include <QAbstractNativeEventFilter>
 #include <QApplication>
 #include <QDeadlineTimer>
@@ -139,14 +137,16 @@ private:
     QElapsedTimer last_;
 };
 
-/// True while a form is shown as a window of its own, and one of them is not drawn yet or none
-/// has the focus: the window manager has not come to it.
+/// True while a window is shown that is not drawn yet, or none of those shown has the focus: the
+/// window manager has not come to it.
 bool WindowManagerIsBehind() {
     if (QApplication::activeModalWidget() != nullptr)
         return false;
     bool anyShown = false;
     for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (dynamic_cast<Form*>(window) == nullptr || !window->isVisible() || window->isMinimized())
+        const bool takesFocus =
+            window->windowType() == Qt::Window || window->windowType() == Qt::Dialog;
+        if (!takesFocus || !window->isVisible() || window->isMinimized())
             continue;
         anyShown = true;
         if (window->windowHandle() == nullptr || !window->windowHandle()->isExposed())
@@ -162,7 +162,7 @@ void LetWindowsRest() {
     const QDeadlineTimer latest(2000);
     // A window manager may put off what it is asked, and a window that goes within a few
     // milliseconds of its coming may leave the focus to nobody.
-    constexpr int calm = 10; // milliseconds
+    constexpr int calm = 20; // milliseconds
     constexpr int calmRounds = 2;
     static const WindowUnrest unrest;
     for (int rounds = 0; rounds < calmRounds && !latest.hasExpired();) {

@@ -238,9 +238,7 @@ TEST_F(ViewerLookTest, TheGoldenBarIsAsHighAsTheCard) {
 
 TEST_F(ViewerLookTest, ThePersonResponsibleMovesNoButton) {
     ChartViewer& viewer = Open();
-    QWidget& mainWindow = DefaultForm(u"MainForm"_s).Widget();
-    mainWindow.showNormal();
-    mainWindow.resize(1200, 900);
+    SizeMainWindow({1200, 900});
     viewer.Move(0, 0);
     Settle();
     const auto places = [&viewer] {
@@ -265,9 +263,7 @@ TEST_F(ViewerLookTest, ThePersonResponsibleMovesNoButton) {
 
 TEST_F(ViewerLookTest, MaximisedThePersonResponsibleMovesTheButtonsOnce) {
     ChartViewer& viewer = Open();
-    QWidget& mainWindow = DefaultForm(u"MainForm"_s).Widget();
-    mainWindow.showNormal();
-    mainWindow.resize(1366, 740);
+    SizeMainWindow({1366, 740});
     viewer.Frame().showMaximized();
     Settle();
     const auto lowest = [&viewer] {
@@ -293,10 +289,7 @@ TEST_F(ViewerLookTest, MaximisedThePersonResponsibleMovesTheButtonsOnce) {
 
 TEST_F(ViewerLookTest, ThePersonResponsibleMovesNothingSideways) {
     ChartViewer& viewer = Open();
-    QWidget& mainWindow = DefaultForm(u"MainForm"_s).Widget();
-    mainWindow.showNormal();
-    mainWindow.resize(1366, 730);
-    Settle();
+    SizeMainWindow({1366, 730});
     const auto left = [&viewer](const char* name) {
         return Find<QWidget>(viewer, QString::fromLatin1(name)).mapTo(&viewer, QPoint()).x();
     };
@@ -307,8 +300,7 @@ TEST_F(ViewerLookTest, ThePersonResponsibleMovesNothingSideways) {
 
     // With a scroll bar at their side all parts are still in view.
     auto& scroll = Find<QScrollArea>(viewer, u"ContentScroll"_s);
-    mainWindow.resize(1366, 560);
-    Settle();
+    SizeMainWindow({1366, 560});
     EXPECT_TRUE(scroll.verticalScrollBar()->isVisible());
     EXPECT_EQ(scroll.widget()->width(), scroll.viewport()->width());
     EXPECT_LT(left("Shape7"), before);

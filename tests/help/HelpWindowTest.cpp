@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QImage>
 #include <QListWidget>
+#include <QScopeGuard>
 #include <QScreen>
 #include <QScrollBar>
 #include <QTest>
@@ -448,6 +449,8 @@ protected:
 
 TEST_F(HelpWindowTest, GoingToTheHelpAndBackIsNoReturnToAForm) {
     auto* form = new CountingForm;
+    // Else it would stay in the way of all tests to come.
+    const auto unload = qScopeGuard([form] { form->Unload(); });
     form->Show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(form, Patience));
     Settle();
@@ -467,7 +470,6 @@ TEST_F(HelpWindowTest, GoingToTheHelpAndBackIsNoReturnToAForm) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(form, Patience));
     Settle();
     EXPECT_EQ(form->Activations, 1);
-    form->Unload();
 }
 
 } // namespace

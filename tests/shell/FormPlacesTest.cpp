@@ -28,15 +28,6 @@ protected:
     static QMdiArea& Area() { return *MainWindowArea(); }
     static QRect Room() { return Area().viewport()->rect(); }
 
-    static void ResizeMainWindow(const QSize& size) {
-        MainForm& window = MainWindow();
-        window.setWindowState(Qt::WindowNoState);
-        Settle();
-        window.resize(size);
-        ASSERT_TRUE(QTest::qWaitFor([&] { return window.size() == size; }));
-        Settle();
-    }
-
     static Form& Prepared(const QString& name) {
         if (name == ChartEditor::FormName) {
             auto* editor = new ChartEditor;
@@ -183,7 +174,7 @@ TEST_F(FormPlacesTest, TheDateFormCanBeUsedBesideTheMaximisedReportForm) {
 }
 
 TEST_F(FormPlacesTest, ADateFormThatGrowsStaysInsideASmallMainWindow) {
-    ResizeMainWindow({1024, 570});
+    SizeMainWindow({1024, 570});
     Form& dates = Open(u"DateRangefrm"_s);
     const QRect small = dates.Frame().geometry();
     ASSERT_TRUE(Room().contains(small));
@@ -241,7 +232,7 @@ TEST_F(FormPlacesTest, WhatGetsTheKeyboardIsBroughtIntoView) {
 }
 
 TEST_F(FormPlacesTest, AFormIsOpenedInsideASmallMainWindow) {
-    ResizeMainWindow({1024, 570});
+    SizeMainWindow({1024, 570});
     for (const QString& name : InMainWindow) {
         SCOPED_TRACE(name.toStdString());
         Form& form = Open(name);

@@ -16,12 +16,6 @@ namespace {
 class FormRoomTest : public AuthoringTest {
 protected:
     static QWidget& MainWindow() { return DefaultForm(u"MainForm"_s).Widget(); }
-    static void SizeMainWindow(const QSize& size) {
-        MainWindow().showNormal();
-        MainWindow().resize(size);
-        Settle();
-        EXPECT_EQ(MainWindow().size(), size);
-    }
     static QRect Room() {
         const QWidget& room = *Find<QMdiArea>(MainWindow(), u"Area"_s).viewport();
         return {room.mapToGlobal(QPoint()), room.size()};

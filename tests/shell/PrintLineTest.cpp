@@ -72,9 +72,7 @@ TEST_F(PrintLineTest, StandsBesideTheMenusAndMovesNothing) {
     EXPECT_GE(Open().height(), Open().fontMetrics().height());
     // Also where there is little room, and where it comes to be.
     for (const int width : {700, 1000}) {
-        MainWindow().setWindowState(Qt::WindowNoState);
-        MainWindow().resize(width, 500);
-        Settle();
+        SizeMainWindow({width, 500});
         EXPECT_GT(Line().geometry().left(), menusEnd()) << width;
         EXPECT_LE(Line().geometry().right(), MainWindow().menuBar()->geometry().right()) << width;
         EXPECT_GE(Line().geometry().right(), MainWindow().menuBar()->geometry().right() - 12);

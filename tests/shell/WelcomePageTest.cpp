@@ -351,13 +351,9 @@ TEST_F(WelcomePageTest, AButtonEndsInAnArrowHeadAndIsOfHoneyUnderTheMouse) {
 
 TEST_F(WelcomePageTest, ItIsLeftOutWhereThereIsNoRoomForIt) {
     StartSession(u"Mum"_s, u"Teacher"_s);
-    MainWindow().setWindowState(Qt::WindowNoState);
-    Settle();
-    MainWindow().resize(800, 300);
-    Settle();
+    SizeMainWindow({800, 300});
     EXPECT_TRUE(IsPlain());
-    MainWindow().resize(800, 600);
-    Settle();
+    SizeMainWindow({800, 600});
     EXPECT_EQ(StepNames(), NamesOf(OfAdult));
     for (const WelcomeStep* step : Steps())
         EXPECT_EQ(step->visibleRegion().boundingRect(), step->rect());
@@ -365,14 +361,11 @@ TEST_F(WelcomePageTest, ItIsLeftOutWhereThereIsNoRoomForIt) {
 
 TEST_F(WelcomePageTest, TheLogoGivesWayToTheButtons) {
     StartSession(u"Mum"_s, u"Teacher"_s);
-    MainWindow().setWindowState(Qt::WindowNoState);
-    Settle();
     const auto& page = Find<WelcomePage>(MainWindow(), QString());
     QSet<bool> shown;
     for (const int height : {700, 620, 540, 460}) {
         SCOPED_TRACE(height);
-        MainWindow().resize(800, height);
-        Settle();
+        SizeMainWindow({800, height});
         EXPECT_EQ(StepNames(), NamesOf(OfAdult));
         for (const WelcomeStep* step : Steps())
             EXPECT_EQ(step->height(), step->sizeHint().height());
