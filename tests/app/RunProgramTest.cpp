@@ -71,6 +71,9 @@ protected:
             }
         });
         look.start(10);
+        QTimer tooLong;
+        tooLong.callOnTimeout([] { QCoreApplication::exit(99); });
+        tooLong.start(2 * Patience);
         return RunProgram(*qApp, folder_);
     }
 

@@ -41,6 +41,12 @@ FormTest::~FormTest() {
     DropDefaultForms();
     // Deferred deletions belong to this test, and so does the focus that its windows leave behind.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    // It would take the focus from the next test, and hold up a program that ends with its windows.
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->isVisible()) {
+            ADD_FAILURE() << "left behind: " << window->windowTitle().toStdString();
+            window->hide();
+        }
     LetWindowsRest();
 }
 

@@ -172,6 +172,9 @@ TEST_F(RestoreWindowTest, TheProgramShowsItUnderItsNameUntilItIsClosed) {
         QTest::mouseClick(&Find(*window, u"Close"_s), Qt::LeftButton);
     });
     look.start(10);
+    QTimer tooLong;
+    tooLong.callOnTimeout([] { QCoreApplication::exit(99); });
+    tooLong.start(2 * Patience);
     EXPECT_EQ(RunRestore(*qApp, Path(QString())), 0);
     QCoreApplication::setApplicationName(name);
     QGuiApplication::setDesktopFileName(entry);
