@@ -17,23 +17,17 @@ DatabaseCls::~DatabaseCls() = default;
 
 namespace {
 
-/// Says what a parent can do about a damaged file.
+QString WayBack(const QString& path) {
+    return QStringLiteral("The file with your accounts and Dutygrids is damaged:\n%1\n\n"
+                          "Start \"Sparkit Dutygrid Restore\" to get back what it held on an "
+                          "earlier day.")
+        .arg(QDir::toNativeSeparators(path));
+}
+
 std::shared_ptr<TableStore> Open(const QString& path) {
-    try {
-        return TableStore::OpenDatabase(path, [](int done, int all) {
-            ReportProgress(QStringLiteral("Your Dutygrids are moved into a faster file..."), done,
-                           all);
-        });
-    } catch (const RuntimeError& error) {
-        if (!MeansDamage(error))
-            throw;
-        throw RuntimeError(
-            error.Number(),
-            QStringLiteral("%1\n\nThe file with your accounts and Dutygrids is damaged:\n%2\n\n"
-                           "Start \"Sparkit Dutygrid Restore\" to get back what it held on an "
-                           "earlier day.")
-                .arg(error.Text(), QDir::toNativeSeparators(path)));
-    }
+    return TableStore::OpenDatabase(path, [](int done, int all) {
+        ReportProgress(QStringLiteral("Your Dutygrids are moved into a faster file..."), done, all);
+    });
 }
 
 /// The engine itself would follow a link, and wait for a pipe in the place of its journal for ever.
@@ -51,6 +45,7 @@ void RefuseLinksAndPipes(const QString& path) {
 void DatabaseCls::InitDatabse() {
     // What the former connection has written belongs to an action that was reported as done.
     Commit();
+    SetDamageAdvice(WayBack);
     const QString path = DatabaseFile();
     RefuseLinksAndPipes(path);
     if (QFileInfo(path).isFile())

@@ -221,7 +221,16 @@ QStringList FindDamage(const QString& path) {
     }
 }
 
-bool MeansDamage(const RuntimeError& error) {
-    return error.Text() == QLatin1String(sqlite3_errstr(SQLITE_CORRUPT)) ||
-           error.Text() == QLatin1String(sqlite3_errstr(SQLITE_NOTADB));
+namespace {
+
+DamageAdviceMaker Advice = nullptr;
+
+} // namespace
+
+void SetDamageAdvice(DamageAdviceMaker maker) {
+    Advice = maker;
+}
+
+QString DamageAdvice(const QString& path) {
+    return Advice == nullptr ? QString() : Advice(path);
 }

@@ -2,8 +2,6 @@
 
 #include <QStringList>
 
-class RuntimeError;
-
 /// What is wrong with a database file: sentences for the user, which name the tables that they are
 /// about. Nothing if all that has been stored in the file is there as it was stored.
 ///
@@ -15,5 +13,12 @@ class RuntimeError;
 /// Writes nothing, but that the engine takes back what a kill has left half done.
 QStringList FindDamage(const QString& path);
 
-/// True for the error of a file that is damaged or no database at all.
-bool MeansDamage(const RuntimeError& error);
+/// What a user can do about a damaged file, by its path.
+using DamageAdviceMaker = QString (*)(const QString& path);
+
+/// Makes the advice of every error from now on that tells of a file that is damaged or no database
+/// at all, at its opening and later. There is none before.
+void SetDamageAdvice(DamageAdviceMaker maker);
+
+/// "" where none has been set.
+QString DamageAdvice(const QString& path);

@@ -1,6 +1,7 @@
 #include "platform/tables/TableFile.h"
 
 #include "platform/runtime/FileFaults.h"
+#include "platform/tables/Damage.h"
 #include <SQLiteCpp/Backup.h>
 
 #include <QCoreApplication>
@@ -84,27 +85,50 @@ RuntimeError EngineError(const SQLite::Exception& fault, const SQLite::Database&
         // A file that was moved away goes on being read.
         error.SetAdvice(QFileInfo::exists(path) ? WhyNotWritten(path) : WhyNotRead(path));
         break;
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+        error.SetAdvice(DamageAdvice(path));
+        break;
     default:
         break;
     }
     return error;
 }
 
+namespace {
+
+RuntimeError NotOpened(const char* words, const QString& path, const QString& advice) {
+    RuntimeError error(ErrorNumber::EngineFault,
+                       QStringLiteral("%1: %2").arg(QString::fromUtf8(words), path));
+    error.SetAdvice(advice);
+    return error;
+}
+
+/// The engine would wait for ever for a pipe in place of the file or of one beside it.
+void RefusePipes(const QString& path) {
+    for (const char* ending : {"", "-journal", "-wal"}) {
+        const QFileInfo part(path + QLatin1String(ending));
+        if (part.exists() && !part.isFile() && !part.isDir())
+            throw NotOpened(sqlite3_errstr(SQLITE_CANTOPEN), path, WhyNotRead(part.filePath()));
+    }
+}
+
+} // namespace
+
 std::unique_ptr<SQLite::Database> Connect(const QString& path, int flags) {
     // Once in a process, before the engine is first used: it need not keep an account of its
     // memory, which takes a lock at every piece of it.
     [[maybe_unused]] static const int quick = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
     // Absolute, for the engine reads a meaning into names that begin with "file:" or ":".
-    const QByteArray file = QFileInfo(path).absoluteFilePath().toUtf8();
+    const QString file = QFileInfo(path).absoluteFilePath();
+    RefusePipes(file);
     try {
         // One thread uses the connection: it needs no locks against others.
-        return std::make_unique<SQLite::Database>(file.constData(), flags | SQLite::OPEN_NOMUTEX);
+        return std::make_unique<SQLite::Database>(file.toUtf8().constData(),
+                                                  flags | SQLite::OPEN_NOMUTEX);
     } catch (const SQLite::Exception& fault) {
-        RuntimeError error(
-            ErrorNumber::EngineFault,
-            QStringLiteral("%1: %2").arg(QString::fromUtf8(fault.what()), QString::fromUtf8(file)));
-        error.SetAdvice(QFileInfo::exists(path) ? WhyNotRead(path) : WhyNotWritten(path));
-        throw error;
+        throw NotOpened(fault.what(), file,
+                        QFileInfo::exists(path) ? WhyNotRead(path) : WhyNotWritten(path));
     }
 }
 

@@ -17,7 +17,7 @@ inline constexpr int FirstFormatVersion = 1;
 inline constexpr int ApplicationId = 0x44757479;
 
 /// The fault of an operation on a database as a run-time error with the engine's words; where it
-/// has to do with the disk, with advice on the file.
+/// has to do with the disk or the file is damaged, with advice on the file.
 RuntimeError EngineError(const SQLite::Exception& fault, const SQLite::Database& database);
 
 /// Connects to a file; `flags` are those of SQLite::Database. Raises 3000.

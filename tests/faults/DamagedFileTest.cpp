@@ -55,15 +55,46 @@ TEST_F(DamagedFileTest, ATruncatedDatabaseIsRefusedAndLeftAsItIs) {
         ExpectRefusal(whole.left(length), ("cut to " + std::to_string(length) + " bytes").c_str());
 }
 
+/// The message of a file that is damaged, with the engine's words.
+void ExpectWayBack(const QStringList& told, const QString& words, const QString& file) {
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_EQ(told.value(0),
+              QStringLiteral("Run-time error '3000':\n\n%1\n\nThe file with your accounts and "
+                             "Dutygrids is damaged:\n%2\n\nStart \"Sparkit Dutygrid Restore\" to "
+                             "get back what it held on an earlier day.")
+                  .arg(words, file));
+}
+
 TEST_F(DamagedFileTest, TheMessageSaysThatItIsDamagedAndNamesTheWayBack) {
     WriteBytes(File(), "no database, but long enough to be one");
     RunAction([] { Database().InitDatabse(); });
-    EXPECT_EQ(Boxes.Errors(),
-              QStringList{QStringLiteral("Run-time error '3000':\n\nfile is not a database\n\n"
-                                         "The file with your accounts and Dutygrids is damaged:\n%1"
-                                         "\n\nStart \"Sparkit Dutygrid Restore\" to get back what "
-                                         "it held on an earlier day.")
-                              .arg(File())});
+    ExpectWayBack(Boxes.Errors(), QStringLiteral("file is not a database"), File());
+}
+
+TEST_F(DamagedFileTest, SoDoesTheMessageOfADamagedDeclaration) {
+    QByteArray bytes = SomeDatabase();
+    ASSERT_TRUE(bytes.contains("CREATE TABLE"));
+    bytes.replace("CREATE TABLE", "CREATE TABXE");
+    WriteBytes(File(), bytes);
+    RunAction([] { Database().InitDatabse(); });
+    ASSERT_EQ(Boxes.Errors().size(), 1);
+    const QString words = Boxes.Errors().value(0).section(QStringLiteral("\n\n"), 1, 1);
+    EXPECT_TRUE(words.startsWith(QStringLiteral("malformed database schema")))
+        << words.toStdString();
+    ExpectWayBack(Boxes.Errors(), words, File());
+}
+
+TEST_F(DamagedFileTest, SoDoesTheMessageOfDamagedRowsThatAreReadLater) {
+    QByteArray bytes = SomeDatabase();
+    constexpr int page = 4096;
+    const qsizetype row = bytes.indexOf("Child 7");
+    ASSERT_GT(row, page);
+    bytes.replace(row / page * page, page, QByteArray(page, 'x'));
+    WriteBytes(File(), bytes);
+    RunAction([] { Database().InitDatabse(); });
+    ASSERT_EQ(Boxes.Errors(), QStringList());
+    RunAction([] { Database().AddPoints(QStringLiteral("Child 7"), 5, false); });
+    ExpectWayBack(Boxes.Errors(), QStringLiteral("database disk image is malformed"), File());
 }
 
 TEST_F(DamagedFileTest, RandomBytesAreRefusedAndLeftAsTheyAre) {

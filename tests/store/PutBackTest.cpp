@@ -145,6 +145,22 @@ TEST_F(PutBackTest, WhateverStandsInThePlaceOfTheDatabaseMakesRoom) {
     ExpectCopyInPlace();
 }
 
+TEST_F(PutBackTest, NoPipeIsWaitedForInPlaceOfAFileThatIsLookedAt) {
+    const QString file = DatabaseOfCopy(CopiedDay);
+    for (const char* beside : {"-journal", "-wal", ""}) {
+        SCOPED_TRACE(beside);
+        const QString pipe = file + QString::fromLatin1(beside);
+        QFile::remove(pipe);
+        ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+        EXPECT_EQ(SummaryOf(file).Fault,
+                  QStringLiteral("unable to open database file: %1").arg(file));
+        EXPECT_FALSE(SummaryOfCopy(CopiedDay).Fault.isEmpty());
+        EXPECT_EQ(FindDamage(file),
+                  QStringList{QStringLiteral("unable to open database file: %1").arg(file)});
+        ASSERT_TRUE(QFile::remove(pipe));
+    }
+}
+
 TEST_F(PutBackTest, AFileThatMayNotBeOpenedMakesRoom) {
     for (const char* folder : {"", "Database", "Settings", "Jobs", "Backups", "Backups/2001-03-07"})
         ::chmod(QFile::encodeName(Path(QString::fromLatin1(folder))).constData(), 0777);
