@@ -156,7 +156,7 @@ void Finish() {
         for (const QString& file :
              copy.entryList({QStringLiteral("*.dat"), QStringLiteral("Settings.txt")},
                             QDir::Files | QDir::NoSymLinks))
-            PutInPlace(PlaceOf(file), ReadWholeFile(copy.filePath(file), LargestSmallFile));
+            PutInPlace(PlaceOf(file), ReadWholeFile(copy.filePath(file), AnySize));
     }
     if (!QFile::remove(NoteFile()) || !SyncPath(CopiesFolder()))
         throw RuntimeError(ErrorNumber::PathFileAccessError);

@@ -89,6 +89,16 @@ TEST_F(PutBackTest, AllOfACopyComesBackAndWhatStoodThereIsACopyItself) {
     EXPECT_EQ(BytesOf(Jobs()), "Own job\r\n");
 }
 
+TEST_F(PutBackTest, AListThatTheProgramWouldRefuseComesBackToo) {
+    const QByteArray large(LargestSmallFile + 1, 'x');
+    WriteBytes(Jobs(), large);
+    PutCopyBack(CopiedDay);
+    ExpectCopyInPlace();
+    PutCopyBack(Kept());
+    EXPECT_TRUE(BytesOf(Jobs()) == large);
+    EXPECT_FALSE(QFileInfo::exists(Path(QStringLiteral("Backups/PuttingBack.txt"))));
+}
+
 TEST_F(PutBackTest, ItRefusesWhileTheProgramRunsAndTheProgramWhileItWorks) {
     const QByteArray before = BytesOf(DatabaseFile());
     {
