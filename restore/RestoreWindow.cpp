@@ -230,8 +230,10 @@ void RestoreWindow::PutBack_Click() {
                  .arg(CopyTitle(name)));
     } catch (const RuntimeError& error) {
         QApplication::restoreOverrideCursor();
-        Tell(QStringLiteral("The copy was not put back.\n\n%1").arg(error.Text()),
-             PromptIcon::Critical);
+        QStringList words{QStringLiteral("The copy was not put back."), error.Text()};
+        if (!error.Advice().isEmpty())
+            words += error.Advice();
+        Tell(words.join(QStringLiteral("\n\n")), PromptIcon::Critical);
     }
     Refresh();
 }

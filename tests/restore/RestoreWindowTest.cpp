@@ -137,6 +137,24 @@ TEST_F(RestoreWindowTest, ItRefusesWhileTheProgramRuns) {
     Click(Find(window, u"PutBack"_s));
 }
 
+TEST_F(RestoreWindowTest, WhatStandsInItsWayIsNamedWithTheWayOut) {
+    MakeCopies(1);
+    const QString note = Path(u"Backups/PuttingBack.txt"_s);
+    ASSERT_TRUE(QDir().mkdir(note));
+    RestoreWindow window;
+    window.show();
+    Settle();
+    Boxes.Expect(u"Put back all accounts and Dutygrids as they were on Wednesday, 7 March "
+                 "2001?\n\nCompared with now: Anna has 5 points fewer.\n\nWhat is stored now is "
+                 "kept as a copy in this list."_s,
+                 PromptAnswer::Yes);
+    Boxes.Expect(
+        u"The copy was not put back.\n\nPath/File access error\n\n%1 is a folder, and a "
+        "file belongs there. Rename the folder, and put the file in its place."_s.arg(note));
+    Click(Find(window, u"PutBack"_s));
+    Boxes.VerifyAllShown();
+}
+
 TEST_F(RestoreWindowTest, TheProgramShowsItUnderItsNameUntilItIsClosed) {
     MakeCopies(1);
     const QString name = QCoreApplication::applicationName();

@@ -187,6 +187,16 @@ TEST_F(PutBackTest, AFileThatMayNotBeOpenedMakesRoom) {
     EXPECT_EQ(QDir(Path(QStringLiteral("Database"))).entryList(QDir::Files).size(), 2);
 }
 
+TEST_F(PutBackTest, PipesBesideTheFormerFileGoWithIt) {
+    for (const char* beside : {"-journal", "-wal"})
+        ASSERT_EQ(
+            ::mkfifo(QFile::encodeName(DatabaseFile() + QLatin1String(beside)).constData(), 0600),
+            0);
+    PutCopyBack(CopiedDay);
+    ExpectCopyInPlace();
+    EXPECT_EQ(SummaryOf(DatabaseFile()).Fault, QString());
+}
+
 TEST_F(PutBackTest, TheJournalOfTheFormerFileGoesWithIt) {
     const QString journal = DatabaseFile() + QStringLiteral("-journal");
     WriteBytes(journal, "not of this file");
