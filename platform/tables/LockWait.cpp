@@ -29,10 +29,11 @@ int LockWait::TryAgain(void* self, int tries) {
     // Once in an operation, however many locks it meets.
     if (!wait.waited_.isValid())
         wait.waited_.start();
-    if (wait.waited_.hasExpired(longest_))
-        return 0;
+    // First: a busy machine may let more than the rest of the time pass between two tries.
     if (wait.waited_.hasExpired(Felt) && !std::exchange(wait.isShown_, true))
         ReportWaiting(true);
+    if (wait.waited_.hasExpired(longest_))
+        return 0;
     sqlite3_sleep(std::min(tries + 1, LongestPause));
     return 1;
 }

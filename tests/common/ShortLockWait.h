@@ -9,7 +9,7 @@
 class ShortLockWait {
 public:
     ShortLockWait() {
-        constexpr int toldByThen = 700; // milliseconds
+        constexpr int toldByThen = 500; // milliseconds
         LockWait::SetLongest(toldByThen);
     }
     ~ShortLockWait() { LockWait::SetLongest(LockWait::UsualLongest); }
