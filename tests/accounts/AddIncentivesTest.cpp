@@ -41,7 +41,8 @@ protected:
     }
     static QString Frontmost() {
         const auto& area = Find<QMdiArea>(MainWindow(), QStringLiteral("Area"));
-        return area.activeSubWindow()->widget()->objectName();
+        const QMdiSubWindow* front = area.activeSubWindow();
+        return front == nullptr ? QString() : front->widget()->objectName();
     }
 };
 

@@ -100,7 +100,7 @@ protected:
         combo.showPopup();
         Settle();
         combo.view()->setCurrentIndex(combo.model()->index(entry, 0));
-        QTest::keyClick(combo.view(), Qt::Key_Return);
+        Press(*combo.view(), Qt::Key_Return);
         Settle();
     }
 

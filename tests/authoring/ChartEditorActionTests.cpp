@@ -25,7 +25,7 @@ TEST_F(ChartEditorActions, EnterInAnyOtherBoxAddsARowEachTime) {
 
 TEST_F(ChartEditorActions, EnterInTheTextOfACombosBoxAddsOneRow) {
     ChartEditor& editor = NewChart();
-    QTest::keyClick(RowControl<QComboBox>(editor, u"DayOfWeek"_s, 0).lineEdit(), Qt::Key_Return);
+    Press(*RowControl<QComboBox>(editor, u"DayOfWeek"_s, 0).lineEdit(), Qt::Key_Return);
     EXPECT_EQ(editor.RowCount(), 2);
 }
 
@@ -168,15 +168,15 @@ TEST_F(ChartEditorActions, PointsWithALeadingNumberPass) {
 TEST_F(ChartEditorActions, PointsAreCheckedAtEachKeystroke) {
     ChartEditor& editor = NewChart();
     auto& points = RowControl<QLineEdit>(editor, u"Points"_s, 0);
-    QTest::keyClicks(&points, u"12"_s);
-    QTest::keyClicks(&points, u"x"_s);
+    TypeOn(points, u"12"_s);
+    TypeOn(points, u"x"_s);
     EXPECT_EQ(points.text(), u"12x"_s);
     Boxes.Expect(PointsMessage);
     Type(points, u"-"_s);
     EXPECT_EQ(points.text(), QString());
-    QTest::keyClicks(&points, u"0"_s);
+    TypeOn(points, u"0"_s);
     Boxes.Expect(PointsMessage);
-    QTest::keyClicks(&points, u"0"_s);
+    TypeOn(points, u"0"_s);
     EXPECT_EQ(points.text(), QString());
 }
 
@@ -184,7 +184,7 @@ TEST_F(ChartEditorActions, PointsOfRowsAddedLaterAreCheckedToo) {
     ChartEditor& editor = NewChart();
     AddJobs(editor, 1);
     Boxes.Expect(PointsMessage);
-    QTest::keyClicks(&RowControl(editor, u"Points"_s, 1), u"q"_s);
+    TypeOn(RowControl(editor, u"Points"_s, 1), u"q"_s);
     EXPECT_EQ(editor.Row(1).Points, QString());
 }
 

@@ -214,7 +214,7 @@ TEST_F(ChartEditorForm, CreateNewTaskLeavesTheDayListToItsCaller) {
 TEST_F(ChartEditorForm, OneScrollStepIsOneRow) {
     ChartEditor& editor = NewChart();
     AddJobs(editor, 3);
-    QTest::keyClick(&Scroll(editor), Qt::Key_Down);
+    Press(Scroll(editor), Qt::Key_Down);
     EXPECT_EQ(Scroll(editor).value(), 1);
     EXPECT_EQ(editor.Points.Top(1), 650);
     EXPECT_EQ(editor.Points.Top(2), 1030);
@@ -382,8 +382,8 @@ TEST_F(ChartEditorForm, TabWalksTheRowsFromLeftToRightAndDown) {
     RowControl(editor, u"Instructions"_s, 0).setFocus();
     QStringList names;
     for (int step = 0; step < 13; ++step) {
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        names += QApplication::focusWidget()->objectName();
+        KeyToFocus(Qt::Key_Tab);
+        names += Focused().objectName();
     }
     EXPECT_EQ(names, (QStringList{u"DayOfWeek(0)"_s, u"AdultResponsable(0)"_s, u"Difficulty(0)"_s,
                                   u"Points(0)"_s, u"JobDelete(0)"_s, u"Instructions(1)"_s,

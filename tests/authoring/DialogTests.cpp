@@ -114,7 +114,7 @@ TEST_F(NewDialog, OkWhileTheMessageStandsDoesNothing) {
     Boxes.Expect(TakenMessage, PromptAnswer::Ok, [] {
         QTest::mouseClick(&Ok(), Qt::LeftButton);
         Name().setText(u"Other"_s);
-        QTest::keyClick(&Name(), Qt::Key_Return);
+        Press(Name(), Qt::Key_Return);
         EXPECT_EQ(ChartFormIndex, 0);
     });
     Click(Ok());

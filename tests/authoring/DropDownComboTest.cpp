@@ -1,4 +1,5 @@
 #include "authoring/DropDownCombo.h"
+#include "tests/common/ActiveWindow.h"
 #include "tests/common/FormTest.h"
 
 #include <QAbstractItemView>
@@ -28,9 +29,11 @@ protected:
     int EntriesWith(int below) {
         const QRect screen = window.screen()->availableGeometry();
         window.move(100, screen.bottom() - below - combo.height());
-        EXPECT_TRUE(QTest::qWaitFor([&] {
-            return combo.mapToGlobal(QPoint(0, combo.height())).y() == screen.bottom() - below;
-        }));
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] {
+                return combo.mapToGlobal(QPoint(0, combo.height())).y() == screen.bottom() - below;
+            },
+            Patience));
         combo.showPopup();
         EXPECT_TRUE(combo.IsDropped());
         combo.hidePopup();
@@ -78,9 +81,9 @@ TEST_F(DropDownComboTest, OfALongTextTheBeginningShowsOnceTheKeyboardHasGone) {
     QLineEdit next(&window);
     next.show();
     window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window, Patience));
+    ASSERT_TRUE(BecomesActive(window));
     text.setFocus();
-    QTest::keyClicks(&text, u"Feed the cat, the dog and both of the rabbits"_s);
+    TypeOn(text, u"Feed the cat, the dog and both of the rabbits"_s);
     EXPECT_EQ(text.cursorPosition(), text.text().size());
     next.setFocus();
     EXPECT_EQ(text.cursorPosition(), 0);

@@ -182,7 +182,7 @@ TEST_F(EditorScroll, TheWheelChangesNoBox) {
 TEST_F(EditorScroll, TabIntoARowBelowTheFrameBringsItIntoSight) {
     ChartEditor& editor = FifteenJobs();
     Focus(editor, u"JobDelete"_s, 10);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    KeyToFocus(Qt::Key_Tab);
     EXPECT_EQ(QApplication::focusWidget(), &RowControl(editor, u"Instructions"_s, 11));
     ExpectRows(editor, 1);
 }
@@ -191,7 +191,7 @@ TEST_F(EditorScroll, ShiftTabIntoARowAboveTheListBringsItIntoSight) {
     ChartEditor& editor = FifteenJobs();
     Scroll(editor).setValue(5);
     Focus(editor, u"Instructions"_s, 5);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ShiftModifier);
+    KeyToFocus(Qt::Key_Tab, Qt::ShiftModifier);
     EXPECT_EQ(QApplication::focusWidget(), &RowControl(editor, u"JobDelete"_s, 4));
     ExpectRows(editor, 4);
 }
@@ -199,7 +199,7 @@ TEST_F(EditorScroll, ShiftTabIntoARowAboveTheListBringsItIntoSight) {
 TEST_F(EditorScroll, ShiftTabFromTheBarGoesToTheLastRow) {
     ChartEditor& editor = FifteenJobs();
     Scroll(editor).setFocus();
-    QTest::keyClick(&Scroll(editor), Qt::Key_Backtab, Qt::ShiftModifier);
+    Press(Scroll(editor), Qt::Key_Backtab, Qt::ShiftModifier);
     EXPECT_EQ(QApplication::focusWidget(), &RowControl(editor, u"JobDelete"_s, 14));
     ExpectRows(editor, 4);
 }
@@ -211,7 +211,7 @@ TEST_F(EditorScroll, TabGoesThroughAllRowsAndNoneIsTorn) {
         for (const QString& column : FocusColumns) {
             ASSERT_EQ(QApplication::focusWidget(), &RowControl(editor, column, row));
             ExpectRows(editor, std::max(0, row - 10));
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            KeyToFocus(Qt::Key_Tab);
         }
     EXPECT_EQ(QApplication::focusWidget(), &Scroll(editor));
 }

@@ -19,8 +19,8 @@ TEST_F(KeyboardStart, InTheNameAtEveryNew) {
         Default<Newfrm>().Show();
         Settle();
         ExpectIn(Find(Default<Newfrm>(), u"NameOfNewChart"_s));
-        QTest::keyClicks(QApplication::focusWidget(), name);
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        TypeOn(Focused(), name);
+        KeyToFocus(Qt::Key_Return);
         Settle();
         EXPECT_EQ(LastEditor().ChartName, name);
         Boxes.Expect(CloseQuestion, PromptAnswer::Yes);
@@ -43,9 +43,9 @@ TEST_F(KeyboardStart, InTheListOfCharts) {
     dialog.Show();
     Settle();
     ExpectIn(Find(dialog, u"ChartList"_s));
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    KeyToFocus(Qt::Key_Down);
     EXPECT_EQ(dialog.SelectedChart(), u"Chores Anna"_s) << "the first key takes the first row";
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    KeyToFocus(Qt::Key_Return);
     Settle();
     EXPECT_EQ(LastEditor().ChartName, u"Chores Anna"_s);
 }
@@ -77,7 +77,7 @@ TEST_F(KeyboardStart, OnNoBeforeAChartIsDeleted) {
     ChartEditor& editor = OpenChart(u"Chores Anna"_s);
     Click(Find(editor, u"DeleteChart"_s));
     ExpectIn(Find(Default<DeleteChartForm>(), u"No"_s));
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    KeyToFocus(Qt::Key_Escape);
     Settle();
     EXPECT_EQ(ExistingForm(u"DeleteChartForm"_s), nullptr);
     Boxes.Expect(DeleteQuestion, PromptAnswer::No);

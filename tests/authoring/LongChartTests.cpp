@@ -122,7 +122,7 @@ TEST_F(LongChart, AFrameThatGrowsBackShowsMoreRows) {
 TEST_F(LongChart, TabGoesOnIntoARowThatWaits) {
     const int made = MadeRows();
     editor_->JobDelete[made - 1].setFocus();
-    QTest::keyClick(&editor_->JobDelete[made - 1], Qt::Key_Tab);
+    FormTest::Press(editor_->JobDelete[made - 1], Qt::Key_Tab);
     EXPECT_TRUE(editor_->Instructions[made].hasFocus());
     ExpectControls(made, JobAt(made));
     EXPECT_LT(MadeRows(), Jobs) << "not all of them";
@@ -130,7 +130,7 @@ TEST_F(LongChart, TabGoesOnIntoARowThatWaits) {
 
 TEST_F(LongChart, ShiftTabFromTheBarGoesIntoTheLastRowThoughItWaits) {
     Scroll(*editor_).setFocus();
-    QTest::keyClick(&Scroll(*editor_), Qt::Key_Backtab, Qt::ShiftModifier);
+    FormTest::Press(Scroll(*editor_), Qt::Key_Backtab, Qt::ShiftModifier);
     EXPECT_TRUE(editor_->JobDelete[Jobs - 1].hasFocus());
     ExpectControls(Jobs - 1, JobAt(Jobs - 1));
 }

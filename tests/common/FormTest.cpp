@@ -6,7 +6,6 @@
 #include "tests/common/ActiveWindow.h"
 #include "tests/common/Pictures.h"
 #include "tests/common/TestRun.h"
-#include "tests/common/WindowsAtRest.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -50,9 +49,17 @@ FormTest::~FormTest() {
     LetWindowsRest();
 }
 
-void FormTest::Settle() {
-    LetWindowsRest();
+namespace {
+
+void ExpectCommitted() {
     EXPECT_FALSE(IsUnderWay()) << "a kill would undo what has just been done";
+}
+
+} // namespace
+
+void FormTest::Settle(Keyboard keyboard) {
+    LetWindowsRest(keyboard);
+    ExpectCommitted();
 }
 
 void FormTest::MakeAccount(const QString& name, const QString& password, const QString& state) {
@@ -73,10 +80,7 @@ void FormTest::Click(QWidget& control) {
     Settle();
 }
 
-void FormTest::SizeMainWindow(const QSize& size) {
-    QWidget& window = DefaultForm(QStringLiteral("MainForm")).Widget();
-    window.setWindowState(Qt::WindowNoState);
-    Settle();
+void FormTest::SizeWindow(QWidget& window, const QSize& size) {
     // A window manager that is behind may give it the size before once more.
     const auto holds = [&] {
         window.resize(size);
@@ -85,6 +89,13 @@ void FormTest::SizeMainWindow(const QSize& size) {
         return window.size() == size;
     };
     EXPECT_TRUE(QTest::qWaitFor(holds, Patience));
+}
+
+void FormTest::SizeMainWindow(const QSize& size) {
+    QWidget& window = DefaultForm(QStringLiteral("MainForm")).Widget();
+    window.setWindowState(Qt::WindowNoState);
+    Settle();
+    SizeWindow(window, size);
 }
 
 void FormTest::MouseTo(const QWidget& control) {
@@ -163,11 +174,33 @@ void FormTest::Type(QWidget& control, const QString& text) {
         box = combo->lineEdit();
     QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(box, Qt::Key_Delete);
-    QTest::keyClicks(box, text);
+    TypeOn(*box, text);
 }
 
-void FormTest::Press(QWidget& control, Qt::Key key) {
-    QTest::keyClick(&control, key);
+void FormTest::TypeOn(QWidget& control, const QString& text) {
+    QTest::keyClicks(&control, text);
+    ExpectCommitted();
+}
+
+void FormTest::Press(QWidget& control, Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(&control, key, modifiers);
+    ExpectCommitted();
+}
+
+void FormTest::KeyToWindow(const QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(window.windowHandle(), key, modifiers);
+    ExpectCommitted();
+}
+
+QWidget& FormTest::Focused() {
+    QWidget* focused = QApplication::focusWidget();
+    if (focused == nullptr)
+        throw std::runtime_error("no control has the focus");
+    return *focused;
+}
+
+void FormTest::KeyToFocus(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    Press(Focused(), key, modifiers);
 }
 
 void FormTest::LookAt(QWidget& seen, const QString& name) {

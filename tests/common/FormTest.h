@@ -2,6 +2,7 @@
 
 #include "platform/forms/DefaultForms.h"
 #include "tests/common/TestWorld.h"
+#include "tests/common/WindowsAtRest.h"
 
 #include <QWidget>
 #include <stdexcept>
@@ -14,9 +15,8 @@ protected:
     ~FormTest() override;
 
     /// Lets events run until the windows have come to rest and activations have been delivered,
-    /// however slow the window manager is; at most about two seconds. What a hand did before is
-    /// committed then.
-    static void Settle();
+    /// however slow the window manager is. What a hand did before is committed then.
+    static void Settle(Keyboard keyboard = Keyboard::InTheProgram);
 
     /// Adds an account with a picture straight to the store. State: "Teacher" or "Student".
     static void MakeAccount(const QString& name, const QString& password, const QString& state);
@@ -36,6 +36,8 @@ protected:
     /// A click in the middle of a control by the mouse, then Settle.
     static void Click(QWidget& control);
     static void DoubleClick(QWidget& control);
+    /// Makes a window so large, then Settle.
+    static void SizeWindow(QWidget& window, const QSize& size);
     /// Makes the main window, no longer maximised, so large, then Settle.
     static void SizeMainWindow(const QSize& size);
     /// Lays the mouse on the middle of a control, then Settle.
@@ -48,8 +50,17 @@ protected:
     static void DoubleClickEmptyPart(QWidget& list);
     /// Replaces a text box's or combo box's text by typed keys.
     static void Type(QWidget& control, const QString& text);
-    /// A key press and release on a control.
-    static void Press(QWidget& control, Qt::Key key);
+    /// Types keys where the text box's cursor stands.
+    static void TypeOn(QWidget& control, const QString& text);
+    /// A key press and release on a control; what the key did is committed then.
+    static void Press(QWidget& control, Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+    /// The same in a window, which hands it to its control that has the focus.
+    static void KeyToWindow(const QWidget& window, Qt::Key key,
+                            Qt::KeyboardModifiers modifiers = {});
+    /// The same on the control that has the focus. Fails the test hard if none has.
+    static void KeyToFocus(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+    /// The control that has the focus. Fails the test hard if none has.
+    static QWidget& Focused();
 
     /// What a tool tip shows, as far as it is text.
     static QString ShownTip(const QString& toolTip);

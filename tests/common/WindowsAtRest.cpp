@@ -1,5 +1,7 @@
 #include "tests/common/WindowsAtRest.h"
 
+#include "tests/common/TestRun.h"
+
 #include <QAbstractNativeEventFilter>
 #include <QApplication>
 #include <QDeadlineTimer>
@@ -12,6 +14,7 @@
 #include <QtGui/qguiapplication_platform.h>
 #include <cstdint>
 #include <cstdlib>
+#include <gtest/gtest.h>
 #include <limits>
 #include <string_view>
 #include <xcb/xcb.h>
@@ -137,9 +140,9 @@ private:
     QElapsedTimer last_;
 };
 
-/// True while a window is shown that is not drawn yet, or none of those shown has the focus: the
-/// window manager has not come to it.
-bool WindowManagerIsBehind() {
+/// True while a window is shown that is not drawn yet, or none of those shown has the focus though
+/// one is meant to: the window manager has not come to it.
+bool WindowManagerIsBehind(Keyboard keyboard) {
     if (QApplication::activeModalWidget() != nullptr)
         return false;
     bool anyShown = false;
@@ -152,22 +155,26 @@ bool WindowManagerIsBehind() {
         if (window->windowHandle() == nullptr || !window->windowHandle()->isExposed())
             return true;
     }
-    return anyShown && QApplication::activeWindow() == nullptr;
+    return anyShown && keyboard == Keyboard::InTheProgram &&
+           QApplication::activeWindow() == nullptr;
 }
 
 } // namespace
 
-void LetWindowsRest() {
-    // Another program may keep the focus for good.
-    const QDeadlineTimer latest(2000);
+void LetWindowsRest(Keyboard keyboard) {
+    const QDeadlineTimer latest(Patience);
     // A window manager may put off what it is asked, and a window that goes within a few
     // milliseconds of its coming may leave the focus to nobody.
     constexpr int calm = 20; // milliseconds
     constexpr int calmRounds = 2;
     static const WindowUnrest unrest;
-    for (int rounds = 0; rounds < calmRounds && !latest.hasExpired();) {
+    for (int rounds = 0; rounds < calmRounds;) {
+        if (latest.hasExpired()) {
+            ADD_FAILURE() << "the windows do not come to rest";
+            return;
+        }
         RunUntilAllIsDone(latest);
-        const bool isCalm = unrest.Age() >= calm && !WindowManagerIsBehind();
+        const bool isCalm = unrest.Age() >= calm && !WindowManagerIsBehind(keyboard);
         rounds = isCalm ? rounds + 1 : 0;
         if (!isCalm)
             QTest::qWait(5);

@@ -35,8 +35,6 @@ protected:
         EXPECT_EQ(viewer_->DayNumber, day);
         EXPECT_EQ(DesktopCalls.Sounds.count(PageSound()), pages);
     }
-    /// Waits longer than Settle: for windows of other processes.
-    static void Wait() { QTest::qWait(300); }
 
     static constexpr int Wednesday = 4;
 
@@ -45,7 +43,7 @@ private:
 };
 
 TEST_F(ViewerActivationTest, OpeningTurnsToTodayAndNoFurther) {
-    Wait();
+    Settle();
     ExpectDay(Wednesday, 0);
 }
 
@@ -100,7 +98,7 @@ TEST_F(ViewerActivationTest, AMessageBoxTurnsNothing) {
         box.accept();
     });
     box.exec();
-    Wait();
+    Settle();
     ExpectDay(Wednesday, 0);
 }
 
@@ -112,7 +110,7 @@ TEST_F(ViewerActivationTest, AFileDialogTurnsNothing) {
         dialog.reject();
     });
     dialog.exec();
-    Wait();
+    Settle();
     ExpectDay(Wednesday, 0);
 }
 
@@ -120,10 +118,11 @@ TEST_F(ViewerActivationTest, AMenuTurnsNothing) {
     auto& menus = Find<QMenuBar>(Main(), QStringLiteral("Menus"));
     QMenu* menu = menus.actions().first()->menu();
     menu->popup(menus.mapToGlobal(QPoint(0, menus.height())));
-    Wait();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(menu, Patience));
+    Settle();
     EXPECT_TRUE(menu->isVisible());
     menu->close();
-    Wait();
+    Settle();
     ExpectDay(Wednesday, 0);
 }
 
@@ -131,24 +130,25 @@ TEST_F(ViewerActivationTest, AnotherProgramsWindowTurnsNothing) {
     QProcess other;
     ASSERT_TRUE(StartAnotherProgram(other));
     ASSERT_TRUE(QTest::qWaitFor([this] { return !Main().isActiveWindow(); }, Patience));
-    Wait();
+    Settle(Keyboard::InAnotherProgram);
     ExpectDay(Wednesday, 0);
     other.terminate();
     other.waitForFinished();
     Main().activateWindow();
     ASSERT_TRUE(BecomesActive(Main()));
-    Wait();
+    Settle();
     ExpectDay(Wednesday, 0);
 }
 
 TEST_F(ViewerActivationTest, MinimisingTheMainWindowTurnsNothing) {
     Main().showMinimized();
-    Wait();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !Main().isActiveWindow(); }, Patience));
+    Settle();
     ExpectDay(Wednesday, 0);
     Main().showNormal();
     Main().activateWindow();
     ASSERT_TRUE(BecomesActive(Main()));
-    Wait();
+    Settle();
     ExpectDay(Wednesday, 0);
 }
 
@@ -158,12 +158,13 @@ TEST_F(ViewerActivationTest, LogOffAndLogInTurnOnePage) {
     Form& logIn = DefaultForm(QStringLiteral("LogIn"));
     logIn.Show();
     ASSERT_TRUE(BecomesActive(logIn.Widget()));
-    Wait();
+    Settle();
     ExpectDay(Wednesday, 0);
     logIn.Unload();
     mainForm.Show();
     ASSERT_TRUE(BecomesActive(mainForm.Widget()));
-    Wait();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Viewer().DayNumber != Wednesday; }, Patience));
+    Settle();
     // From the log-in window, a form of the program, back to the viewer.
     ExpectDay(Wednesday + 1, 1);
 }
@@ -181,7 +182,7 @@ TEST_F(ViewerActivationTest, TheGoalMessageAndThePrintQuestionsTurnNothing) {
     };
     Boxes.Expect(GoalMessage, PromptAnswer::Ok, realBox);
     Click(Viewer().ClearImg[0]);
-    Wait();
+    Settle();
     ExpectDay(Wednesday, 0);
 }
 

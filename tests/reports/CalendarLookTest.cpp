@@ -88,8 +88,8 @@ TEST_F(CalendarLookTest, TheYearIsWrittenInABoxWithoutTriangles) {
     const QImage picture = year.grab().toImage();
     for (const int x : {0, picture.width() - 1})
         EXPECT_EQ(picture.pixelColor(x, picture.height() / 2), LookColors::Teal) << x;
-    QTest::keyClick(&year, Qt::Key_Up);
-    QTest::keyClick(&year, Qt::Key_Return);
+    Press(year, Qt::Key_Up);
+    Press(year, Qt::Key_Return);
     Settle();
     EXPECT_EQ(calendar_.Value(), QDate(2002, 3, 7));
 }

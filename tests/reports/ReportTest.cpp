@@ -109,7 +109,7 @@ void ReportTest::ChooseDay(const QDate& date) {
     auto& days = Find(calendar, u"qt_calendar_calendarview"_s);
     const qint64 steps = calendar.selectedDate().daysTo(date);
     for (qint64 step = 0; step < qAbs(steps); ++step)
-        QTest::keyClick(&days, steps < 0 ? Qt::Key_Left : Qt::Key_Right);
+        Press(days, steps < 0 ? Qt::Key_Left : Qt::Key_Right);
     EXPECT_EQ(calendar.selectedDate(), date);
 }
 

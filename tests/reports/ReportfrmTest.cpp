@@ -331,14 +331,14 @@ TEST_F(ReportfrmTest, DeleteAndMenuKeysAskAsTheRightButtonDoes) {
     Pick(Kids, u"Anna"_s);
     Pick(Charts, Piano);
     Boxes.Expect(DeleteChart, PromptAnswer::No);
-    QTest::keyClick(&List(Charts), Qt::Key_Menu);
+    Press(List(Charts), Qt::Key_Menu);
     EXPECT_EQ(Entries(Charts), (QStringList{Chores, Piano}));
     Boxes.Expect(DeleteChart, PromptAnswer::Yes);
-    QTest::keyClick(&List(Charts), Qt::Key_Delete);
+    Press(List(Charts), Qt::Key_Delete);
     EXPECT_EQ(Entries(Charts), QStringList{Chores});
     EXPECT_FALSE(Database().ChartExist(Piano));
     CurrentState = u"Student"_s;
-    QTest::keyClick(&List(Charts), Qt::Key_Delete);
+    Press(List(Charts), Qt::Key_Delete);
     EXPECT_EQ(Entries(Charts), QStringList{Chores});
 }
 

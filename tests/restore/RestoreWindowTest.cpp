@@ -78,9 +78,9 @@ TEST_F(RestoreWindowTest, TheCopiesAreListedByDayAndSayWhatIsOtherwise) {
               u"Wednesday, 7 March 2001: 9 accounts, 0 charts and 0 past weeks"_s);
     LookAt(window, u"Restore"_s);
 
-    QTest::keyClick(&copies, Qt::Key_Tab);
+    Press(copies, Qt::Key_Tab);
     EXPECT_TRUE(Find(window, u"PutBack"_s).hasFocus());
-    QTest::keyClick(&Find(window, u"PutBack"_s), Qt::Key_Tab);
+    Press(Find(window, u"PutBack"_s), Qt::Key_Tab);
     EXPECT_TRUE(Find(window, u"Close"_s).hasFocus());
 }
 

@@ -63,7 +63,7 @@ TEST_F(NewUserTest, OpensAsAChildOfTheHomeVersionWithTheLogInBehind) {
     EXPECT_TRUE(IsShown(QStringLiteral("LogIn")));
     EXPECT_EQ(Box("UserName").maxLength(), 50);
     EXPECT_EQ(Box("Password").maxLength(), 50);
-    QTest::keyClicks(&Box("Password"), QStringLiteral("ab"));
+    TypeOn(Box("Password"), QStringLiteral("ab"));
     EXPECT_EQ(Box("Password").displayText(), QStringLiteral("**"));
     const QList<std::pair<const char*, const char*>> captions = {
         {"Command1", "Browse Picture"}, {"Ok", "Ok"}, {"Cancel", "Cancel"}};
@@ -325,7 +325,7 @@ TEST_F(ChangePasswordTest, OpensForTheSelectedAccountWithTheLogInBehind) {
     EXPECT_TRUE(IsShown(QStringLiteral("LogIn")));
     for (const char* box : {"OldPAss", "NewPass"}) {
         EXPECT_EQ(Box(box).maxLength(), 50);
-        QTest::keyClicks(&Box(box), QStringLiteral("abc"));
+        TypeOn(Box(box), QStringLiteral("abc"));
         EXPECT_EQ(Box(box).displayText(), QStringLiteral("???"));
     }
     const QList<std::pair<const char*, const char*>> captions = {

@@ -57,7 +57,10 @@ void PrintTo(const PressedForm& form, std::ostream* out) {
 
 template <class Control>
 Control& In(const QWidget& form, const char* name) {
-    return *form.findChild<Control*>(QString::fromLatin1(name));
+    auto* control = form.findChild<Control*>(QString::fromLatin1(name));
+    if (control == nullptr)
+        throw std::runtime_error(std::string("no control ") + name);
+    return *control;
 }
 
 PressedForm ListForm(const char* name, const char* list, const char* user, const char* state,
@@ -99,7 +102,10 @@ const PressedForm Forms[] = {
          In<QPushButton>(form, "Yes").setFocus();
          Default<frmAboutDutygrid>().SetFocus();
      },
-     [](const QWidget& form) { return form.focusWidget()->objectName(); }, "No"},
+     [](const QWidget& form) {
+         return form.focusWidget() == nullptr ? QString() : form.focusWidget()->objectName();
+     },
+     "No"},
     {"ResetDate", "NextWeek", "Mum", "Teacher", [] {},
      [](QWidget& form) { In<QRadioButton>(form, "NextWeek").setChecked(true); },
      [](const QWidget& form) {

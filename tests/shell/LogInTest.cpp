@@ -222,7 +222,7 @@ TEST_F(LogInTest, EnterLogsInTheAccountOfItsListThoughTheOtherWasTouchedLast) {
 TEST_F(LogInTest, FirstLettersOfANameChooseIt) {
     ShowLogIn();
     Students().setFocus();
-    QTest::keyClicks(&Students(), QStringLiteral("to"));
+    TypeOn(Students(), QStringLiteral("to"));
     EXPECT_EQ(Students().SelectedName(), QStringLiteral("Tom"));
     EXPECT_EQ(Default<LogIn>().ActiveList, 2);
 }

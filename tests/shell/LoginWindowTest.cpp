@@ -35,7 +35,7 @@ TEST_F(LoginWindowTest, ShowsTheNameAndMasksThePassword) {
     EXPECT_FALSE(Box("UserName").isReadOnly());
     EXPECT_EQ(Box("UserName").maxLength(), 50);
     EXPECT_EQ(Box("Password").maxLength(), 50);
-    QTest::keyClicks(&Box("Password"), QStringLiteral("cat"));
+    TypeOn(Box("Password"), QStringLiteral("cat"));
     EXPECT_EQ(Box("Password").displayText(), QStringLiteral("***"));
     EXPECT_EQ(Find<QPushButton>(window, QStringLiteral("Ok")).text(), QStringLiteral("Log in"));
     EXPECT_EQ(Find<QPushButton>(window, QStringLiteral("Cancel")).text(), QStringLiteral("Cancel"));
@@ -204,8 +204,8 @@ TEST_F(LoginWindowTest, ClosingTheWindowGoesBackAsCancelDoes) {
 }
 
 TEST_F(LoginWindowTest, EscapeGoesBackAsCancelDoes) {
-    QTest::keyClick(&OpenFor(Teachers), Qt::Key_Escape);
-    EXPECT_TRUE(QTest::qWaitFor([] { return IsShown(QStringLiteral("LogIn")); }));
+    Press(OpenFor(Teachers), Qt::Key_Escape);
+    EXPECT_TRUE(QTest::qWaitFor([] { return IsShown(QStringLiteral("LogIn")); }, Patience));
     EXPECT_EQ(ExistingForm(QStringLiteral("LoginWindow")), nullptr);
 }
 

@@ -156,6 +156,7 @@ TEST_F(MainFormTest, SecondPressBringsUpTheSameInstanceBesideOthers) {
     EXPECT_TRUE(IsShown(QStringLiteral("frmAboutDutygrid")));
     const auto& area = Find<QMdiArea>(MainWindow(), QStringLiteral("Area"));
     EXPECT_EQ(area.subWindowList().size(), 2);
+    ASSERT_NE(area.activeSubWindow(), nullptr);
     EXPECT_EQ(area.activeSubWindow()->widget(), first);
 }
 
@@ -164,25 +165,25 @@ TEST_F(MainFormTest, F6GoesFromTheToolbarToTheFormInFrontAndBack) {
     Push(QLatin1String("Options"));
     const QWidget& form = DefaultForm(QStringLiteral("BackgroundOptions")).Widget();
     ASSERT_TRUE(form.isAncestorOf(QApplication::focusWidget()));
-    QTest::keyClick(MainWindow().windowHandle(), Qt::Key_F6);
+    KeyToWindow(MainWindow(), Qt::Key_F6);
     EXPECT_TRUE(Toolbar().isAncestorOf(QApplication::focusWidget()));
-    QTest::keyClick(MainWindow().windowHandle(), Qt::Key_F6);
+    KeyToWindow(MainWindow(), Qt::Key_F6);
     EXPECT_TRUE(form.isAncestorOf(QApplication::focusWidget()));
 }
 
 TEST_F(MainFormTest, F10LeadsToTheFirstMenu) {
     StartAdult();
-    QTest::keyClick(MainWindow().windowHandle(), Qt::Key_F10);
+    KeyToWindow(MainWindow(), Qt::Key_F10);
     EXPECT_EQ(MainWindow().menuBar()->activeAction(),
               Find<QMenu>(MainWindow(), QStringLiteral("File")).menuAction());
-    QTest::keyClick(MainWindow().windowHandle(), Qt::Key_Escape);
+    KeyToWindow(MainWindow(), Qt::Key_Escape);
 }
 
 TEST_F(MainFormTest, AltAndItsLetterOpensAMenu) {
     StartAdult();
     for (const auto& [key, menu] :
          {std::pair(Qt::Key_F, "File"), {Qt::Key_O, "Optinos"}, {Qt::Key_H, "Help"}}) {
-        QTest::keyClick(MainWindow().windowHandle(), key, Qt::AltModifier);
+        KeyToWindow(MainWindow(), key, Qt::AltModifier);
         auto& opened = Find<QMenu>(MainWindow(), QString::fromLatin1(menu));
         EXPECT_TRUE(QTest::qWaitFor([&] { return opened.isVisible(); }, Patience)) << menu;
         opened.close();
@@ -202,10 +203,10 @@ TEST_F(MainFormTest, UnknownToolbarKeysDoNothing) {
 
 TEST_F(MainFormTest, ShortcutOfAHiddenEntryDoesNothing) {
     StartChild();
-    QTest::keyClick(&MainWindow(), Qt::Key_F2);
+    Press(MainWindow(), Qt::Key_F2);
     Settle();
     EXPECT_FALSE(IsShown(QStringLiteral("Newfrm")));
-    QTest::keyClick(&MainWindow(), Qt::Key_F4);
+    Press(MainWindow(), Qt::Key_F4);
     Settle();
     EXPECT_TRUE(IsShown(QStringLiteral("OpenFillfrm")));
 }
@@ -214,7 +215,7 @@ TEST_F(MainFormTest, HelpFromMenuButtonAndKey) {
     StartChild();
     Choose(QLatin1String("Contents"));
     Push(QLatin1String("Help"));
-    QTest::keyClick(&MainWindow(), Qt::Key_F1);
+    Press(MainWindow(), Qt::Key_F1);
     const QString call = Path(QStringLiteral("HelpFile/DutygridHlp.hlp")) + QStringLiteral(" 9");
     EXPECT_EQ(DesktopCalls.Helped, QStringList({call, call, call}));
 }
@@ -428,8 +429,9 @@ TEST_F(MainFormTest, TitlesShowNamesAsTheyStand) {
     const ChartEditor& editor = OpenEditor(QStringLiteral("[*]"));
     EXPECT_EQ(editor.Caption(), QStringLiteral("Editing [*] chart"));
     QWidget& frame = editor.Frame();
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(&frame)->text(QAccessible::Name),
-              QStringLiteral("Editing [*] chart"));
+    QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(&frame);
+    ASSERT_NE(reader, nullptr);
+    EXPECT_EQ(reader->text(QAccessible::Name), QStringLiteral("Editing [*] chart"));
     // On its own frame a title is only painted: it has to differ from one without the name.
     const QImage titled = frame.grab().toImage();
     LookAt(frame, QStringLiteral("ChartEditor-title"));

@@ -89,10 +89,10 @@ TEST_F(PrintLineTest, StaysUntilTheNextActionWhicheverItIs) {
         return !Line().isVisible();
     };
     EXPECT_TRUE(isGoneAfter([] { Click(Find(MainWindow(), u"Area"_s)); }));
-    EXPECT_TRUE(isGoneAfter([] { QTest::keyClick(&MainWindow(), Qt::Key_F2); })) << "a menu's key";
+    EXPECT_TRUE(isGoneAfter([] { Press(MainWindow(), Qt::Key_F2); })) << "a menu's key";
     auto& name = Find(Default<Newfrm>(), u"NameOfNewChart"_s);
-    EXPECT_TRUE(isGoneAfter([&name] { QTest::keyClicks(&name, u"x"_s); }));
-    EXPECT_FALSE(isGoneAfter([&name] { QTest::keyClick(&name, Qt::Key_Tab); }))
+    EXPECT_TRUE(isGoneAfter([&name] { TypeOn(name, u"x"_s); }));
+    EXPECT_FALSE(isGoneAfter([&name] { Press(name, Qt::Key_Tab); }))
         << "the keyboard is only on its way";
     EXPECT_FALSE(isGoneAfter([] { QTest::mouseClick(&Line(), Qt::LeftButton); }));
 }
@@ -101,7 +101,7 @@ TEST_F(PrintLineTest, TheKeyboardComesToItsButtonAndOn) {
     Push(QLatin1String("New"));
     Hear(Kept());
     const auto press = [](Qt::Key key) {
-        QTest::keyClick(QApplication::focusWidget(), key);
+        KeyToFocus(key);
         Settle();
     };
     press(Qt::Key_F6);

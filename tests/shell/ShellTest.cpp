@@ -1,4 +1,5 @@
 #include "tests/shell/ShellTest.h"
+#include "tests/common/ActiveWindow.h"
 
 #include <QFile>
 #include <QLabel>
@@ -39,7 +40,7 @@ QStringList ShellTest::SettingsLines() {
 }
 
 void ShellTest::WaitForActive(QWidget& form) {
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&form, Patience));
+    EXPECT_TRUE(BecomesActive(form));
     Settle();
 }
 

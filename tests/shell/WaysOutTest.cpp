@@ -30,7 +30,7 @@ TEST_F(WaysOutTest, MenuExitUnloadsTheWindowAndThenEndsTheProcess) {
 
 TEST_F(WaysOutTest, KeyOfMenuExit) {
     StartAdult();
-    QTest::keyClick(&MainWindow(), Qt::Key_X, Qt::ControlModifier);
+    Press(MainWindow(), Qt::Key_X, Qt::ControlModifier);
     Settle();
     EXPECT_EQ(Ends, QList<int>({0, 0}));
 }

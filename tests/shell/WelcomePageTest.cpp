@@ -202,7 +202,7 @@ TEST_F(WelcomePageTest, TabGoesFromTheToolbarThroughTheButtonsAndRound) {
     exit->setFocus();
     QStringList names;
     for (int step = 0; step < 5; ++step) {
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        KeyToFocus(Qt::Key_Tab);
         const auto* button = qobject_cast<WelcomeStep*>(QApplication::focusWidget());
         names += button == nullptr ? u"-"_s : button->text();
     }
@@ -216,9 +216,9 @@ TEST_F(WelcomePageTest, F6GoesFromTheToolbarToTheButtonsAndBack) {
     auto& toolbar = Find<QToolBar>(MainWindow(), u"KidToolbar"_s);
     Steps().at(2)->setFocus();
     LookAt(MainWindow(), u"Welcome-keyboard"_s);
-    QTest::keyClick(MainWindow().windowHandle(), Qt::Key_F6);
+    KeyToWindow(MainWindow(), Qt::Key_F6);
     EXPECT_TRUE(toolbar.isAncestorOf(QApplication::focusWidget()));
-    QTest::keyClick(MainWindow().windowHandle(), Qt::Key_F6);
+    KeyToWindow(MainWindow(), Qt::Key_F6);
     EXPECT_EQ(QApplication::focusWidget(), Steps().at(0));
 }
 
@@ -276,9 +276,9 @@ TEST_F(WelcomePageTest, APictureOfSomebodysOwnIsSeenWholeAndTheToolbarIsTheWay) 
     const QImage seen = Picture();
     EXPECT_EQ(seen.pixelColor(seen.rect().center()), QColor(Qt::red));
     auto& toolbar = Find<QToolBar>(MainWindow(), u"KidToolbar"_s);
-    QTest::keyClick(MainWindow().windowHandle(), Qt::Key_F6);
+    KeyToWindow(MainWindow(), Qt::Key_F6);
     EXPECT_TRUE(toolbar.isAncestorOf(QApplication::focusWidget()));
-    QTest::keyClick(MainWindow().windowHandle(), Qt::Key_F6);
+    KeyToWindow(MainWindow(), Qt::Key_F6);
     EXPECT_TRUE(toolbar.isAncestorOf(QApplication::focusWidget())) << "there is nowhere else";
     MainWindow().SetPicture(QImage());
     EXPECT_EQ(StepNames(), NamesOf(OfAdult));

@@ -1,4 +1,5 @@
 #include "widgets/LinkLabel.h"
+#include "tests/common/ActiveWindow.h"
 #include "tests/common/FormTest.h"
 #include "tests/common/Repaint.h"
 
@@ -22,7 +23,7 @@ protected:
         column->addWidget(&link);
         column->addWidget(&other);
         window.show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window, Patience));
+        EXPECT_TRUE(BecomesActive(window));
         other.setFocus();
     }
 
@@ -47,14 +48,14 @@ TEST_F(LinkLabelTest, ItIsClickedByTheLeftButtonLetGoOnIt) {
 
 TEST_F(LinkLabelTest, TheKeyboardReachesItByTabAndClicksItBySpaceAndEnter) {
     other.setFocus();
-    QTest::keyClick(&other, Qt::Key_Tab);
+    Press(other, Qt::Key_Tab);
     EXPECT_TRUE(link.hasFocus());
     int expected = 0;
     for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
-        QTest::keyClick(&link, key);
+        Press(link, key);
         EXPECT_EQ(clicks.size(), ++expected);
     }
-    QTest::keyClick(&link, Qt::Key_A);
+    Press(link, Qt::Key_A);
     EXPECT_EQ(clicks.size(), expected);
 }
 

@@ -14,7 +14,6 @@
 #include <QMessageBox>
 #include <QProcess>
 #include <QTest>
-#include <QTimer>
 #include <QVBoxLayout>
 #include <QtGui/qguiapplication_platform.h>
 #include <cstdlib>
@@ -94,8 +93,8 @@ protected:
         xcb_flush(display);
     }
 
-    static QStringList Taken() {
-        Settle();
+    static QStringList Taken(Keyboard keyboard = Keyboard::InTheProgram) {
+        Settle(keyboard);
         return std::exchange(Activations, {});
     }
 
@@ -165,17 +164,16 @@ TEST_F(ActivationTest, AMessageBoxDoesNotActivateTheFormBehindIt) {
 
 TEST_F(ActivationTest, AMenuDoesNotActivateTheFormBehindIt) {
     const auto first = Inside("first");
-    QTimer::singleShot(150, [] {
-        if (QWidget* popup = QApplication::activePopupWidget())
-            popup->close();
-    });
-    main_->menu->exec(main_->mapToGlobal(QPoint(20, 20)));
+    main_->menu->popup(main_->mapToGlobal(QPoint(20, 20)));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(main_->menu, Patience));
+    EXPECT_EQ(Taken(), QStringList());
+    main_->menu->close();
     EXPECT_EQ(Taken(), QStringList());
 }
 
 TEST_F(ActivationTest, AnotherProgramDoesNotActivateTheFormOnReturn) {
     const auto first = Inside("first");
-    WithAnotherProgram([] { EXPECT_EQ(Taken(), QStringList()); });
+    WithAnotherProgram([] { EXPECT_EQ(Taken(Keyboard::InAnotherProgram), QStringList()); });
     EXPECT_TRUE(BecomesActive(*main_));
     EXPECT_EQ(Taken(), QStringList());
 }
@@ -183,6 +181,7 @@ TEST_F(ActivationTest, AnotherProgramDoesNotActivateTheFormOnReturn) {
 TEST_F(ActivationTest, MinimisingAndRestoringTheMainWindowActivatesNothing) {
     const auto first = Inside("first");
     main_->showMinimized();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !main_->isActiveWindow(); }, Patience));
     EXPECT_EQ(Taken(), QStringList());
     main_->showNormal();
     main_->activateWindow();
@@ -232,12 +231,12 @@ TEST_F(ActivationTest, ClosingTheLastFormActivatesTheMainWindow) {
 TEST_F(ActivationTest, AFormThatRefusesStaysInFrontWithoutAnActivation) {
     const auto first = Inside("first");
     first->refuses = true;
-    main_->area.activeSubWindow()->close();
+    first->Frame().close();
     EXPECT_EQ(Taken(), QStringList());
     ASSERT_FALSE(first.isNull());
     EXPECT_TRUE(first->isVisible());
     first->refuses = false;
-    main_->area.activeSubWindow()->close();
+    first->Frame().close();
     Settle();
     EXPECT_TRUE(first.isNull());
 }
@@ -316,9 +315,7 @@ TEST_F(ActivationTest, ANewFormWithinKeepsItsSizeOrTakesWhatItsLayoutAsksFor) {
 TEST_F(ActivationTest, FormsWithinComeAStepFurtherEachWhileTheyFit) {
     // Lower than it is wide, and narrower than it is high.
     for (const QSize& size : {QSize(700, 500), QSize(420, 700)}) {
-        main_->resize(size);
-        ASSERT_TRUE(QTest::qWaitFor([&] { return main_->size() == size; }));
-        Settle();
+        SizeWindow(*main_, size);
         const QSize room = main_->area.viewport()->size();
         QList<QPoint> places;
         QList<PlainForm*> forms;

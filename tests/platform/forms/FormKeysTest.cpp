@@ -1,5 +1,6 @@
 #include "platform/forms/FormKeys.h"
 #include "platform/forms/DefaultForms.h"
+#include "tests/common/ActiveWindow.h"
 #include "tests/common/Charts.h"
 #include "tests/common/FormTest.h"
 #include "widgets/ClickList.h"
@@ -51,7 +52,7 @@ class FormKeysTest : public FormTest {
 protected:
     FormKeysTest() {
         form.Show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&form, Patience));
+        EXPECT_TRUE(BecomesActive(form));
     }
 
     FormOfKeys form;
@@ -59,39 +60,39 @@ protected:
 
 TEST_F(FormKeysTest, EnterInABoxOrListPressesTheLastButtonThatGoesOn) {
     for (QWidget* control : std::initializer_list<QWidget*>{&form.Box, &form.List, &form.Tick}) {
-        QTest::keyClick(control, Qt::Key_Return);
+        Press(*control, Qt::Key_Return);
         EXPECT_EQ(form.TakePressed(), QStringList{u"Second"_s});
-        QTest::keyClick(control, Qt::Key_Enter, Qt::KeypadModifier);
+        Press(*control, Qt::Key_Enter, Qt::KeypadModifier);
         EXPECT_EQ(form.TakePressed(), QStringList{u"Second"_s});
     }
     form.Second.hide();
-    QTest::keyClick(&form.Box, Qt::Key_Return);
+    Press(form.Box, Qt::Key_Return);
     EXPECT_EQ(form.TakePressed(), QStringList{u"First"_s});
     form.First.setEnabled(false);
-    QTest::keyClick(&form.Box, Qt::Key_Return);
+    Press(form.Box, Qt::Key_Return);
     EXPECT_EQ(form.TakePressed(), QStringList());
 }
 
 TEST_F(FormKeysTest, EscapePressesTheButtonThatLeaves) {
     for (QWidget* control :
          std::initializer_list<QWidget*>{&form.Box, &form.List, &form.Tick, &form.First}) {
-        QTest::keyClick(control, Qt::Key_Escape);
+        Press(*control, Qt::Key_Escape);
         EXPECT_EQ(form.TakePressed(), QStringList{u"Away"_s});
     }
     form.Away.hide();
-    QTest::keyClick(&form.Box, Qt::Key_Escape);
+    Press(form.Box, Qt::Key_Escape);
     EXPECT_EQ(form.TakePressed(), QStringList());
 }
 
 TEST_F(FormKeysTest, AButtonWithTheKeyboardTakesEnterItself) {
-    QTest::keyClick(&form.First, Qt::Key_Return);
+    Press(form.First, Qt::Key_Return);
     EXPECT_EQ(form.TakePressed(), QStringList{u"First"_s});
 }
 
 TEST_F(FormKeysTest, OtherKeysHeldKeysAndChordsPressNothing) {
-    QTest::keyClick(&form.Box, Qt::Key_F7);
-    QTest::keyClick(&form.Box, Qt::Key_Return, Qt::ControlModifier);
-    QTest::keyClick(&form.Box, Qt::Key_Escape, Qt::AltModifier);
+    Press(form.Box, Qt::Key_F7);
+    Press(form.Box, Qt::Key_Return, Qt::ControlModifier);
+    Press(form.Box, Qt::Key_Escape, Qt::AltModifier);
     QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, {}, u"\r"_s, true);
     QApplication::sendEvent(&form.Tick, &held);
     EXPECT_EQ(form.TakePressed(), QStringList());
@@ -109,7 +110,7 @@ TEST_F(LeavingFormsTest, EscapeLeavesEveryFormWithACancelCloseOrExit) {
         DefaultForm(form).Show();
         Settle();
         ASSERT_TRUE(DefaultForm(form).Widget().isAncestorOf(QApplication::focusWidget())) << name;
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        KeyToFocus(Qt::Key_Escape);
         Settle();
         EXPECT_EQ(ExistingForm(form), nullptr) << name;
     }
