@@ -14,63 +14,61 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 #include <algorithm>
+#include <functional>
 
 namespace {
 
 /// What the toolkit brings: message boxes, menus, the dialogs for files and colours.
 class DialogsLookTest : public LookTest {
 protected:
-    /// Takes a picture of the dialog that comes up next, looks it over and dismisses it.
-    static void LookAtNext(const QString& name) {
-        QTimer::singleShot(400, [name] {
-            QWidget* dialog = QApplication::activeModalWidget();
-            ASSERT_NE(dialog, nullptr);
+    /// Takes a picture of the dialog that is shown, looks it over and dismisses it.
+    static void LookAtShown(const QString& name, const std::function<void()>& show) {
+        const NextBox next([&name](QWidget& dialog) {
+            Settle();
             // The other dialog tells of folders and times.
-            if (qobject_cast<QFileDialog*>(dialog) == nullptr)
-                LookAt(*dialog, name);
-            for (const QLabel* label : dialog->findChildren<QLabel*>())
+            if (qobject_cast<QFileDialog*>(&dialog) == nullptr)
+                LookAt(dialog, name);
+            for (const QLabel* label : dialog.findChildren<QLabel*>())
                 if (label->isVisible() && !label->text().isEmpty()) {
-                    EXPECT_TRUE(dialog->rect().contains(
-                        QRect(label->mapTo(dialog, QPoint()), label->size())))
+                    EXPECT_TRUE(dialog.rect().contains(
+                        QRect(label->mapTo(&dialog, QPoint()), label->size())))
                         << label->text().toStdString();
                     // The toolkit rounds the height of a wrapped text to device pixels.
                     EXPECT_GE(label->height() + 1, label->wordWrap()
                                                        ? label->heightForWidth(label->width())
                                                        : label->fontMetrics().height());
                 }
-            for (const QPushButton* button : dialog->findChildren<QPushButton*>())
+            for (const QPushButton* button : dialog.findChildren<QPushButton*>())
                 if (button->isVisible()) {
                     EXPECT_GE(button->width(), button->minimumSizeHint().width());
                 }
-            dialog->close();
+            dialog.close();
         });
+        show();
     }
 };
 
 TEST_F(DialogsLookTest, MessageBoxes) {
     MakeFamily();
     StartSession(u"Mum"_s, u"Teacher"_s);
-    SystemPrompts prompts;
+    const auto show = [](const Prompt& prompt) {
+        return [&prompt] { SystemPrompts().Show(prompt); };
+    };
     Prompt message;
     message.Text = u"Please try another name, this one already exists."_s;
-    LookAtNext(u"Box-message"_s);
-    prompts.Show(message);
+    LookAtShown(u"Box-message"_s, show(message));
     message.Icon = PromptIcon::Exclamation;
-    LookAtNext(u"Box-exclamation"_s);
-    prompts.Show(message);
+    LookAtShown(u"Box-exclamation"_s, show(message));
     message.Icon = PromptIcon::Critical;
     message.Text = RuntimeError(ErrorNumber::Overflow).Report();
-    LookAtNext(u"Box-error"_s);
-    prompts.Show(message);
+    LookAtShown(u"Box-error"_s, show(message));
     Prompt question;
     question.Text =
         u"Please click the 'Yes' button to print your Sparkit Dutygrid showing check marks for "_s +
         u"those jobs that have been completed for the week."_s;
     question.Buttons = PromptButtons::YesNo;
-    LookAtNext(u"Box-question"_s);
-    prompts.Show(question);
+    LookAtShown(u"Box-question"_s, show(question));
 }
 
 TEST_F(DialogsLookTest, DialogsForFilesAndColours) {
@@ -78,10 +76,11 @@ TEST_F(DialogsLookTest, DialogsForFilesAndColours) {
     MakeFamily();
     StartSession(u"Mum"_s, u"Teacher"_s);
     SystemDesktop desktop({});
-    LookAtNext(u"Dialog-file"_s);
-    EXPECT_FALSE(desktop.OpenFile(Path(u"UsersPictures"_s)).has_value());
-    LookAtNext(u"Dialog-colour"_s);
-    EXPECT_FALSE(desktop.ChooseColor(255).has_value());
+    LookAtShown(u"Dialog-file"_s, [&desktop] {
+        EXPECT_FALSE(desktop.OpenFile(Path(u"UsersPictures"_s)).has_value());
+    });
+    LookAtShown(u"Dialog-colour"_s,
+                [&desktop] { EXPECT_FALSE(desktop.ChooseColor(255).has_value()); });
 }
 
 TEST_F(DialogsLookTest, PicturesToChooseFrom) {

@@ -104,12 +104,12 @@ TEST_F(PictureDialogTest, TheKeyboardStartsInTheGridAndChoosesAPicture) {
         EXPECT_TRUE(Preview(dialog).isNull());
         EXPECT_TRUE(
             QTest::qWaitFor([&] { return grid.currentIndex() == Entry(dialog, 0); }, Patience));
-        QTest::keyClick(&grid, Qt::Key_Right);
+        Press(grid, Qt::Key_Right);
         EXPECT_EQ(grid.currentIndex().data().toString(), QStringLiteral("blue.png"));
         const QPixmap preview = Preview(dialog);
         EXPECT_EQ(preview.deviceIndependentSize(), QSizeF(96, 48));
         EXPECT_EQ(preview.toImage().pixelColor(20, 20), QColor(Qt::blue));
-        QTest::keyClick(&grid, Qt::Key_Return);
+        Press(grid, Qt::Key_Return);
     });
     EXPECT_EQ(chosen, folder_ + QStringLiteral("/blue.png"));
 }
@@ -174,7 +174,7 @@ TEST_F(PictureDialogTest, WhatIsNoPictureHasNeitherThumbnailNorPreview) {
 TEST_F(PictureDialogTest, OtherFoldersAreGoneTo) {
     Choose([this](PictureDialog& dialog) {
         Grid(dialog).setCurrentIndex(Entry(dialog, 0));
-        QTest::keyClick(&Grid(dialog), Qt::Key_Return);
+        Press(Grid(dialog), Qt::Key_Return);
         EXPECT_TRUE(QTest::qWaitFor(
             [&] { return dialog.directory().path() == folder_ + QStringLiteral("/Family"); },
             Patience));

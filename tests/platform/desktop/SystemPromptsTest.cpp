@@ -1,5 +1,6 @@
 #include "platform/desktop/SystemPrompts.h"
 #include "platform/forms/DefaultForms.h"
+#include "tests/common/ActiveWindow.h"
 #include "tests/common/FormTest.h"
 #include "tests/common/NextBox.h"
 
@@ -26,14 +27,6 @@ protected:
 
     static std::function<void(QMessageBox&)> Pressing(QMessageBox::StandardButton button) {
         return [button](QMessageBox& box) { box.button(button)->click(); };
-    }
-
-    /// The message box that stands, modal or not.
-    static QMessageBox* ShownBox() {
-        for (QWidget* widget : QApplication::topLevelWidgets())
-            if (auto* box = qobject_cast<QMessageBox*>(widget); box && box->isVisible())
-                return box;
-        return nullptr;
     }
 
     SystemPrompts prompts;
@@ -107,10 +100,10 @@ TEST_F(SystemPromptsTest, TheButtonThatEnterPressesStandsOut) {
 
 TEST_F(SystemPromptsTest, AQuestionAnswersYesForYesAlone) {
     const auto close = [](QMessageBox& box) { box.close(); };
-    const auto escape = [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); };
+    const auto escape = [](QMessageBox& box) { Press(box, Qt::Key_Escape); };
     const auto enter = [](QMessageBox& box) {
         EXPECT_EQ(box.standardButtons(), QMessageBox::Yes | QMessageBox::No);
-        QTest::keyClick(&box, Qt::Key_Return);
+        Press(box, Qt::Key_Return);
     };
     EXPECT_EQ(Answer(question, Pressing(QMessageBox::Yes)), PromptAnswer::Yes);
     EXPECT_EQ(Answer(question, enter), PromptAnswer::Yes);
@@ -122,8 +115,8 @@ TEST_F(SystemPromptsTest, AQuestionAnswersYesForYesAlone) {
 TEST_F(SystemPromptsTest, AQuestionThatBeginsOnNoIsAnsweredSoByEnter) {
     question.BeginsOnNo = true;
     const auto enter = [](QMessageBox& box) {
-        EXPECT_TRUE(box.button(QMessageBox::No)->hasFocus());
-        QTest::keyClick(box.focusWidget(), Qt::Key_Return);
+        ASSERT_TRUE(box.button(QMessageBox::No)->hasFocus());
+        Press(*box.button(QMessageBox::No), Qt::Key_Return);
     };
     EXPECT_EQ(Answer(question, enter), PromptAnswer::No);
     EXPECT_EQ(Answer(question, Pressing(QMessageBox::Yes)), PromptAnswer::Yes);
@@ -141,16 +134,14 @@ TEST_F(SystemPromptsTest, ABoxThatLeavesFormsReachableCoversNotTheFormThatItIsAb
         form.Frame().move(form.Frame().x(), top);
         const QRect place(form.Frame().mapToGlobal(QPoint()), form.Frame().size());
         QRect seen;
-        QTimer look;
-        QObject::connect(&look, &QTimer::timeout, &look, [&] {
-            QMessageBox* box = ShownBox();
-            if (box == nullptr || !box->windowHandle()->isExposed())
-                return;
-            seen = box->frameGeometry();
-            box->button(QMessageBox::Ok)->click();
-        });
-        look.start(50);
+        const NextBox next(
+            [&](QWidget& box) {
+                seen = box.frameGeometry();
+                dynamic_cast<QMessageBox&>(box).button(QMessageBox::Ok)->click();
+            },
+            ShownMessageBox);
         prompts.Show(message);
+        Settle();
         const auto told = [](const QRect& rect) {
             return QStringLiteral("%1,%2 %3x%4")
                 .arg(rect.x())
@@ -180,17 +171,14 @@ TEST_F(SystemPromptsTest, ABoxOutlivesTheWindowBeneathIt) {
         ADD_FAILURE() << "the program waits for a box that has gone";
         QCoreApplication::exit();
     });
-    guard.start(15'000);
+    guard.start(5 * Patience);
     for (const bool leavesFormsReachable : {false, true})
         for (const PromptButtons buttons : {PromptButtons::Ok, PromptButtons::YesNo}) {
             auto* window = new QWidget;
             window->show();
             window->activateWindow();
-            ASSERT_TRUE(QTest::qWaitForWindowActive(window, Patience));
-            QTimer::singleShot(100, [window] {
-                EXPECT_NE(ShownBox(), nullptr);
-                delete window;
-            });
+            ASSERT_TRUE(BecomesActive(*window));
+            const NextBox next([window](QWidget&) { delete window; }, ShownMessageBox);
             Prompt prompt{QStringLiteral("Sure?")};
             prompt.Buttons = buttons;
             prompt.LeavesFormsReachable = leavesFormsReachable;
@@ -201,16 +189,14 @@ TEST_F(SystemPromptsTest, ABoxOutlivesTheWindowBeneathIt) {
 
 TEST_F(SystemPromptsTest, ABoxThatLeavesFormsReachableBlocksNoWindow) {
     message.LeavesFormsReachable = true;
-    QTimer::singleShot(100, [] {
-        EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
-        EXPECT_NE(ShownBox(), nullptr);
-        // Also one that is not shown, for the program waits for it.
-        for (QWidget* widget : QApplication::topLevelWidgets())
-            if (auto* hidden = qobject_cast<QMessageBox*>(widget))
-                hidden->button(QMessageBox::Ok)->click();
-    });
+    const NextBox next(
+        [](QWidget& box) {
+            EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+            dynamic_cast<QMessageBox&>(box).button(QMessageBox::Ok)->click();
+        },
+        ShownMessageBox);
     EXPECT_EQ(prompts.Show(message), PromptAnswer::Ok);
-    EXPECT_EQ(ShownBox(), nullptr);
+    EXPECT_EQ(ShownMessageBox(), nullptr);
 }
 
 } // namespace
