@@ -11,9 +11,6 @@
 
 namespace {
 
-/// In milliseconds. Nobody sees a page and presses on it sooner.
-constexpr qint64 ReactionTime = 200;
-
 /// In milliseconds. So long a window manager may take to hand the focus on by itself.
 constexpr int UsualHandingOn = 150;
 
@@ -44,6 +41,8 @@ bool IsBoxOrMenuUp() {
 }
 
 } // namespace
+
+int ActivationTracker::reactionTime_ = UsualReactionTime;
 
 void SetMainWindowArea(QMdiArea* area) {
     Area() = area;
@@ -76,6 +75,10 @@ ActivationTracker::ActivationTracker() {
     connect(qApp, &QGuiApplication::focusWindowChanged, this, &ActivationTracker::NoteFocus);
     connect(qApp, &QGuiApplication::applicationStateChanged, this, &ActivationTracker::Schedule);
     qApp->installEventFilter(this);
+}
+
+void ActivationTracker::SetReactionTime(int milliseconds) {
+    reactionTime_ = milliseconds;
 }
 
 void ActivationTracker::Schedule() {
@@ -140,7 +143,7 @@ bool ActivationTracker::TakePress(QWindow& window, const QMouseEvent& press) {
 }
 
 bool ActivationTracker::HasJustActivated() const {
-    return sinceActivation_.isValid() && !sinceActivation_.hasExpired(ReactionTime);
+    return sinceActivation_.isValid() && !sinceActivation_.hasExpired(reactionTime_);
 }
 
 void ActivationTracker::TakeAsUnseen(const QMouseEvent& press) {

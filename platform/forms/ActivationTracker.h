@@ -34,6 +34,11 @@ public:
     /// press in this.
     bool IsPressOnNewFront() const { return pressOnNewFront_; }
 
+    /// In milliseconds, how soon nobody sees a page and presses on it. For tests on a machine that
+    /// may be slower than that.
+    static void SetReactionTime(int milliseconds);
+    static constexpr int UsualReactionTime = 200; // milliseconds
+
     /// Forgets what was in front; for the end of a run.
     void Reset();
 
@@ -55,6 +60,7 @@ private:
     bool TakePress(QWindow& window, const QMouseEvent& press);
     static void Activate(Form& form);
 
+    static int reactionTime_; // milliseconds
     QTimer timer_;
     QTimer afterHide_;
     QPointer<QWidget> topLevel_;

@@ -6,13 +6,13 @@
 #include <QElapsedTimer>
 #include <QEvent>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QStyleHints>
 #include <QTest>
 #include <QWidget>
 #include <QWindow>
 #include <algorithm>
 #include <gtest/gtest.h>
-#include <optional>
 
 namespace {
 
@@ -69,18 +69,6 @@ void SendOneClick(const QWidget& widget, const QPoint& place, const RealPress& p
     Former().at = at;
 }
 
-/// However late the second press comes on a busy machine, it is that of a double click.
-class SlowDoubleClicks {
-public:
-    SlowDoubleClicks() { QApplication::setDoubleClickInterval(slow); }
-    ~SlowDoubleClicks() { QApplication::setDoubleClickInterval(usual_); }
-    Q_DISABLE_COPY_MOVE(SlowDoubleClicks)
-
-private:
-    static constexpr int slow = 2000; // milliseconds
-    int usual_ = QApplication::doubleClickInterval();
-};
-
 /// True if keys go to the window that the toolkit takes for the active one. It does so as soon as
 /// it has asked for it.
 bool DisplayAgreesOnTheFocus() {
@@ -103,16 +91,18 @@ void RealInput::Click(const QWidget& widget, const RealPress& press) {
 }
 
 void RealInput::ClickAt(const QWidget& widget, const QPoint& place, const RealPress& press) {
-    std::optional<SlowDoubleClicks> slow;
-    if (press.count > 1)
-        slow.emplace();
     LetTheFormerClickRest(widget.mapToGlobal(place));
+    const auto restore = qScopeGuard([usual = QApplication::doubleClickInterval()] {
+        QApplication::setDoubleClickInterval(usual);
+    });
+    isDouble_ = press.count > 1;
     buttonReleases_ = 0;
     // A window manager may lose a press that comes while it still holds the one before.
     for (int click = 1; click <= press.count; ++click) {
         SendOneClick(widget, place, press);
         EXPECT_TRUE(QTest::qWaitFor([&] { return buttonReleases_ >= click; }, Patience));
     }
+    isDouble_ = false;
 }
 
 void RealInput::SendClick(const QWidget& widget, const RealPress& press) {
@@ -138,6 +128,9 @@ void RealInput::Key(const QString& name) {
 bool RealInput::eventFilter(QObject* watched, QEvent* event) {
     if (!watched->isWindowType())
         return false;
+    // However late the second press comes on a busy machine, it is that of a double click.
+    if (isDouble_ && event->type() == QEvent::MouseButtonPress)
+        QApplication::setDoubleClickInterval(Patience);
     buttonReleases_ += event->type() == QEvent::MouseButtonRelease ? 1 : 0;
     keyReleases_ += event->type() == QEvent::KeyRelease ? 1 : 0;
     wheels_ += event->type() == QEvent::Wheel ? 1 : 0;

@@ -43,6 +43,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    bool isDouble_ = false;
     int buttonReleases_ = 0;
     int keyReleases_ = 0;
     int wheels_ = 0;

@@ -1,4 +1,6 @@
+#include "tests/common/ActiveWindow.h"
 #include "tests/common/RealInput.h"
+#include "tests/common/SlowEyes.h"
 #include "tests/filling/FillingTest.h"
 
 #include "platform/forms/DefaultForms.h"
@@ -45,7 +47,7 @@ protected:
             auto& over = Default<NewUser>();
             over.move(1000, 500);
             over.Show();
-            EXPECT_TRUE(QTest::qWaitForWindowActive(&over, Patience));
+            EXPECT_TRUE(BecomesActive(over));
         }
         Settle();
     }
@@ -98,6 +100,7 @@ TEST_P(ViewerPressTest, WhereTheNextPageHasATickUnticksNothing) {
 }
 
 TEST_P(ViewerPressTest, FromATopLevelFormOnABoxTicksNothingEither) {
+    const SlowEyes eyes;
     PutInFront(Other::TopLevel);
     Press(Viewer().ClearImg[0]);
     ExpectThursdayAsItWas();
@@ -135,9 +138,11 @@ TEST_P(ViewerDoublePressTest, OnABoxTurnsThePageAndTicksNothing) {
 class ViewerFocusFirstTest : public ViewerPressTest {};
 
 TEST_P(ViewerFocusFirstTest, APressRightAfterThePageHasTurnedTicksNothing) {
+    const SlowEyes eyes;
     PutInFront(Other::Within);
     Viewer().SetFocus();
-    EXPECT_TRUE(QTest::qWaitFor([this] { return DesktopCalls.Sounds == S{PageSound()}; }));
+    EXPECT_TRUE(
+        QTest::qWaitFor([this] { return DesktopCalls.Sounds == S{PageSound()}; }, Patience));
     const QWidget& box = Viewer().ClearImg[0];
     const QWidget& window = *box.window();
     QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
