@@ -161,7 +161,7 @@ private:
     static QWindow* Target() {
         if (const QWidget* popup = QApplication::activePopupWidget())
             return popup->windowHandle();
-        if (!QTest::qWaitFor([] { return QGuiApplication::focusWindow() != nullptr; }))
+        if (!QTest::qWaitFor([] { return QGuiApplication::focusWindow() != nullptr; }, Patience))
             throw std::runtime_error("no window has the keyboard");
         return QGuiApplication::focusWindow();
     }

@@ -151,7 +151,8 @@ QWidget& Stage::ShowPictures() {
     // They come from the disk by and by.
     const auto& grid = Find<QListView>(*pictures_, u"listView"_s);
     const auto count = PictureFiles().size();
-    if (!QTest::qWaitFor([&] { return grid.model()->rowCount(grid.rootIndex()) == count; }, 10000))
+    if (!QTest::qWaitFor([&] { return grid.model()->rowCount(grid.rootIndex()) == count; },
+                         Patience))
         throw std::runtime_error("not all pictures are listed");
     Settle();
     return *pictures_;
@@ -164,7 +165,7 @@ void Stage::WaitForKeyboard(const QWidget& form) {
         return form.isActiveWindow() && focus != nullptr && form.isAncestorOf(focus);
     };
     Settle();
-    if (!QTest::qWaitFor(hasKeyboard, 10000))
+    if (!QTest::qWaitFor(hasKeyboard, Patience))
         throw std::runtime_error("the keyboard does not come to the form");
     Settle();
 }

@@ -64,7 +64,7 @@ protected:
             if (logIn != nullptr && logIn->isActiveWindow()) {
                 look.stop();
                 user(*logIn);
-            } else if (watch.hasExpired(20'000)) {
+            } else if (watch.hasExpired(Patience)) {
                 look.stop();
                 ADD_FAILURE() << "the log-in does not come";
                 QCoreApplication::exit(99);
@@ -114,7 +114,7 @@ TEST_F(RunProgramTest, ItComesUnderItsNameInItsLookAndEndsByItsExit) {
 
 TEST_F(RunProgramTest, ItsWindowsGetTheIconOnceOneHasBeenPainted) {
     Run([](LogIn& logIn) {
-        EXPECT_TRUE(QTest::qWaitFor([] { return !QApplication::windowIcon().isNull(); }));
+        EXPECT_TRUE(QTest::qWaitFor([] { return !QApplication::windowIcon().isNull(); }, Patience));
         QApplication::setWindowIcon(QIcon());
         logIn.repaint();
         QCoreApplication::processEvents();

@@ -1,5 +1,7 @@
 #include "tests/common/Pictures.h"
 
+#include "tests/common/TestRun.h"
+
 #include <QDir>
 #include <QImage>
 #include <QTest>
@@ -107,16 +109,17 @@ void ExpectPicture(const QImage& painted, const QString& name) {
 }
 
 void ExpectPicture(const std::function<QImage()>& painted, const QString& name) {
-    constexpr int longestMove = 2000; // milliseconds
+    constexpr int longestMove = 1000; // milliseconds
     if (!qEnvironmentVariableIsEmpty("DUTYGRID_PICTURES")) {
-        QTest::qWait(longestMove / 2);
+        QTest::qWait(longestMove);
     } else if (AreCompared(painted())) {
         const QImage expected = Expected(FileOf(name));
         const auto isAsExpected = [&] {
             const QImage seen = AsKept(painted());
             return seen.size() == expected.size() && Difference(seen, expected).isEmpty();
         };
-        static_cast<void>(QTest::qWaitFor(isAsExpected, longestMove));
+        // What it differs in is told below.
+        static_cast<void>(QTest::qWaitFor(isAsExpected, Patience));
     }
     ExpectPicture(painted(), name);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/common/TestRun.h"
 #include "tests/common/WindowsAtRest.h"
 
 #include <QEvent>
@@ -23,7 +24,7 @@ inline bool IsRepainted(QWidget& widget, const std::function<void()>& act) {
     Watch watch;
     widget.installEventFilter(&watch);
     act();
-    return QTest::qWaitFor([&watch] { return watch.IsPainted; });
+    return QTest::qWaitFor([&watch] { return watch.IsPainted; }, Patience);
 }
 
 /// Whether something that moves is painted once more when it has come to rest.
@@ -45,5 +46,5 @@ bool IsPaintedAtRest(Mover& mover) {
     };
     EXPECT_TRUE(mover.IsMoving());
     const Watch watch(mover);
-    return QTest::qWaitFor([&watch] { return watch.IsEndPainted; });
+    return QTest::qWaitFor([&watch] { return watch.IsEndPainted; }, Patience);
 }

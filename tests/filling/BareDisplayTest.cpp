@@ -2,6 +2,7 @@
 #include "platform/desktop/SystemPrompts.h"
 #include "platform/forms/DefaultForms.h"
 #include "shell/NewUser.h"
+#include "tests/common/ActiveWindow.h"
 #include "tests/common/NextBox.h"
 #include "tests/common/RealInput.h"
 #include "tests/filling/FillingTest.h"
@@ -45,15 +46,16 @@ protected:
         HelpWindow help;
         help.Open(book.fileName());
         help.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&help, Patience));
+        EXPECT_TRUE(BecomesActive(help));
         help.close();
         Settle();
     }
 
     void ExpectKeysAtWork() {
         hand_.Key(u"F6"_s);
-        EXPECT_TRUE(
-            Find<QToolBar>(Main(), u"KidToolbar"_s).isAncestorOf(QApplication::focusWidget()));
+        const auto& toolbar = Find<QToolBar>(Main(), u"KidToolbar"_s);
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&toolbar] { return toolbar.isAncestorOf(QApplication::focusWidget()); }, Patience));
         hand_.Key(u"F1"_s);
         EXPECT_EQ(DesktopCalls.Helped.size(), 1);
     }
@@ -101,10 +103,10 @@ TEST_F(BareDisplayTest, AfterTheHelpAReturnToTheViewerTurnsThePage) {
 TEST_F(BareDisplayTest, KeysWorkAfterAFormOverTheMainWindowHasGone) {
     auto& over = Default<NewUser>();
     over.Show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&over, Patience));
+    EXPECT_TRUE(BecomesActive(over));
     Settle();
     over.Hide();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&Main(), Patience));
+    EXPECT_TRUE(BecomesActive(Main()));
     hand_.Key(u"F1"_s);
     EXPECT_EQ(DesktopCalls.Helped.size(), 1);
 }
@@ -113,10 +115,10 @@ TEST_F(BareDisplayTest, APressBringsAFormToTheFront) {
     auto& over = Default<NewUser>();
     over.move(1000, 500);
     over.Show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&over, Patience));
+    EXPECT_TRUE(BecomesActive(over));
     hand_.Click(Viewer().Instructions[0], RealInput::Short);
+    EXPECT_TRUE(BecomesActive(Main()));
     Settle();
-    EXPECT_TRUE(Main().isActiveWindow());
     EXPECT_EQ(Jobs(Viewer()), S{u"Sweep"_s});
     EXPECT_EQ(DesktopCalls.Sounds, S{PageSound()});
 }

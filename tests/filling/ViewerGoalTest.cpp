@@ -175,7 +175,7 @@ TEST_F(ViewerGoalTest, ATickPopsInAndTheStarHopsWhereMotionIsWelcome) {
     EXPECT_TRUE(Way(viewer).IsMoving());
     EXPECT_EQ(PointsIn(), QStringLiteral("5")) << "the points do not wait for the star";
     EXPECT_TRUE(QTest::qWaitFor(
-        [&] { return !viewer.CheckImg[0].IsMoving() && !Way(viewer).IsMoving(); }, 3000));
+        [&] { return !viewer.CheckImg[0].IsMoving() && !Way(viewer).IsMoving(); }, Patience));
 }
 
 TEST_F(ViewerGoalTest, ATickIsPaintedUntilItHasComeToRest) {

@@ -97,6 +97,8 @@ TEST_F(ViewerLookTest, ABoxHasOneEdge) {
     QCursor::setPos(QPoint(0, 0));
     Click(viewer.Instructions[2]);
     Button(viewer, u"NextDay"_s).setFocus();
+    for (const int row : {0, 1, 2})
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !viewer.RectCheck[row].underMouse(); }, Patience));
     Settle();
     const QImage list = Seen(*viewer.RectCheck[0].parentWidget());
     for (const auto& [row, edge, ground] : {std::tuple(0, QColor(Qt::black), LookColors::Card),

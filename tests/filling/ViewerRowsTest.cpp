@@ -456,7 +456,7 @@ TEST_F(ViewerRowsTest, ALongJobIsCutWithAnEllipsisAndToldInWholeByItsTip) {
     };
     EXPECT_EQ(tipOf(viewer.Instructions[0]), longJob);
     QToolTip::hideText();
-    ASSERT_TRUE(QTest::qWaitFor([] { return QToolTip::text().isEmpty(); }));
+    ASSERT_TRUE(QTest::qWaitFor([] { return QToolTip::text().isEmpty(); }, Patience));
     EXPECT_EQ(tipOf(viewer.Instructions[1]), QString());
 }
 

@@ -1,6 +1,7 @@
 #include "help/HelpBook.h"
 #include "help/HelpPage.h"
 #include "help/HelpWindow.h"
+#include "tests/common/ActiveWindow.h"
 #include "tests/common/FormTest.h"
 
 #include <QDir>
@@ -153,7 +154,7 @@ TEST_F(HelpManualTest, TheChildrensPageHasFewWordsAndManyPictures) {
 TEST_F(HelpManualTest, EveryPageShowsWithinTheWindow) {
     HelpWindow window;
     window.Open(Path(QStringLiteral("HelpFile/DutygridHlp.hlp")));
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window, Patience));
+    ASSERT_TRUE(BecomesActive(window));
     auto& page = Find<HelpPage>(window, QStringLiteral("Page"));
     for (const HelpTopic& topic : page.Book().Topics()) {
         page.GoTo(topic.Id);

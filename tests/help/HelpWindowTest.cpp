@@ -1,5 +1,6 @@
 #include "tests/help/HelpWindowTest.h"
 
+#include "tests/common/ActiveWindow.h"
 #include "tests/common/RealInput.h"
 
 #include <QAccessible>
@@ -51,7 +52,7 @@ void HelpWindowTest::Write(const QByteArray& book) {
 
 void HelpWindowTest::Open() {
     window.Open(bookFile);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window, Patience));
+    ASSERT_TRUE(BecomesActive(window));
     Settle();
 }
 
@@ -158,35 +159,42 @@ TEST_F(HelpWindowTest, ItOpensBesideTheWindowThatAsksOrInTheLowerRightCorner) {
     program.resize(small);
     program.move(screen.topLeft() + QPoint(10, 10));
     program.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&program, Patience));
+    ASSERT_TRUE(BecomesActive(program));
     Settle();
     Open();
-    EXPECT_TRUE(screen.contains(window.frameGeometry()));
-    EXPECT_FALSE(window.frameGeometry().intersects(program.frameGeometry()));
+    // A frame's own place may be told late.
+    const auto isBesideIt = [&] {
+        return screen.contains(window.frameGeometry()) &&
+               !window.frameGeometry().intersects(program.frameGeometry());
+    };
+    EXPECT_TRUE(QTest::qWaitFor(isBesideIt, Patience));
 
     HelpWindow second;
-    program.resize(screen.size() - QSize(40, 80));
+    SizeWindow(program, screen.size() - QSize(40, 80));
     program.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&program, Patience));
+    ASSERT_TRUE(BecomesActive(program));
     Settle();
     second.Open(bookFile);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&second, Patience));
+    ASSERT_TRUE(BecomesActive(second));
     Settle();
-    EXPECT_TRUE(screen.contains(second.frameGeometry()));
-    EXPECT_LE(screen.right() - second.frameGeometry().right(), 40);
-    EXPECT_LE(screen.bottom() - second.frameGeometry().bottom(), 80);
-    // Where it has been put it comes again. The frame's own place may be told too late.
+    const auto isInTheCorner = [&] {
+        const QRect place = second.frameGeometry();
+        return screen.contains(place) && screen.right() - place.right() <= 40 &&
+               screen.bottom() - place.bottom() <= 80;
+    };
+    EXPECT_TRUE(QTest::qWaitFor(isInTheCorner, Patience));
+    // Where it has been put it comes again.
     const QPoint firstPlace = second.geometry().topLeft();
     second.move(screen.topLeft() + QPoint(30, 40));
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return second.geometry().topLeft() != firstPlace; }, Patience));
     Settle();
     const QPoint place = second.geometry().topLeft();
-    EXPECT_NE(place, firstPlace);
     second.close();
     program.activateWindow();
     second.Open(bookFile);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&second, Patience));
-    Settle();
-    EXPECT_EQ(second.geometry().topLeft(), place);
+    ASSERT_TRUE(BecomesActive(second));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return second.geometry().topLeft() == place; }, Patience));
 }
 
 TEST_F(HelpWindowTest, LinksGoToPagesAndSectionsAndUnknownOnesNowhere) {
@@ -267,6 +275,7 @@ TEST_F(HelpWindowTest, AskingForHelpWhileItIsOpenKeepsThePageBeingRead) {
     Open();
     Page().GoTo(QStringLiteral("cherries"));
     window.showMinimized();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !window.isActiveWindow(); }, Patience));
     Settle();
     Open();
     EXPECT_FALSE(window.isMinimized());
@@ -372,8 +381,7 @@ TEST_F(HelpWindowTest, AWiderWindowGivesItsRoomToThePage) {
     Open();
     const int contents = Contents().width();
     const int page = Page().width();
-    window.resize(window.width() - 100, window.height());
-    Settle();
+    SizeWindow(window, window.size() - QSize(100, 0));
     EXPECT_EQ(Contents().width(), contents);
     EXPECT_EQ(Page().width(), page - 100);
 }
@@ -408,8 +416,7 @@ TEST_F(HelpWindowTest, PicturesFitTheWindowAndMissingOnesShowNothing) {
     EXPECT_EQ(widthOfBlue(), 60);
     show(2000);
     for (const int width : {900, 640, 800}) {
-        window.resize(width, 600);
-        Settle();
+        SizeWindow(window, QSize(width, 600));
         EXPECT_EQ(widthOfBlue(), Page().viewport()->width() - Margins) << width;
         EXPECT_FALSE(Page().horizontalScrollBar()->isVisible());
     }
@@ -452,7 +459,7 @@ TEST_F(HelpWindowTest, GoingToTheHelpAndBackIsNoReturnToAForm) {
     // Else it would stay in the way of all tests to come.
     const auto unload = qScopeGuard([form] { form->Unload(); });
     form->Show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(form, Patience));
+    ASSERT_TRUE(BecomesActive(*form));
     Settle();
     EXPECT_EQ(form->Activations, 1);
     Open();
@@ -460,14 +467,14 @@ TEST_F(HelpWindowTest, GoingToTheHelpAndBackIsNoReturnToAForm) {
     Settle();
     form->raise();
     form->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(form, Patience)); // it stays usable beside the help
+    ASSERT_TRUE(BecomesActive(*form)); // it stays usable beside the help
     Settle();
     EXPECT_EQ(form->Activations, 1);
     EXPECT_TRUE(window.isVisible());
     Open();
     Key(Qt::Key_Escape);
     ASSERT_FALSE(window.isVisible());
-    ASSERT_TRUE(QTest::qWaitForWindowActive(form, Patience));
+    ASSERT_TRUE(BecomesActive(*form));
     Settle();
     EXPECT_EQ(form->Activations, 1);
 }

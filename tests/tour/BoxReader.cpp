@@ -1,6 +1,7 @@
 #include "tests/tour/BoxReader.h"
 
 #include "tests/common/Readable.h"
+#include "tests/common/TestRun.h"
 #include "tests/tour/Album.h"
 
 #include <QAbstractButton>
@@ -11,8 +12,7 @@
 
 namespace {
 
-constexpr int LookEvery = 15;      // milliseconds
-constexpr int WaitForBoxes = 4000; // milliseconds
+constexpr int LookEvery = 15; // milliseconds
 
 QMessageBox* BoxOnScreen() {
     for (QWidget* window : QApplication::topLevelWidgets()) {
@@ -41,7 +41,7 @@ void BoxReader::ExpectAny(const Text& picture) {
 }
 
 void BoxReader::WaitForAll() {
-    EXPECT_TRUE(QTest::qWaitFor([this] { return expected_.isEmpty() && !busy_; }, WaitForBoxes));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return expected_.isEmpty() && !busy_; }, Patience));
     for (const Expected& left : expected_)
         ADD_FAILURE() << "A box did not come: " << left.text.value_or(left.picture).toStdString();
     expected_.clear();

@@ -6,6 +6,7 @@
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/ProgramFolder.h"
 #include "tests/common/Readable.h"
+#include "tests/common/TestRun.h"
 #include "tests/common/WindowsAtRest.h"
 
 #include <QAbstractItemView>
@@ -29,8 +30,6 @@
 #include <stdexcept>
 
 namespace {
-
-constexpr int WaitForFront = 4000; // milliseconds
 
 void CopyTree(const QString& from, const QString& to) {
     QDirIterator files(from, QDir::Files, QDirIterator::Subdirectories);
@@ -117,8 +116,7 @@ QWidget& Tour::Control(const QString& name) const {
 }
 
 void Tour::Front(const Text& form, Here here) {
-    const bool came =
-        QTest::qWaitFor([&form] { return NameOf(FormInFront()) == form; }, WaitForFront);
+    const bool came = QTest::qWaitFor([&form] { return NameOf(FormInFront()) == form; }, Patience);
     Settle();
     form_ = FormInFront();
     if (!came || NameOf(form_) != form) {
@@ -129,8 +127,7 @@ void Tour::Front(const Text& form, Here here) {
 }
 
 void Tour::MainWindowComes(Here here) {
-    if (!QTest::qWaitFor([] { return QApplication::activeWindow() == &MainWindow(); },
-                         WaitForFront))
+    if (!QTest::qWaitFor([] { return QApplication::activeWindow() == &MainWindow(); }, Patience))
         ADD_FAILURE_AT(here.file_name(), static_cast<int>(here.line()))
             << "the main window does not come to the front";
     Settle();

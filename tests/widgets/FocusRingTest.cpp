@@ -1,4 +1,5 @@
 #include "widgets/FocusRing.h"
+#include "tests/common/ActiveWindow.h"
 #include "tests/common/FormTest.h"
 
 #include <QScrollBar>
@@ -17,7 +18,7 @@ protected:
         bar.setFocusPolicy(Qt::StrongFocus);
         window.resize(200, 200);
         window.show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window, Patience));
+        EXPECT_TRUE(BecomesActive(window));
         other.setFocus();
     }
 

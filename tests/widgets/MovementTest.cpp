@@ -1,4 +1,5 @@
 #include "widgets/Movement.h"
+#include "tests/common/TestRun.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -46,12 +47,12 @@ TEST(MovementTest, ItTakesItsOwnTimersEventsAndStopsWithItsTime) {
     Mover mover;
     mover.Move.Start(mover, 50);
     mover.startTimer(1);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !mover.Move.IsRunning(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !mover.Move.IsRunning(); }, Patience));
     EXPECT_GE(mover.Own, 1);
     EXPECT_GE(mover.Others, 1);
     const int own = mover.Own;
     mover.Others = 0;
-    EXPECT_TRUE(QTest::qWaitFor([&] { return mover.Others > 20; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return mover.Others > 20; }, Patience));
     EXPECT_EQ(mover.Own, own);
 }
 

@@ -48,9 +48,14 @@ protected:
     }
 
     /// Until no more are asked for.
-    static void WaitForPictures() {
-        Settle();
-        Settle();
+    void WaitForPictures() {
+        // Each that has come is painted.
+        const auto noMoreCome = [this] {
+            const int former = paints_;
+            Settle();
+            return paints_ == former;
+        };
+        EXPECT_TRUE(QTest::qWaitFor(noMoreCome, Patience));
     }
 
     /// The numbers of those fetched, from the first to the last.

@@ -158,7 +158,8 @@ TEST_P(SessionsMotionTest, ThePortalOfTheSessionIsAsked) {
     child.start(QCoreApplication::applicationFilePath(),
                 {QStringLiteral("--gtest_filter=%1.%2")
                      .arg(QLatin1String(self->test_suite_name()), QLatin1String(self->name()))});
-    EXPECT_TRUE(QTest::qWaitFor([&] { return child.state() == QProcess::NotRunning; }, 30'000));
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return child.state() == QProcess::NotRunning; }, 2 * Patience));
     EXPECT_EQ(child.exitCode(), 0) << child.readAllStandardOutput().constData();
     EXPECT_EQ(portal.Asked, (QStringList{Gnome, Plasma, Common}));
     bus.unregisterObject(Root);
