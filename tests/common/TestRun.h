@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QLocale>
+#include <QSettings>
 
 /// In milliseconds: so long a test waits for what a busy machine may be slow to do.
 constexpr int Patience = 20000;
@@ -14,8 +15,10 @@ class TestRun {
 public:
     explicit TestRun(const Surroundings& surroundings) : run_(OnTheDay(surroundings)) {
         QLocale::setDefault(QLocale::c());
-        qputenv("XDG_CONFIG_HOME",
-                QFile::encodeName(surroundings.ProgramFolder + QStringLiteral("/UserConfig")));
+        const QString config = surroundings.ProgramFolder + QStringLiteral("/UserConfig");
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(config));
+        // The toolkit looks for the folder of its own settings but once.
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, config);
     }
 
 private:
