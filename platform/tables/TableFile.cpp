@@ -5,6 +5,7 @@
 #include <SQLiteCpp/Backup.h>
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <algorithm>
 #include <array>
@@ -119,9 +120,15 @@ std::unique_ptr<SQLite::Database> Connect(const QString& path, int flags) {
     // Once in a process, before the engine is first used: it need not keep an account of its
     // memory, which takes a lock at every piece of it.
     [[maybe_unused]] static const int quick = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
-    // Absolute, for the engine reads a meaning into names that begin with "file:" or ":".
-    const QString file = QFileInfo(path).absoluteFilePath();
+    // Absolute, for the engine reads a meaning into names that begin with "file:" or ":". The
+    // folder may be reached by a link; a file that is written may be none.
+    const QFileInfo info(path);
+    const QString folder = info.dir().canonicalPath();
+    const QString file =
+        folder.isEmpty() ? info.absoluteFilePath() : folder + QLatin1Char('/') + info.fileName();
     RefusePipes(file);
+    if ((flags & SQLite::OPEN_READWRITE) != 0)
+        flags |= SQLITE_OPEN_NOFOLLOW;
     try {
         // One thread uses the connection: it needs no locks against others.
         return std::make_unique<SQLite::Database>(file.toUtf8().constData(),

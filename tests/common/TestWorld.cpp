@@ -7,21 +7,10 @@
 #include <QFile>
 #include <QImage>
 #include <SQLiteCpp/SQLiteCpp.h>
+#include <filesystem>
 #include <sqlite3.h>
 
 namespace {
-
-void CopyTree(const QString& from, const QString& to) {
-    QDir().mkpath(to);
-    const QFileInfoList entries = QDir(from).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot);
-    for (const QFileInfo& entry : entries) {
-        const QString target = to + QLatin1Char('/') + entry.fileName();
-        if (entry.isDir())
-            CopyTree(entry.filePath(), target);
-        else
-            QFile::copy(entry.filePath(), target);
-    }
-}
 
 QString FieldText(const QVariant& value) {
     if (value.isNull())
@@ -44,7 +33,8 @@ ProgramTest::ProgramTest()
                                    .Paper = &Paper,
                                    .ProgramFolder = folder_.path(),
                                    .End = [this](int exitCode) { Ends += exitCode; }}) {
-    CopyTree(QStringLiteral(DUTYGRID_ASSETS_DIR), folder_.path());
+    std::filesystem::copy(DUTYGRID_ASSETS_DIR, folder_.path().toStdString(),
+                          std::filesystem::copy_options::recursive);
     Database().InitDatabse();
 }
 

@@ -88,6 +88,27 @@ TEST_F(Opening, PathMayHoldAnyCharacter) {
     }
 }
 
+TEST_F(Opening, NoLinkIsFollowedButThoseOnTheWayToTheFile) {
+    MakeTable();
+    Store->Commit();
+    const QByteArray before = ReadFile(File);
+    const QString link = Path(QStringLiteral("Link.mdb"));
+    ASSERT_TRUE(QFile::link(File, link));
+    EXPECT_EQ(Opened(link), QStringLiteral("unable to open database file: ") + link);
+    EXPECT_EQ(TableStore::OpenToRead(link)->TableCount(), 1);
+    const QString dangling = Path(QStringLiteral("Dangling.mdb"));
+    const QString nowhere = Path(QStringLiteral("Nowhere.mdb"));
+    ASSERT_TRUE(QFile::link(nowhere, dangling));
+    EXPECT_ERROR(3000, TableStore::CreateDatabase(dangling, QString()));
+    EXPECT_FALSE(QFile::exists(nowhere));
+    EXPECT_EQ(ReadFile(File), before);
+
+    const QString folder = Path(QStringLiteral("Folder"));
+    ASSERT_TRUE(QFile::link(QFileInfo(File).path(), folder));
+    Store = TableStore::OpenDatabase(folder + QLatin1Char('/') + QFileInfo(File).fileName());
+    EXPECT_EQ(Names(*Store), QStringList{QStringLiteral("Chart")});
+}
+
 TEST_F(Opening, FileThatIsNoDatabaseIsRefusedAndLeftAlone) {
     const QString path = Path(QStringLiteral("Text.mdb"));
     for (const int size : {1, 15, 100, 511, 512, 5000, 100000}) {
