@@ -1,6 +1,6 @@
 #include "platform/runtime/DraftFolder.h"
 
-#include "platform/runtime/RuntimeError.h"
+#include "platform/runtime/FileFaults.h"
 #include "platform/runtime/WholeFiles.h"
 
 #include <QDateTime>
@@ -18,10 +18,6 @@ namespace fs = std::filesystem;
 
 constexpr mode_t OwnersFile = S_IRUSR | S_IWUSR;
 
-[[noreturn]] void RefuseAccess() {
-    throw RuntimeError(ErrorNumber::PathFileAccessError);
-}
-
 fs::path PathOf(const QString& path) {
     return QFileInfo(path).filesystemFilePath();
 }
@@ -37,28 +33,24 @@ FileHandle OpenIn(const FileHandle& folder, const QString& name, int flags) {
 }
 
 FileHandle OpenFolder(const QString& path) {
-    FileHandle folder(
+    return FileHandle(
         ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!folder.IsOpen())
-        RefuseAccess();
-    return folder;
 }
 
-/// Makes a folder that only its owner can enter.
+/// Makes a folder that only its owner can enter; a closed handle if it cannot be made.
 FileHandle MakeFolder(const FileHandle& parent, const QString& name) {
     if (::mkdirat(parent.Number(), QFile::encodeName(name).constData(), S_IRWXU) != 0)
-        RefuseAccess();
+        return FileHandle();
     FileHandle folder = OpenIn(parent, name, O_RDONLY | O_DIRECTORY);
     struct stat made {};
     // Another user who may write beside it may have put one of his own there meanwhile.
-    if (!folder.IsOpen() || ::fstat(folder.Number(), &made) != 0 || made.st_uid != ::geteuid())
-        RefuseAccess();
+    if (::fstat(folder.Number(), &made) != 0 || made.st_uid != ::geteuid())
+        return FileHandle();
     return folder;
 }
 
-void Sync(const FileHandle& handle) {
-    if (!handle.IsOpen() || ::fsync(handle.Number()) != 0)
-        RefuseAccess();
+bool Sync(const FileHandle& handle) {
+    return ::fsync(handle.Number()) == 0;
 }
 
 bool IsSame(const struct stat& one, const struct stat& other) {
@@ -105,7 +97,10 @@ DraftFolder::DraftFolder(const QString& parent, const QString& like) : like_(lik
     if (!info.isDir()) {
         if (!info.dir().exists())
             throw RuntimeError(ErrorNumber::PathNotFound);
-        ShareAs(MakeFolder(OpenFolder(info.path()), info.fileName()), like);
+        const FileHandle folder = MakeFolder(OpenFolder(info.path()), info.fileName());
+        if (!folder.IsOpen())
+            throw WriteFault(ErrorNumber::PathFileAccessError, parent);
+        ShareAs(folder, like);
     }
     RemoveLeftDrafts(parent);
     // The folder itself may be reached by a link, as where a package keeps its data elsewhere.
@@ -113,12 +108,18 @@ DraftFolder::DraftFolder(const QString& parent, const QString& like) : like_(lik
     parent_ = OpenFolder(parentPath_);
     name_ = DraftName();
     folder_ = MakeFolder(parent_, name_);
+    if (!folder_.IsOpen())
+        throw WriteFault(ErrorNumber::PathFileAccessError, parentPath_ + QLatin1Char('/') + name_);
 }
 
 DraftFolder::~DraftFolder() {
     std::error_code fault;
     if (!isWhole_)
         fs::remove_all(PathOf(parentPath_ + QLatin1Char('/') + name_), fault);
+}
+
+RuntimeError DraftFolder::Fault(const QString& name) const {
+    return WriteFault(ErrorNumber::PathFileAccessError, Path(name));
 }
 
 QString DraftFolder::Path(const QString& name) const {
@@ -135,22 +136,24 @@ void DraftFolder::Write(const QString& name, const QByteArray& bytes) {
     QFile file;
     if (!handle.IsOpen() ||
         !file.open(handle.Release(), QIODevice::WriteOnly, QFile::AutoCloseHandle))
-        RefuseAccess();
+        throw Fault(name);
     files_ += name;
     const bool isWritten = file.write(bytes) == bytes.size() && file.flush();
     file.close();
     if (!isWritten || file.error() != QFileDevice::NoError)
-        RefuseAccess();
+        throw Fault(name);
 }
 
 void DraftFolder::TakeName(const QString& name) {
     for (const QString& file : std::as_const(files_)) {
         const FileHandle handle = OpenIn(folder_, file, O_RDONLY);
         ShareAs(handle, like_);
-        Sync(handle);
+        if (!Sync(handle))
+            throw Fault(files_.value(0));
     }
     ShareAs(folder_, like_);
-    Sync(folder_);
+    if (!Sync(folder_))
+        throw Fault(files_.value(0));
     const QByteArray draft = QFile::encodeName(name_);
     const QByteArray whole = QFile::encodeName(name);
     struct stat written {};
@@ -158,14 +161,13 @@ void DraftFolder::TakeName(const QString& name) {
     // A rename would put a folder in the place of an empty one.
     if (::fstatat(parent_.Number(), whole.constData(), &named, AT_SYMLINK_NOFOLLOW) == 0 ||
         ::renameat(parent_.Number(), draft.constData(), parent_.Number(), whole.constData()) != 0)
-        RefuseAccess();
+        throw Fault(files_.value(0));
     isWhole_ = true;
     // What has the name now may be what somebody else has put in the place of the draft.
     if (::fstat(folder_.Number(), &written) != 0 ||
         ::fstatat(parent_.Number(), whole.constData(), &named, AT_SYMLINK_NOFOLLOW) != 0 ||
-        !IsSame(written, named))
-        RefuseAccess();
-    Sync(parent_);
+        !IsSame(written, named) || !Sync(parent_))
+        throw Fault(files_.value(0));
 }
 
 bool RemoveFolder(const QString& path) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/runtime/FileHandle.h"
+#include "platform/runtime/RuntimeError.h"
 
 #include <QByteArray>
 #include <QString>
@@ -32,6 +33,8 @@ public:
     void TakeName(const QString& name);
 
 private:
+    RuntimeError Fault(const QString& name) const;
+
     QString like_;
     QString parentPath_;
     FileHandle parent_;

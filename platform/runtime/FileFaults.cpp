@@ -109,6 +109,10 @@ RuntimeError Advised(ErrorNumber number, const QString& advice) {
 
 } // namespace
 
+bool MayRead(const QString& path) {
+    return May(Wish::Read, path);
+}
+
 QString WhyNotRead(const QString& path) {
     if (const QString reason = WhyNoWayTo(path); !reason.isEmpty())
         return reason;

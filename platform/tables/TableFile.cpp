@@ -14,19 +14,27 @@
 
 namespace {
 
-[[noreturn]] void RefuseForeign() {
-    throw RuntimeError(
+/// The advice is for a file that is ours, and only seems to be another's by its first bytes.
+[[noreturn]] void RefuseForeign(const QString& path) {
+    RuntimeError error(
         ErrorNumber::EngineFault,
         QStringLiteral("This file is a database of another program. %1 cannot use it "
                        "and has left it as it is.")
             .arg(QCoreApplication::applicationName()));
+    error.SetAdvice(DamageAdvice(path));
+    throw error;
 }
 
-[[noreturn]] void RefuseNewer() {
-    throw RuntimeError(ErrorNumber::EngineFault,
+[[noreturn]] void RefuseNewer(const QString& path) {
+    RuntimeError error(ErrorNumber::EngineFault,
                        QStringLiteral("This database was made by a newer version of %1. Please "
                                       "install the newer version to open it.")
                            .arg(QCoreApplication::applicationName()));
+    if (const QString advice = DamageAdvice(path); !advice.isEmpty())
+        error.SetAdvice(QStringLiteral("If no newer version was ever used here, this holds "
+                                       "instead.\n\n%1")
+                            .arg(advice));
+    throw error;
 }
 
 /// The engine's own handle of the file: closing another one would let go of the locks that this
@@ -154,23 +162,26 @@ void RefuseByHeader(SQLite::Database& database, const QString& path) {
         return;
     const int version = NumberAt(header, 60);
     if (version > FormatVersion)
-        RefuseNewer();
+        RefuseNewer(path);
     const bool isWriteAhead = header[18] > 1 || header[19] > 1;
     if (isWriteAhead && (version < FirstFormatVersion || version > FormatVersion))
-        RefuseForeign();
+        RefuseForeign(path);
 }
 
 int FormatOf(Statements& statements) {
+    const QString path = QString::fromStdString(statements.Connection().getFilename());
     const int version = Pragma(statements, "user_version");
     if (version > FormatVersion)
-        RefuseNewer();
+        RefuseNewer(path);
     const bool isOurs =
         version == FirstFormatVersion ||
         (version > FirstFormatVersion && Pragma(statements, "application_id") == ApplicationId);
     if (!isOurs && (version != 0 || Pragma(statements, "schema_version") != 0))
-        RefuseForeign();
+        RefuseForeign(path);
     RefuseCutOff(statements);
     if (version > FirstFormatVersion) {
+        if (!statements.Connection().tableExists("Catalogue"))
+            ReportDamage();
         // Finds out whether the declarations can be read at all.
         Query catalogue(statements, "SELECT Id FROM Catalogue LIMIT 1");
         catalogue.Step();

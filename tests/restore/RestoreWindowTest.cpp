@@ -155,6 +155,26 @@ TEST_F(RestoreWindowTest, WhatStandsInItsWayIsNamedWithTheWayOut) {
     Boxes.VerifyAllShown();
 }
 
+TEST_F(RestoreWindowTest, WhatIsPutBackInPartIsSaidToBeSo) {
+    MakeCopies(1);
+    const QString journal = DatabaseFile() + u"-journal"_s;
+    RestoreWindow window;
+    window.show();
+    Settle();
+    ASSERT_TRUE(QDir().mkdir(journal));
+    Boxes.Expect(u"Put back all accounts and Dutygrids as they were on Wednesday, 7 March "
+                 "2001?\n\nCompared with now: Anna has 5 points fewer.\n\nWhat is stored now is "
+                 "kept as a copy in this list."_s,
+                 PromptAnswer::Yes);
+    Boxes.Expect(
+        u"A copy has been put back only in part. When what stands below is mended, start Sparkit "
+        "Dutygrid: it puts back the rest by itself.\n\nPath/File access error\n\n%1 is a folder, "
+        "and a file belongs there. Rename the folder, and put the file in its place."_s.arg(
+            journal));
+    Click(Find(window, u"PutBack"_s));
+    Boxes.VerifyAllShown();
+}
+
 TEST_F(RestoreWindowTest, TheProgramShowsItUnderItsNameUntilItIsClosed) {
     MakeCopies(1);
     const QString name = QCoreApplication::applicationName();
