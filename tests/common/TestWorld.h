@@ -1,6 +1,7 @@
 #pragma once
 
 #include "session/Session.h"
+#include "tests/common/Entries.h"
 #include "tests/common/Errors.h"
 #include "tests/common/MemoryFolder.h"
 #include "tests/common/Readable.h"
@@ -79,8 +80,8 @@ public:
     QList<EditorRow> rows{EditorRow{}};
 
     int RowCount() const override { return static_cast<int>(rows.size()); }
-    EditorRow Row(int index) const override { return rows.at(index); }
-    void SetRow(int index, const EditorRow& row) override { rows[index] = row; }
+    EditorRow Row(int index) const override { return EntryOf(rows, index); }
+    void SetRow(int index, const EditorRow& row) override { EntryOf(rows, index) = row; }
     void NewTask_Click() override { rows.append(EditorRow{}); }
 
 private:
@@ -96,9 +97,9 @@ public:
     QList<ViewerRow> rows{ViewerRow{}};
     QString dayCaption;
 
-    void SetRow(int index, const ViewerRow& row) override { rows[index] = row; }
+    void SetRow(int index, const ViewerRow& row) override { EntryOf(rows, index) = row; }
     bool CheckVisible(int index) const override {
-        if (index >= rows.size())
+        if (index < 0 || index >= rows.size())
             throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
         return rows.at(index).Completed;
     }
