@@ -5,8 +5,6 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 
 #include <QElapsedTimer>
-#include <atomic>
-#include <thread>
 
 namespace {
 
@@ -39,19 +37,16 @@ protected:
     /// Runs `write` while a lock is held for some milliseconds.
     template <class Action>
     void WhileLockedFor(int milliseconds, Action&& write) {
-        std::atomic<bool> begun = false;
-        std::thread thread([&] {
+        std::future<void> thread = Beside([this, milliseconds](const auto& goOn) {
             SQLite::Database other(File.toStdString(), SQLite::OPEN_READWRITE);
             other.exec("BEGIN IMMEDIATE");
-            begun = true;
+            goOn();
             std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
             other.exec("COMMIT");
         });
-        while (!begun)
-            std::this_thread::yield();
         waited.start();
         write();
-        thread.join();
+        thread.get();
     }
 
     QList<bool> told;
