@@ -1,6 +1,7 @@
 #pragma once
 
 #include "session/ProgramRun.h"
+#include "tests/common/EnvironmentVariable.h"
 
 #include <QFile>
 #include <QLocale>
@@ -12,10 +13,11 @@ constexpr int Patience = 20000;
 /// machine who has never run it.
 class TestRun {
 public:
-    explicit TestRun(const Surroundings& surroundings) : run_(OnTheDay(surroundings)) {
+    explicit TestRun(const Surroundings& surroundings)
+        : userConfig_("XDG_CONFIG_HOME", QFile::encodeName(surroundings.ProgramFolder +
+                                                           QStringLiteral("/UserConfig"))),
+          run_(OnTheDay(surroundings)) {
         QLocale::setDefault(QLocale::c());
-        qputenv("XDG_CONFIG_HOME",
-                QFile::encodeName(surroundings.ProgramFolder + QStringLiteral("/UserConfig")));
     }
 
 private:
@@ -24,5 +26,6 @@ private:
         return surroundings;
     }
 
+    EnvironmentVariable userConfig_;
     ProgramRun run_;
 };

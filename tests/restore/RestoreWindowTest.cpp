@@ -6,6 +6,7 @@
 #include "store/DailyCopies.h"
 #include "store/ProgramFiles.h"
 #include "store/PutBack.h"
+#include "tests/common/ApplicationState.h"
 #include "tests/common/NextBox.h"
 #include "tests/look/LookTest.h"
 
@@ -18,6 +19,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QTest>
 #include <QTimer>
 #include <QTreeWidget>
@@ -177,8 +179,8 @@ TEST_F(RestoreWindowTest, WhatIsPutBackInPartIsSaidToBeSo) {
 
 TEST_F(RestoreWindowTest, TheProgramShowsItUnderItsNameUntilItIsClosed) {
     MakeCopies(1);
-    const QString name = QCoreApplication::applicationName();
-    const QString entry = QGuiApplication::desktopFileName();
+    const ApplicationState state;
+    const auto prompts = qScopeGuard([this] { SetPrompts(&Boxes); });
     QApplication::setQuitOnLastWindowClosed(true);
     QApplication::setWindowIcon(QIcon());
     QElapsedTimer watch;
@@ -214,10 +216,6 @@ TEST_F(RestoreWindowTest, TheProgramShowsItUnderItsNameUntilItIsClosed) {
     tooLong.callOnTimeout([] { QCoreApplication::exit(99); });
     tooLong.start(2 * Patience);
     EXPECT_EQ(RunRestore(*qApp, Path(QString())), 0);
-    QCoreApplication::setApplicationName(name);
-    QGuiApplication::setDesktopFileName(entry);
-    QApplication::setWindowIcon(QIcon());
-    SetPrompts(&Boxes);
 }
 
 TEST_F(RestoreWindowTest, ADamagedFileAndADamagedCopyAreSaidToBeSo) {

@@ -7,6 +7,7 @@
 #include "store/ProgramFiles.h"
 #include "store/TableNames.h"
 #include "tests/common/FileBytes.h"
+#include "tests/common/FileModes.h"
 #include "tests/common/FullDisk.h"
 #include "tests/common/OrdinaryUser.h"
 #include "tests/common/SmallDisk.h"
@@ -109,7 +110,7 @@ TEST_F(DailyCopiesTest, ReadingLeavesNoCopy) {
 TEST_F(DailyCopiesTest, ACopyTakesItsNameWhenItHasBeenChecked) {
     Change();
     ASSERT_EQ(Copies().size(), 1);
-    EXPECT_TRUE(Copies().constFirst().endsWith(QLatin1String(".new")));
+    EXPECT_TRUE(Copies().value(0).endsWith(QLatin1String(".new")));
     ResetSession();
     EXPECT_EQ(Copies(), QStringList{QStringLiteral("2001-03-07")});
 }
@@ -142,10 +143,10 @@ TEST_F(DailyCopiesTest, ACopyThatFailsItsCheckReplacesNoneDeletesNoneAndIsToldOn
 
 TEST_F(DailyCopiesTest, AFolderThatCannotBeWrittenIsToldOnceInARunAndTheWorkGoesOn) {
     ASSERT_TRUE(QDir().mkdir(Path(QStringLiteral("Backups"))));
-    QFile::setPermissions(Path(QStringLiteral("Backups")), QFile::ReadOwner | QFile::ExeOwner);
+    const FileMode backups(Path(QStringLiteral("Backups")), 0500);
     for (const QString& entry :
          {QString(), QStringLiteral("Database"), QStringLiteral("Database/Charts.mdb")})
-        QFile::setPermissions(Path(entry), QFile::Permissions(0x7777));
+        ASSERT_EQ(::chmod(QFile::encodeName(Path(entry)).constData(), 0777), 0);
     Boxes.Expect(Words.arg(QStringLiteral("Nothing can be stored in the folder %1. Please ask the "
                                           "person who looks after this computer.")
                                .arg(Path(QStringLiteral("Backups")))));
