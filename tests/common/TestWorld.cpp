@@ -12,6 +12,10 @@
 
 namespace {
 
+void ExpectCommitted() {
+    EXPECT_FALSE(IsUnderWay()) << "a kill would undo what has just been done";
+}
+
 QString FieldText(const QVariant& value) {
     if (value.isNull())
         return QStringLiteral("<null>");
@@ -71,6 +75,7 @@ bool IsUnderWay() {
 }
 
 QStringList ProgramTest::Rows(const QString& table) {
+    ExpectCommitted();
     const auto tables = TableStore::OpenDatabase(Path(QStringLiteral("Database/Charts.mdb")));
     Recordset rows = tables->OpenRecordset(table);
     const bool accounts = table == UsersTable;
@@ -87,6 +92,7 @@ QStringList ProgramTest::Rows(const QString& table) {
 }
 
 QStringList ProgramTest::TableNames(bool withAccounts) {
+    ExpectCommitted();
     const auto tables = TableStore::OpenDatabase(Path(QStringLiteral("Database/Charts.mdb")));
     QStringList names;
     for (int index = 0; index < tables->TableCount(); ++index)

@@ -40,9 +40,11 @@ protected:
     static QString PictureFile(const QString& name = QStringLiteral("picture.png"),
                                QRgb color = 0xff2266aa);
 
-    /// All rows of a table as another process finds them in the file, and the next start after a
-    /// kill at this moment: each as its fields' texts joined by "|"; Null as "<null>", true as "-1"
-    /// and false as "0".
+    // What these tell is what the next start finds after a kill at this moment. They commit
+    // nothing, and fail the test where something is under way that a kill would undo.
+
+    /// All rows of a table as another process finds them in the file: each as its fields' texts
+    /// joined by "|"; Null as "<null>", true as "-1" and false as "0".
     static QStringList Rows(const QString& table);
 
     /// Names of all tables in order, USERS among them or not, as they are in the file.
