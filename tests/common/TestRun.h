@@ -19,6 +19,8 @@ public:
           run_(OnTheDay(surroundings)) {
         QLocale::setDefault(QLocale::c());
     }
+    ~TestRun() { QLocale::setDefault(formerLocale_); }
+    Q_DISABLE_COPY_MOVE(TestRun)
 
 private:
     static Surroundings OnTheDay(Surroundings surroundings) {
@@ -26,6 +28,7 @@ private:
         return surroundings;
     }
 
+    QLocale formerLocale_;
     EnvironmentVariable userConfig_;
     ProgramRun run_;
 };

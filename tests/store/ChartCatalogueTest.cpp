@@ -15,6 +15,7 @@ protected:
                   first.addDays(6));
     }
 
+    /// Fills a list, which rolls what is due, and commits as the list's handler does.
     static QStringList Charts(bool ownOnly) {
         FakeList list;
         Database().PopulateChartList(list, ownOnly);

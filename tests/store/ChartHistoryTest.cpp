@@ -23,6 +23,8 @@ protected:
                   CurrentUser, autoCreate);
     }
 
+    /// Fills a child's list on that day, which rolls what is due, and commits as the list's handler
+    /// does.
     static QStringList ChildsList(const QDate& today) {
         SetToday(today);
         FakeList list;
