@@ -162,7 +162,7 @@ void RestoreWindow::MakeControls() {
 }
 
 void RestoreWindow::Refresh() {
-    now_ = SummaryOf(DatabaseFile());
+    now_ = SummaryNow();
     entries_.clear();
     copies_->clear();
     for (const QString& name : CopyNames()) {
@@ -230,7 +230,12 @@ void RestoreWindow::PutBack_Click() {
                  .arg(CopyTitle(name)));
     } catch (const RuntimeError& error) {
         QApplication::restoreOverrideCursor();
-        QStringList words{QStringLiteral("The copy was not put back."), error.Text()};
+        QStringList words{IsPuttingBack()
+                              ? QStringLiteral("A copy has been put back only in part. When what "
+                                               "stands below is mended, start Sparkit Dutygrid: "
+                                               "it puts back the rest by itself.")
+                              : QStringLiteral("The copy was not put back."),
+                          error.Text()};
         if (!error.Advice().isEmpty())
             words += error.Advice();
         Tell(words.join(QStringLiteral("\n\n")), PromptIcon::Critical);

@@ -3,6 +3,7 @@
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/DraftFolder.h"
+#include "platform/runtime/FileFaults.h"
 #include "platform/runtime/ProgramFolder.h"
 #include "platform/runtime/Prompts.h"
 #include "platform/runtime/WholeFiles.h"
@@ -42,19 +43,28 @@ CopyingState& State() {
 }
 
 /// When the action under way is over: a box in the midst of it would let other things happen.
-void TellOnce(const QString& reason) {
+void TellOnce(const QString& text) {
     if (std::exchange(State().isTold, true))
         return;
-    const QString text = QStringLiteral("Today's safety copy of your accounts and Dutygrids could "
-                                        "not be made.\n\n%1\n\nWhat you do is stored as always, "
-                                        "and the copies of earlier days are still there.")
-                             .arg(reason);
     QTimer::singleShot(0, qApp, [text] {
         RunAction([&] {
             if (!IsProcessEnding())
                 Tell(text, PromptIcon::Exclamation);
         });
     });
+}
+
+void TellFailure(const QString& reason) {
+    TellOnce(QStringLiteral("Today's safety copy of your accounts and Dutygrids could not be "
+                            "made.\n\n%1\n\nWhat you do is stored as always, and the copies of "
+                            "earlier days are still there.")
+                 .arg(reason));
+}
+
+/// Whether a list of jobs or the settings can go into a copy. That one of them cannot for good must
+/// not keep the accounts from being copied.
+bool CanBeCopied(const QString& file) {
+    return MayRead(file) && QFileInfo(file).size() <= LargestSmallFile;
 }
 
 /// Why nothing could be written, in words for the one who sits there.
@@ -113,7 +123,8 @@ void RemoveOldCopies() {
 }
 
 bool HasCopyOf(const QDate& day) {
-    return QFileInfo(CopiesFolder() + QLatin1Char('/') + day.toString(Qt::ISODate)).isDir();
+    const QFileInfo copy(CopiesFolder() + QLatin1Char('/') + day.toString(Qt::ISODate));
+    return copy.isDir() && !copy.isSymLink();
 }
 
 } // namespace
@@ -153,12 +164,21 @@ void CopyBeforeChange(TableStore& tables) {
             return;
         auto draft = std::make_unique<DraftFolder>(CopiesFolder(), DatabaseFile());
         tables.CopyTo(draft->MakeFile(CopiedDatabase));
+        QStringList leftOut;
         for (const QString& file : SettingsAndJobLists())
-            draft->Write(QFileInfo(file).fileName(), ReadWholeFile(file, LargestSmallFile));
+            if (CanBeCopied(file))
+                draft->Write(QFileInfo(file).fileName(), ReadWholeFile(file, LargestSmallFile));
+            else
+                leftOut += QDir::toNativeSeparators(file);
+        if (!leftOut.isEmpty())
+            TellOnce(QStringLiteral("Today's safety copy holds your accounts and Dutygrids, but "
+                                    "not these files, which cannot be read or are too "
+                                    "large:\n\n%1")
+                         .arg(leftOut.join(QLatin1Char('\n'))));
         state.draft = std::move(draft);
         QTimer::singleShot(0, qApp, FinishDailyCopy);
     } catch (const RuntimeError& error) {
-        TellOnce(WhyNot(error));
+        TellFailure(WhyNot(error));
     }
 }
 
@@ -167,9 +187,9 @@ void FinishDailyCopy() {
     if (!draft)
         return;
     if (!FindDamage(draft->Path(CopiedDatabase)).isEmpty()) {
-        TellOnce(QStringLiteral("The copy did not pass its check, so the file itself may be "
-                                "damaged. Please end the program and start \"Sparkit Dutygrid "
-                                "Restore\", which can put back the copy of an earlier day."));
+        TellFailure(QStringLiteral("The copy did not pass its check, so the file itself may be "
+                                   "damaged. Please end the program and start \"Sparkit Dutygrid "
+                                   "Restore\", which can put back the copy of an earlier day."));
         return;
     }
     try {
@@ -178,6 +198,6 @@ void FinishDailyCopy() {
     } catch (const RuntimeError& error) {
         // Another copy of the program may have been quicker.
         if (!HasCopyOf(State().tried))
-            TellOnce(WhyNot(error));
+            TellFailure(WhyNot(error));
     }
 }

@@ -2,10 +2,11 @@
 
 #include "platform/runtime/Dates.h"
 #include "platform/runtime/DraftFolder.h"
+#include "platform/runtime/FileFaults.h"
 #include "platform/runtime/ProgramFolder.h"
-#include "platform/runtime/RuntimeError.h"
 #include "platform/runtime/WholeFiles.h"
 #include "platform/tables/Damage.h"
+#include "platform/tables/TableStore.h"
 #include "store/DailyCopies.h"
 #include "store/ProgramFiles.h"
 
@@ -24,6 +25,10 @@ constexpr qint64 AnySize = std::numeric_limits<qint64>::max();
 
 QString NoteFile() {
     return CopiesFolder() + QStringLiteral("/PuttingBack.txt");
+}
+
+QString DataFolder() {
+    return QFileInfo(DatabaseFile()).path();
 }
 
 QString FolderOf(const QString& name) {
@@ -64,7 +69,12 @@ void Rename(const QString& from, const QString& to) {
     std::filesystem::rename(QFileInfo(from).filesystemFilePath(),
                             QFileInfo(to).filesystemFilePath(), fault);
     if (fault)
-        throw RuntimeError(ErrorNumber::PathFileAccessError);
+        throw WriteFault(ErrorNumber::PathFileAccessError, from);
+}
+
+void Remove(const QString& path) {
+    if (!QFile::remove(path))
+        throw WriteFault(ErrorNumber::PathFileAccessError, path);
 }
 
 /// Gives the name of what cannot be replaced or read free.
@@ -89,21 +99,26 @@ QString PlaceOf(const QString& fileInCopy) {
     return SettingsFile();
 }
 
-/// The database of a copy as the program would have found it: a copy of what stood there may have
-/// been made of a file whose last change was interrupted. The change is taken back in a file of its
-/// own; the copy stays as it is.
-class WholeCopy {
+/// A database as the program would find it: its last change may have been interrupted, or it may be
+/// of a former format. The change is taken back and the file carried over in one of its own; the
+/// database itself stays as it is.
+class WholeDatabase {
 public:
-    explicit WholeCopy(const QString& name) : path_(DatabaseOfCopy(name)) {
+    explicit WholeDatabase(const QString& path) : path_(path) {
         const QString journal = QStringLiteral("-journal");
-        if (!IsThere(path_ + journal))
+        const bool isInterrupted = IsThere(path_ + journal);
+        if (!isInterrupted && !TableStore::IsOfFormerFormat(path_))
             return;
         draft_ = std::make_unique<DraftFolder>(CopiesFolder(), path_);
-        for (const QString& part : {QString(), journal})
-            draft_->Write(CopiedDatabase + part, ReadWholeFile(path_ + part, AnySize));
+        draft_->Write(CopiedDatabase, ReadWholeFile(path_, AnySize));
+        if (isInterrupted)
+            draft_->Write(CopiedDatabase + journal, ReadWholeFile(path_ + journal, AnySize));
         path_ = draft_->Path(CopiedDatabase);
-        // Whoever opens it for writing takes back what is half done.
-        FindDamage(path_);
+        try {
+            TableStore::OpenDatabase(path_);
+        } catch (const RuntimeError&) {
+            // Whoever reads it is told what it is that is damaged.
+        }
     }
 
     const QString& Path() const { return path_; }
@@ -112,6 +127,16 @@ private:
     QString path_;
     std::unique_ptr<DraftFolder> draft_;
 };
+
+CopySummary SummaryOfWhole(const QString& database) {
+    try {
+        return SummaryOf(WholeDatabase(database).Path());
+    } catch (const RuntimeError& error) {
+        CopySummary summary;
+        summary.Fault = error.Text();
+        return summary;
+    }
+}
 
 /// Makes a copy of all that can be read, sound or not; the files that cannot.
 QStringList KeepWhatIsThere(const QString& rightsLike) {
@@ -141,16 +166,16 @@ QStringList KeepWhatIsThere(const QString& rightsLike) {
 }
 
 void Finish() {
-    if (!IsThere(NoteFile()))
+    if (!IsPuttingBack())
         return;
     const QString name = QString::fromUtf8(ReadWholeFile(NoteFile(), 1000));
     // A copy that somebody has removed meanwhile cannot be put back, and must stop no start.
     if (IsCopy(name) && QFileInfo(DatabaseOfCopy(name)).isFile()) {
         // Whatever is interrupted here begins anew: the copy stays as it is.
-        const WholeCopy whole(name);
+        const WholeDatabase whole(DatabaseOfCopy(name));
         for (const QString& file : FilesBeside(DatabaseFile()))
-            if (IsThere(file) && !QFile::remove(file))
-                throw RuntimeError(ErrorNumber::PathFileAccessError);
+            if (IsThere(file))
+                Remove(file);
         PutInPlace(DatabaseFile(), ReadWholeFile(whole.Path(), AnySize));
         const QDir copy(FolderOf(name));
         for (const QString& file :
@@ -158,12 +183,18 @@ void Finish() {
                             QDir::Files | QDir::NoSymLinks))
             PutInPlace(PlaceOf(file), ReadWholeFile(copy.filePath(file), AnySize));
     }
-    if (!QFile::remove(NoteFile()) || !SyncPath(CopiesFolder()))
-        throw RuntimeError(ErrorNumber::PathFileAccessError);
+    Remove(NoteFile());
+    if (!SyncPath(CopiesFolder()))
+        throw WriteFault(ErrorNumber::PathFileAccessError, NoteFile());
 }
 
-QString DataFolder() {
-    return QFileInfo(DatabaseFile()).path();
+std::unique_ptr<FolderUse> UseAlone() {
+    QDir().mkpath(DataFolder());
+    try {
+        return FolderUse::Alone(DataFolder());
+    } catch (const RuntimeError&) {
+        throw WriteFault(ErrorNumber::PathFileAccessError, DatabaseFile());
+    }
 }
 
 } // namespace
@@ -190,24 +221,27 @@ QString DatabaseOfCopy(const QString& name) {
 }
 
 CopySummary SummaryOfCopy(const QString& name) {
-    try {
-        return SummaryOf(WholeCopy(name).Path());
-    } catch (const RuntimeError& error) {
-        CopySummary summary;
-        summary.Fault = error.Text();
-        return summary;
-    }
+    return SummaryOfWhole(DatabaseOfCopy(name));
+}
+
+CopySummary SummaryNow() {
+    return TableStore::IsOfFormerFormat(DatabaseFile()) ? SummaryOfWhole(DatabaseFile())
+                                                        : SummaryOf(DatabaseFile());
+}
+
+bool IsPuttingBack() {
+    const QFileInfo note(NoteFile());
+    return note.isFile() && !note.isSymLink();
 }
 
 void PutCopyBack(const QString& name) {
-    QDir().mkpath(DataFolder());
-    const std::unique_ptr<FolderUse> use = FolderUse::Alone(DataFolder());
+    const std::unique_ptr<FolderUse> use = UseAlone();
     if (!use)
         throw RuntimeError(InUse, QStringLiteral("Sparkit Dutygrid is still running. Please end "
                                                  "it, on this screen and for everyone else who "
                                                  "uses this computer, and try again."));
     Finish();
-    const QStringList damage = FindDamage(WholeCopy(name).Path());
+    const QStringList damage = FindDamage(WholeDatabase(DatabaseOfCopy(name)).Path());
     if (!damage.isEmpty())
         throw RuntimeError(ErrorNumber::EngineFault, damage.join(QLatin1Char('\n')));
     const QStringList unreadable =
@@ -219,11 +253,9 @@ void PutCopyBack(const QString& name) {
 }
 
 std::unique_ptr<FolderUse> UseData() {
-    if (IsThere(NoteFile())) {
-        QDir().mkpath(DataFolder());
-        if (const std::unique_ptr<FolderUse> alone = FolderUse::Alone(DataFolder()))
+    if (IsPuttingBack())
+        if (const std::unique_ptr<FolderUse> alone = UseAlone())
             Finish();
-    }
     std::unique_ptr<FolderUse> use = FolderUse::Shared(DataFolder());
     if (!use)
         throw RuntimeError(InUse, QStringLiteral("Sparkit Dutygrid Restore is just putting back a "

@@ -20,10 +20,15 @@ QString CopyTitle(const QString& name);
 QString DatabaseOfCopy(const QString& name);
 /// What a copy holds, without what was only half stored when it was made.
 CopySummary SummaryOfCopy(const QString& name);
+/// What the program's own file holds.
+CopySummary SummaryNow();
+
+/// Whether the putting back of a copy has begun and is not finished.
+bool IsPuttingBack();
 
 /// Puts a copy back. What stood there before is kept as a copy of its own. Raises 3000 for a copy
 /// that is not sound, 70 while the program runs, 75 if a file cannot be written; the former files
-/// are there then, or the note is.
+/// are there then, unless it IsPuttingBack.
 void PutCopyBack(const QString& name);
 
 /// To be called before the data is used, and to be kept as long as it is: finishes what has been

@@ -1,22 +1,5 @@
 #include "platform/printer/PrintQueues.h"
 
-#ifdef Q_OS_WIN
-
-struct PrintQueues::Library {};
-
-PrintQueues::PrintQueues() = default;
-PrintQueues::~PrintQueues() = default;
-
-PrintQueues::Answer PrintQueues::Send(const QString&, const QString&, const QByteArray&) const {
-    return {};
-}
-
-PrintQueues::JobState PrintQueues::StateOf(const QString&, int) const {
-    return JobState::Gone;
-}
-
-#else
-
 #include <QLibrary>
 #include <QPrinterInfo>
 #include <QScopeGuard>
@@ -152,5 +135,3 @@ PrintQueues::JobState PrintQueues::StateOf(const QString& printer, int job) cons
         return JobState::Gone;
     }
 }
-
-#endif

@@ -4,13 +4,11 @@
 #include <QFileInfo>
 #include <QStorageInfo>
 #include <algorithm>
-#ifdef Q_OS_UNIX
 #include <fcntl.h>
 #include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
-#endif
 
 namespace {
 
@@ -20,7 +18,6 @@ QString Shown(const QString& path) {
     return QDir::toNativeSeparators(path);
 }
 
-#ifdef Q_OS_UNIX
 bool May(Wish wish, const QString& path) {
     const int mode = wish == Wish::Read ? R_OK : wish == Wish::Write ? W_OK : X_OK;
     return ::faccessat(AT_FDCWD, QFile::encodeName(path).constData(), mode, AT_EACCESS) == 0;
@@ -65,16 +62,6 @@ QString WayToTheRight(const QString& path, Wish wish) {
     }
     return QStringLiteral("Ask its owner (%1) for the right to it.").arg(QFileInfo(path).owner());
 }
-#else
-bool May(Wish wish, const QString& path) {
-    const QFileInfo info(path);
-    return wish == Wish::Read ? info.isReadable() : wish == Wish::Write ? info.isWritable() : true;
-}
-
-QString WayToTheRight(const QString&, Wish) {
-    return QStringLiteral("Give yourself the right to it in its properties.");
-}
-#endif
 
 QString NoRight(const QString& path, Wish wish) {
     const QString verb = wish == Wish::Write ? QStringLiteral("change") : QStringLiteral("open");
@@ -121,6 +108,10 @@ RuntimeError Advised(ErrorNumber number, const QString& advice) {
 }
 
 } // namespace
+
+bool MayRead(const QString& path) {
+    return May(Wish::Read, path);
+}
 
 QString WhyNotRead(const QString& path) {
     if (const QString reason = WhyNoWayTo(path); !reason.isEmpty())

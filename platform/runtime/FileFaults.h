@@ -14,6 +14,9 @@ RuntimeError WriteFault(ErrorNumber number, const QString& path);
 /// For a file of more than `most` bytes where no good one is.
 RuntimeError TooLargeFault(ErrorNumber number, const QString& path, qint64 most);
 
+/// Whether this user has the right to read a file.
+bool MayRead(const QString& path);
+
 /// The advice of these alone.
 QString WhyNotRead(const QString& path);
 QString WhyNotWritten(const QString& path);

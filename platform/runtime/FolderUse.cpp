@@ -2,48 +2,41 @@
 
 #include "platform/runtime/RuntimeError.h"
 
-#ifdef Q_OS_UNIX
 #include <QFile>
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
-#include <unistd.h>
-#endif
+#include <utility>
 
 namespace {
 
 enum class Answer { Granted, InUse, Unknown };
 
-#ifdef Q_OS_UNIX
 /// The lock lies on the folder itself: there is no file that could be left over.
-Answer Lock(const QString& folder, int kind, int& handle) {
-    handle = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (handle < 0)
+Answer Lock(const QString& path, int kind, FileHandle& folder) {
+    folder =
+        FileHandle(::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!folder.IsOpen())
         return Answer::Unknown;
-    if (::flock(handle, kind | LOCK_NB) == 0)
+    if (::flock(folder.Number(), kind | LOCK_NB) == 0)
         return Answer::Granted;
     const bool isInUse = errno == EWOULDBLOCK;
-    ::close(handle);
-    handle = -1;
+    folder = FileHandle();
     return isInUse ? Answer::InUse : Answer::Unknown;
 }
-#endif
 
 } // namespace
 
-std::unique_ptr<FolderUse> FolderUse::Shared([[maybe_unused]] const QString& folder) {
-    int handle = -1;
-#ifdef Q_OS_UNIX
-    if (Lock(folder, LOCK_SH, handle) == Answer::InUse)
+std::unique_ptr<FolderUse> FolderUse::Shared(const QString& path) {
+    FileHandle folder;
+    if (Lock(path, LOCK_SH, folder) == Answer::InUse)
         return nullptr;
-#endif
-    return std::unique_ptr<FolderUse>(new FolderUse(handle));
+    return std::unique_ptr<FolderUse>(new FolderUse(std::move(folder)));
 }
 
-std::unique_ptr<FolderUse> FolderUse::Alone([[maybe_unused]] const QString& folder) {
-    int handle = -1;
-#ifdef Q_OS_UNIX
-    switch (Lock(folder, LOCK_EX, handle)) {
+std::unique_ptr<FolderUse> FolderUse::Alone(const QString& path) {
+    FileHandle folder;
+    switch (Lock(path, LOCK_EX, folder)) {
     case Answer::InUse:
         return nullptr;
     case Answer::Unknown:
@@ -51,13 +44,5 @@ std::unique_ptr<FolderUse> FolderUse::Alone([[maybe_unused]] const QString& fold
     case Answer::Granted:
         break;
     }
-#endif
-    return std::unique_ptr<FolderUse>(new FolderUse(handle));
-}
-
-FolderUse::~FolderUse() {
-#ifdef Q_OS_UNIX
-    if (handle_ >= 0)
-        ::close(handle_);
-#endif
+    return std::unique_ptr<FolderUse>(new FolderUse(std::move(folder)));
 }

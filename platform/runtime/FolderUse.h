@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/runtime/FileHandle.h"
+
 #include <QString>
 #include <memory>
 
@@ -9,15 +11,11 @@ class FolderUse {
 public:
     /// Null if somebody has the folder alone. Where no such thing can be kept (a read-only medium,
     /// a missing folder) the use is granted.
-    static std::unique_ptr<FolderUse> Shared(const QString& folder);
+    static std::unique_ptr<FolderUse> Shared(const QString& path);
     /// Null if anybody uses the folder. Raises 75 where it cannot be found out.
-    static std::unique_ptr<FolderUse> Alone(const QString& folder);
-
-    ~FolderUse();
-    FolderUse(const FolderUse&) = delete;
-    FolderUse& operator=(const FolderUse&) = delete;
+    static std::unique_ptr<FolderUse> Alone(const QString& path);
 
 private:
-    explicit FolderUse(int handle) : handle_(handle) {}
-    int handle_;
+    explicit FolderUse(FileHandle folder) : folder_(std::move(folder)) {}
+    FileHandle folder_;
 };

@@ -1,6 +1,5 @@
 #include "platform/runtime/SharedFiles.h"
 
-#ifdef Q_OS_UNIX
 #include <QFile>
 #include <QFileInfo>
 #include <optional>
@@ -49,8 +48,3 @@ bool MayReadWhoMayChange(const QString& path, const QString& shared) {
             return false;
     return true;
 }
-#else
-bool MayReadWhoMayChange(const QString&, const QString&) {
-    return true;
-}
-#endif

@@ -1,28 +1,23 @@
 #include "platform/runtime/WholeFiles.h"
 
 #include "platform/runtime/FileFaults.h"
+#include "platform/runtime/FileHandle.h"
 
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
-#include <filesystem>
-#ifdef Q_OS_UNIX
 #include <cstdio>
 #include <fcntl.h>
+#include <filesystem>
 #include <unistd.h>
-#endif
 
 namespace {
 
 /// Has the disk keep what has been written to an open file.
 bool Sync(QFile& file) {
-#ifdef Q_OS_UNIX
     return ::fsync(file.handle()) == 0;
-#else
-    return true;
-#endif
 }
 
 /// A file that is not yet whole, beside the one whose place it will take; removed unless it does.
@@ -91,17 +86,10 @@ QString UnforeseenName() {
 }
 
 bool SyncPath(const QString& path) {
-#ifdef Q_OS_UNIX
     // Not waiting for the other end of a pipe that somebody has laid there.
-    const int handle =
-        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    const bool isDone = handle >= 0 && ::fsync(handle) == 0;
-    if (handle >= 0)
-        ::close(handle);
-    return isDone;
-#else
-    return true;
-#endif
+    const FileHandle handle(
+        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    return handle.IsOpen() && ::fsync(handle.Number()) == 0;
 }
 
 QByteArray ReadWholeFile(const QString& path, qint64 most) {
@@ -150,7 +138,6 @@ void ReplaceScratchFile(const QString& path, const QByteArray& content) {
 }
 
 bool RenameToFreeName(const QString& from, const QString& to) {
-#ifdef Q_OS_LINUX
     const QByteArray former = QFile::encodeName(from);
     const QByteArray next = QFile::encodeName(to);
     if (::renameat2(AT_FDCWD, former.constData(), AT_FDCWD, next.constData(), RENAME_NOREPLACE) ==
@@ -159,8 +146,4 @@ bool RenameToFreeName(const QString& from, const QString& to) {
     // Not every file system knows how to; these know two names for a file.
     return errno == EINVAL && ::link(former.constData(), next.constData()) == 0 &&
            ::unlink(former.constData()) == 0;
-#else
-    const QFileInfo info(to);
-    return !info.exists() && !info.isSymLink() && QFile::rename(from, to);
-#endif
 }

@@ -61,12 +61,15 @@ public:
         : name_(FreeNameBeside(path, format)) {
         const QString unfinished = name_ + QStringLiteral(".part");
         QFile::remove(unfinished);
-        // The engine would follow a link that somebody has laid there.
-        if (!QFile(unfinished).open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        // Not in what somebody has laid there, and with its rights before anybody can exchange it.
+        QFile file(unfinished);
+        if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly) ||
+            !file.setPermissions(QFile::permissions(path)))
             throw CannotMake(unfinished);
+        file.close();
         try {
             const std::unique_ptr<SQLite::Database> copy =
-                Connect(unfinished, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+                Connect(unfinished, SQLite::OPEN_READWRITE);
             // It is thrown away unless it is whole: nothing of it need be taken back.
             copy->exec("PRAGMA journal_mode=OFF");
             CopyPages(*copy, database);
@@ -76,7 +79,6 @@ public:
             QFile::remove(unfinished);
             throw;
         }
-        QFile::setPermissions(unfinished, QFile::permissions(path));
         if (!RenameToFreeName(unfinished, name_)) {
             QFile::remove(unfinished);
             throw CannotMake(name_);

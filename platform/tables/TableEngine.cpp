@@ -164,8 +164,7 @@ void TableEngine::BeginWrite() {
 }
 
 void TableEngine::CopyTo(const QString& path) {
-    const std::unique_ptr<SQLite::Database> copy =
-        Connect(path, SQLite::OPEN_READWRITE | SQLITE_OPEN_NOFOLLOW);
+    const std::unique_ptr<SQLite::Database> copy = Connect(path, SQLite::OPEN_READWRITE);
     try {
         // It is thrown away unless it is whole: nothing of it need be taken back.
         copy->exec("PRAGMA journal_mode=OFF");

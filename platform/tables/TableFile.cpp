@@ -5,6 +5,7 @@
 #include <SQLiteCpp/Backup.h>
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <algorithm>
 #include <array>
@@ -13,19 +14,27 @@
 
 namespace {
 
-[[noreturn]] void RefuseForeign() {
-    throw RuntimeError(
+/// The advice is for a file that is ours, and only seems to be another's by its first bytes.
+[[noreturn]] void RefuseForeign(const QString& path) {
+    RuntimeError error(
         ErrorNumber::EngineFault,
         QStringLiteral("This file is a database of another program. %1 cannot use it "
                        "and has left it as it is.")
             .arg(QCoreApplication::applicationName()));
+    error.SetAdvice(DamageAdvice(path));
+    throw error;
 }
 
-[[noreturn]] void RefuseNewer() {
-    throw RuntimeError(ErrorNumber::EngineFault,
+[[noreturn]] void RefuseNewer(const QString& path) {
+    RuntimeError error(ErrorNumber::EngineFault,
                        QStringLiteral("This database was made by a newer version of %1. Please "
                                       "install the newer version to open it.")
                            .arg(QCoreApplication::applicationName()));
+    if (const QString advice = DamageAdvice(path); !advice.isEmpty())
+        error.SetAdvice(QStringLiteral("If no newer version was ever used here, this holds "
+                                       "instead.\n\n%1")
+                            .arg(advice));
+    throw error;
 }
 
 /// The engine's own handle of the file: closing another one would let go of the locks that this
@@ -119,9 +128,15 @@ std::unique_ptr<SQLite::Database> Connect(const QString& path, int flags) {
     // Once in a process, before the engine is first used: it need not keep an account of its
     // memory, which takes a lock at every piece of it.
     [[maybe_unused]] static const int quick = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
-    // Absolute, for the engine reads a meaning into names that begin with "file:" or ":".
-    const QString file = QFileInfo(path).absoluteFilePath();
+    // Absolute, for the engine reads a meaning into names that begin with "file:" or ":". The
+    // folder may be reached by a link; a file that is written may be none.
+    const QFileInfo info(path);
+    const QString folder = info.dir().canonicalPath();
+    const QString file =
+        folder.isEmpty() ? info.absoluteFilePath() : folder + QLatin1Char('/') + info.fileName();
     RefusePipes(file);
+    if ((flags & SQLite::OPEN_READWRITE) != 0)
+        flags |= SQLITE_OPEN_NOFOLLOW;
     try {
         // One thread uses the connection: it needs no locks against others.
         return std::make_unique<SQLite::Database>(file.toUtf8().constData(),
@@ -147,23 +162,26 @@ void RefuseByHeader(SQLite::Database& database, const QString& path) {
         return;
     const int version = NumberAt(header, 60);
     if (version > FormatVersion)
-        RefuseNewer();
+        RefuseNewer(path);
     const bool isWriteAhead = header[18] > 1 || header[19] > 1;
     if (isWriteAhead && (version < FirstFormatVersion || version > FormatVersion))
-        RefuseForeign();
+        RefuseForeign(path);
 }
 
 int FormatOf(Statements& statements) {
+    const QString path = QString::fromStdString(statements.Connection().getFilename());
     const int version = Pragma(statements, "user_version");
     if (version > FormatVersion)
-        RefuseNewer();
+        RefuseNewer(path);
     const bool isOurs =
         version == FirstFormatVersion ||
         (version > FirstFormatVersion && Pragma(statements, "application_id") == ApplicationId);
     if (!isOurs && (version != 0 || Pragma(statements, "schema_version") != 0))
-        RefuseForeign();
+        RefuseForeign(path);
     RefuseCutOff(statements);
     if (version > FirstFormatVersion) {
+        if (!statements.Connection().tableExists("Catalogue"))
+            ReportDamage();
         // Finds out whether the declarations can be read at all.
         Query catalogue(statements, "SELECT Id FROM Catalogue LIMIT 1");
         catalogue.Step();

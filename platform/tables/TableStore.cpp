@@ -11,6 +11,21 @@ std::unique_ptr<TableStore> TableStore::OpenToRead(const QString& path) {
     return std::unique_ptr<TableStore>(new TableStore(TableEngine::OpenToRead(path)));
 }
 
+bool TableStore::IsOfFormerFormat(const QString& path) {
+    try {
+        const std::unique_ptr<SQLite::Database> database = Connect(path, SQLite::OPEN_READONLY);
+        RefuseByHeader(*database, path);
+        Configure(*database);
+        Statements statements(*database);
+        const int format = FormatOf(statements);
+        return format > 0 && format < FormatVersion;
+    } catch (const SQLite::Exception&) {
+        return false;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
 std::unique_ptr<TableStore> TableStore::CreateDatabase(const QString& path, const QString& locale) {
     return std::unique_ptr<TableStore>(new TableStore(TableEngine::Make(path, locale)));
 }

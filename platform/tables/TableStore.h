@@ -47,6 +47,10 @@ public:
     /// be written. Raises 3000.
     static std::unique_ptr<TableStore> OpenToRead(const QString& path);
 
+    /// Whether opening the file would carry it over. False if it cannot be opened at all, or only
+    /// for writing, as where a kill has left something half done.
+    static bool IsOfFormerFormat(const QString& path);
+
     /// Makes a new database without tables. `locale` is kept with the database for the record.
     /// Raises 3000 if the folder is missing or cannot be written.
     static std::unique_ptr<TableStore> CreateDatabase(const QString& path, const QString& locale);

@@ -8,6 +8,7 @@
 #include "shell/LogIn.h"
 #include "store/DailyCopies.h"
 #include "support/clsRegistry.h"
+#include "tests/common/ApplicationState.h"
 #include "tests/common/FormTest.h"
 #include "tests/common/NextBox.h"
 #include "widgets/HeadedList.h"
@@ -51,7 +52,6 @@ protected:
     ~RunProgramTest() override {
         DropDefaultForms();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QApplication::setWindowIcon(QIcon());
     }
 
     /// The program's exit code; `user` has the log-in form as soon as it is active.
@@ -91,6 +91,9 @@ protected:
     }
 
     const QString folder_ = Path(QString());
+
+private:
+    ApplicationState state_;
 };
 
 TEST_F(RunProgramTest, ItComesUnderItsNameInItsLookAndEndsByItsExit) {

@@ -1,25 +1,23 @@
 #pragma once
 
-#include <cstdlib>
+#include <cerrno>
+#include <gtest/gtest.h>
+#include <system_error>
 #include <unistd.h>
 
 /// While it lives this process has the rights of an ordinary user, who owns no file here; of no
-/// effect if it has them anyway.
+/// effect if it has them anyway. Throws std::system_error if the machine refuses.
 class OrdinaryUser {
 public:
     OrdinaryUser() : former_(::geteuid()) {
         constexpr uid_t nobody = 65534;
-        if (former_ == 0)
-            wasChanged_ = ::seteuid(nobody) == 0;
+        if (former_ == 0 && ::seteuid(nobody) != 0)
+            throw std::system_error(errno, std::generic_category(), "seteuid");
     }
-    ~OrdinaryUser() {
-        if (wasChanged_ && ::seteuid(former_) != 0)
-            std::abort();
-    }
+    ~OrdinaryUser() { EXPECT_EQ(::seteuid(former_), 0); }
     OrdinaryUser(const OrdinaryUser&) = delete;
     OrdinaryUser& operator=(const OrdinaryUser&) = delete;
 
 private:
     uid_t former_;
-    bool wasChanged_ = false;
 };

@@ -1,5 +1,7 @@
 #include "tests/common/PrintedPages.h"
 
+#include "tests/common/Entries.h"
+
 #include <QHash>
 #include <QPdfWriter>
 #include <QProcess>
@@ -14,21 +16,23 @@ constexpr double GridWidth = 21;
 constexpr double GridHeight = 30;
 constexpr int DotsPerInch = 150;
 
-QByteArray Run(const QString& program, const QStringList& arguments) {
-    QProcess process;
-    process.start(program, arguments);
-    if (!process.waitForFinished() || process.exitCode() != 0)
-        throw std::runtime_error(program.toStdString() +
-                                 " failed: " + process.readAllStandardError().toStdString());
-    return process.readAllStandardOutput();
-}
-
 bool IsWhite(QRgb pixel) {
     constexpr int NearlyWhite = 240;
     return qRed(pixel) > NearlyWhite && qGreen(pixel) > NearlyWhite && qBlue(pixel) > NearlyWhite;
 }
 
 } // namespace
+
+QByteArray OutputOf(const QString& program, const QStringList& arguments) {
+    QProcess process;
+    process.start(program, arguments);
+    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit ||
+        process.exitCode() != 0)
+        throw std::runtime_error(program.toStdString() +
+                                 " failed: " + process.errorString().toStdString() + ' ' +
+                                 process.readAllStandardError().toStdString());
+    return process.readAllStandardOutput();
+}
 
 QString WithoutLigatures(const QString& text) {
     return text.normalized(QString::NormalizationForm_KC);
@@ -40,7 +44,7 @@ PrintedPages::PrintedPages(const QString& pdf) : pdf_(pdf) {
                    .pageLayout()
                    .margins(QPageLayout::Point);
     QXmlStreamReader reader(
-        Run(QStringLiteral("pdftotext"), {QStringLiteral("-bbox"), pdf, QStringLiteral("-")}));
+        OutputOf(QStringLiteral("pdftotext"), {QStringLiteral("-bbox"), pdf, QStringLiteral("-")}));
     while (!reader.atEnd()) {
         if (reader.readNext() != QXmlStreamReader::StartElement)
             continue;
@@ -59,7 +63,7 @@ PrintedPages::PrintedPages(const QString& pdf) : pdf_(pdf) {
             const QRectF place(
                 ToGrid(number(QLatin1String("xMin")), number(QLatin1String("yMin"))),
                 ToGrid(number(QLatin1String("xMax")), number(QLatin1String("yMax"))));
-            words_.last().append({WithoutLigatures(reader.readElementText()), place});
+            LastOf(words_).append({WithoutLigatures(reader.readElementText()), place});
         }
     }
     if (reader.hasError())
@@ -69,6 +73,10 @@ PrintedPages::PrintedPages(const QString& pdf) : pdf_(pdf) {
 QPointF PrintedPages::ToGrid(double xPoints, double yPoints) const {
     return {(xPoints - margins_.left()) / unit_.width(),
             (yPoints - margins_.top()) / unit_.height()};
+}
+
+const QList<PrintedPages::Word>& PrintedPages::Words(int page) const {
+    return EntryOf(words_, page - 1);
 }
 
 PrintedPages::Word PrintedPages::Find(int page, const QString& text) const {
@@ -106,10 +114,11 @@ QString PrintedPages::LineAt(int page, double top) const {
 
 QImage PrintedPages::Sheet(int page) const {
     const QString number = QString::number(page);
-    const QByteArray pixmap = Run(QStringLiteral("pdftoppm"),
-                                  {QStringLiteral("-r"), QString::number(DotsPerInch),
-                                   QStringLiteral("-f"), number, QStringLiteral("-l"), number,
-                                   QStringLiteral("-thinlinemode"), QStringLiteral("solid"), pdf_});
+    const QByteArray pixmap =
+        OutputOf(QStringLiteral("pdftoppm"),
+                 {QStringLiteral("-r"), QString::number(DotsPerInch), QStringLiteral("-f"), number,
+                  QStringLiteral("-l"), number, QStringLiteral("-thinlinemode"),
+                  QStringLiteral("solid"), pdf_});
     return QImage::fromData(pixmap, "PPM").convertToFormat(QImage::Format_RGB32);
 }
 
@@ -123,7 +132,7 @@ QRect PrintedPages::PrintableArea() const {
 const QImage& PrintedPages::Picture(int page) const {
     if (pictures_.isEmpty())
         pictures_.resize(Count());
-    QImage& picture = pictures_[page - 1];
+    QImage& picture = EntryOf(pictures_, page - 1);
     if (picture.isNull())
         picture = Sheet(page).copy(PrintableArea());
     return picture;

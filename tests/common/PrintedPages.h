@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QColor>
 #include <QImage>
 #include <QList>
@@ -8,10 +9,14 @@
 #include <QSize>
 #include <QSizeF>
 #include <QString>
+#include <QStringList>
 
 /// Text read from paper as it was printed: a font joins the letters of "fi" and "fl" into one sign,
 /// which is taken apart again.
 QString WithoutLigatures(const QString& text);
+
+/// What a program writes. Throws std::runtime_error if it does not start or fails.
+QByteArray OutputOf(const QString& program, const QStringList& arguments);
 
 /// A printed job as a reader of the paper sees it: where its words stand and what colour a place
 /// has. All places are in the grid units of the program's pages, 21 across the printable area and
@@ -29,8 +34,8 @@ public:
 
     int Count() const { return static_cast<int>(words_.size()); }
 
-    /// Pages count from 1.
-    const QList<Word>& Words(int page) const { return words_.at(page - 1); }
+    /// Pages count from 1. Each look at a page that is not there throws std::runtime_error.
+    const QList<Word>& Words(int page) const;
     /// The first word of that text. Throws std::runtime_error if there is none.
     Word Find(int page, const QString& text) const;
     /// All words of that text, from top to bottom.

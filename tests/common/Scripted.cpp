@@ -3,7 +3,6 @@
 #include "tests/common/PrintedPages.h"
 
 #include <QPdfWriter>
-#include <QProcess>
 #include <QRegularExpression>
 #include <gtest/gtest.h>
 #include <stdexcept>
@@ -115,9 +114,6 @@ const QString& PdfPrintTarget::LastFile() const {
 }
 
 QString PdfPrintTarget::TextOf(const QString& file) {
-    QProcess reader;
-    reader.start(QStringLiteral("pdftotext"),
-                 {QStringLiteral("-layout"), file, QStringLiteral("-")});
-    reader.waitForFinished();
-    return WithoutLigatures(QString::fromUtf8(reader.readAllStandardOutput()));
+    return WithoutLigatures(QString::fromUtf8(OutputOf(
+        QStringLiteral("pdftotext"), {QStringLiteral("-layout"), file, QStringLiteral("-")})));
 }

@@ -103,7 +103,8 @@ public:
     const QString& LastFile() const;
     /// What the jobs sent so far show.
     const QStringList& Names() const { return names_; }
-    /// The text of a job's pages, by pdftotext -layout; pages end in a form feed.
+    /// The text of a job's pages, by pdftotext -layout; pages end in a form feed. Throws
+    /// std::runtime_error if it cannot be read.
     static QString TextOf(const QString& file);
 
 private:

@@ -1,9 +1,15 @@
 #pragma once
 
+#include "tests/common/Needed.h"
+
 #include <QByteArray>
 #include <QFile>
 #include <QTemporaryDir>
+#include <cerrno>
+#include <cstring>
+#include <string>
 #include <sys/mount.h>
+#include <unistd.h>
 
 /// A file system in memory of a given size, where the machine allows to make one.
 class SmallDisk {
@@ -15,6 +21,8 @@ public:
         const QByteArray options = QByteArray("size=") + size;
         isMounted_ = ::mount("none", QFile::encodeName(folder_.path()).constData(), "tmpfs", 0,
                              options.constData()) == 0;
+        if (!isMounted_)
+            why_ = std::strerror(errno);
     }
     ~SmallDisk() {
         if (isMounted_)
@@ -24,6 +32,17 @@ public:
     SmallDisk& operator=(const SmallDisk&) = delete;
 
     bool IsMounted() const { return isMounted_; }
+    /// Skips the test where there is none, or fails it where root runs the tests for others (CI is
+    /// set).
+    void Need() const {
+        if (isMounted_)
+            return;
+        const std::string why = std::string("no small disk can be mounted: ") + why_;
+        if (::geteuid() == 0)
+            SkipOrFail(why);
+        else
+            GTEST_SKIP() << why;
+    }
     QString Folder() const { return folder_.path(); }
 
     /// Fills it but for so many pages. False if that was not possible.
@@ -44,4 +63,5 @@ private:
 
     QTemporaryDir folder_;
     bool isMounted_ = false;
+    std::string why_;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "session/ProgramRun.h"
+#include "tests/common/EnvironmentVariable.h"
 
 #include <QFile>
 #include <QLocale>
@@ -13,13 +14,17 @@ constexpr int Patience = 20000;
 /// machine who has never run it.
 class TestRun {
 public:
-    explicit TestRun(const Surroundings& surroundings) : run_(OnTheDay(surroundings)) {
+    explicit TestRun(const Surroundings& surroundings)
+        : userConfig_("XDG_CONFIG_HOME", QFile::encodeName(surroundings.ProgramFolder +
+                                                           QStringLiteral("/UserConfig"))),
+          run_(OnTheDay(surroundings)) {
         QLocale::setDefault(QLocale::c());
-        const QString config = surroundings.ProgramFolder + QStringLiteral("/UserConfig");
-        qputenv("XDG_CONFIG_HOME", QFile::encodeName(config));
         // The toolkit looks for the folder of its own settings but once.
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, config);
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
+                           surroundings.ProgramFolder + QStringLiteral("/UserConfig"));
     }
+    ~TestRun() { QLocale::setDefault(formerLocale_); }
+    Q_DISABLE_COPY_MOVE(TestRun)
 
 private:
     static Surroundings OnTheDay(Surroundings surroundings) {
@@ -27,5 +32,7 @@ private:
         return surroundings;
     }
 
+    QLocale formerLocale_;
+    EnvironmentVariable userConfig_;
     ProgramRun run_;
 };

@@ -7,20 +7,13 @@
 #include <QFile>
 #include <QImage>
 #include <SQLiteCpp/SQLiteCpp.h>
+#include <filesystem>
 #include <sqlite3.h>
 
 namespace {
 
-void CopyTree(const QString& from, const QString& to) {
-    QDir().mkpath(to);
-    const QFileInfoList entries = QDir(from).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot);
-    for (const QFileInfo& entry : entries) {
-        const QString target = to + QLatin1Char('/') + entry.fileName();
-        if (entry.isDir())
-            CopyTree(entry.filePath(), target);
-        else
-            QFile::copy(entry.filePath(), target);
-    }
+void ExpectCommitted() {
+    EXPECT_FALSE(IsUnderWay()) << "a kill would undo what has just been done";
 }
 
 QString FieldText(const QVariant& value) {
@@ -44,7 +37,8 @@ ProgramTest::ProgramTest()
                                    .Paper = &Paper,
                                    .ProgramFolder = folder_.path(),
                                    .End = [this](int exitCode) { Ends += exitCode; }}) {
-    CopyTree(QStringLiteral(DUTYGRID_ASSETS_DIR), folder_.path());
+    std::filesystem::copy(DUTYGRID_ASSETS_DIR, folder_.path().toStdString(),
+                          std::filesystem::copy_options::recursive);
     Database().InitDatabse();
 }
 
@@ -81,6 +75,7 @@ bool IsUnderWay() {
 }
 
 QStringList ProgramTest::Rows(const QString& table) {
+    ExpectCommitted();
     const auto tables = TableStore::OpenDatabase(Path(QStringLiteral("Database/Charts.mdb")));
     Recordset rows = tables->OpenRecordset(table);
     const bool accounts = table == UsersTable;
@@ -97,6 +92,7 @@ QStringList ProgramTest::Rows(const QString& table) {
 }
 
 QStringList ProgramTest::TableNames(bool withAccounts) {
+    ExpectCommitted();
     const auto tables = TableStore::OpenDatabase(Path(QStringLiteral("Database/Charts.mdb")));
     QStringList names;
     for (int index = 0; index < tables->TableCount(); ++index)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "session/Session.h"
+#include "tests/common/Entries.h"
 #include "tests/common/Errors.h"
 #include "tests/common/MemoryFolder.h"
 #include "tests/common/Readable.h"
@@ -39,9 +40,11 @@ protected:
     static QString PictureFile(const QString& name = QStringLiteral("picture.png"),
                                QRgb color = 0xff2266aa);
 
-    /// All rows of a table as another process finds them in the file, and the next start after a
-    /// kill at this moment: each as its fields' texts joined by "|"; Null as "<null>", true as "-1"
-    /// and false as "0".
+    // What these tell is what the next start finds after a kill at this moment. They commit
+    // nothing, and fail the test where something is under way that a kill would undo.
+
+    /// All rows of a table as another process finds them in the file: each as its fields' texts
+    /// joined by "|"; Null as "<null>", true as "-1" and false as "0".
     static QStringList Rows(const QString& table);
 
     /// Names of all tables in order, USERS among them or not, as they are in the file.
@@ -79,8 +82,8 @@ public:
     QList<EditorRow> rows{EditorRow{}};
 
     int RowCount() const override { return static_cast<int>(rows.size()); }
-    EditorRow Row(int index) const override { return rows.at(index); }
-    void SetRow(int index, const EditorRow& row) override { rows[index] = row; }
+    EditorRow Row(int index) const override { return EntryOf(rows, index); }
+    void SetRow(int index, const EditorRow& row) override { EntryOf(rows, index) = row; }
     void NewTask_Click() override { rows.append(EditorRow{}); }
 
 private:
@@ -96,9 +99,9 @@ public:
     QList<ViewerRow> rows{ViewerRow{}};
     QString dayCaption;
 
-    void SetRow(int index, const ViewerRow& row) override { rows[index] = row; }
+    void SetRow(int index, const ViewerRow& row) override { EntryOf(rows, index) = row; }
     bool CheckVisible(int index) const override {
-        if (index >= rows.size())
+        if (index < 0 || index >= rows.size())
             throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
         return rows.at(index).Completed;
     }

@@ -66,7 +66,7 @@ TEST_F(ViewerStartTest, AButtonForDaysKeepsTheKeyboard) {
     QPushButton& next = Button(viewer, u"NextDay"_s);
     next.setFocus();
     Press(next, Qt::Key_Space);
-    EXPECT_EQ(Jobs(viewer).first(), u"Thu job 1"_s);
+    EXPECT_EQ(Jobs(viewer).value(0), u"Thu job 1"_s);
     EXPECT_TRUE(next.hasFocus());
 }
 

@@ -2,6 +2,7 @@
 #include "help/HelpPage.h"
 #include "help/HelpWindow.h"
 #include "tests/common/ActiveWindow.h"
+#include "tests/common/Entries.h"
 #include "tests/common/FormTest.h"
 
 #include <QDir>
@@ -146,7 +147,7 @@ TEST_F(HelpManualTest, MessagesAreQuotedAsTheProgramSaysThem) {
 }
 
 TEST_F(HelpManualTest, TheChildrensPageHasFewWordsAndManyPictures) {
-    const HelpTopic& page = book.Topics().at(book.PageOf(QStringLiteral("children")));
+    const HelpTopic& page = EntryOf(book.Topics(), book.PageOf(QStringLiteral("children")));
     EXPECT_LE(page.Text.count(QLatin1Char(' ')), 170);
     EXPECT_GE(AllOf("(<img)", page.Html).size(), 8);
 }

@@ -1,6 +1,7 @@
 #include "platform/desktop/SystemDesktop.h"
 #include "platform/desktop/SystemPrompts.h"
 #include "shell/MainForm.h"
+#include "tests/common/ApplicationState.h"
 #include "tests/common/NextBox.h"
 #include "tests/common/Pictures.h"
 #include "tests/look/LookTest.h"
@@ -72,7 +73,7 @@ TEST_F(DialogsLookTest, MessageBoxes) {
 }
 
 TEST_F(DialogsLookTest, DialogsForFilesAndColours) {
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    const ToolkitDialogs dialogs;
     MakeFamily();
     StartSession(u"Mum"_s, u"Teacher"_s);
     SystemDesktop desktop({});

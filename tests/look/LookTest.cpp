@@ -50,7 +50,10 @@ QString LookTest::LongJob() {
 
 void LookTest::MakeFamily() {
     const auto add = [](const QString& name, const QString& state, const QString& picture) {
-        Database().AddUser(name, u"x"_s, state, Path(u"UsersPictures/"_s + picture + u".png"_s));
+        Arrange([&] {
+            Database().AddUser(name, u"x"_s, state,
+                               Path(u"UsersPictures/"_s + picture + u".png"_s));
+        });
     };
     add(u"Mum"_s, u"Teacher"_s, u"Woman"_s);
     add(u"Dad"_s, u"Teacher"_s, u"Man"_s);
@@ -61,9 +64,10 @@ void LookTest::MakeFamily() {
     add(u"Mary Ann"_s, u"Student"_s, u"Bee"_s);
     add(LongName(), u"Student"_s, u"GirlPlaits"_s);
     add(LongName(), u"Teacher"_s, u"Grandma"_s);
-    Database().AddToy(u"Anna"_s, u"New bicycle"_s, Path(u"IncentivesPictures/Bike.gif"_s), 300);
-    Database().AddPoints(u"Anna"_s, 120, false);
-    Database().Commit();
+    Arrange([] {
+        Database().AddToy(u"Anna"_s, u"New bicycle"_s, Path(u"IncentivesPictures/Bike.gif"_s), 300);
+        Database().AddPoints(u"Anna"_s, 120, false);
+    });
 }
 
 void LookTest::MakeChart(const QString& name, const QString& owner, int jobsADay,

@@ -2,6 +2,7 @@
 #include "platform/desktop/SystemDesktop.h"
 #include "platform/desktop/SystemPrompts.h"
 #include "tests/accessibility/Stage.h"
+#include "tests/common/ApplicationState.h"
 #include "tests/common/NextBox.h"
 #include "widgets/PersonRows.h"
 
@@ -327,8 +328,6 @@ INSTANTIATE_TEST_SUITE_P(Windows, OneLookTest, testing::ValuesIn(Stage::Names())
 /// What the toolkit brings stands as the forms do, whatever the desktop's own order is.
 class BoxesLookTest : public FormTest {
 protected:
-    BoxesLookTest() { QApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
-
     static void ExpectButtons(const QWidget& box, const QStringList& captions) {
         constexpr int beforeTheText = 9; // pixels, within the ring of the keyboard
         QList<QPushButton*> buttons = Seen<QPushButton>(*box.findChild<const QDialogButtonBox*>());
@@ -361,6 +360,9 @@ protected:
                                 [](const QPushButton* button) { return IsMain(*button); }),
                   1);
     }
+
+private:
+    ToolkitDialogs dialogs_;
 };
 
 TEST_F(BoxesLookTest, MessagesAndQuestions) {

@@ -1,6 +1,7 @@
 """Finds the places of a C++ source at which a program can be made wrong, and writes the source with a switch at each."""
 
 import bisect
+import collections
 import re
 from dataclasses import dataclass
 
@@ -14,17 +15,25 @@ INTEGERS = {
     TypeKind.SCHAR, TypeKind.SHORT, TypeKind.INT, TypeKind.LONG, TypeKind.LONGLONG
 }
 NUMBERS = INTEGERS | {TypeKind.FLOAT, TypeKind.DOUBLE}
+FUNCTIONS = (CursorKind.FUNCTION_DECL, CursorKind.CXX_METHOD, CursorKind.FUNCTION_TEMPLATE, CursorKind.CONSTRUCTOR,
+             CursorKind.DESTRUCTOR, CursorKind.CONVERSION_FUNCTION)
 LOGICAL = ("&&", "||")
 
 
 @dataclass
 class Place:
-    """`kind` says what is wrong there: a condition negated, a border moved, a sum turned, a result changed, a call left out."""
+    """`kind` says what is wrong there: a condition negated, a border moved, a sum turned, a result changed, a call left out.
+    `where` is the function that it stands in, with "#2" behind it for the second place of the same kind and text there."""
     number: int
     file: str
     line: int
+    where: str
     kind: str
     text: str
+
+    def key(self):
+        """What tells it from all other places, also after lines have come and gone above it."""
+        return self.file, self.where, self.kind, self.text
 
 
 class Source:
@@ -32,6 +41,8 @@ class Source:
         self.path = path
         self.text = open(path, "rb").read()
         self.next = first_number
+        self.function = ""
+        self.alike = collections.Counter()
         self.places = []
         self.wraps = []
         self.replaced = {}
@@ -67,7 +78,11 @@ class Source:
     def place(self, kind, start, end):
         line = self.text.count(b"\n", 0, start) + 1
         text = re.sub(r"\s+", " ", self.text[start:end].decode())
-        found = Place(self.next, self.path, line, kind, text)
+        alike = (self.function, kind, text)
+        self.alike[alike] += 1
+        count = self.alike[alike]
+        where = self.function + (f" #{count}" if count > 1 else "")
+        found = Place(self.next, self.path, line, where, kind, text)
         self.places.append(found)
         self.next += 1
         return found.number
@@ -108,6 +123,9 @@ class Source:
         if kind in (CursorKind.VAR_DECL, CursorKind.FUNCTION_DECL, CursorKind.CXX_METHOD, CursorKind.FUNCTION_TEMPLATE):
             if self.is_constant(cursor):
                 return
+        outer = self.function
+        if kind in FUNCTIONS:
+            self.function = self.name(cursor)
         children = list(cursor.get_children())
         if kind == CursorKind.IF_STMT or kind == CursorKind.WHILE_STMT:
             self.condition(cursor, children)
@@ -123,6 +141,14 @@ class Source:
             # What a case is told by is a constant.
             if kind != CursorKind.CASE_STMT or index > 0:
                 self.walk(child)
+        self.function = outer
+
+    def name(self, function):
+        """With the class or the function that it stands in, as Recordset::Value."""
+        parent = function.semantic_parent
+        if parent is None or parent.kind in (CursorKind.TRANSLATION_UNIT, CursorKind.NAMESPACE):
+            return function.spelling
+        return f"{parent.spelling}::{function.spelling}"
 
     def is_constant(self, cursor):
         start = cursor.extent.start.offset

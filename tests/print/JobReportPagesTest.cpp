@@ -53,7 +53,7 @@ TEST_F(JobReportPagesTest, NoJobFoundPrintsTheHeaderAlone) {
     MakeChartTable(Chores, {{u"Dust"_s}});
     WriteJobs("Sweep\r\n");
     EXPECT_EQ(Print({Chores}), QList<QList<Line>>{{}});
-    ExpectHeader(Recorded.LastJob().first());
+    ExpectHeader(EntryOf(Recorded.LastJob(), 0));
 }
 
 TEST_F(JobReportPagesTest, TheGridIsItsOwnWhateverIsSetBefore) {
@@ -61,14 +61,14 @@ TEST_F(JobReportPagesTest, TheGridIsItsOwnWhateverIsSetBefore) {
     Printer().SetScaleHeight(60);
     WriteJobs("");
     Print({Chores});
-    ExpectHeader(Recorded.LastJob().first());
+    ExpectHeader(EntryOf(Recorded.LastJob(), 0));
 }
 
 TEST_F(JobReportPagesTest, EmptyListOfJobsPrintsTheHeaderAlone) {
     WriteJobs("");
     EXPECT_EQ(Print({u"there is no such table"_s}), QList<QList<Line>>{{}})
         << "no table is opened without a job";
-    ExpectHeader(Recorded.LastJob().first());
+    ExpectHeader(EntryOf(Recorded.LastJob(), 0));
 }
 
 TEST_F(JobReportPagesTest, LongJobsEndBeforeTheirCounts) {
@@ -89,7 +89,7 @@ TEST_F(JobReportPagesTest, LineHasNumberAndJobThenBothCountsTheSecondInRed) {
     WriteJobs("Sweep\r\nDust\r\n");
     Print({Chores});
     ASSERT_EQ(Recorded.LastJob().size(), 1);
-    const RecordedPage& page = Recorded.LastJob().first();
+    const RecordedPage& page = EntryOf(Recorded.LastJob(), 0);
     ExpectHeader(page);
     ASSERT_EQ(page.Texts.size(), 11);
     ExpectText(page.Texts[5], u"1.     Sweep"_s, 1.2, 3, 14, Black);
@@ -111,16 +111,18 @@ TEST_F(JobReportPagesTest, TwentyEightJobsFitOnOnePage) {
     MakeJobs(28);
     const auto pages = Print({Chores});
     ASSERT_EQ(pages.size(), 1);
-    EXPECT_EQ(pages[0].last(), (Line{u"28.     job28"_s, u"0 "_s, u"1 "_s, 30}));
+    EXPECT_EQ(pages[0].size(), 28);
+    EXPECT_EQ(pages[0].value(27), (Line{u"28.     job28"_s, u"0 "_s, u"1 "_s, 30}));
 }
 
 TEST_F(JobReportPagesTest, Line29StandsAt31AndAHeaderAloneFollows) {
     MakeJobs(29);
     const auto pages = Print({Chores});
     ASSERT_EQ(pages.size(), 2);
-    EXPECT_EQ(pages[0].last(), (Line{u"29.     job29"_s, u"0 "_s, u"1 "_s, 31}));
+    EXPECT_EQ(pages[0].size(), 29);
+    EXPECT_EQ(pages[0].value(28), (Line{u"29.     job29"_s, u"0 "_s, u"1 "_s, 31}));
     EXPECT_TRUE(pages[1].isEmpty());
-    ExpectHeader(Recorded.LastJob()[1]);
+    ExpectHeader(EntryOf(Recorded.LastJob(), 1));
 }
 
 TEST_F(JobReportPagesTest, EveryPageRepeatsTheHeaderAndNumbersFromOne) {
@@ -131,8 +133,8 @@ TEST_F(JobReportPagesTest, EveryPageRepeatsTheHeaderAndNumbersFromOne) {
         ExpectHeader(page);
     EXPECT_EQ(pages[0].size(), 29);
     EXPECT_EQ(pages[1].size(), 29);
-    EXPECT_EQ(pages[1].first(), (Line{u"1.     job30"_s, u"0 "_s, u"1 "_s, 3}));
-    EXPECT_EQ(pages[1].last(), (Line{u"29.     job58"_s, u"0 "_s, u"1 "_s, 31}));
+    EXPECT_EQ(pages[1].value(0), (Line{u"1.     job30"_s, u"0 "_s, u"1 "_s, 3}));
+    EXPECT_EQ(pages[1].value(28), (Line{u"29.     job58"_s, u"0 "_s, u"1 "_s, 31}));
     EXPECT_EQ(pages[2], (QList<Line>{{u"1.     job59"_s, u"0 "_s, u"1 "_s, 3},
                                      {u"2.     job60"_s, u"0 "_s, u"1 "_s, 4}}));
 }

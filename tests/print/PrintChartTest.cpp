@@ -278,7 +278,8 @@ TEST_F(PrintChartTest, TheTitleOfAnOrdinaryChartHasItsFullSizeOnA4) {
 TEST_F(PrintChartTest, JobThatIsTooLongEndsInDotsBeforeItsPoints) {
     MakeChart({{QStringLiteral("Wash ").repeated(40), QStringLiteral("Sun"), 3}});
     const PrintedPages pages = Print();
-    const PrintedPages::Word last = *(pages.Words(1).end() - 3);
+    const QList<PrintedPages::Word>& words = pages.Words(1);
+    const PrintedPages::Word last = EntryOf(words, words.size() - 3);
     EXPECT_TRUE(last.Text.endsWith(QLatin1String("..."))) << last.Text.toStdString();
     EXPECT_LT(last.Place.right(), 13);
     EXPECT_TRUE(pages.Ink(1, QRectF(12.9, 3.1, 0.05, 0.8)).isEmpty());

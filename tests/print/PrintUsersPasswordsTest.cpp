@@ -135,7 +135,6 @@ TEST_F(PrintUsersPasswordsTest, DeviceThatRefusesRaises482AndTheNextListIsWhole)
 }
 
 TEST_F(PrintUsersPasswordsTest, DatabaseWithoutTheAccountsTableRaises3078AndSendsNothing) {
-    Database().Commit();
     {
         const auto tables = TableStore::OpenDatabase(Path(QStringLiteral("Database/Charts.mdb")));
         tables->DeleteTable(QStringLiteral("USERS"));

@@ -2,6 +2,7 @@
 #include "platform/printer/SystemPrinter.h"
 #include "platform/printing/PrintNews.h"
 #include "platform/runtime/Actions.h"
+#include "tests/common/EnvironmentVariable.h"
 #include "tests/common/PrintedPages.h"
 #include "tests/common/TestWorld.h"
 
@@ -34,10 +35,7 @@ protected:
         SetPrintTarget(&target_);
         SetPrintNews([this](const PrintNews& news) { News += news; });
     }
-    ~PrintQueueTest() override {
-        SetPrintNews({});
-        qunsetenv("LPDEST");
-    }
+    ~PrintQueueTest() override { SetPrintNews({}); }
 
     /// Prints the list of accounts on a queue, by the name under which it then comes out.
     static void PrintOn(const QString& queue) {
@@ -68,13 +66,11 @@ protected:
     }
     /// What becomes of a job by what another server says, which another thread alone asks.
     static JobState StateByServer(const QString& server) {
-        const QByteArray former = qgetenv("CUPS_SERVER");
-        qputenv("CUPS_SERVER", server.toUtf8());
+        const EnvironmentVariable anotherServer("CUPS_SERVER", server.toUtf8());
         auto state = std::async(std::launch::async, [] { return PrintQueues().StateOf({}, 1); });
         EXPECT_TRUE(WaitFor([&state] {
             return state.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
         }));
-        qputenv("CUPS_SERVER", former);
         return state.get();
     }
     static QStringList Printouts() { return QDir(Path(u"Printouts"_s)).entryList(QDir::Files); }
@@ -87,6 +83,7 @@ protected:
 private:
     // Longer than the first four looks after a job take.
     static constexpr int Patience = 30000;
+    EnvironmentVariable queue_{"LPDEST"};
     SystemPrinter target_;
 };
 

@@ -6,6 +6,7 @@
 #include "store/DailyCopies.h"
 #include "store/ProgramFiles.h"
 #include "store/PutBack.h"
+#include "tests/common/ApplicationState.h"
 #include "tests/common/NextBox.h"
 #include "tests/look/LookTest.h"
 
@@ -18,6 +19,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QTest>
 #include <QTimer>
 #include <QTreeWidget>
@@ -155,10 +157,30 @@ TEST_F(RestoreWindowTest, WhatStandsInItsWayIsNamedWithTheWayOut) {
     Boxes.VerifyAllShown();
 }
 
+TEST_F(RestoreWindowTest, WhatIsPutBackInPartIsSaidToBeSo) {
+    MakeCopies(1);
+    const QString journal = DatabaseFile() + u"-journal"_s;
+    RestoreWindow window;
+    window.show();
+    Settle();
+    ASSERT_TRUE(QDir().mkdir(journal));
+    Boxes.Expect(u"Put back all accounts and Dutygrids as they were on Wednesday, 7 March "
+                 "2001?\n\nCompared with now: Anna has 5 points fewer.\n\nWhat is stored now is "
+                 "kept as a copy in this list."_s,
+                 PromptAnswer::Yes);
+    Boxes.Expect(
+        u"A copy has been put back only in part. When what stands below is mended, start Sparkit "
+        "Dutygrid: it puts back the rest by itself.\n\nPath/File access error\n\n%1 is a folder, "
+        "and a file belongs there. Rename the folder, and put the file in its place."_s.arg(
+            journal));
+    Click(Find(window, u"PutBack"_s));
+    Boxes.VerifyAllShown();
+}
+
 TEST_F(RestoreWindowTest, TheProgramShowsItUnderItsNameUntilItIsClosed) {
     MakeCopies(1);
-    const QString name = QCoreApplication::applicationName();
-    const QString entry = QGuiApplication::desktopFileName();
+    const ApplicationState state;
+    const auto prompts = qScopeGuard([this] { SetPrompts(&Boxes); });
     QApplication::setQuitOnLastWindowClosed(true);
     QApplication::setWindowIcon(QIcon());
     QElapsedTimer watch;
@@ -194,10 +216,6 @@ TEST_F(RestoreWindowTest, TheProgramShowsItUnderItsNameUntilItIsClosed) {
     tooLong.callOnTimeout([] { QCoreApplication::exit(99); });
     tooLong.start(2 * Patience);
     EXPECT_EQ(RunRestore(*qApp, Path(QString())), 0);
-    QCoreApplication::setApplicationName(name);
-    QGuiApplication::setDesktopFileName(entry);
-    QApplication::setWindowIcon(QIcon());
-    SetPrompts(&Boxes);
 }
 
 TEST_F(RestoreWindowTest, ADamagedFileAndADamagedCopyAreSaidToBeSo) {

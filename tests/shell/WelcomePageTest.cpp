@@ -147,7 +147,7 @@ TEST_F(WelcomePageTest, EachButtonOpensWhatTheToolbarButtonOfItsNameOpens) {
         for (int index = 0; index < entries.size(); ++index) {
             SCOPED_TRACE((user + u' ' + entries.at(index).name).toStdString());
             ASSERT_EQ(Steps().size(), entries.size());
-            Click(*Steps().at(index));
+            Click(*EntryOf(Steps(), index));
             EXPECT_EQ(Front(), entries.at(index).form);
             EXPECT_EQ(Steps().size(), 0);
             DefaultForm(entries.at(index).form).Unload();
@@ -160,8 +160,8 @@ TEST_F(WelcomePageTest, EachButtonOpensWhatTheToolbarButtonOfItsNameOpens) {
 TEST_F(WelcomePageTest, SpaceAndEnterPressAButton) {
     StartSession(u"Mum"_s, u"Teacher"_s);
     for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
-        Steps().at(1)->setFocus();
-        Press(*Steps().at(1), key);
+        EntryOf(Steps(), 1)->setFocus();
+        Press(*EntryOf(Steps(), 1), key);
         Settle();
         EXPECT_EQ(Front(), u"Openfrm"_s);
         DefaultForm(u"Openfrm"_s).Unload();
@@ -189,7 +189,7 @@ TEST_F(WelcomePageTest, AButtonTooNarrowForItsHintTellsIt) {
 
 TEST_F(WelcomePageTest, ACommandTakenFromTheAccountDoesNothing) {
     StartSession(u"Mum"_s, u"Teacher"_s);
-    WelcomeStep& open = *Steps().at(1);
+    WelcomeStep& open = *EntryOf(Steps(), 1);
     MainWindow().ToolbarButton(QLatin1String("Open")).setVisible(false);
     Click(open);
     EXPECT_EQ(Front(), QString());
@@ -214,19 +214,20 @@ TEST_F(WelcomePageTest, TabGoesFromTheToolbarThroughTheButtonsAndRound) {
 TEST_F(WelcomePageTest, F6GoesFromTheToolbarToTheButtonsAndBack) {
     StartSession(u"Mum"_s, u"Teacher"_s);
     auto& toolbar = Find<QToolBar>(MainWindow(), u"KidToolbar"_s);
-    Steps().at(2)->setFocus();
+    EntryOf(Steps(), 2)->setFocus();
     LookAt(MainWindow(), u"Welcome-keyboard"_s);
     KeyToWindow(MainWindow(), Qt::Key_F6);
     EXPECT_TRUE(toolbar.isAncestorOf(QApplication::focusWidget()));
     KeyToWindow(MainWindow(), Qt::Key_F6);
-    EXPECT_EQ(QApplication::focusWidget(), Steps().at(0));
+    EXPECT_EQ(QApplication::focusWidget(), EntryOf(Steps(), 0));
 }
 
 TEST_F(WelcomePageTest, TheButtonsHaveNamesAndRoles) {
     StartSession(u"Mum"_s, u"Teacher"_s);
     ASSERT_EQ(Steps().size(), OfAdult.size());
     for (int index = 0; index < OfAdult.size(); ++index) {
-        QAccessibleInterface* access = QAccessible::queryAccessibleInterface(Steps().at(index));
+        QAccessibleInterface* access =
+            QAccessible::queryAccessibleInterface(EntryOf(Steps(), index));
         ASSERT_NE(access, nullptr);
         EXPECT_EQ(access->role(), QAccessible::Button);
         EXPECT_EQ(access->text(QAccessible::Name), OfAdult.at(index).name);
@@ -262,7 +263,7 @@ TEST_F(WelcomePageTest, TheButtonsStandOnAColourOfSomebodysOwnWithoutTheLogo) {
     EXPECT_EQ(StepNames(), NamesOf(OfAdult));
     EXPECT_FALSE(HasLogo());
     EXPECT_EQ(Picture().pixelColor(5, 5), QColor(0, 0, 255));
-    Click(*Steps().first());
+    Click(*EntryOf(Steps(), 0));
     EXPECT_EQ(Front(), u"Newfrm"_s);
 }
 
@@ -307,9 +308,9 @@ TEST_F(WelcomePageTest, ForAChildTheButtonsAreLargeAndNameNoKeys) {
     ASSERT_EQ(Steps().size(), OfAdult.size());
     for (const WelcomeStep* step : Steps())
         EXPECT_EQ(step->NameFont().pointSizeF(), step->font().pointSizeF() * 1.15);
-    const int adults = Steps().first()->height();
+    const int adults = EntryOf(Steps(), 0)->height();
     constexpr int keys = 200; // where icon and name end, in pixels
-    EXPECT_GT(PixelsOf(*Steps().first(), LookColors::Band, keys), 100);
+    EXPECT_GT(PixelsOf(*EntryOf(Steps(), 0), LookColors::Band, keys), 100);
     LogInAnother(u"Anna"_s, u"Student"_s);
     ASSERT_EQ(Steps().size(), OfChild.size());
     for (WelcomeStep* step : Steps()) {
@@ -337,7 +338,7 @@ TEST_F(WelcomePageTest, ForAChildTheButtonsAreLargeAndNameNoKeys) {
 
 TEST_F(WelcomePageTest, AButtonEndsInAnArrowHeadAndIsOfHoneyUnderTheMouse) {
     StartSession(u"Mum"_s, u"Teacher"_s);
-    WelcomeStep& step = *Steps().at(1);
+    WelcomeStep& step = *EntryOf(Steps(), 1);
     const int end = step.width() - 20;
     QCursor::setPos(QPoint(0, 0));
     EXPECT_TRUE(QTest::qWaitFor([&] { return !step.underMouse(); }, Patience));

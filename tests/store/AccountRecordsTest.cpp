@@ -38,6 +38,11 @@ protected:
     static void Add(const QString& name, const QString& password, const QString& state = Student,
                     const QString& picture = {}) {
         Database().AddUser(name, password, state, picture);
+        Database().Commit();
+    }
+    static void Delete(const QString& name) {
+        Database().DeleteAccount(name);
+        Database().Commit();
     }
 };
 
@@ -67,10 +72,11 @@ TEST_F(AccountRecordsTest, OfTwoRowsOfOneNameReadsTakeTheLaterAndWritesReachBoth
     EXPECT_EQ(Database().RetrevePassword(Anna), QStringLiteral("second"));
     EXPECT_EQ(Database().RetreveState(Anna), Teacher);
     Database().ChangePassword(Anna, QStringLiteral("third"));
+    Database().Commit();
     EXPECT_EQ(Rows(UsersTable),
               (QStringList{QStringLiteral("Anna|third|0|Student|<null>|500"),
                            QStringLiteral("Anna|third|0|Teacher|<null>|<null>")}));
-    Database().DeleteAccount(Anna);
+    Delete(Anna);
     EXPECT_EQ(Rows(UsersTable), QStringList());
 }
 
@@ -221,7 +227,7 @@ TEST_F(AccountRecordsTest, OfThreeNeighbouringTablesOfAChildTheSecondSurvives) {
     Add(Anna, QStringLiteral("cat"));
     for (const char* name : {"A Anna", "B Anna", "C Anna"})
         SaveChart(QString::fromLatin1(name), {Job(QStringLiteral("a"), QStringLiteral("Mon"))});
-    Database().DeleteAccount(Anna);
+    Delete(Anna);
     EXPECT_EQ(TableNames(), QStringList{QStringLiteral("B Anna")});
 }
 
@@ -232,8 +238,9 @@ TEST_F(AccountRecordsTest, DeletingAnAccountTakesChartsAndHistoryButNoOneElses) 
     SaveChart(QStringLiteral("Chores Ben"), rows, QStringLiteral("Ben"));
     MakeEmptyChart(QStringLiteral("Empty"));
     Database().DuplicateChartHistory(QStringLiteral("Chores Anna"));
+    Database().Commit();
     SaveChart(QStringLiteral("Chores"), rows, QStringLiteral("Nobody"));
-    Database().DeleteAccount(Anna);
+    Delete(Anna);
     EXPECT_EQ(TableNames(), (QStringList{QStringLiteral("Chores"), QStringLiteral("Chores Ben"),
                                          QStringLiteral("Empty")}));
     EXPECT_EQ(Rows(UsersTable), QStringList());
@@ -244,7 +251,7 @@ TEST_F(AccountRecordsTest, DeletingAnAccountTakesTheLastTableTooIfNoneWentBefore
     const QList<EditorRow> rows = {Job(QStringLiteral("a"), QStringLiteral("Mon"))};
     SaveChart(QStringLiteral("Chores Ben"), rows, QStringLiteral("Ben"));
     SaveChart(QStringLiteral("Zoo Anna"), rows);
-    Database().DeleteAccount(Anna);
+    Delete(Anna);
     EXPECT_EQ(TableNames(), QStringList{QStringLiteral("Chores Ben")});
 }
 
@@ -253,7 +260,7 @@ TEST_F(AccountRecordsTest, DeletingAnAccountLeavesTheEnginesTablesAlone) {
     for (const char* name : {"MSys Anna", "Chores Ben", "msys Anna two", "Chores Bob"})
         SaveChart(QString::fromLatin1(name), {Job(QStringLiteral("a"), QStringLiteral("Mon"))},
                   QLatin1String(name).contains(Anna) ? Anna : QStringLiteral("Ben"));
-    Database().DeleteAccount(Anna);
+    Delete(Anna);
     EXPECT_EQ(TableNames(), (QStringList{QStringLiteral("Chores Ben"), QStringLiteral("Chores Bob"),
                                          QStringLiteral("MSys Anna")}));
 }

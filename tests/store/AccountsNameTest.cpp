@@ -9,8 +9,10 @@ namespace {
 class AccountsNameTest : public StoreTest {
 protected:
     AccountsNameTest() {
-        Database().AddUser(QStringLiteral("Anna"), QStringLiteral("cat"), QStringLiteral("Student"),
-                           QString());
+        Arrange([] {
+            Database().AddUser(QStringLiteral("Anna"), QStringLiteral("cat"),
+                               QStringLiteral("Student"), QString());
+        });
         SaveChart(QStringLiteral("Chores"), {Job(QStringLiteral("a"), QStringLiteral("Mon"))});
         Viewer.rows = {ViewerRow{}};
         Database().ReadInfoFromChart(QStringLiteral("Chores"), 0, true, QStringLiteral("Mon"));
@@ -74,6 +76,7 @@ TEST_F(AccountsNameTest, NamesThatOnlyBeginLikeItAreCharts) {
         Database().DuplicateChartHistory(name);
         Database().DeleteChart(QStringLiteral("History ") + name +
                                QStringLiteral(" from: 3/4/2001"));
+        Database().Commit();
     }
     EXPECT_EQ(TableNames(), (QStringList{QStringLiteral(" USERS"), QStringLiteral("Chores"),
                                          QStringLiteral("USER"), QStringLiteral("users "),

@@ -1,5 +1,6 @@
 #include "platform/runtime/Dates.h"
 #include "store/ChartFields.h"
+#include "tests/common/Charts.h"
 #include "tests/store/StoreTest.h"
 
 namespace {
@@ -14,19 +15,11 @@ protected:
                   first.addDays(6));
     }
 
-    static void SetOwnerToNull(const QString& chart) {
-        Database().Commit();
-        const auto tables = TableStore::OpenDatabase(Path(QStringLiteral("Database/Charts.mdb")));
-        Recordset rows = tables->OpenRecordset(chart);
-        rows.Edit();
-        rows.SetValue(ChartField::UserName, QVariant());
-        rows.Update();
-        tables->Commit();
-    }
-
+    /// Fills a list, which rolls what is due, and commits as the list's handler does.
     static QStringList Charts(bool ownOnly) {
         FakeList list;
         Database().PopulateChartList(list, ownOnly);
+        Database().Commit();
         return list.items;
     }
 
@@ -155,7 +148,7 @@ TEST_F(ChartCatalogueTest, AChartOfANullOwnerIsNobodysAndStopsNoList) {
     const QString history = QStringLiteral("History Lost from: 3/4/2001");
     for (const QString& name : {QStringLiteral("Lost"), history}) {
         Save(name, Sunday);
-        SetOwnerToNull(name);
+        SetNull(name, 0, ChartField::UserName);
     }
     Save(QStringLiteral("Now"), Sunday);
     Database().DuplicateChartHistory(QStringLiteral("Now"));

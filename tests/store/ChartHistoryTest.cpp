@@ -23,10 +23,13 @@ protected:
                   CurrentUser, autoCreate);
     }
 
+    /// Fills a child's list on that day, which rolls what is due, and commits as the list's handler
+    /// does.
     static QStringList ChildsList(const QDate& today) {
         SetToday(today);
         FakeList list;
         Database().PopulateChartList(list, true);
+        Database().Commit();
         return list.items;
     }
 };
@@ -35,10 +38,11 @@ TEST_F(ChartHistoryTest, TheCopyHoldsTicksAndOwnerButNotAutoCreate) {
     SaveHomeChart();
     TickDay(Chores, QStringLiteral("Mon"));
     Database().DuplicateChartHistory(Chores);
+    Database().Commit();
     EXPECT_EQ(Rows(History + QStringLiteral("3/4/2001")),
               (QStringList{QStringLiteral("Rake|Mon|Mum|Easy|5|-1|2001-03-04|2001-03-10|Anna|0"),
                            QStringLiteral("Feed|Tue|Mum|Easy|5|0|<null>|<null>|<null>|0")}));
-    EXPECT_TRUE(Rows(Chores).first().endsWith(QStringLiteral("Anna|-1")));
+    EXPECT_TRUE(Rows(Chores).value(0).endsWith(QStringLiteral("Anna|-1")));
 }
 
 TEST_F(ChartHistoryTest, ASecondCopyOfTheSameWeekReplacesTheFirst) {
@@ -46,9 +50,10 @@ TEST_F(ChartHistoryTest, ASecondCopyOfTheSameWeekReplacesTheFirst) {
     Database().DuplicateChartHistory(Chores);
     TickDay(Chores, QStringLiteral("Mon"));
     Database().DuplicateChartHistory(Chores);
+    Database().Commit();
     EXPECT_EQ(TableNames(), (QStringList{Chores, History + QStringLiteral("3/4/2001")}));
     EXPECT_TRUE(
-        Rows(History + QStringLiteral("3/4/2001")).first().contains(QStringLiteral("|-1|2001")));
+        Rows(History + QStringLiteral("3/4/2001")).value(0).contains(QStringLiteral("|-1|2001")));
 }
 
 TEST_F(ChartHistoryTest, AnEmptyChartFailsAndLeavesNoHistory) {
@@ -96,15 +101,15 @@ TEST_F(ChartHistoryTest, ARolledChartKeepsRowsAndAutoCreateAndLosesItsTicks) {
               (QStringList{QStringLiteral("Rake|Mon|Mum|Easy|5|0|2001-03-11|2001-03-17|Anna|-1"),
                            QStringLiteral("Feed|Tue|Mum|Easy|5|0|<null>|<null>|<null>|0")}));
     EXPECT_TRUE(
-        Rows(History + QStringLiteral("3/4/2001")).first().contains(QStringLiteral("|5|-1|")));
+        Rows(History + QStringLiteral("3/4/2001")).value(0).contains(QStringLiteral("|5|-1|")));
 }
 
 TEST_F(ChartHistoryTest, OnlyTheFirstRowsDatesMove) {
     SaveChart(Chores, {Job(QStringLiteral("Feed"), QStringLiteral("Mon-Fri"))}, CurrentUser, true);
     ChildsList(QDate(2001, 3, 11));
     const QStringList rows = Rows(Chores);
-    EXPECT_TRUE(rows.at(0).contains(QStringLiteral("2001-03-11|2001-03-17")));
-    EXPECT_TRUE(rows.at(1).contains(QStringLiteral("2001-03-04|2001-03-10")));
+    EXPECT_TRUE(rows.value(0).contains(QStringLiteral("2001-03-11|2001-03-17")));
+    EXPECT_TRUE(rows.value(1).contains(QStringLiteral("2001-03-04|2001-03-10")));
 }
 
 TEST_F(ChartHistoryTest, AListFilledTwiceRollsAChartOnce) {

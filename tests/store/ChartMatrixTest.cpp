@@ -21,7 +21,7 @@ protected:
 
     /// The cells of a line from Sunday to Saturday: "-" not scheduled, "o" open, a count if done.
     S Cells(int line) const {
-        const FakeMatrix::Week& week = Form.cells.at(line);
+        const FakeMatrix::Week& week = EntryOf(Form.cells, line);
         return {week.begin(), week.end()};
     }
     static S Days(const char* texts) { return QString::fromLatin1(texts).split(QLatin1Char(' ')); }
@@ -35,7 +35,7 @@ TEST_F(ChartMatrixTest, OneOpenJobOnOneDayIsOneTransparentCellAndZeroes) {
     EXPECT_EQ(Form.jobs, (S{QStringLiteral("Cook"), QStringLiteral("Total Points")}));
     EXPECT_EQ(Form.values, (S{QStringLiteral("7"), QStringLiteral("0")}));
     EXPECT_EQ(Cells(0), Days("- - o - - - -"));
-    EXPECT_EQ(Form.jobTotals.at(0), QStringLiteral("0"));
+    EXPECT_EQ(Form.jobTotals.value(0), QStringLiteral("0"));
     EXPECT_EQ(Form.dayTotals, Days("0 0 0 0 0 0 0"));
     EXPECT_EQ(Form.title, QStringLiteral("Weekly Dutygrid Review from: 3/4/2001 to 3/10/2001"));
 }
@@ -48,8 +48,8 @@ TEST_F(ChartMatrixTest, TicksOnTwoDaysCountInTheCellsTheJobsTotalAndTheDaysTotal
     Fill();
     EXPECT_EQ(Form.jobs.size(), 2);
     EXPECT_EQ(Cells(0), Days("- 1 o 1 - - -"));
-    EXPECT_EQ(Form.jobTotals.at(0), QStringLiteral("10"));
-    EXPECT_EQ(Form.values.at(1), QStringLiteral("10"));
+    EXPECT_EQ(Form.jobTotals.value(0), QStringLiteral("10"));
+    EXPECT_EQ(Form.values.value(1), QStringLiteral("10"));
     EXPECT_EQ(Form.dayTotals, Days("0 5 0 5 0 0 0"));
 }
 
@@ -61,7 +61,7 @@ TEST_F(ChartMatrixTest, EveryDayHasItsOwnCellAndTotal) {
     Fill();
     EXPECT_EQ(Cells(0), Days("1 1 1 1 1 1 1"));
     EXPECT_EQ(Form.dayTotals, Days("1 2 3 4 5 6 7"));
-    EXPECT_EQ(Form.jobTotals.at(0), QStringLiteral("28"));
+    EXPECT_EQ(Form.jobTotals.value(0), QStringLiteral("28"));
 }
 
 TEST_F(ChartMatrixTest, AMarkThatIsNullCountsAsOpen) {
@@ -122,7 +122,7 @@ TEST_F(ChartMatrixTest, ACompletedRowOfARangeCountsInTheTotalsButInNoCellAndNoDa
     for (int line = 0; line < 4; ++line)
         EXPECT_EQ(Cells(line), Days("- - - - - - -")) << line;
     EXPECT_EQ(Form.jobTotals.mid(0, 4), Days("5 3 2 1"));
-    EXPECT_EQ(Form.values.at(4), QStringLiteral("11"));
+    EXPECT_EQ(Form.values.value(4), QStringLiteral("11"));
     EXPECT_EQ(Form.dayTotals, Days("0 0 0 0 0 0 0"));
 }
 
@@ -161,7 +161,7 @@ TEST_F(ChartMatrixTest, ALineShowsItsFirstRowsValueAndSumsEachRowsOwn) {
                {job, QStringLiteral("Wed"), -3, true}});
     Fill();
     EXPECT_EQ(Form.values, Days("5 17"));
-    EXPECT_EQ(Form.jobTotals.at(0), QStringLiteral("17"));
+    EXPECT_EQ(Form.jobTotals.value(0), QStringLiteral("17"));
     EXPECT_EQ(Form.dayTotals, Days("0 0 20 -3 0 0 0"));
 }
 
@@ -200,14 +200,14 @@ TEST_F(ChartMatrixTest, AGrandTotalBeyondSixteenBitsFailsBehindTheLastLine) {
     EXPECT_EQ(Form.jobs,
               (S{QStringLiteral("Cook"), QStringLiteral("Rake"), QStringLiteral("Total Points")}));
     EXPECT_EQ(Form.jobTotals.mid(0, 2), Days("30000 30000"));
-    EXPECT_EQ(Form.dayTotals.at(1), QString());
+    EXPECT_EQ(Form.dayTotals.value(1), QString());
 }
 
 TEST_F(ChartMatrixTest, AValueBeyondSixteenBitsStandsWhileItIsNotEarned) {
     MakeChart({{QStringLiteral("Cook"), QStringLiteral("Mon"), 99999, false}});
     Fill();
-    EXPECT_EQ(Form.values.at(0), QStringLiteral("99999"));
-    EXPECT_EQ(Form.jobTotals.at(0), QStringLiteral("0"));
+    EXPECT_EQ(Form.values.value(0), QStringLiteral("99999"));
+    EXPECT_EQ(Form.jobTotals.value(0), QStringLiteral("0"));
 }
 
 TEST_F(ChartMatrixTest, OnlyTheSumHasToStayWithinSixteenBits) {
@@ -215,9 +215,9 @@ TEST_F(ChartMatrixTest, OnlyTheSumHasToStayWithinSixteenBits) {
     MakeChart(
         {{job, QStringLiteral("Mon"), -30000, true}, {job, QStringLiteral("Mon"), 40000, true}});
     Fill();
-    EXPECT_EQ(Form.jobTotals.at(0), QStringLiteral("10000"));
-    EXPECT_EQ(Form.values.at(1), QStringLiteral("10000"));
-    EXPECT_EQ(Form.dayTotals.at(1), QStringLiteral("10000"));
+    EXPECT_EQ(Form.jobTotals.value(0), QStringLiteral("10000"));
+    EXPECT_EQ(Form.values.value(1), QStringLiteral("10000"));
+    EXPECT_EQ(Form.dayTotals.value(1), QStringLiteral("10000"));
 }
 
 TEST_F(ChartMatrixTest, AfterAFailureTheNextFillCountsAfresh) {
@@ -226,7 +226,7 @@ TEST_F(ChartMatrixTest, AfterAFailureTheNextFillCountsAfresh) {
     MakeChart({{QStringLiteral("Cook"), QStringLiteral("Mon"), 4, true}});
     Fill();
     EXPECT_EQ(Form.values, Days("4 4"));
-    EXPECT_EQ(Form.jobTotals.at(0), QStringLiteral("4"));
+    EXPECT_EQ(Form.jobTotals.value(0), QStringLiteral("4"));
     EXPECT_EQ(Cells(0), Days("- 1 - - - - -"));
 }
 
@@ -237,7 +237,7 @@ TEST_F(ChartMatrixTest, ASavedChartWithRangesShowsItsSingleDays) {
     Fill();
     EXPECT_EQ(Cells(0), Days("- o o 1 o o -"));
     EXPECT_EQ(Cells(1), Days("- - - - - - o"));
-    EXPECT_EQ(Form.values.at(2), QStringLiteral("5"));
+    EXPECT_EQ(Form.values.value(2), QStringLiteral("5"));
 }
 
 TEST_F(ChartMatrixTest, AFillWritesNothing) {
@@ -255,8 +255,8 @@ TEST_F(ChartMatrixTest, EveryJobOfALargeChartHasItsLine) {
     MakeChart(rows);
     Fill();
     EXPECT_EQ(Form.jobs.size(), 801);
-    EXPECT_EQ(Form.values.at(800), QStringLiteral("800"));
-    EXPECT_EQ(Form.dayTotals.at(1), QStringLiteral("800"));
+    EXPECT_EQ(Form.values.value(800), QStringLiteral("800"));
+    EXPECT_EQ(Form.dayTotals.value(1), QStringLiteral("800"));
 }
 
 } // namespace

@@ -2,17 +2,22 @@
 
 #include "platform/runtime/Actions.h"
 #include "platform/runtime/Dates.h"
+#include "platform/runtime/ProgramFolder.h"
 #include "platform/tables/Damage.h"
+#include "store/ProgramFiles.h"
 #include "store/TableNames.h"
 #include "tests/common/FileBytes.h"
+#include "tests/common/FileModes.h"
 #include "tests/common/FullDisk.h"
 #include "tests/common/OrdinaryUser.h"
+#include "tests/common/SmallDisk.h"
 #include "tests/common/TestWorld.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
 #include <filesystem>
 #include <sys/stat.h>
 
@@ -105,7 +110,7 @@ TEST_F(DailyCopiesTest, ReadingLeavesNoCopy) {
 TEST_F(DailyCopiesTest, ACopyTakesItsNameWhenItHasBeenChecked) {
     Change();
     ASSERT_EQ(Copies().size(), 1);
-    EXPECT_TRUE(Copies().constFirst().endsWith(QLatin1String(".new")));
+    EXPECT_TRUE(Copies().value(0).endsWith(QLatin1String(".new")));
     ResetSession();
     EXPECT_EQ(Copies(), QStringList{QStringLiteral("2001-03-07")});
 }
@@ -138,10 +143,10 @@ TEST_F(DailyCopiesTest, ACopyThatFailsItsCheckReplacesNoneDeletesNoneAndIsToldOn
 
 TEST_F(DailyCopiesTest, AFolderThatCannotBeWrittenIsToldOnceInARunAndTheWorkGoesOn) {
     ASSERT_TRUE(QDir().mkdir(Path(QStringLiteral("Backups"))));
-    QFile::setPermissions(Path(QStringLiteral("Backups")), QFile::ReadOwner | QFile::ExeOwner);
+    const FileMode backups(Path(QStringLiteral("Backups")), 0500);
     for (const QString& entry :
          {QString(), QStringLiteral("Database"), QStringLiteral("Database/Charts.mdb")})
-        QFile::setPermissions(Path(entry), QFile::Permissions(0x7777));
+        ASSERT_EQ(::chmod(QFile::encodeName(Path(entry)).constData(), 0777), 0);
     Boxes.Expect(Words.arg(QStringLiteral("Nothing can be stored in the folder %1. Please ask the "
                                           "person who looks after this computer.")
                                .arg(Path(QStringLiteral("Backups")))));
@@ -237,6 +242,78 @@ TEST_F(DailyCopiesTest, NoLinkIsFollowed) {
     EXPECT_EQ(QDir(Path(QStringLiteral("trap")))
                   .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
               QStringList{QStringLiteral("1999-01-01")});
+}
+
+TEST_F(DailyCopiesTest, AListThatCannotBeReadIsLeftOutAndToldOnce) {
+    const QString large = Path(QStringLiteral("Jobs/Large.dat"));
+    const QString locked = Path(QStringLiteral("Jobs/Locked.dat"));
+    ASSERT_TRUE(QFile(large).open(QIODevice::WriteOnly));
+    ASSERT_TRUE(QFile::resize(large, LargestSmallFile + 1));
+    WriteBytes(locked, "locked");
+    for (const QString& entry : {QString(), QStringLiteral("Database"), QStringLiteral("Jobs"),
+                                 QStringLiteral("Database/Charts.mdb")})
+        QFile::setPermissions(Path(entry), QFile::Permissions(0x7777));
+    QFile::setPermissions(locked, {});
+    Boxes.Expect(QStringLiteral("Today's safety copy holds your accounts and Dutygrids, but not "
+                                "these files, which cannot be read or are too large:\n\n%1\n%2")
+                     .arg(large, locked));
+    {
+        const OrdinaryUser user;
+        ChangeAndRest();
+        SetToday(QDate(2001, 3, 8));
+        ChangeAndRest();
+    }
+    Boxes.VerifyAllShown();
+    for (const QString& day : {QStringLiteral("2001-03-07"), QStringLiteral("2001-03-08")}) {
+        EXPECT_TRUE(FindDamage(Copy(day)).isEmpty());
+        EXPECT_TRUE(QFileInfo::exists(Copy(day, QStringLiteral("HomeJobs.dat"))));
+        EXPECT_FALSE(QFileInfo::exists(Copy(day, QStringLiteral("Large.dat"))));
+        EXPECT_FALSE(QFileInfo::exists(Copy(day, QStringLiteral("Locked.dat"))));
+    }
+}
+
+TEST_F(DailyCopiesTest, ALinkInPlaceOfTodaysCopyIsTold) {
+    const QString trap = Path(QStringLiteral("trap"));
+    QDir().mkpath(Path(QStringLiteral("Backups")));
+    QDir().mkpath(trap);
+    ASSERT_TRUE(QFile::link(trap, Path(QStringLiteral("Backups/2001-03-07"))));
+    Boxes.Expect(Words.arg(QStringLiteral("Nothing can be stored in the folder %1. Please ask the "
+                                          "person who looks after this computer.")
+                               .arg(Path(QStringLiteral("Backups")))));
+    ChangeAndRest();
+    // The box comes when the program rests again.
+    QCoreApplication::processEvents();
+    Boxes.VerifyAllShown();
+    EXPECT_TRUE(QDir(trap).isEmpty());
+    EXPECT_EQ(Copies(), QStringList{QStringLiteral("2001-03-07")});
+}
+
+TEST_F(DailyCopiesTest, ADiskWithoutRoomIsToldInPlainWords) {
+    SmallDisk disk("8m");
+    if (!disk.IsMounted())
+        GTEST_SKIP() << "this user cannot mount a small disk";
+    RunAction([this] {
+        Database().AddUser(QStringLiteral("Ben"), QStringLiteral("b"), QStringLiteral("Student"),
+                           PictureFile());
+    });
+    ResetSession();
+    const QString home = ProgramFolder();
+    ASSERT_EQ(QProcess::execute(QStringLiteral("cp"),
+                                {QStringLiteral("-a"), home + QStringLiteral("/."), disk.Folder()}),
+              0);
+    ASSERT_TRUE(QDir(disk.Folder() + QStringLiteral("/Backups")).removeRecursively());
+    SetProgramFolder(disk.Folder());
+    Database().InitDatabse();
+    KeepDailyCopies(true);
+    // Room for what the change writes, and none for a second file as large.
+    ASSERT_TRUE(disk.Fill(8));
+    Boxes.Expect(Words.arg(QStringLiteral("There is no room left on the disk. Please delete "
+                                          "something that you no longer need.")));
+    ChangeAndRest();
+    Boxes.VerifyAllShown();
+    EXPECT_EQ(Rows(UsersTable).size(), 2);
+    ResetSession();
+    SetProgramFolder(home);
 }
 
 TEST_F(DailyCopiesTest, WhatKillsHaveLeftIsRemovedAndOtherFoldersStay) {

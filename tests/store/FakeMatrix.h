@@ -1,6 +1,7 @@
 #pragma once
 
 #include "session/Session.h"
+#include "tests/common/Entries.h"
 
 #include <QList>
 #include <array>
@@ -41,10 +42,10 @@ public:
         week.fill(QStringLiteral("-"));
         cells += week;
     }
-    void SetJobValue(const QString& value) override { values.last() = value; }
-    void SetJobTotal(qint16 points) override { jobTotals.last() = QString::number(points); }
+    void SetJobValue(const QString& value) override { LastOf(values) = value; }
+    void SetJobTotal(qint16 points) override { LastOf(jobTotals) = QString::number(points); }
     void AddMark(int line, int day, bool completed) override {
-        QString& cell = cells[line].at(static_cast<std::size_t>(day - 1));
+        QString& cell = EntryOf(cells, line).at(static_cast<std::size_t>(day - 1));
         if (completed)
             cell = QString::number(cell.toInt() + 1);
         else if (cell == QLatin1String("-"))
@@ -54,8 +55,8 @@ public:
         jobs += heading;
         values += QString();
     }
-    void SetGrandTotal(qint16 points) override { values.last() = QString::number(points); }
+    void SetGrandTotal(qint16 points) override { LastOf(values) = QString::number(points); }
     void SetDayTotal(int day, qint16 points) override {
-        dayTotals[day - 1] = QString::number(points);
+        EntryOf(dayTotals, day - 1) = QString::number(points);
     }
 };

@@ -1,6 +1,7 @@
 #include "platform/printing/PrintoutFolder.h"
 #include "platform/runtime/Actions.h"
 #include "support/clsRegistry.h"
+#include "tests/common/FileModes.h"
 #include "tests/common/OrdinaryUser.h"
 #include "tests/common/ReadOnlyDisk.h"
 #include "tests/store/NoForms.h"
@@ -99,7 +100,6 @@ TEST_F(FileMessagesTest, AFolderThatWasMovedWhileInUseIsNamed) {
         ReportOf([] {
             Database().AddUser(QStringLiteral("Anna"), QStringLiteral("a"),
                                QStringLiteral("Student"), PictureFile());
-            Database().Commit();
         }),
         Expected(
             "Run-time error '3000':\n\nattempt to write a readonly database\n\nThere is no folder "
@@ -151,11 +151,11 @@ TEST_F(FileMessagesTest, AFolderOfAGroupSaysHowToJoinIt) {
 }
 
 TEST_F(FileMessagesTest, ADatabaseThatMayNotBeWrittenIsNamed) {
-    SetMode(Path(QString()), 0755);
-    SetMode(Path(QStringLiteral("Database")), 0555);
-    SetMode(Path(QStringLiteral("Database/Charts.mdb")), 0444);
     const QString picture = PictureFile();
     {
+        const FileMode top(Path(QString()), 0755);
+        const FileMode folder(Path(QStringLiteral("Database")), 0555);
+        const FileMode file(Path(QStringLiteral("Database/Charts.mdb")), 0444);
         const OrdinaryUser user;
         Database().InitDatabse();
         const std::string report = ReportOf([&] {
@@ -171,7 +171,6 @@ TEST_F(FileMessagesTest, ADatabaseThatMayNotBeWrittenIsNamed) {
                       (isMine ? "It is yours: give yourself the right to it in its properties."
                               : "Ask its owner (root) for the right to it."));
     }
-    SetMode(Path(QStringLiteral("Database")), 0755);
 }
 
 TEST_F(FileMessagesTest, TheRegistryIsNamed) {

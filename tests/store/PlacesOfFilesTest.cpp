@@ -5,6 +5,7 @@
 #include "store/JobNameFile.h"
 #include "support/Region.h"
 #include "support/clsRegistry.h"
+#include "tests/common/FileModes.h"
 #include "tests/common/OrdinaryUser.h"
 #include "tests/common/QuickEnough.h"
 #include "tests/store/NoForms.h"
@@ -182,12 +183,11 @@ TEST_F(PlacesOfFilesTest, NoPictureIsShownWhereItsScratchFileCannotBeWritten) {
     EXPECT_EQ(target.picture.pixel(12, 12), 0xffff0000);
     {
         // Ben's picture is what can be read.
-        SetMode(Path(QString()), 0755);
-        SetMode(Path(QStringLiteral("DeleteMe")), 0555);
+        const FileMode top(Path(QString()), 0755);
+        const FileMode folder(Path(QStringLiteral("DeleteMe")), 0555);
         const OrdinaryUser user;
         EXPECT_TRUE(ShownPicture().isNull());
     }
-    SetMode(Path(QStringLiteral("DeleteMe")), 0755);
     EXPECT_EQ(ShownPicture().pixel(12, 12), 0xff2266aa);
     const QString scratch = Path(QStringLiteral("DeleteMe/Anna"));
     ASSERT_TRUE(QFileInfo(scratch).isFile());

@@ -1,4 +1,5 @@
 #include "store/TableNames.h"
+#include "tests/common/SpoiledRows.h"
 #include "tests/store/StoreTest.h"
 
 namespace {
@@ -8,7 +9,10 @@ const QString Refusal = QStringLiteral("Sorry you have insufficient points to cl
 class PointsAndIncentivesTest : public StoreTest {
 protected:
     PointsAndIncentivesTest() {
-        Database().AddUser(Anna, QStringLiteral("cat"), QStringLiteral("Student"), PictureFile());
+        Arrange([] {
+            Database().AddUser(Anna, QStringLiteral("cat"), QStringLiteral("Student"),
+                               PictureFile());
+        });
     }
 
     static QString PointsOf(const QString& name) {
@@ -21,6 +25,7 @@ protected:
 TEST_F(PointsAndIncentivesTest, PointsAddUpAndSurviveARestart) {
     Database().AddPoints(Anna, 15, false);
     Database().AddPoints(Anna, -5, false);
+    Database().Commit();
     Restart();
     EXPECT_EQ(PointsOf(Anna), QStringLiteral("10"));
 }
@@ -76,15 +81,7 @@ TEST_F(PointsAndIncentivesTest, ABalanceBeyond32767Overflows) {
 }
 
 TEST_F(PointsAndIncentivesTest, NullPointsFailTheConversion) {
-    {
-        Database().Commit();
-        const auto tables = TableStore::OpenDatabase(Path(QStringLiteral("Database/Charts.mdb")));
-        Recordset rows = tables->OpenRecordset(UsersTable);
-        rows.Edit();
-        rows.SetValue(QStringLiteral("Points"), QVariant());
-        rows.Update();
-        tables->Commit();
-    }
+    Spoil(UsersTable, QStringLiteral("Points = NULL"));
     EXPECT_ERROR(94, Database().AddPoints(Anna, 1, false));
 }
 
@@ -106,6 +103,7 @@ TEST_F(PointsAndIncentivesTest, AnIncentiveIsStoredWhole) {
 
 TEST_F(PointsAndIncentivesTest, ACostOfZeroAndAnEmptyNameBecomeNullAndLeaveTheCaptions) {
     Database().AddToy(Anna, QString(), PictureFile(), 0);
+    Database().Commit();
     EXPECT_EQ(Rows(UsersTable), QStringList{QStringLiteral("Anna|cat|0|Student|<null>|<null>")});
     FakeCaption name;
     FakeCaption cost;

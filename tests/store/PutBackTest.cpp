@@ -8,6 +8,7 @@
 #include "store/ProgramFiles.h"
 #include "tests/common/Charts.h"
 #include "tests/common/FileBytes.h"
+#include "tests/common/FormerFile.h"
 #include "tests/common/OrdinaryUser.h"
 #include "tests/common/TestWorld.h"
 
@@ -31,7 +32,6 @@ protected:
         AddChild(QStringLiteral("Anna"), 12);
         StoreChart(QStringLiteral("Chores Anna"), {{QStringLiteral("Bed"), QStringLiteral("Mon"),
                                                     QString(), QString(), QStringLiteral("2")}});
-        Database().Commit();
         KeepDailyCopies(true);
         AddChild(QStringLiteral("Max"), 3);
         QCoreApplication::processEvents();
@@ -59,7 +59,7 @@ protected:
     static QString Copied(const QString& file, const QString& name = CopiedDay) {
         return Path(QStringLiteral("Backups/%1/%2").arg(name, file));
     }
-    static QString Kept() { return CopyNames().constFirst(); }
+    static QString Kept() { return EntryOf(CopyNames(), 0); }
 
     void ExpectCopyInPlace() {
         EXPECT_TRUE(BytesOf(DatabaseFile()) == database_);
@@ -77,8 +77,7 @@ TEST_F(PutBackTest, AllOfACopyComesBackAndWhatStoodThereIsACopyItself) {
     const QByteArray before = BytesOf(DatabaseFile());
     PutCopyBack(CopiedDay);
     ExpectCopyInPlace();
-    ASSERT_EQ(CopyNames().size(), 2);
-    EXPECT_EQ(CopyNames().constLast(), CopiedDay);
+    EXPECT_EQ(CopyNames(), (QStringList{Kept(), CopiedDay}));
     EXPECT_TRUE(Kept().startsWith(QLatin1String("2001-03-08 "))) << Kept().toStdString();
     EXPECT_TRUE(BytesOf(DatabaseOfCopy(Kept())) == before);
     EXPECT_EQ(BytesOf(Copied(QStringLiteral("Settings.txt"), Kept())), "0\r\n\r\n5\r\n0\r\n0\r\n");
@@ -268,6 +267,72 @@ TEST_F(PutBackTest, ANoteOfNoCopyStopsNoStart) {
     EXPECT_TRUE(BytesOf(DatabaseFile()) == before);
 }
 
+TEST_F(PutBackTest, WhatIsNoNoteStopsNoStart) {
+    const QByteArray before = BytesOf(DatabaseFile());
+    const QString note = Path(QStringLiteral("Backups/PuttingBack.txt"));
+    const QString elsewhere = Path(QStringLiteral("elsewhere"));
+    WriteBytes(elsewhere, CopiedDay.toUtf8());
+    for (const QString& target : {QStringLiteral("nowhere"), elsewhere}) {
+        ASSERT_TRUE(QFile::link(target, note));
+        EXPECT_NE(UseData(), nullptr);
+        EXPECT_EQ(BytesOf(elsewhere), CopiedDay.toUtf8());
+        ASSERT_TRUE(QFile::remove(note));
+    }
+    ASSERT_TRUE(QDir().mkdir(note));
+    EXPECT_NE(UseData(), nullptr);
+    EXPECT_TRUE(BytesOf(DatabaseFile()) == before);
+}
+
+TEST_F(PutBackTest, WhatCannotBeFinishedIsToldWithTheWayOutAndFinishedOnceItCan) {
+    const QString inTheWay = DatabaseFile() + QStringLiteral("-journal");
+    ASSERT_TRUE(QDir().mkdir(inTheWay));
+    const QString advice =
+        QStringLiteral("%1 is a folder, and a file belongs there. Rename the folder, and put the "
+                       "file in its place.")
+            .arg(inTheWay);
+    EXPECT_FALSE(IsPuttingBack());
+    const auto adviceOf = [](const auto& work) {
+        try {
+            work();
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.Number(), 75);
+            return error.Advice();
+        }
+        return QString();
+    };
+    EXPECT_EQ(adviceOf([] { PutCopyBack(CopiedDay); }), advice);
+    EXPECT_TRUE(IsPuttingBack());
+    EXPECT_EQ(adviceOf([] { UseData(); }), advice);
+    EXPECT_TRUE(IsPuttingBack());
+    ASSERT_TRUE(QDir().rmdir(inTheWay));
+    EXPECT_NE(UseData(), nullptr);
+    EXPECT_FALSE(IsPuttingBack());
+    ExpectCopyInPlace();
+}
+
+TEST_F(PutBackTest, FilesOfAFormerFormatAreReadAndComeBack) {
+    const CopySummary before = SummaryNow();
+    EXPECT_EQ(before.Accounts.size(), 2);
+    const CopySummary copy = SummaryOfCopy(CopiedDay);
+    TakeSumsOff(DatabaseFile());
+    TakeSumsOff(DatabaseOfCopy(CopiedDay));
+    const QByteArray now = BytesOf(DatabaseFile());
+    const QByteArray copied = BytesOf(DatabaseOfCopy(CopiedDay));
+    EXPECT_EQ(SummaryNow().Fault, QString());
+    EXPECT_EQ(DifferenceOf(SummaryNow(), before), QString());
+    EXPECT_EQ(DifferenceOf(SummaryOfCopy(CopiedDay), copy), QString());
+    EXPECT_TRUE(BytesOf(DatabaseFile()) == now) << "looking changes nothing";
+    EXPECT_TRUE(BytesOf(DatabaseOfCopy(CopiedDay)) == copied);
+
+    PutCopyBack(CopiedDay);
+    EXPECT_EQ(DifferenceOf(SummaryOf(DatabaseFile()), copy), QString());
+    EXPECT_TRUE(BytesOf(DatabaseOfCopy(Kept())) == now);
+    PutCopyBack(Kept());
+    EXPECT_EQ(DifferenceOf(SummaryOf(DatabaseFile()), before), QString());
+    EXPECT_EQ(FindDamage(DatabaseFile()), QStringList());
+    EXPECT_EQ(QDir(CopiesFolder()).entryList({QStringLiteral("*.new")}, QDir::Dirs), QStringList());
+}
+
 TEST_F(PutBackTest, OnlyFoldersWithTheNamesOfCopiesAreListed) {
     for (const char* name : {"2001-02-28", "2001-03-07 10.20.30 before", "mine", "2001-3-7",
                              "2001-03-07 before", "0123456789abcdef.new"})
@@ -276,8 +341,7 @@ TEST_F(PutBackTest, OnlyFoldersWithTheNamesOfCopiesAreListed) {
     EXPECT_EQ(CopyNames(), QStringList({QStringLiteral("2001-03-07 10.20.30 before"), CopiedDay,
                                         QStringLiteral("2001-02-28")}));
     EXPECT_EQ(CopyTitle(CopiedDay), QStringLiteral("Wednesday, 7 March 2001"));
-    EXPECT_EQ(CopyTitle(CopyNames().constFirst()),
-              QStringLiteral("Wednesday, 7 March 2001, 10:20"));
+    EXPECT_EQ(CopyTitle(Kept()), QStringLiteral("Wednesday, 7 March 2001, 10:20"));
 }
 
 TEST_F(PutBackTest, CopiesHaveEnglishTitlesOnEverySystem) {

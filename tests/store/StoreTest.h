@@ -9,12 +9,16 @@ protected:
     static inline const QString Chores = QStringLiteral("Chores Anna");
     static inline const QDate Sunday{2001, 3, 4};
 
+    // Whoever calls the store commits: these do, as the handlers that they stand for; a test that
+    // calls it itself does so where the handler would end.
+
     /// Saves rows as a chart, as the editor would, for the week of Sunday 4 March 2001.
     void SaveChart(const QString& name, const QList<EditorRow>& rows,
                    const QString& owner = QStringLiteral("Anna"), bool autoCreate = false,
                    const QDate& first = QDate(2001, 3, 4), const QDate& last = QDate(2001, 3, 10)) {
         Editor.rows = rows;
         Database().WriteInfoToChart(name, 0, false, owner, first, last, autoCreate);
+        Database().Commit();
     }
 
     static EditorRow Job(const QString& text, const QString& day,
@@ -23,7 +27,10 @@ protected:
     }
 
     /// Makes the table as the engine would hold it, without a row.
-    static void MakeEmptyChart(const QString& name) { Database().CreateChart(name); }
+    static void MakeEmptyChart(const QString& name) {
+        Database().CreateChart(name);
+        Database().Commit();
+    }
 
     /// Ticks all rows of a day, as the viewer would.
     void TickDay(const QString& chart, const QString& day) {
@@ -32,20 +39,7 @@ protected:
         for (ViewerRow& row : Viewer.rows)
             row.Completed = true;
         Database().WriteInfoToChart(chart, 0, true, QString(), QDate(), QDate(), false);
-    }
-
-    /// Whoever calls the store commits; these do so for the calls of the tests.
-    static QStringList Rows(const QString& table) {
         Database().Commit();
-        return ProgramTest::Rows(table);
-    }
-    static QStringList TableNames(bool withAccounts = false) {
-        Database().Commit();
-        return ProgramTest::TableNames(withAccounts);
-    }
-    static void Restart() {
-        Database().Commit();
-        ProgramTest::Restart();
     }
 
     FakeEditor Editor;

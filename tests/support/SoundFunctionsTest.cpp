@@ -12,7 +12,11 @@ protected:
     SoundFunctionsTest() {
         SetSoundSwitch([this] { return mark; });
     }
-    ~SoundFunctionsTest() override { SetSoundSwitch({}); }
+    ~SoundFunctionsTest() override {
+        SetSoundSwitch({});
+        SetCommitHook({});
+        SetDesktop(&DesktopCalls);
+    }
 
     static QString Call(const QString& tail, int flags) {
         return QStringLiteral("%1 %2").arg(Path(tail)).arg(flags);
@@ -88,8 +92,6 @@ TEST_F(SoundFunctionsTest, ASoundWaitsForTheCommitOfItsActionAndTheCommitForNoSo
     });
     EXPECT_EQ(log.join(QLatin1Char(' ')),
               QStringLiteral("written commit hangs box written commit hangs"));
-    SetCommitHook({});
-    SetDesktop(&DesktopCalls);
 }
 
 TEST_F(SoundFunctionsTest, WhatCouldNotBeStoredMakesNoSound) {
@@ -101,7 +103,6 @@ TEST_F(SoundFunctionsTest, WhatCouldNotBeStoredMakesNoSound) {
     Boxes.ExpectError(ErrorNumber::EngineFault);
     RunAction([] { PlaySoundEffect(QStringLiteral("Applause")); });
     EXPECT_TRUE(DesktopCalls.Sounds.isEmpty());
-    SetCommitHook({});
 }
 
 } // namespace

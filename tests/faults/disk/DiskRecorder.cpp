@@ -140,25 +140,25 @@ std::string PathIn(int folder, const char* name) {
     return size < 0 ? name : std::string(path.data(), static_cast<std::size_t>(size)) + '/' + name;
 }
 
-int Open(const char* name, int folder, const char* path, int flags, mode_t mode) {
-    static auto* const real = Real<int(int, const char*, int, ...)>(name);
+int Open(const char* call, int folder, const char* name, int flags, mode_t mode) {
+    static auto* const real = Real<int(int, const char*, int, ...)>(call);
     Recorder& tap = Tap();
     const std::lock_guard guard(tap.lock);
-    const bool isOurs = (folder == AT_FDCWD || path[0] == '/') && tap.IsInside(path);
-    if (!isOurs) {
-        const int fd = real(folder, path, flags, mode);
+    const std::string path = PathIn(folder, name);
+    if (!tap.IsInside(path.c_str())) {
+        const int fd = real(folder, name, flags, mode);
         tap.SetOurs(fd, false);
         return fd;
     }
-    const bool isThere = access(path, F_OK) == 0;
+    const bool isThere = access(path.c_str(), F_OK) == 0;
     const bool makes = (flags & O_CREAT) != 0 && !isThere;
     const bool empties = (flags & O_TRUNC) != 0 && isThere;
-    const auto open = [&] { return real(folder, path, flags, mode); };
+    const auto open = [&] { return real(folder, name, flags, mode); };
     const int fd = makes || empties ? Counted(open) : Failing(open);
     tap.SetOurs(fd, fd >= 0);
     if (fd < 0)
         return fd;
-    tap.Note(makes ? FileCall::Make : FileCall::Open, fd, 0, path, std::strlen(path));
+    tap.Note(makes ? FileCall::Make : FileCall::Open, fd, 0, path.data(), path.size());
     if (empties)
         tap.Note(FileCall::Truncate, fd, 0, nullptr, 0);
     return fd;
@@ -322,6 +322,12 @@ int mkdir(const char* path, mode_t mode) noexcept {
     return CountedOn(path, FileCall::Other, path, [&] { return real(path, mode); });
 }
 
+int mkdirat(int folder, const char* name, mode_t mode) noexcept {
+    static auto* const real = Real<int(int, const char*, mode_t)>("mkdirat");
+    const std::string path = PathIn(folder, name);
+    return CountedOn(path.c_str(), FileCall::Other, path, [&] { return real(folder, name, mode); });
+}
+
 int rename(const char* from, const char* to) noexcept {
     static auto* const real = Real<int(const char*, const char*)>("rename");
     return CountedOn(from, FileCall::Rename, std::string(from) + '\n' + to,
@@ -334,6 +340,10 @@ int renameat2(int fromFolder, const char* from, int toFolder, const char* to,
     const std::string former = PathIn(fromFolder, from);
     return CountedOn(former.c_str(), FileCall::Rename, former + '\n' + PathIn(toFolder, to),
                      [&] { return real(fromFolder, from, toFolder, to, flags); });
+}
+
+int renameat(int fromFolder, const char* from, int toFolder, const char* to) noexcept {
+    return renameat2(fromFolder, from, toFolder, to, 0);
 }
 
 } // extern "C"

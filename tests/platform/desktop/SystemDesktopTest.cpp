@@ -2,6 +2,7 @@
 #include "help/HelpWindow.h"
 #include "platform/runtime/Colors.h"
 #include "platform/sound/WavePlayer.h"
+#include "tests/common/ApplicationState.h"
 #include "tests/common/FormTest.h"
 #include "tests/common/NextBox.h"
 #include "tests/common/QuickEnough.h"
@@ -23,8 +24,6 @@ namespace {
 
 class SystemDesktopTest : public FormTest {
 protected:
-    SystemDesktopTest() { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
-
     static HelpWindow* ShownHelp() {
         for (QWidget* widget : QApplication::topLevelWidgets())
             if (auto* help = dynamic_cast<HelpWindow*>(widget); help && help->isVisible())
@@ -32,6 +31,7 @@ protected:
         return nullptr;
     }
 
+    ToolkitDialogs dialogs_;
     HelpWindow help_;
     SystemDesktop desktop{[this](const QString& file) { help_.Open(file); }};
 };

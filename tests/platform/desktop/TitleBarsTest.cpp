@@ -1,7 +1,7 @@
 #include "platform/desktop/TitleBars.h"
 
-#include <QByteArrayList>
-#include <QHash>
+#include "tests/common/EnvironmentVariable.h"
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -10,18 +10,8 @@ namespace {
 class TitleBarsTest : public testing::Test {
 protected:
     TitleBarsTest() {
-        for (const char* name : {"XDG_CURRENT_DESKTOP", "DISPLAY", "QT_QPA_PLATFORM"})
-            former_.insert(name, qEnvironmentVariableIsSet(name) ? qgetenv(name) : QByteArray());
         qputenv("DISPLAY", ":1");
         qunsetenv("QT_QPA_PLATFORM");
-    }
-    ~TitleBarsTest() override {
-        for (auto variable = former_.cbegin(); variable != former_.cend(); ++variable) {
-            if (variable.value().isNull())
-                qunsetenv(variable.key());
-            else
-                qputenv(variable.key(), variable.value());
-        }
     }
 
     static QByteArray PlatformUnder(const char* desktop) {
@@ -31,7 +21,9 @@ protected:
     }
 
 private:
-    QHash<const char*, QByteArray> former_;
+    EnvironmentVariable desktop_{"XDG_CURRENT_DESKTOP"};
+    EnvironmentVariable display_{"DISPLAY"};
+    EnvironmentVariable platform_{"QT_QPA_PLATFORM"};
 };
 
 TEST_F(TitleBarsTest, UnderGnomeTheXServerComesFirst) {

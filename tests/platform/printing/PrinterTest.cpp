@@ -3,7 +3,6 @@
 
 #include <QFontMetricsF>
 #include <QPdfWriter>
-#include <QProcess>
 
 namespace {
 
@@ -239,7 +238,7 @@ TEST_F(PrinterTest, TextThatWouldBeTooSmallToReadEndsInDots) {
     printer_.Print(QStringLiteral("H").repeated(100), {.End = 8});
     const PrintedPages pages = Send();
     ASSERT_EQ(pages.Words(1).size(), 1);
-    const PrintedPages::Word word = pages.Words(1).first();
+    const PrintedPages::Word word = pages.Words(1).value(0);
     EXPECT_TRUE(word.Text.endsWith(QLatin1String("..."))) << word.Text.toStdString();
     EXPECT_TRUE(word.Text.startsWith(QStringLiteral("HHHHHHHHHH")));
     EXPECT_NEAR(word.Place.right(), 8, 0.4);
@@ -277,10 +276,7 @@ TEST_F(PrinterTest, TextEndsAtThePagesEdgeWhereNothingElseIsSaid) {
 TEST_F(PrinterTest, PaperHasAFontOfTheWidthsThatThePagesAreLaidOutFor) {
     PrintAt(1, 1, QStringLiteral("text"));
     printer_.EndDoc();
-    QProcess fonts;
-    fonts.start(QStringLiteral("pdffonts"), {target_.Files().last()});
-    ASSERT_TRUE(fonts.waitForFinished());
-    const QByteArray listed = fonts.readAllStandardOutput();
+    const QByteArray listed = OutputOf(QStringLiteral("pdffonts"), {target_.LastFile()});
     EXPECT_TRUE(listed.contains("LiberationSans")) << listed.toStdString();
 }
 

@@ -8,7 +8,6 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
-#include <stdexcept>
 
 inline constexpr qint32 Black = 0;
 inline constexpr qint32 Red = 255;
@@ -33,9 +32,7 @@ protected:
 
     PrintedPages Send() {
         printer_.EndDoc();
-        if (target_.Files().isEmpty())
-            throw std::runtime_error("nothing has been sent");
-        return PrintedPages(target_.Files().last());
+        return PrintedPages(target_.LastFile());
     }
 
     QTemporaryDir folder_;

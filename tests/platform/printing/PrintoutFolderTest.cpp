@@ -1,5 +1,7 @@
 #include "platform/printing/PrintoutFolder.h"
 #include "platform/printing/PrintNews.h"
+#include "tests/common/EnvironmentVariable.h"
+#include "tests/common/FileModes.h"
 #include "tests/common/FullDisk.h"
 #include "tests/common/OrdinaryUser.h"
 #include "tests/common/PrintedPages.h"
@@ -9,6 +11,7 @@
 #include <QPageSize>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <cstdlib>
 #include <sys/stat.h>
 #include <utility>
@@ -68,8 +71,8 @@ TEST_F(PrintoutFolderTest, JobIsNamedByWhatItShowsAndNumberedWhenThatIsTaken) {
               QStringLiteral("job2"));
     // The name was that job's.
     PrintJob(QStringLiteral("another"));
-    EXPECT_TRUE(Files().first().startsWith(QStringLiteral("2001-03-07 ")))
-        << Files().first().toStdString();
+    EXPECT_TRUE(Files().value(0).startsWith(QStringLiteral("2001-03-07 ")))
+        << Files().value(0).toStdString();
 }
 
 TEST_F(PrintoutFolderTest, NamesAreLegalOnEverySystem) {
@@ -94,9 +97,9 @@ TEST_F(PrintoutFolderTest, NamesAreLegalOnEverySystem) {
 TEST_F(PrintoutFolderTest, WhereThePagesLieIsTold) {
     QList<PrintNews> told;
     SetPrintNews([&told](const PrintNews& news) { told += news; });
+    const auto untold = qScopeGuard([] { SetPrintNews({}); });
     printer_.SetDocName(QStringLiteral("Chores"));
     PrintJob(QStringLiteral("chart"));
-    SetPrintNews({});
     ASSERT_EQ(told.size(), 1);
     EXPECT_EQ(told.first().File, PrintoutsPath() + QStringLiteral("/Chores.pdf"));
     EXPECT_EQ(told.first().Printer, QString());
@@ -145,10 +148,9 @@ TEST_F(PrintoutFolderTest, JobOfATakenMomentGetsANumberBehind) {
 TEST_F(PrintoutFolderTest, PaperIsThatOfTheUsersCountry) {
     // A process learns at its start where it is.
     GTEST_FLAG_SET(death_test_style, "threadsafe");
-    const QByteArray former = qgetenv("LC_ALL");
     for (const auto& [country, paper] :
          {std::pair("en_US.UTF-8", QPageSize::Letter), {"en_GB.UTF-8", QPageSize::A4}}) {
-        qputenv("LC_ALL", country);
+        const EnvironmentVariable language("LC_ALL", country);
         const auto print = [this, size = QPageSize::sizePoints(paper)] {
             PrintJob(QStringLiteral("chart"));
             const PrintedPages pages(QDir(PrintoutsPath()).filePath(Files().value(0)));
@@ -158,7 +160,6 @@ TEST_F(PrintoutFolderTest, PaperIsThatOfTheUsersCountry) {
         };
         EXPECT_EXIT(std::_Exit(print()), testing::ExitedWithCode(0), "") << country;
     }
-    former.isNull() ? qunsetenv("LC_ALL") : qputenv("LC_ALL", former);
 }
 
 TEST_F(PrintoutFolderTest, ForgottenJobLeavesNoFileAndOpensNothing) {
@@ -177,16 +178,14 @@ TEST_F(PrintoutFolderTest, FolderThatCannotBeMadeRaises482) {
 
 TEST_F(PrintoutFolderTest, FolderThatMayNotBeWrittenRaises482AndTheNextJobIsPrinted) {
     WriteFile(Path(QStringLiteral("Printouts/kept")), "kept");
-    for (const QString& folder : {Path(QString()), PrintoutsPath()})
-        ASSERT_EQ(::chmod(QFile::encodeName(folder).constData(), 0555), 0);
     {
+        const FileMode top(Path(QString()), 0555);
+        const FileMode printouts(PrintoutsPath(), 0555);
         const OrdinaryUser user;
         EXPECT_ERROR(482, PrintJob(QStringLiteral("lost")));
     }
     EXPECT_TRUE(DesktopCalls.Opened.isEmpty());
     EXPECT_EQ(Files(), QStringList(QStringLiteral("kept")));
-    for (const QString& folder : {Path(QString()), PrintoutsPath()})
-        ASSERT_EQ(::chmod(QFile::encodeName(folder).constData(), 0755), 0);
     PrintJob(QStringLiteral("next"));
     EXPECT_EQ(Files().size(), 2);
 }
@@ -203,7 +202,7 @@ TEST_F(PrintoutFolderTest, FullDiskRaises482AndLeavesNoHalfFile) {
 }
 
 TEST_F(PrintoutFolderTest, OnlyTheOwnerMayReadAPrintout) {
-    const mode_t former = ::umask(0);
+    const Umask open(0);
     PrintJob(QStringLiteral("passwords"));
     // As the package sets it up: what is made there is the group's, whatever the umask is.
     const QByteArray folder = QFile::encodeName(PrintoutsPath());
@@ -216,7 +215,6 @@ TEST_F(PrintoutFolderTest, OnlyTheOwnerMayReadAPrintout) {
     PrintJob(QStringLiteral("passwords"));
     // While it is painted as well.
     printer_.Print(QStringLiteral("passwords"));
-    ::umask(former);
     ASSERT_EQ(Files().size(), 3);
     for (const QString& file : Files())
         EXPECT_EQ(ModeOf(PrintoutsPath() + QLatin1Char('/') + file), 0600U) << file.toStdString();

@@ -81,6 +81,7 @@ TEST_F(NumbersTest, WholeNumbersHaveNoPointAsText) {
     EXPECT_EQ(NumberText(-32768), QStringLiteral("-32768"));
     EXPECT_EQ(NumberText(2147483647), QStringLiteral("2147483647"));
     EXPECT_EQ(NumberText(2.5), QStringLiteral("2.5"));
+    EXPECT_EQ(NumberText(0.1 + 0.2), QStringLiteral("0.3"));
     EXPECT_EQ(NumberText(-0.0), QStringLiteral("0"));
 }
 

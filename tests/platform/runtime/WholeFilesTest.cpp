@@ -1,5 +1,6 @@
 #include "platform/runtime/WholeFiles.h"
 
+#include "tests/common/FileModes.h"
 #include "tests/common/FullDisk.h"
 #include "tests/common/RuntimeTest.h"
 
@@ -55,9 +56,8 @@ TEST_F(WholeFilesTest, AFileIsMadeAndReplacedAndNothingIsLeftBeside) {
 
 TEST_F(WholeFilesTest, ANewFileHasTheRightsThatTheUserGivesNewFiles) {
     QDir().mkpath(QFileInfo(File()).path());
-    const mode_t former = ::umask(0027);
+    const Umask notForOthers(0027);
     ReplaceFile(File(), "one");
-    ::umask(former);
     struct stat status = {};
     ASSERT_EQ(::stat(QFile::encodeName(File()).constData(), &status), 0);
     EXPECT_EQ(status.st_mode & 0777, 0640U);

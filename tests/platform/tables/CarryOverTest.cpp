@@ -214,6 +214,23 @@ TEST_F(CarryOver, AnEarlierCopyIsNeverOverwritten) {
                                           CopyName, QStringLiteral("Charts.mdb")}));
 }
 
+TEST_F(CarryOver, ALinkInPlaceOfTheUnfinishedCopyIsNotFollowed) {
+    FillStore();
+    WriteFormer();
+    const QString own = Path(QStringLiteral("own.txt"));
+    WriteFile(own, "own");
+    QFile::setPermissions(own, QFile::ReadOwner);
+    const QFile::Permissions before = QFile::permissions(own);
+    const QString copy = QFileInfo(Former).path() + QLatin1Char('/') + CopyName;
+    ASSERT_TRUE(QFile::link(own, copy + QStringLiteral(".part")));
+    TableStore::OpenDatabase(Former);
+    EXPECT_EQ(ReadFile(own), "own");
+    EXPECT_EQ(QFile::permissions(own), before);
+    EXPECT_EQ(FilesBeside(), (QStringList{CopyName, QStringLiteral("Charts.mdb")}));
+    EXPECT_FALSE(QFileInfo(copy).isSymLink());
+    EXPECT_EQ(FormatOf(copy), 1);
+}
+
 TEST_F(CarryOver, ASecondOpeningMakesNoFurtherCopy) {
     FillStore();
     WriteFormer();

@@ -135,8 +135,10 @@ TEST_F(Catalogue, NoNameIsReserved) {
 }
 
 TEST_F(Catalogue, NameWithCharacterZeroIsRefused) {
-    EXPECT_ERROR(3000, Make(QStringLiteral("a") + QChar(0) + QStringLiteral("b")));
-    EXPECT_ERROR(3000, Store->CreateTable(QStringLiteral("t"), {{QString(QChar(0))}}));
+    const QString refusal = QStringLiteral("A name cannot hold the character with the number 0.");
+    const QString name = QStringLiteral("a") + QChar(0) + QStringLiteral("b");
+    EXPECT_EQ(ErrorText([&] { Make(name); }), refusal);
+    EXPECT_EQ(ErrorText([&] { Store->CreateTable(QStringLiteral("t"), {{name}}); }), refusal);
     EXPECT_EQ(Store->TableCount(), 0);
 }
 

@@ -4,11 +4,9 @@
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
-#include <atomic>
 #include <csignal>
 #include <sqlite3.h>
 #include <sys/wait.h>
-#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -192,21 +190,18 @@ TEST_F(Durability, AnEditToTheValueThatThisCursorHasReadPrevailsOverAnotherConne
 
 TEST_F(Durability, WriterWaitsForAnotherOne) {
     CommitOneRow();
-    std::atomic<bool> begun = false;
-    std::thread thread([&] {
+    std::future<void> thread = Beside([this](const auto& goOn) {
         const auto other = TableStore::OpenDatabase(File);
         Recordset rows = other->OpenRecordset(Chart);
         AddMemo(rows, QStringLiteral("theirs"));
-        begun = true;
+        goOn();
         std::this_thread::sleep_for(std::chrono::milliseconds(150));
         other->Commit();
     });
-    while (!begun)
-        std::this_thread::yield();
     Recordset rows = Store->OpenRecordset(Chart);
     AddMemo(rows, QStringLiteral("mine"));
     Store->Commit();
-    thread.join();
+    thread.get();
     EXPECT_EQ(Memos(*Store), (QStringList{QStringLiteral("kept"), QStringLiteral("theirs"),
                                           QStringLiteral("mine")}));
 }

@@ -9,7 +9,6 @@
 #include <QElapsedTimer>
 #include <QScopeGuard>
 #include <atomic>
-#include <thread>
 
 namespace {
 
@@ -46,20 +45,18 @@ protected:
     qint64 WriteWhileLockedUntil(const Condition& isSo) {
         told.clear();
         isTold = false;
-        std::atomic<bool> begun = false;
-        const std::jthread thread([&] {
+        std::future<void> thread = Beside([&](const auto& goOn) {
             SQLite::Database other(File.toStdString(), SQLite::OPEN_READWRITE);
             other.exec("BEGIN IMMEDIATE");
-            begun = true;
+            goOn();
             while (!isSo())
                 std::this_thread::sleep_for(std::chrono::milliseconds(1));
             other.exec("COMMIT");
         });
-        while (!begun)
-            std::this_thread::yield();
         waited.start();
         Write(QStringLiteral("a"));
         const qint64 took = waited.elapsed();
+        thread.get();
         Store->Commit();
         return took;
     }

@@ -1,5 +1,7 @@
+#include "platform/tables/Damage.h"
 #include "tests/platform/tables/TablesTest.h"
 
+#include <QScopeGuard>
 #include <SQLiteCpp/SQLiteCpp.h>
 
 namespace {
@@ -88,6 +90,27 @@ TEST_F(Opening, PathMayHoldAnyCharacter) {
     }
 }
 
+TEST_F(Opening, NoLinkIsFollowedButThoseOnTheWayToTheFile) {
+    MakeTable();
+    Store->Commit();
+    const QByteArray before = ReadFile(File);
+    const QString link = Path(QStringLiteral("Link.mdb"));
+    ASSERT_TRUE(QFile::link(File, link));
+    EXPECT_EQ(Opened(link), QStringLiteral("unable to open database file: ") + link);
+    EXPECT_EQ(TableStore::OpenToRead(link)->TableCount(), 1);
+    const QString dangling = Path(QStringLiteral("Dangling.mdb"));
+    const QString nowhere = Path(QStringLiteral("Nowhere.mdb"));
+    ASSERT_TRUE(QFile::link(nowhere, dangling));
+    EXPECT_ERROR(3000, TableStore::CreateDatabase(dangling, QString()));
+    EXPECT_FALSE(QFile::exists(nowhere));
+    EXPECT_EQ(ReadFile(File), before);
+
+    const QString folder = Path(QStringLiteral("Folder"));
+    ASSERT_TRUE(QFile::link(QFileInfo(File).path(), folder));
+    Store = TableStore::OpenDatabase(folder + QLatin1Char('/') + QFileInfo(File).fileName());
+    EXPECT_EQ(Names(*Store), QStringList{QStringLiteral("Chart")});
+}
+
 TEST_F(Opening, FileThatIsNoDatabaseIsRefusedAndLeftAlone) {
     const QString path = Path(QStringLiteral("Text.mdb"));
     for (const int size : {1, 15, 100, 511, 512, 5000, 100000}) {
@@ -117,6 +140,37 @@ TEST_F(Opening, DatabaseOfAnotherProgramIsRefusedPolitely) {
 TEST_F(Opening, AnotherProgramsDatabaseInWriteAheadModeIsLeftAlone) {
     EXPECT_TRUE(Refusal(RawDatabase("PRAGMA journal_mode=WAL; CREATE TABLE t(a)"))
                     .contains(QStringLiteral("another program")));
+}
+
+TEST_F(Opening, ABadByteInTheFirstPageDoesNotHideTheWayBack) {
+    MakeTable();
+    Store->Commit();
+    Store.reset();
+    const QByteArray whole = ReadFile(File);
+    SetDamageAdvice([](const QString& path) { return QStringLiteral("the way back for ") + path; });
+    const auto end = qScopeGuard([] { SetDamageAdvice(nullptr); });
+    const QString wayBack = QStringLiteral("the way back for ") + File;
+    const auto adviceAfter = [&](qsizetype place, char byte) {
+        QByteArray bytes = whole;
+        bytes[place] = byte;
+        WriteFile(File, bytes);
+        try {
+            TableStore::OpenDatabase(File);
+        } catch (const RuntimeError& error) {
+            return error.Advice();
+        }
+        return QString();
+    };
+    // The number of the format, and whose the file is.
+    EXPECT_EQ(adviceAfter(63, 99),
+              QStringLiteral("If no newer version was ever used here, this holds instead.\n\n") +
+                  wayBack);
+    EXPECT_EQ(adviceAfter(60, '\xff'), wayBack);
+    EXPECT_EQ(adviceAfter(70, 'x'), wayBack);
+    // The name of the table that lists the others.
+    EXPECT_EQ(adviceAfter(whole.indexOf("Catalogue"), 'x'), wayBack);
+    WriteFile(File, whole);
+    EXPECT_EQ(TableStore::OpenDatabase(File)->TableCount(), 1);
 }
 
 TEST_F(Opening, NegativeFormatNumberIsAnotherPrograms) {

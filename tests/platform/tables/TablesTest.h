@@ -3,7 +3,13 @@
 #include "platform/tables/TableStore.h"
 #include "tests/common/RuntimeTest.h"
 
+#include <atomic>
+#include <chrono>
+#include <future>
+#include <memory>
+#include <thread>
 #include <unistd.h>
+#include <utility>
 
 /// A fixture with a new, empty database that is open as `Store`.
 class TablesTest : public RuntimeTest {
@@ -64,6 +70,21 @@ protected:
             ::_exit(1);
         }
         ::_exit(0);
+    }
+
+    /// Does this in a thread of its own, which calls what it is handed once the others may go on;
+    /// returns then, or once it has failed. What it raises comes out of the result's get(), and no
+    /// test ends before it.
+    template <class Work>
+    static std::future<void> Beside(Work&& work) {
+        const auto begun = std::make_shared<std::atomic<bool>>(false);
+        std::future<void> other =
+            std::async(std::launch::async, [begun, work = std::forward<Work>(work)] {
+                work([&begun] { *begun = true; });
+            });
+        while (!*begun && other.wait_for(std::chrono::milliseconds(1)) != std::future_status::ready)
+            continue;
+        return other;
     }
 
     /// The text of the run-time error that `operation` raises, "" if it raises none.
