@@ -102,7 +102,6 @@ void RestoreWindow::MakeControls() {
     copies_->setRootIsDecorated(false);
     copies_->setUniformRowHeights(true);
     copies_->setAllColumnsShowFocus(true);
-    copies_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     QHeaderView& header = *copies_->header();
     header.setStretchLastSection(false);
     header.setSectionsClickable(false);

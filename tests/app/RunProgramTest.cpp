@@ -15,12 +15,15 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QDirIterator>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFontDatabase>
 #include <QIcon>
 #include <QMessageBox>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QTest>
 #include <QTimer>
 #include <algorithm>
@@ -122,6 +125,28 @@ TEST_F(RunProgramTest, ItsWindowsGetTheIconOnceOneHasBeenPainted) {
         logIn.repaint();
         QCoreApplication::processEvents();
         EXPECT_TRUE(QApplication::windowIcon().isNull()) << "read once only";
+        Push(logIn, QStringLiteral("Exitbtn"));
+    });
+}
+
+TEST_F(RunProgramTest, FontsThatLieBesideItAreThereOnceAWindowHasBeenPainted) {
+    QDirIterator installed(QStringLiteral("/usr/share/fonts"), {QStringLiteral("*.ttf")},
+                           QDir::Files, QDirIterator::Subdirectories);
+    ASSERT_TRUE(installed.hasNext());
+    const QString folder = QCoreApplication::applicationDirPath() + QStringLiteral("/lib/fonts");
+    // Other tests of the program may run at the same time.
+    const QString font =
+        QStringLiteral("%1/%2.ttf").arg(folder).arg(QCoreApplication::applicationPid());
+    ASSERT_TRUE(QDir().mkpath(folder));
+    ASSERT_TRUE(QFile::copy(installed.next(), font));
+    const auto end = qScopeGuard([&] {
+        QFontDatabase::removeAllApplicationFonts();
+        QFile::remove(font);
+    });
+    QFontDatabase::removeAllApplicationFonts();
+    Run([](const LogIn& logIn) {
+        EXPECT_TRUE(QTest::qWaitFor(
+            [] { return !QFontDatabase::applicationFontFamilies(0).isEmpty(); }, Patience));
         Push(logIn, QStringLiteral("Exitbtn"));
     });
 }

@@ -166,6 +166,7 @@ void LetWindowsRest(Keyboard keyboard) {
     // A window manager may put off what it is asked, and a window that goes within a few
     // milliseconds of its coming may leave the focus to nobody.
     constexpr int calm = 20; // milliseconds
+    constexpr int soon = 5;  // milliseconds
     constexpr int calmRounds = 2;
     static const WindowUnrest unrest;
     for (int rounds = 0; rounds < calmRounds;) {
@@ -174,9 +175,11 @@ void LetWindowsRest(Keyboard keyboard) {
             return;
         }
         RunUntilAllIsDone(latest);
-        const bool isCalm = unrest.Age() >= calm && !WindowManagerIsBehind(keyboard);
+        const qint64 age = unrest.Age();
+        const bool isCalm = age >= calm && !WindowManagerIsBehind(keyboard);
         rounds = isCalm ? rounds + 1 : 0;
+        // No look costs the processor what tells nothing yet.
         if (!isCalm)
-            QTest::qWait(5);
+            QTest::qWait(age < calm ? static_cast<int>(calm - age) : soon);
     }
 }

@@ -74,6 +74,23 @@ TEST_F(HelpSearchTest, EnterAndF3GoFromHitToHitThroughAllPagesFoundAndRound) {
     EXPECT_EQ(TextAtHit(7), QStringLiteral("pear is"));
 }
 
+TEST_F(HelpSearchTest, PagesFoundAreGoneThroughInTheirOrderBothWays) {
+    Write("<html><body><h1 id=\"a\">One</h1><p>fig</p><h1 id=\"b\">Two</h1><p>fig</p>"
+          "<h1 id=\"c\">Three</h1><p>fig</p></body></html>");
+    Open();
+    SearchFor("fig");
+    QStringList titles;
+    for (int step = 0; step < 4; ++step) {
+        Key(Qt::Key_F3);
+        titles += Title();
+    }
+    for (int step = 0; step < 3; ++step) {
+        Key(Qt::Key_F3, Qt::ShiftModifier);
+        titles += Title();
+    }
+    EXPECT_EQ(titles.join(QLatin1Char(' ')), QStringLiteral("One Two Three One Three Two One"));
+}
+
 TEST_F(HelpSearchTest, HitsAreInTheOrderOfThePageWhateverThatOfTheWords) {
     Open();
     SearchFor("sweet red");

@@ -317,6 +317,8 @@ TEST_F(HelpWindowTest, AMissingFileIsSaidInTheWindow) {
     EXPECT_EQ(Contents().topLevelItemCount(), 1);
     SearchFor("pear");
     EXPECT_EQ(FoundPages(), QStringList());
+    SearchFor("safety copy");
+    EXPECT_EQ(FoundPages(), QStringList(QStringLiteral("There is no help")));
 }
 
 TEST_F(HelpWindowTest, NoPipeIsWaitedForInPlaceOfTheFileOrAPicture) {

@@ -218,6 +218,19 @@ TEST_F(RestoreWindowTest, TheProgramShowsItUnderItsNameUntilItIsClosed) {
     EXPECT_EQ(RunRestore(*qApp, Path(QString())), 0);
 }
 
+TEST_F(RestoreWindowTest, AFileThatIsMissingIsToldFromOneThatCannotBeRead) {
+    MakeCopies(1);
+    const auto wordsOfToday = [] {
+        RestoreWindow window;
+        return Text(window, u"Today"_s);
+    };
+    ASSERT_TRUE(QFile::remove(DatabaseFile()));
+    EXPECT_EQ(wordsOfToday(), u"The file with your accounts and Dutygrids is missing."_s);
+    ASSERT_TRUE(QFile::link(Path(u"nowhere"_s), DatabaseFile()));
+    EXPECT_EQ(wordsOfToday(), u"The file with your accounts and Dutygrids cannot be read: it is "
+                              "damaged, or you may not open it."_s);
+}
+
 TEST_F(RestoreWindowTest, ADamagedFileAndADamagedCopyAreSaidToBeSo) {
     MakeCopies(2);
     for (const QString& path : {DatabaseFile(), DatabaseOfCopy(u"2001-03-08"_s)}) {
