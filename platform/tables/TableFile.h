@@ -20,8 +20,8 @@ inline constexpr int ApplicationId = 0x44757479;
 /// has to do with the disk or the file is damaged, with advice on the file.
 RuntimeError EngineError(const SQLite::Exception& fault, const SQLite::Database& database);
 
-/// Connects to a file; `flags` are those of SQLite::Database. Raises 3000, also for a link to a file
-/// where it may be written.
+/// Connects to a file; `flags` are those of SQLite::Database. Raises 3000, also for a link to a
+/// file where it may be written.
 std::unique_ptr<SQLite::Database> Connect(const QString& path, int flags);
 
 /// Refuses a file by its first bytes, before the engine has read it: one of another program, one
