@@ -8,11 +8,7 @@ function(ShowFolder target kind folder)
     set(way ${CMAKE_BINARY_DIR}/rooms/${target})
     get_filename_component(parent ${way}/${folder} DIRECTORY)
     file(MAKE_DIRECTORY ${parent})
-    file(CREATE_LINK ${CMAKE_SOURCE_DIR}/${folder} ${way}/${folder} RESULT failure SYMBOLIC)
-    if(failure)
-        # Not everybody may make links on Windows. There every room finds all headers.
-        set(way ${CMAKE_SOURCE_DIR})
-    endif()
+    file(CREATE_LINK ${CMAKE_SOURCE_DIR}/${folder} ${way}/${folder} SYMBOLIC)
     target_include_directories(${target} ${kind} ${way})
 endfunction()
 

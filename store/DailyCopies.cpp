@@ -30,11 +30,14 @@ constexpr int MonthsKept = 12;
 
 struct CopyingState {
     bool keeps = false;
-    bool isTold = false;
+    bool isFailureTold = false;
+    bool isLeftOutTold = false;
     /// The day whose copy has been made or tried.
     QDate tried;
     /// The copy that is not yet checked.
     std::unique_ptr<DraftFolder> draft;
+    /// What could not go into it.
+    QStringList leftOut;
 };
 
 CopyingState& State() {
@@ -43,8 +46,8 @@ CopyingState& State() {
 }
 
 /// When the action under way is over: a box in the midst of it would let other things happen.
-void TellOnce(const QString& text) {
-    if (std::exchange(State().isTold, true))
+void TellOnce(bool& isTold, const QString& text) {
+    if (std::exchange(isTold, true))
         return;
     QTimer::singleShot(0, qApp, [text] {
         RunAction([&] {
@@ -55,10 +58,19 @@ void TellOnce(const QString& text) {
 }
 
 void TellFailure(const QString& reason) {
-    TellOnce(QStringLiteral("Today's safety copy of your accounts and Dutygrids could not be "
+    TellOnce(State().isFailureTold,
+             QStringLiteral("Today's safety copy of your accounts and Dutygrids could not be "
                             "made.\n\n%1\n\nWhat you do is stored as always, and the copies of "
                             "earlier days are still there.")
                  .arg(reason));
+}
+
+void TellLeftOut() {
+    if (!State().leftOut.isEmpty())
+        TellOnce(State().isLeftOutTold,
+                 QStringLiteral("Today's safety copy holds your accounts and Dutygrids, but not "
+                                "these files, which cannot be read or are too large:\n\n%1")
+                     .arg(State().leftOut.join(QLatin1Char('\n'))));
 }
 
 /// Whether a list of jobs or the settings can go into a copy. That one of them cannot for good must
@@ -164,17 +176,12 @@ void CopyBeforeChange(TableStore& tables) {
             return;
         auto draft = std::make_unique<DraftFolder>(CopiesFolder(), DatabaseFile());
         tables.CopyTo(draft->MakeFile(CopiedDatabase));
-        QStringList leftOut;
+        state.leftOut.clear();
         for (const QString& file : SettingsAndJobLists())
             if (CanBeCopied(file))
                 draft->Write(QFileInfo(file).fileName(), ReadWholeFile(file, LargestSmallFile));
             else
-                leftOut += QDir::toNativeSeparators(file);
-        if (!leftOut.isEmpty())
-            TellOnce(QStringLiteral("Today's safety copy holds your accounts and Dutygrids, but "
-                                    "not these files, which cannot be read or are too "
-                                    "large:\n\n%1")
-                         .arg(leftOut.join(QLatin1Char('\n'))));
+                state.leftOut += QDir::toNativeSeparators(file);
         state.draft = std::move(draft);
         QTimer::singleShot(0, qApp, FinishDailyCopy);
     } catch (const RuntimeError& error) {
@@ -194,6 +201,7 @@ void FinishDailyCopy() {
     }
     try {
         draft->TakeName(State().tried.toString(Qt::ISODate));
+        TellLeftOut();
         RemoveOldCopies();
     } catch (const RuntimeError& error) {
         // Another copy of the program may have been quicker.

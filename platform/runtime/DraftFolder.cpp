@@ -149,7 +149,7 @@ void DraftFolder::TakeName(const QString& name) {
         const FileHandle handle = OpenIn(folder_, file, O_RDONLY);
         ShareAs(handle, like_);
         if (!Sync(handle))
-            throw Fault(files_.value(0));
+            throw Fault(file);
     }
     ShareAs(folder_, like_);
     if (!Sync(folder_))
