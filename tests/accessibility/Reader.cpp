@@ -81,6 +81,18 @@ Control ReadControl(const std::shared_ptr<AtspiAccessible>& node, int parent,
     return control;
 }
 
+/// Throws std::runtime_error if there is no accessibility bus.
+std::shared_ptr<AtspiAccessible> Desktop() {
+    if (atspi_init() > 1 || atspi_get_desktop_count() == 0)
+        throw std::runtime_error("There is no accessibility bus: at-spi-bus-launcher did not start "
+                                 "on this session's bus");
+    const auto desktop = Owned(atspi_get_desktop(0));
+    if (desktop == nullptr)
+        throw std::runtime_error("The accessibility bus has no registry: at-spi2-registryd did not "
+                                 "start");
+    return desktop;
+}
+
 bool IsWindow(AtspiRole role) {
     return role == ATSPI_ROLE_FRAME || role == ATSPI_ROLE_WINDOW || role == ATSPI_ROLE_DIALOG ||
            role == ATSPI_ROLE_ALERT || role == ATSPI_ROLE_INTERNAL_FRAME;
@@ -111,13 +123,7 @@ bool WaitFor(const std::function<bool()>& condition) {
 }
 
 Reader::Reader(const QString& program) {
-    if (atspi_init() > 1 || atspi_get_desktop_count() == 0)
-        throw std::runtime_error("There is no accessibility bus: at-spi-bus-launcher did not start "
-                                 "on this session's bus");
-    const auto desktop = Owned(atspi_get_desktop(0));
-    if (desktop == nullptr)
-        throw std::runtime_error("The accessibility bus has no registry: at-spi2-registryd did not "
-                                 "start");
+    const std::shared_ptr<AtspiAccessible> desktop = Desktop();
     // Every answer comes from the program itself, not from what the library remembers.
     atspi_accessible_set_cache_mask(desktop.get(), ATSPI_CACHE_NONE);
     const bool found = WaitFor([&] {
@@ -224,6 +230,22 @@ bool Listener::Heard(const QString& name, int detail) {
             return event.name == name && (detail == -1 || event.detail == detail);
         });
     });
+}
+
+Attention::Attention(const char* event)
+    : listener_(Owned(atspi_event_listener_new(
+          [](AtspiEvent* heard, void*) { g_boxed_free(ATSPI_TYPE_EVENT, heard); }, nullptr,
+          nullptr))),
+      event_(event) {
+    const std::shared_ptr<AtspiAccessible> desktop = Desktop();
+    if (atspi_event_listener_register(listener_.get(), event_, nullptr) == FALSE)
+        throw std::runtime_error("The accessibility bus passes on no events");
+    // The registry answers in order: when this one has come it knows the listener.
+    atspi_accessible_get_child_count(desktop.get(), nullptr);
+}
+
+Attention::~Attention() {
+    atspi_event_listener_deregister(listener_.get(), event_, nullptr);
 }
 
 QStringList Listener::Names() const {

@@ -87,5 +87,19 @@ private:
     QList<Event> events_;
 };
 
+/// Has programs that start while it lives tell of an event from their first moment. One that runs
+/// already learns of a new listener in its own time, perhaps after the key that is pressed next.
+class Attention {
+public:
+    explicit Attention(const char* event);
+    ~Attention();
+    Attention(const Attention&) = delete;
+    Attention& operator=(const Attention&) = delete;
+
+private:
+    std::shared_ptr<AtspiEventListener> listener_;
+    const char* event_;
+};
+
 /// Lets the bus deliver until the condition holds, a few seconds at most; what it was at the end.
 bool WaitFor(const std::function<bool()>& condition);

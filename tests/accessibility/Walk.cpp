@@ -12,6 +12,12 @@
 
 namespace {
 
+const char NameChanges[] = "object:property-change:accessible-name";
+const char Checked[] = "object:state-changed:checked";
+const char Focusing[] = "object:state-changed:focused";
+const char Selected[] = "object:state-changed:selected";
+const char Showing[] = "object:state-changed:showing";
+
 /// One program for all tests; each shows its form in a fresh world.
 std::unique_ptr<Shown> Program;
 
@@ -77,13 +83,11 @@ Control GoTo(AtspiRole role, const QString& name) {
     return control;
 }
 
-const char NameChanges[] = "object:property-change:accessible-name";
-
 TEST(Announcements, TickedJobAndItsPointsAreSaid) {
     Program->Show(QStringLiteral("ChartViewer"));
     const QString job = QStringLiteral("Job 1: Feed the cat");
     EXPECT_FALSE(GoTo(ATSPI_ROLE_CHECK_BOX, job).Is(ATSPI_STATE_CHECKED));
-    Listener marks("object:state-changed:checked");
+    Listener marks(Checked);
     Listener names(NameChanges);
     Program->Press(QStringLiteral("Space"));
     EXPECT_TRUE(marks.Heard(job, 1));
@@ -104,7 +108,7 @@ TEST(Announcements, TurnedPageSaysItsDay) {
 
 TEST(Announcements, NewsOfAPrintAreReadOut) {
     const QString news = QStringLiteral("Kept in Printouts: Anna - Chores - 2001-03-04.pdf");
-    Listener shown("object:state-changed:showing");
+    Listener shown(Showing);
     Program->Show(QStringLiteral("MainForm after a print"));
     EXPECT_TRUE(shown.Heard(news, 1)) << Lines(shown.Names());
     const Controls controls = Program->Read();
@@ -124,7 +128,7 @@ TEST(Announcements, PicturesAreSaidByNameAndPlaceAsTheKeyboardComesToThem) {
             pictures += control;
     ASSERT_GT(pictures.size(), 3);
     const int count = Reader::NumberOf(pictures.first()).second;
-    Listener focus("object:state-changed:focused");
+    Listener focus(Focusing);
     for (int number = 1; number <= 3; ++number) {
         Program->Press(QStringLiteral("Right"));
         const Control& picture = pictures.at(number);
@@ -141,7 +145,7 @@ TEST(Announcements, RowChosenInTheViewerIsSelectedAndSaysItsAdult) {
     const Control row = GoTo(ATSPI_ROLE_LIST_ITEM, QStringLiteral("Job 2: Make the bed"));
     EXPECT_EQ(Reader::DescriptionOf(row).section(QLatin1Char('.'), 0, 0),
               QStringLiteral("Medium, 3 points"));
-    Listener selection("object:state-changed:selected");
+    Listener selection(Selected);
     Program->Press(QStringLiteral("Space"));
     EXPECT_TRUE(selection.Heard(row.Name, 1)) << Lines(selection.Names());
     EXPECT_TRUE(Reader::Again(row).Is(ATSPI_STATE_SELECTED));
@@ -207,8 +211,11 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: accessibility_walk <path of accessibility_forms>\n");
         return 2;
     }
+    std::vector<std::unique_ptr<Attention>> heard;
     // First, since it knows the forms, which are a test each.
     try {
+        for (const char* event : {NameChanges, Checked, Focusing, Selected, Showing})
+            heard.push_back(std::make_unique<Attention>(event));
         Program = std::make_unique<Shown>(QString::fromLocal8Bit(argv[1]));
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());
