@@ -7,6 +7,9 @@
 #include "store/TableNames.h"
 #include "support/DateCls.h"
 
+#include <optional>
+#include <utility>
+
 namespace {
 
 /// What a list asks of a chart's first row; the places in the list of fields.
@@ -78,9 +81,16 @@ void DatabaseCls::PopulateChartList(NameList& List, Mode OwnOnly) {
         return;
 
     TableWalk rows = Tables().WalkThrough(WeekFields);
+    std::optional<std::pair<QVariant, QVariant>> kept;
     const auto readDates = [&] {
-        if (!rows.Eof())
-            KeepDates(rows.Value(Week::FirstDate), rows.Value(Week::LastDate));
+        if (rows.Eof())
+            return;
+        // Most charts are of one week, whose texts need not be made for each of them.
+        std::pair<QVariant, QVariant> week(rows.Value(Week::FirstDate), rows.Value(Week::LastDate));
+        if (week == kept)
+            return;
+        KeepDates(week.first, week.second);
+        kept = std::move(week);
     };
     for (const QString& name : charts) {
         rows.Open(name);

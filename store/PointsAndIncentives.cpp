@@ -73,10 +73,5 @@ bool DatabaseCls::AllChecked(const QString& Name) {
 
 void DatabaseCls::ClearChartPoints(const QString& Name) {
     RefuseAccountsName(Name);
-    Recordset rows = Tables().OpenRecordset(Name);
-    ForEachRow(rows, [&] {
-        rows.Edit();
-        rows.SetValue(ChartField::Completed, false);
-        rows.Update();
-    });
+    Tables().SetField(Name, QStringLiteral("Completed"), false);
 }

@@ -22,6 +22,15 @@ RuntimeError NoSuchTable(const QString& name) {
             QStringLiteral("The database cannot find the table '%1'.").arg(name)};
 }
 
+int TableShape::PositionOf(const QString& field) const {
+    const auto found = std::find_if(Fields.begin(), Fields.end(), [&](const auto& candidate) {
+        return candidate.Name.compare(field, Qt::CaseInsensitive) == 0;
+    });
+    if (found == Fields.end())
+        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+    return static_cast<int>(found - Fields.begin());
+}
+
 /// The same for names that differ in case only. Nearly all names are plain ones, for which the
 /// rules of all the world's letters would take several times as long.
 std::string Catalogue::Folded(const QString& name) {

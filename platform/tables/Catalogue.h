@@ -13,6 +13,9 @@
 /// which all stand together in one table of the engine, each under a key: the identity of its own
 /// table in the high 32 bits, its number within that in the low ones.
 struct TableShape {
+    /// The place of a field, named in any case. Raises 9 for an unknown one.
+    int PositionOf(const QString& field) const;
+
     std::vector<FieldDefinition> Fields;
     /// The engine's table with the rows.
     std::string Rows;

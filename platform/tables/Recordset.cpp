@@ -30,7 +30,7 @@ public:
     void MoveNext();
     int FieldCount() const { return static_cast<int>(table_->Shape->Fields.size()); }
     int Checked(int position) const;
-    int PositionOf(const QString& field) const;
+    int PositionOf(const QString& field) const { return table_->Shape->PositionOf(field); }
     int LongBinaryPosition(const QString& field) const;
     QVariant Value(int position);
     void SetValue(int position, const QVariant& value);
@@ -201,14 +201,6 @@ int Recordset::Cursor::Checked(int position) const {
     if (position < 0 || position >= FieldCount())
         throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
     return position;
-}
-
-int Recordset::Cursor::PositionOf(const QString& field) const {
-    const auto& fields = table_->Shape->Fields;
-    const auto found = std::find_if(fields.begin(), fields.end(), [&](const auto& candidate) {
-        return candidate.Name.compare(field, Qt::CaseInsensitive) == 0;
-    });
-    return Checked(found == fields.end() ? -1 : static_cast<int>(found - fields.begin()));
 }
 
 int Recordset::Cursor::LongBinaryPosition(const QString& field) const {

@@ -142,6 +142,32 @@ Sum TableEngine::SumOfCopied(const Table& source, const Table& target, qint64 ne
     return sum;
 }
 
+void TableEngine::SetField(const QString& name, const QString& field, const QVariant& value) {
+    BeginWrite();
+    const std::shared_ptr<Table> table = link_->catalogue.Open(name);
+    const int place = table->Shape->PositionOf(field);
+    const FieldDefinition& definition = table->Shape->Fields[static_cast<std::size_t>(place)];
+    const Cell cell = CellFor(definition, value);
+    const std::string column = Quoted(definition.Name);
+    const std::string where = " WHERE Key BETWEEN ?1 AND ?2 AND " + column + " IS NOT ?3";
+    const auto bind = [&](Query& query) {
+        query.Bind(1, table->FirstKey());
+        query.Bind(2, table->LastKey());
+        query.Bind(3, definition, cell);
+    };
+    Query changing(Sql(), "SELECT Key, " + column + " FROM " + table->Shape->Rows + where);
+    bind(changing);
+    Sum change = 0;
+    while (changing.Step())
+        change += SumOf(changing.Number(0), place, definition, cell) -
+                  SumOf(changing.Number(0), place, changing.Column(1));
+    Query set(Sql(), "UPDATE " + table->Shape->Rows + " SET " + column + " = ?3" + where);
+    bind(set);
+    set.Run();
+    link_->catalogue.Sums().ChangeRows(table->Id, change);
+    ++table->Changes;
+}
+
 void TableEngine::BeginWrite() {
     if (inTransaction_)
         return;

@@ -55,6 +55,8 @@ public:
     void Drop(const QString& name);
     /// Adds all rows of one table to another.
     void CopyRows(const QString& from, const QString& to, const QStringList& fields);
+    /// Gives a field the same value in all rows of a table.
+    void SetField(const QString& name, const QString& field, const QVariant& value);
 
     /// Run whenever a transaction is about to begin, when nothing has been written yet.
     void SetBeforeWrite(std::function<void()> before) { beforeWrite_ = std::move(before); }

@@ -78,6 +78,10 @@ void TableStore::CopyRows(const QString& from, const QString& to, const QStringL
     engine_->Guard([&] { engine_->CopyRows(from, to, fields); });
 }
 
+void TableStore::SetField(const QString& name, const QString& field, const QVariant& value) {
+    engine_->Guard([&] { engine_->SetField(name, field, value); });
+}
+
 TableWalk TableStore::WalkThrough(const QStringList& fields) {
     return {engine_, fields};
 }

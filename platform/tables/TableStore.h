@@ -87,6 +87,10 @@ public:
     /// others as a new row has them. Raises 3078 for a missing table.
     void CopyRows(const QString& from, const QString& to, const QStringList& fields);
 
+    /// Gives a field the same value in all rows of a table, as SetValue of a cursor would. Raises
+    /// 3078 if there is none of that name, 9 for an unknown field, and what SetValue raises.
+    void SetField(const QString& name, const QString& field, const QVariant& value);
+
     /// A look through a few fields of one table after another.
     TableWalk WalkThrough(const QStringList& fields);
     /// The same, on the first row of a table. Raises 3078 if there is none of that name, 9 for an

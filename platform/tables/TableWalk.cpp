@@ -2,8 +2,6 @@
 
 #include "platform/tables/TableEngine.h"
 
-#include <algorithm>
-
 struct TableWalk::Run {
     std::shared_ptr<TableEngine> engine;
     QStringList names;
@@ -13,20 +11,6 @@ struct TableWalk::Run {
     std::unique_ptr<SQLite::Statement> statement;
     bool isAtEnd = true;
 };
-
-namespace {
-
-const FieldDefinition& FieldNamed(const TableShape& shape, const QString& name) {
-    const auto found =
-        std::find_if(shape.Fields.begin(), shape.Fields.end(), [&](const auto& field) {
-            return field.Name.compare(name, Qt::CaseInsensitive) == 0;
-        });
-    if (found == shape.Fields.end())
-        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
-    return *found;
-}
-
-} // namespace
 
 TableWalk::TableWalk(std::shared_ptr<TableEngine> engine, const QStringList& fields)
     : run_(std::make_unique<Run>()) {
@@ -47,7 +31,8 @@ void TableWalk::Open(const QString& tableName) {
             std::vector<const FieldDefinition*> fields;
             std::string columns;
             for (const QString& name : run.names) {
-                fields.push_back(&FieldNamed(*table->Shape, name));
+                const auto position = static_cast<std::size_t>(table->Shape->PositionOf(name));
+                fields.push_back(&table->Shape->Fields[position]);
                 columns += (columns.empty() ? "" : ", ") + Quoted(fields.back()->Name);
             }
             run.statement = std::make_unique<SQLite::Statement>(

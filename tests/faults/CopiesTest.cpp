@@ -103,7 +103,7 @@ protected:
         }
     }
 
-    std::mt19937 Chance{20010307};
+    std::mt19937 Chance{Seed()};
 
 private:
     struct Files {

@@ -1,6 +1,7 @@
 #include "tests/faults/EachCall.h"
 
 #include "tests/common/MemoryFolder.h"
+#include "tests/common/Rounds.h"
 #include "tests/faults/ChildProcess.h"
 #include "tests/faults/disk/Recorded.h"
 
@@ -30,7 +31,7 @@ QList<RecordedCall> RecordOf(const QStringList& arguments, const QString& folder
 int KillAtEachCall(const QString& folder, const QStringList& arguments, int step,
                    const std::function<void()>& prepare,
                    const std::function<std::optional<bool>()>& isDone) {
-    std::mt19937 chance(20010307);
+    std::mt19937 chance(Seed());
     bool wasDone = false;
     int kills = 0;
     for (int moment = 0;; moment += Next(chance, step), ++kills) {
@@ -57,7 +58,7 @@ int FailEachCall(const QString& folder, const QStringList& arguments, int step,
     const auto calls = std::count_if(record.begin(), record.end(), [](const RecordedCall& call) {
         return call.note.call != FileCall::Report;
     });
-    std::mt19937 chance(20010307);
+    std::mt19937 chance(Seed());
     int faults = 0;
     for (const int error : {EIO, ENOSPC, EACCES})
         for (const bool stays : {false, true})

@@ -133,10 +133,9 @@ private:
 
 TEST_F(FaultTest, AKillAtAnyMomentLeavesTheStateAfterTheLastActionReportedOrTheNext) {
     const int kills = KillCount();
-    const quint32 firstSeed = static_cast<quint32>(qEnvironmentVariableIntValue("DUTYGRID_SEED"));
     QTemporaryDir pictures;
     Household::MakePictures(pictures.path());
-    std::mt19937 chance(firstSeed + 20010307);
+    std::mt19937 chance(Seed());
     Tally tally;
     // How many fall where is the machine's: where the disk is memory few fall inside a commit.
     const auto goesOn = [&] {
@@ -150,8 +149,7 @@ TEST_F(FaultTest, AKillAtAnyMomentLeavesTheStateAfterTheLastActionReportedOrTheN
         ResetSession();
         SetProgramFolder(modelFolder.path());
         Database().InitDatabse();
-        Killed killed(firstSeed + family, folder.path(), modelFolder.path(), pictures.path(),
-                      chance);
+        Killed killed(Seed() + family, folder.path(), modelFolder.path(), pictures.path(), chance);
         for (int kill = 0; kill < KillsPerFamily && goesOn(); ++kill)
             killed.KillOnce(tally);
         EXPECT_EQ(Boxes.Errors(), QStringList());

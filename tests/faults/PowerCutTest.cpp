@@ -21,7 +21,7 @@ protected:
         return RecordOf(arguments, Folder());
     }
 
-    std::mt19937 Chance{20010307};
+    std::mt19937 Chance{Seed()};
 };
 
 } // namespace

@@ -113,7 +113,7 @@ protected:
 TEST_F(RandomDamageTest, NoDamageChangesWhatIsReadWithoutBeingFoundAndNoneCrashesOrHolds) {
     ASSERT_NO_FATAL_FAILURE(Fill());
     const int rounds = Rounds(150, 20'000);
-    Damages damages(20010307, whole_, former_);
+    Damages damages(Seed(), whole_, former_);
     int unread = 0;
     int changed = 0;
     int same = 0;

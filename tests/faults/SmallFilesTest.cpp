@@ -2,6 +2,7 @@
 #include "platform/runtime/TextFiles.h"
 #include "tests/common/Errors.h"
 #include "tests/common/FullDisk.h"
+#include "tests/common/Rounds.h"
 #include "tests/faults/ChildProcess.h"
 #include "tests/faults/EachCall.h"
 #include "tests/faults/FaultWorld.h"
@@ -73,7 +74,7 @@ TEST_F(SmallFilesTest, AShortFileThatFindsNoRoomKeepsItsFormerContents) {
 
 TEST_F(SmallFilesTest, AKillAtAnyMomentLeavesTheFormerContentsOrTheNew) {
     constexpr int Kills = 40;
-    std::mt19937 chance(20010307);
+    std::mt19937 chance(Seed());
     for (int kill = 0; kill < Kills && !HasFailure(); ++kill) {
         ChildProcess child({RewriteCommand, Folder()});
         std::optional<qint32> done = child.NextReport();

@@ -83,7 +83,7 @@ bool RunTarget(const FuzzTarget& target) {
     for (const QByteArray& input : corpus)
         reading.Read(input);
     const int rounds = Rounds(500, 100'000);
-    Mutations mutations(20010307, corpus);
+    Mutations mutations(Seed(), corpus);
     for (int round = 0; round < rounds; ++round)
         reading.Read(mutations.Next());
     std::cout << target.Name << ": " << corpus.size() << " inputs and " << rounds

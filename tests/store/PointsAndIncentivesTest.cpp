@@ -139,7 +139,7 @@ TEST_F(PointsAndIncentivesTest, AllCheckedLooksAtEveryDay) {
 TEST_F(PointsAndIncentivesTest, AChartWithoutRowsIsAllCheckedAndClearingItDoesNothing) {
     MakeEmptyChart(QStringLiteral("Empty"));
     EXPECT_TRUE(Database().AllChecked(QStringLiteral("Empty")));
-    Database().ClearChartPoints(QStringLiteral("Empty"));
+    Arrange([] { Database().ClearChartPoints(QStringLiteral("Empty")); });
     EXPECT_EQ(Rows(QStringLiteral("Empty")), QStringList());
 }
 

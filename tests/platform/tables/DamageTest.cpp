@@ -91,6 +91,10 @@ TEST_F(Damage, EveryWriteKeepsTheSumsInItsCommit) {
     Store->CopyRows(QStringLiteral("Ben's"), QStringLiteral("Anna's"),
                     {QStringLiteral("Memo"), QStringLiteral("Bytes")});
     expectSound("copied behind other rows");
+    Store->SetField(QStringLiteral("Anna's"), QStringLiteral("Boolean"), true);
+    expectSound("set in all rows");
+    Store->SetField(QStringLiteral("Anna's"), QStringLiteral("Bytes"), QVariant());
+    expectSound("no pictures in any row");
     MakeTable(QStringLiteral("Copy"));
     Store->CopyRows(QStringLiteral("Anna's"), QStringLiteral("Copy"),
                     {QStringLiteral("Memo"), QStringLiteral("Text"), QStringLiteral("Long")});
@@ -222,6 +226,16 @@ TEST_F(Damage, AnotherDeclarationIsFound) {
     EXPECT_TRUE(After("ALTER TABLE Rows1 RENAME TO Rows7").contains(declared));
     EXPECT_EQ(After("UPDATE Shapes SET Fields = Fields || ' '"),
               (QStringList{declared, ListDamaged}));
+    // The engine itself reads what is in another case.
+    for (const char* table : {"Information", "Shapes", "Catalogue", "Rows1", "sqlite_sequence"})
+        EXPECT_EQ(
+            After(("PRAGMA writable_schema = ON;"
+                   "UPDATE sqlite_master SET sql = replace(sql, 'e', 'E') WHERE name = '" +
+                   std::string(table) + "'")
+                      .c_str()),
+            QStringList(QStringLiteral("The file is damaged: what '%1' holds is not declared.")
+                            .arg(QLatin1String(table))))
+            << table;
 }
 
 TEST_F(Damage, DamageBeneathTheTablesIsSaidInTheEnginesWords) {

@@ -40,13 +40,8 @@ struct ModelCursor {
 /// Does whatever comes to mind, in the tables and in a plain model of them, and compares.
 class RandomOperations : public TablesTest {
 protected:
-    RandomOperations() {
-        bool isGiven = false;
-        seed_ = qEnvironmentVariableIntValue("DUTYGRID_SEED", &isGiven);
-        if (!isGiven)
-            seed_ = 20010307;
-        random_.seed(static_cast<unsigned>(seed_));
-        std::cout << "seed " << seed_ << " (DUTYGRID_SEED sets another)" << std::endl;
+    RandomOperations() : random_(Seed()) {
+        std::cout << "seed " << Seed() << " (DUTYGRID_SEED sets another)" << std::endl;
     }
 
     int Below(int bound) { return std::uniform_int_distribution<int>(0, bound - 1)(random_); }
@@ -315,7 +310,6 @@ protected:
     }
 
 private:
-    int seed_ = 0;
     std::mt19937 random_;
     int lastId_ = 0;
     QList<ModelTable> tables_;

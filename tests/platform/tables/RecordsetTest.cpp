@@ -345,6 +345,58 @@ TEST_F(Cursors, ACursorThatHasSeenTheLastRowComesToThoseThatAreCopiedBehindIt) {
     EXPECT_EQ(Memo(rows), QStringLiteral("copied"));
 }
 
+TEST_F(Cursors, AFieldSetInAllRowsIsSeenByCursorsOnThemAndInNoOtherTable) {
+    Recordset rows = MakeTable();
+    Recordset others = MakeTable(QStringLiteral("Chart2"));
+    AddMemo(others, QStringLiteral("other"));
+    Store->SetField(QStringLiteral("Chart"), QStringLiteral("Long"), 1);
+    EXPECT_TRUE(rows.Eof()) << "a table without rows";
+    for (const int number : {7, 5, 7}) {
+        rows.AddNew();
+        rows.SetValue(2, number);
+        rows.SetValue(3, number == 5);
+        rows.Update();
+    }
+    AddMemo(rows, QStringLiteral("Null"));
+    const auto shown = [&](int field) {
+        QStringList values;
+        for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext())
+            values += Shown(rows.Value(field));
+        return values.join(QLatin1Char(','));
+    };
+    EXPECT_EQ(shown(2), QStringLiteral("int 7,int 5,int 7,Null"));
+    rows.MoveFirst();
+    Store->SetField(QStringLiteral("chart"), QStringLiteral("LONG"), QStringLiteral("7"));
+    EXPECT_EQ(shown(2), QStringLiteral("int 7,int 7,int 7,int 7"));
+    EXPECT_EQ(shown(3), QStringLiteral("bool false,bool true,bool false,bool false"));
+    Store->SetField(QStringLiteral("Chart"), QStringLiteral("Boolean"), true);
+    EXPECT_EQ(shown(3), QStringLiteral("bool true,bool true,bool true,bool true"));
+    Store->SetField(QStringLiteral("Chart"), QStringLiteral("Long"), QVariant());
+    EXPECT_EQ(shown(2), QStringLiteral("Null,Null,Null,Null"));
+    others.MoveFirst();
+    EXPECT_EQ(Shown(others.Value(2)), QStringLiteral("Null"));
+    EXPECT_EQ(Shown(others.Value(3)), QStringLiteral("bool false"));
+    Store->Commit();
+    Reopen();
+    rows = Store->OpenRecordset(QStringLiteral("Chart"));
+    EXPECT_EQ(shown(3), QStringLiteral("bool true,bool true,bool true,bool true"));
+}
+
+TEST_F(Cursors, AFieldThatCannotBeSetInAllRowsRaisesWhatSettingItInOneDoes) {
+    Recordset rows = MakeTable();
+    AddMemo(rows, QStringLiteral("memo"));
+    const auto set = [&](const char* table, const char* field, const QVariant& value) {
+        Store->SetField(QLatin1String(table), QLatin1String(field), value);
+    };
+    EXPECT_ERROR(3078, set("None", "Long", 1));
+    EXPECT_ERROR(9, set("Chart", "None", 1));
+    EXPECT_ERROR(13, set("Chart", "Long", QStringLiteral("many")));
+    EXPECT_ERROR(94, set("Chart", "Boolean", QVariant()));
+    EXPECT_ERROR(3163, set("Chart", "Text", QStringLiteral("eleven long")));
+    rows.MoveFirst();
+    EXPECT_EQ(Shown(rows.Value(2)), QStringLiteral("Null"));
+}
+
 TEST_F(Cursors, IdentityOfADeletedLastRowIsNotGivenAgainByAnotherConnection) {
     Recordset rows = MakeTable();
     AddMemo(rows, QStringLiteral("first"));
