@@ -87,8 +87,10 @@ private:
     QList<Event> events_;
 };
 
-/// Has programs that start while it lives tell of an event from their first moment. One that runs
-/// already learns of a new listener in its own time, perhaps after the key that is pressed next.
+/// Has programs that start while it lives tell of an event ever after. One that runs already
+/// learns of a new listener in its own time, perhaps after the key that is pressed next. It is not
+/// to live longer: for as long as anybody listens, the toolkit sends each key over the bus before
+/// it reaches a control.
 class Attention {
 public:
     explicit Attention(const char* event);

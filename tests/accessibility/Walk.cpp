@@ -211,11 +211,11 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: accessibility_walk <path of accessibility_forms>\n");
         return 2;
     }
-    std::vector<std::unique_ptr<Attention>> heard;
     // First, since it knows the forms, which are a test each.
     try {
+        std::vector<std::unique_ptr<Attention>> listeners;
         for (const char* event : {NameChanges, Checked, Focusing, Selected, Showing})
-            heard.push_back(std::make_unique<Attention>(event));
+            listeners.push_back(std::make_unique<Attention>(event));
         Program = std::make_unique<Shown>(QString::fromLocal8Bit(argv[1]));
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());
