@@ -142,6 +142,8 @@ TEST_F(RandomDamageTest, NoDamageChangesWhatIsReadWithoutBeingFoundAndNoneCrashe
         WriteBytes(File(), bytes);
         Use(round);
     }
+    if (HasFailure())
+        return;
     std::cout << rounds << " damages: " << unread << " files cannot be read, " << changed
               << " read otherwise, all found, " << onlyBySums << " of them by the sums alone; "
               << same << " read as before, " << sameFound
