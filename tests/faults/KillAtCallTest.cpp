@@ -16,7 +16,7 @@
 class KillAtCallTest : public FaultTest {};
 
 TEST_F(KillAtCallTest, AnActionIsWholeOrNotThere) {
-    const int least = Rounds(250, 10'000);
+    const int least = Rounds(100, 10'000);
     QTemporaryDir pictures(MemoryFolder());
     Household::MakePictures(pictures.path());
     int kills = 0;

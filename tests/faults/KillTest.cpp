@@ -1,6 +1,7 @@
 #include "platform/runtime/ProgramFolder.h"
 #include "platform/tables/Damage.h"
 #include "tests/common/MemoryFolder.h"
+#include "tests/common/Rounds.h"
 #include "tests/faults/ChildProcess.h"
 #include "tests/faults/FaultWorld.h"
 #include "tests/faults/Household.h"
@@ -17,11 +18,6 @@ namespace {
 
 /// Kills before a family starts anew with an empty database.
 constexpr int KillsPerFamily = 60;
-
-int KillCount() {
-    const int asked = qEnvironmentVariableIntValue("DUTYGRID_KILLS");
-    return asked > 0 ? asked : 300;
-}
 
 /// Where the kills fell. Those that all fell between two actions would show nothing.
 struct Tally {
@@ -132,7 +128,7 @@ private:
 } // namespace
 
 TEST_F(FaultTest, AKillAtAnyMomentLeavesTheStateAfterTheLastActionReportedOrTheNext) {
-    const int kills = KillCount();
+    const int kills = Rounds(90, 3'000);
     QTemporaryDir pictures;
     Household::MakePictures(pictures.path());
     std::mt19937 chance(Seed());

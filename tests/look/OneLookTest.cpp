@@ -111,22 +111,14 @@ void ExpectHeadline(const QImage& picture, const QString& text, const QFont& fac
         << text.toStdString();
 }
 
-/// Every window of the program, held against the rules that all of them share.
-class OneLookTest : public Stage, public testing::WithParamInterface<QString> {
-protected:
-    QWidget& Shown() { return Show(GetParam()); }
-};
-
-TEST_P(OneLookTest, ShortAnswersHaveOneWidth) {
-    const QWidget& form = Shown();
+void ShortAnswersHaveOneWidth(const QWidget& form) {
     for (const QPushButton* button : Seen<QPushButton>(form))
         if (Answers.contains(CaptionOf(*button))) {
             EXPECT_EQ(button->width(), AnswerWidth) << NameOf(*button);
         }
 }
 
-TEST_P(OneLookTest, ButtonsOfARowHaveOneHeight) {
-    const QWidget& form = Shown();
+void ButtonsOfARowHaveOneHeight(const QWidget& form) {
     const QList<QPushButton*> buttons = Seen<QPushButton>(form);
     for (const QPushButton* one : buttons)
         for (const QPushButton* other : buttons)
@@ -136,8 +128,7 @@ TEST_P(OneLookTest, ButtonsOfARowHaveOneHeight) {
             }
 }
 
-TEST_P(OneLookTest, OneButtonGoesOnAtTheRightAndTheOneThatLeavesIsBesideIt) {
-    const QWidget& form = Shown();
+void OneButtonGoesOnAtTheRightAndTheOneThatLeavesIsBesideIt(const QWidget& form) {
     const QList<QPushButton*> buttons = Seen<QPushButton>(form);
     QList<QPushButton*> main;
     std::copy_if(buttons.begin(), buttons.end(), std::back_inserter(main),
@@ -156,8 +147,7 @@ TEST_P(OneLookTest, OneButtonGoesOnAtTheRightAndTheOneThatLeavesIsBesideIt) {
     }
 }
 
-TEST_P(OneLookTest, TitlesOfGroupsHaveOneWeight) {
-    const QWidget& form = Shown();
+void TitlesOfGroupsHaveOneWeight(const QWidget& form) {
     for (const QGroupBox* group : Seen<QGroupBox>(form)) {
         QStyleOptionGroupBox option;
         option.initFrom(group);
@@ -179,8 +169,7 @@ TEST_P(OneLookTest, TitlesOfGroupsHaveOneWeight) {
 }
 
 /// The weekly review's heads are in the face of its whole matrix.
-TEST_P(OneLookTest, HeadsOfColumnsHaveOneWeight) {
-    const QWidget& form = Shown();
+void HeadsOfColumnsHaveOneWeight(const QWidget& form, const QString& name) {
     static const QHash<QString, int> painted = {{u"ChartEditor"_s, 5}, {u"ChartViewer"_s, 3}};
     int heads = 0;
     for (const QLabel* label : Seen<QLabel>(form))
@@ -188,7 +177,7 @@ TEST_P(OneLookTest, HeadsOfColumnsHaveOneWeight) {
             EXPECT_EQ(label->font().weight(), QFont::DemiBold) << NameOf(*label);
             ++heads;
         }
-    EXPECT_EQ(heads, painted.value(GetParam()));
+    EXPECT_EQ(heads, painted.value(name));
     static const QHash<QString, int> headers = {{u"LogIn"_s, 2}, {u"RestoreWindow"_s, 4}};
     int sections = 0;
     for (QHeaderView* header : Seen<QHeaderView>(form)) {
@@ -208,7 +197,7 @@ TEST_P(OneLookTest, HeadsOfColumnsHaveOneWeight) {
                            header->font());
         }
     }
-    EXPECT_EQ(sections, headers.value(GetParam()));
+    EXPECT_EQ(sections, headers.value(name));
     for (const auto* calendar : Seen<QCalendarWidget>(form)) {
         EXPECT_EQ(calendar->headerTextFormat().fontWeight(), QFont::DemiBold);
     }
@@ -223,8 +212,7 @@ bool HasRows(const QAbstractItemView& view) {
            qobject_cast<const QCalendarWidget*>(view.parentWidget()) == nullptr;
 }
 
-TEST_P(OneLookTest, RowsOfListsHaveOneHeight) {
-    const QWidget& form = Shown();
+void RowsOfListsHaveOneHeight(const QWidget& form) {
     for (const QAbstractItemView* view : Seen<QAbstractItemView>(form)) {
         if (!HasRows(*view))
             continue;
@@ -243,7 +231,7 @@ TEST_P(OneLookTest, RowsOfListsHaveOneHeight) {
         if (combo->count() == 0)
             continue;
         combo->showPopup();
-        WaitForRest();
+        Stage::WaitForRest();
         EXPECT_EQ(combo->view()->visualRect(combo->model()->index(0, 0)).height(), RowHeight)
             << NameOf(*combo);
         combo->hidePopup();
@@ -252,8 +240,7 @@ TEST_P(OneLookTest, RowsOfListsHaveOneHeight) {
     }
 }
 
-TEST_P(OneLookTest, LettersThatPressAreUnderlined) {
-    QWidget& form = Shown();
+void LettersThatPressAreUnderlined(const QWidget& form) {
     for (QAbstractButton* button : Seen<QAbstractButton>(form))
         if (button->text().contains(u'&')) {
             const QImage marked = button->grab().toImage();
@@ -282,7 +269,7 @@ TEST_P(OneLookTest, LettersThatPressAreUnderlined) {
 }
 
 /// The forms that ask for something and are answered, by Ok and Cancel as a rule.
-TEST_P(OneLookTest, WhatADialogAsksStandsOnACard) {
+void WhatADialogAsksStandsOnACard(const QWidget& form, const QString& name) {
     static const QStringList dialogs = {u"LoginWindow"_s,
                                         u"NewUser"_s,
                                         u"ChangePasswordfrm"_s,
@@ -296,9 +283,8 @@ TEST_P(OneLookTest, WhatADialogAsksStandsOnACard) {
                                         u"DateRangefrm with its calendar"_s,
                                         u"BackgroundOptions"_s,
                                         u"OtherOptions"_s};
-    if (!dialogs.contains(GetParam()))
+    if (!dialogs.contains(name))
         return;
-    const QWidget& form = Shown();
     QList<QRect> cards;
     for (const QFrame* frame : Seen<QFrame>(form))
         if (RoleOf(*frame) == u"card"_s && qobject_cast<const QLabel*>(frame) == nullptr)
@@ -317,6 +303,21 @@ TEST_P(OneLookTest, WhatADialogAsksStandsOnACard) {
         EXPECT_TRUE(cards.first().contains(PlaceIn(form, *widget))) << NameOf(*widget);
     }
     EXPECT_GE(asked, 1);
+}
+
+/// Every window of the program, held against the rules that all of them share.
+class OneLookTest : public Stage, public testing::WithParamInterface<QString> {};
+
+TEST_P(OneLookTest, KeepsTheRulesOfAllWindows) {
+    const QWidget& form = Show(GetParam());
+    ShortAnswersHaveOneWidth(form);
+    ButtonsOfARowHaveOneHeight(form);
+    OneButtonGoesOnAtTheRightAndTheOneThatLeavesIsBesideIt(form);
+    TitlesOfGroupsHaveOneWeight(form);
+    HeadsOfColumnsHaveOneWeight(form, GetParam());
+    LettersThatPressAreUnderlined(form);
+    WhatADialogAsksStandsOnACard(form, GetParam());
+    RowsOfListsHaveOneHeight(form);
 }
 
 std::string WindowTestName(const testing::TestParamInfo<QString>& info) {
