@@ -43,7 +43,7 @@ TEST_F(KillAtCallTest, AnActionIsWholeOrNotThere) {
                 Folder(),
                 {PlayCommand, Folder(), pictures.path(), QString::number(seed),
                  QString::number(action), QString::number(action)},
-                Rounds(20, 1),
+                Rounds(120, 1),
                 [&] {
                     QFile::remove(File() + QStringLiteral("-journal"));
                     WriteBytes(File(), bytes);
